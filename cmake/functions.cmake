@@ -1,0 +1,64 @@
+# SPDX-License-Identifier: MIT
+# Small helpers of the folders' CMakeLists.
+
+# A library must have a source while its folder is still empty.
+file(WRITE "${CMAKE_BINARY_DIR}/empty.cpp.new" "// Stands in for a folder without sources.\n")
+file(COPY_FILE "${CMAKE_BINARY_DIR}/empty.cpp.new" "${CMAKE_BINARY_DIR}/empty.cpp" ONLY_IF_DIFFERENT)
+
+# static_library(name sources...): a static library with the project's options.
+function(static_library name)
+    add_library(${name} STATIC ${ARGN})
+    if("${ARGN}" STREQUAL "")
+        target_sources(${name} PRIVATE "${CMAKE_BINARY_DIR}/empty.cpp")
+    endif()
+    target_link_libraries(${name} PUBLIC vndesk_options)
+endfunction()
+
+# existing_sources(result folder names...): those of the names that are there, as full paths.
+function(existing_sources result folder)
+    set(found "")
+    foreach(name ${ARGN})
+        if(EXISTS "${folder}/${name}")
+            list(APPEND found "${folder}/${name}")
+        endif()
+    endforeach()
+    set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# put_into_dist(target [subfolder]): a stripped copy of the result in dist/<arch>/.
+function(put_into_dist target)
+    set(folder "${VNDESK_DIST}")
+    if(ARGN)
+        string(APPEND folder "/${ARGN}")
+    endif()
+    if(CMAKE_STRIP AND NOT MSVC AND NOT CMAKE_BUILD_TYPE STREQUAL Debug)
+        set(copy ${CMAKE_STRIP} -o "${folder}/$<TARGET_FILE_NAME:${target}>" $<TARGET_FILE:${target}>)
+    else()
+        set(copy ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:${target}> "${folder}/")
+    endif()
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}"
+        COMMAND ${copy}
+        VERBATIM)
+endfunction()
+
+# resource_depends(rc files...): rebuild the resource when a file that it embeds changes.
+function(resource_depends rc)
+    set_property(SOURCE "${rc}" APPEND PROPERTY OBJECT_DEPENDS "${ARGN}")
+endfunction()
+
+# unicode_entry(target sources...): the entry point the sources define decides console or window.
+function(unicode_entry target)
+    foreach(source ${ARGN})
+        if(NOT source MATCHES "\\.cpp$")
+            continue()
+        endif()
+        file(STRINGS "${source}" entry REGEX "(wWinMain|WinMain|wmain)[ ]*\\(")
+        if(entry MATCHES "WinMain")
+            set_target_properties(${target} PROPERTIES WIN32_EXECUTABLE ON)
+        endif()
+        if(entry MATCHES "wWinMain|wmain" AND MINGW)
+            target_link_options(${target} PRIVATE -municode)
+        endif()
+    endforeach()
+endfunction()

@@ -1,0 +1,18 @@
+# SPDX-License-Identifier: MIT
+# Sources without windows.h outside src/text, relative to src/, one per line: they are built and
+# tested natively too. A name whose file is not there is skipped.
+set(VNDESK_PURE_SOURCES
+    data/date_text.cpp
+    data/literals.cpp
+    data/number_text.cpp
+    data/statements.cpp
+    find/format_value.cpp
+    find/number_display.cpp
+    logon/logon_statement.cpp
+    logon/password_code.cpp
+    msgbox/button_sets.cpp
+    msgbox/return_codes.cpp
+    security/group_statements.cpp
+    security/permissions.cpp
+    security/user_statements.cpp
+)
