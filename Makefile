@@ -1,0 +1,24 @@
+# SPDX-License-Identifier: MIT
+# The commands of the project; what they do is in scripts/.
+.PHONY: build test demo format check-format bench installer setup setup-x86 clean
+
+build:
+	@scripts/build
+test:
+	@scripts/test
+demo: build
+	@scripts/demo
+format:
+	@scripts/format
+check-format:
+	@scripts/check-format
+setup:
+	@scripts/setup
+setup-x86:
+	@scripts/setup-x86
+bench installer: build
+	@test -x scripts/$@ || { echo "make $@: not there yet"; exit 1; }
+	@scripts/$@
+# The Debian root of 32-bit Wine is kept: it does not depend on the sources.
+clean:
+	@scripts/clean
