@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "com_error.h"
+
+#include <olectl.h>
+#include <windows.h>
+#include <oleauto.h>
+#include <wrl/client.h>
+
+#include <new>
+#include <stdexcept>
+
+namespace vndesk {
+
+using Microsoft::WRL::ComPtr;
+
+std::wstring SystemMessage(HRESULT code) {
+    wchar_t* text = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, static_cast<DWORD>(code), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    std::wstring message(text ? text : L"", length);
+    LocalFree(text);
+    while (!message.empty() && message.back() <= L' ')
+        message.pop_back();
+    return message;
+}
+
+ErrorState CurrentError() {
+    try {
+        throw;
+    } catch (const ComError& error) {
+        return {error.Code(),
+                error.Description().empty() ? SystemMessage(error.Code()) : error.Description()};
+    } catch (const std::overflow_error&) {
+        return {CTL_E_OVERFLOW, L"Overflow"};
+    } catch (const std::invalid_argument&) {
+        return {CTL_E_ILLEGALFUNCTIONCALL, L"Invalid procedure call or argument"};
+    } catch (const std::bad_alloc&) {
+        return {E_OUTOFMEMORY, SystemMessage(E_OUTOFMEMORY)};
+    } catch (const std::length_error&) {
+        return {E_OUTOFMEMORY, SystemMessage(E_OUTOFMEMORY)};
+    } catch (...) {
+        return {E_UNEXPECTED, SystemMessage(E_UNEXPECTED)};
+    }
+}
+
+void CheckHr(HRESULT code) {
+    if (FAILED(code))
+        throw ComError(code);
+}
+
+void CheckCall(HRESULT code, IUnknown* object, REFIID iid) {
+    if (SUCCEEDED(code))
+        return;
+    ComPtr<ISupportErrorInfo> support;
+    ComPtr<IErrorInfo> info;
+    std::wstring description;
+    // Without the object's word that it sets error information, what is pending may be somebody
+    // else's.
+    if (object && SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&support))) &&
+        support->InterfaceSupportsErrorInfo(iid) == S_OK && GetErrorInfo(0, &info) == S_OK) {
+        BSTR text = nullptr;
+        if (SUCCEEDED(info->GetDescription(&text)) && text)
+            description.assign(text, SysStringLen(text));
+        SysFreeString(text);
+    }
+    throw ComError(code, std::move(description));
+}
+
+HRESULT ReportCurrentError(REFIID iid, const wchar_t* source) noexcept {
+    ErrorState error;
+    try {
+        error = CurrentError();
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+    ComPtr<ICreateErrorInfo> create;
+    ComPtr<IErrorInfo> info;
+    if (SUCCEEDED(CreateErrorInfo(&create)) && SUCCEEDED(create.As(&info))) {
+        create->SetGUID(iid);
+        create->SetSource(const_cast<wchar_t*>(source));
+        create->SetDescription(error.description.data());
+        SetErrorInfo(0, info.Get());
+    }
+    return error.code;
+}
+
+} // namespace vndesk

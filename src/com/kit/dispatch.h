@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// IDispatch for the module's dual interfaces, answered by the module's own type library, with one
+// coercing layer in front.
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include "com_error.h"
+#include "com_object.h"
+
+namespace vndesk {
+
+// The type description of one of the module's interfaces or classes. Loaded once from the module's
+// own resource, so that it works before registration; borrowed, valid until ReleaseTypeInfos.
+ITypeInfo* TypeInfoOf(REFGUID guid);
+
+// Drops what TypeInfoOf keeps. Called when COM asks whether the DLL may go.
+void ReleaseTypeInfos() noexcept;
+
+// Calls through the type library after bringing by-reference arguments to the declared type.
+// Scripts pass a variable as VARIANT* and numbers where text is expected; the platform's own call
+// refuses both. What the method writes goes back to the caller's variable.
+HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags,
+                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                      UINT* badArgument) noexcept;
+
+// A dual interface with error information. `Derived` supplies kProgId, the error source that hosts
+// see.
+template <class Derived, class Dual, class... Others>
+class DualObject : public ComObject<Dual, ISupportErrorInfo, Others...> {
+public:
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        if (!count)
+            return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+
+    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** type) override {
+        if (!type)
+            return E_POINTER;
+        *type = nullptr;
+        if (index != 0)
+            return DISP_E_BADINDEX;
+        return Guard([&] {
+            *type = TypeInfoOf(__uuidof(Dual));
+            (*type)->AddRef();
+        });
+    }
+
+    STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
+                               DISPID* ids) override {
+        if (iid != IID_NULL)
+            return DISP_E_UNKNOWNINTERFACE;
+        if (!names || !ids || count == 0)
+            return E_INVALIDARG;
+        HRESULT found = S_OK;
+        const HRESULT loaded = Guard(
+            [&] { found = DispGetIDsOfNames(TypeInfoOf(__uuidof(Dual)), names, count, ids); });
+        return FAILED(loaded) ? loaded : found;
+    }
+
+    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
+        if (iid != IID_NULL)
+            return DISP_E_UNKNOWNINTERFACE;
+        if (!parameters)
+            return E_POINTER;
+        ITypeInfo* type = nullptr;
+        const HRESULT loaded = Guard([&] { type = TypeInfoOf(__uuidof(Dual)); });
+        if (FAILED(loaded))
+            return loaded;
+        return InvokeCoerced(type, static_cast<Dual*>(this), member, flags, parameters, result,
+                             exception, badArgument);
+    }
+
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override {
+        return this->Find(iid) && iid != __uuidof(ISupportErrorInfo) ? S_OK : S_FALSE;
+    }
+
+protected:
+    void* Find(REFIID iid) override {
+        if (iid == __uuidof(IDispatch))
+            return static_cast<IDispatch*>(static_cast<Dual*>(this));
+        return ComObject<Dual, ISupportErrorInfo, Others...>::Find(iid);
+    }
+
+    // The one way out of a method: no exception passes, every error gets a description.
+    template <class Body> static HRESULT Guard(Body&& body) noexcept {
+        try {
+            body();
+            return S_OK;
+        } catch (...) {
+            return ReportCurrentError(__uuidof(Dual), Derived::kProgId);
+        }
+    }
+};
+
+} // namespace vndesk

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// What one COM server DLL is made of: its class table, its type library and the count of living
+// objects. The exports, the factory, registration and the contract tests all walk the same table.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <string>
+
+namespace vndesk {
+
+// One creatable class. `progId` is the version-independent name; ".1" is added for the other one.
+struct ClassEntry {
+    const CLSID* clsid;
+    const wchar_t* progId;
+    const wchar_t* friendlyName;
+    HRESULT (*create)(REFIID iid, void** object);
+};
+
+struct ModuleInfo {
+    std::span<const ClassEntry> classes;
+    const GUID* typeLibrary;
+    // Says whether this machine may register the module; `reason` is shown to whoever asked.
+    bool (*mayRegister)(std::wstring& reason);
+    // Runs after unregistration: gives back what registration had replaced.
+    void (*afterUnregister)() = nullptr;
+};
+
+// Each DLL (and each test program that links the classes directly) defines its own.
+extern const ModuleInfo moduleInfo;
+
+// The module's own handle: resources and the registered path come from it.
+HINSTANCE ModuleInstance() noexcept;
+void SetModuleInstance(HINSTANCE instance) noexcept;
+std::wstring ModulePath();
+
+// Objects and server locks that keep the DLL in memory.
+class ModuleLock {
+public:
+    ModuleLock() noexcept;
+    ~ModuleLock();
+    ModuleLock(const ModuleLock&) = delete;
+    ModuleLock& operator=(const ModuleLock&) = delete;
+
+    static void Add() noexcept;
+    static void Remove() noexcept;
+    static long Count() noexcept;
+};
+
+} // namespace vndesk

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "registration.h"
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+
+#include "com_object.h"
+#include "module.h"
+
+// The import libraries have them, some SDK headers do not declare them.
+extern "C" {
+HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpDirectory);
+HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID lcid,
+                                        SYSKIND system);
+}
+
+namespace vndesk {
+
+namespace {
+
+#ifdef _WIN64
+constexpr SYSKIND kSystem = SYS_WIN64;
+constexpr wchar_t kPlatform[] = L"win64";
+constexpr REGSAM kOtherView = KEY_WOW64_32KEY;
+#else
+constexpr SYSKIND kSystem = SYS_WIN32;
+constexpr wchar_t kPlatform[] = L"win32";
+constexpr REGSAM kOtherView = KEY_WOW64_64KEY;
+#endif
+
+std::wstring GuidText(REFGUID guid) {
+    wchar_t text[40];
+    StringFromGUID2(guid, text, 40);
+    return text;
+}
+
+std::wstring ClassKey(const ClassEntry& entry) {
+    return L"CLSID\\" + GuidText(*entry.clsid);
+}
+
+// An open registry key.
+class Key {
+public:
+    Key(HKEY parent, const std::wstring& name, REGSAM access) {
+        RegOpenKeyExW(parent, name.c_str(), 0, access, &key_);
+    }
+    ~Key() {
+        if (key_)
+            RegCloseKey(key_);
+    }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+
+    HKEY Get() const { return key_; }
+    explicit operator bool() const { return key_ != nullptr; }
+
+private:
+    HKEY key_ = nullptr;
+};
+
+class Registrar {
+public:
+    explicit Registrar(Hive hive)
+        : hive_(hive), root_(hive == Hive::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER) {}
+
+    void Register() const {
+        for (const ClassEntry& entry : moduleInfo.classes)
+            RegisterClass(entry);
+        RegisterTypeLibrary();
+    }
+
+    void Unregister() const {
+        for (const ClassEntry& entry : moduleInfo.classes)
+            UnregisterClass(entry);
+        UnregisterTypeLibrary();
+    }
+
+private:
+    static constexpr const wchar_t* kClasses = L"Software\\Classes\\";
+
+    void Set(const std::wstring& key, const wchar_t* name, const std::wstring& value) const {
+        const LSTATUS status =
+            RegSetKeyValueW(root_, (kClasses + key).c_str(), name, REG_SZ, value.c_str(),
+                            static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+        CheckHr(HRESULT_FROM_WIN32(status));
+    }
+
+    std::wstring Read(const std::wstring& key, REGSAM view) const {
+        wchar_t text[1024] = L"";
+        DWORD size = sizeof text - sizeof(wchar_t);
+        const Key opened(root_, kClasses + key, KEY_READ | view);
+        if (!opened || RegQueryValueExW(opened.Get(), nullptr, nullptr, nullptr,
+                                        reinterpret_cast<BYTE*>(text), &size) != ERROR_SUCCESS)
+            return {};
+        return text;
+    }
+
+    void Delete(const std::wstring& key) const {
+        const LSTATUS status = RegDeleteTreeW(root_, (kClasses + key).c_str());
+        if (status != ERROR_FILE_NOT_FOUND)
+            CheckHr(HRESULT_FROM_WIN32(status));
+        // The tree call may leave the emptied key itself.
+        RegDeleteKeyW(root_, (kClasses + key).c_str());
+    }
+
+    void RegisterClass(const ClassEntry& entry) const {
+        const std::wstring key = ClassKey(entry);
+        const std::wstring versioned = entry.progId + std::wstring(L".1");
+        Set(key, nullptr, entry.friendlyName);
+        Set(key + L"\\InprocServer32", nullptr, ModulePath());
+        Set(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
+        Set(key + L"\\ProgID", nullptr, versioned);
+        Set(key + L"\\VersionIndependentProgID", nullptr, entry.progId);
+        Set(key + L"\\TypeLib", nullptr, GuidText(*moduleInfo.typeLibrary));
+        Set(key + L"\\Programmable", nullptr, L"");
+        for (const std::wstring& name : {std::wstring(entry.progId), versioned}) {
+            Set(name, nullptr, entry.friendlyName);
+            Set(name + L"\\CLSID", nullptr, GuidText(*entry.clsid));
+        }
+        Set(entry.progId + std::wstring(L"\\CurVer"), nullptr, versioned);
+    }
+
+    void UnregisterClass(const ClassEntry& entry) const {
+        const std::wstring key = ClassKey(entry);
+        const std::wstring server = Read(key + L"\\InprocServer32", 0);
+        if (!server.empty() && lstrcmpiW(server.c_str(), ModulePath().c_str()) != 0)
+            return;
+        Delete(key);
+        // Class identifiers are kept apart for 32 and 64 bits, names are not: the other DLL may
+        // still need them.
+        if (!Read(key + L"\\InprocServer32", kOtherView).empty())
+            return;
+        for (const wchar_t* suffix : {L"", L".1"})
+            if (Read(entry.progId + std::wstring(suffix) + L"\\CLSID", 0) == GuidText(*entry.clsid))
+                Delete(entry.progId + std::wstring(suffix));
+    }
+
+    void RegisterTypeLibrary() const {
+        ComPtr<ITypeLib> library;
+        CheckHr(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library));
+        std::wstring path = ModulePath();
+        CheckHr(hive_ == Hive::Machine
+                    ? RegisterTypeLib(library.Get(), path.data(), nullptr)
+                    : RegisterTypeLibForUser(library.Get(), path.data(), nullptr));
+    }
+
+    void UnregisterTypeLibrary() const {
+        const GUID& guid = *moduleInfo.typeLibrary;
+        // Missing, another copy's, or (not every platform keeps type libraries per user) all
+        // users'.
+        const std::wstring file =
+            Read(L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform, 0);
+        if (lstrcmpiW(file.c_str(), ModulePath().c_str()) != 0)
+            return;
+        hive_ == Hive::Machine ? UnRegisterTypeLib(guid, 1, 0, LOCALE_NEUTRAL, kSystem)
+                               : UnRegisterTypeLibForUser(guid, 1, 0, LOCALE_NEUTRAL, kSystem);
+    }
+
+    Hive hive_;
+    HKEY root_;
+};
+
+} // namespace
+
+HRESULT RegisterModule(Hive hive) noexcept {
+    const ErrorState error = Trap([&] {
+        std::wstring reason;
+        if (moduleInfo.mayRegister && !moduleInfo.mayRegister(reason))
+            throw ComError(E_ACCESSDENIED, reason);
+        Registrar(hive).Register();
+    });
+    if (!error)
+        return S_OK;
+    UnregisterModule(hive);
+    return error.code;
+}
+
+HRESULT UnregisterModule(Hive hive) noexcept {
+    return Trap([&] {
+               Registrar(hive).Unregister();
+               if (moduleInfo.afterUnregister)
+                   moduleInfo.afterUnregister();
+           })
+        .code;
+}
+
+} // namespace vndesk
