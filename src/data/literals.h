@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// Values written into statement text: quoting, escaping, and the prefix that SQL Server needs for
+// national characters.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vndesk {
+
+enum class DatabaseKind { Jet = 0, SqlServer = 1 };
+
+// Field-type codes that FieldValue knows.
+inline constexpr long kFieldNumber = 3;
+inline constexpr long kFieldDate = 8;
+inline constexpr long kFieldText = 10;
+
+// "N" for SQL Server, else empty.
+std::wstring_view UnicodePrefix(DatabaseKind dbKind);
+
+// Prefix and apostrophes around the text as it stands: inner apostrophes are not doubled.
+std::wstring SqlQuote(std::wstring_view text, DatabaseKind dbKind);
+
+// Doubles every apostrophe and every double quote.
+std::wstring DoubleQuotes(std::wstring_view text);
+
+// Literal of kind "N" number, "D" date, "S" or "" text, "LR" pattern with % at the right, "LL" and
+// "LA" pattern with % at both ends; the kind's letter case is ignored. Unknown kinds give "".
+std::wstring Literal(std::wstring_view value, std::wstring_view literalKind, DatabaseKind dbKind);
+
+// Literal by field-type code. Unknown codes and unsuitable values give "1".
+std::wstring FieldValue(std::wstring_view value, long code, DatabaseKind dbKind);
+
+} // namespace vndesk

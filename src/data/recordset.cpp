@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "recordset.h"
+
+#include "com/kit/com_error.h"
+#include "plain_message.h"
+#include "statements.h"
+#include "values.h"
+
+namespace vndesk {
+
+namespace {
+
+_variant_t Missing() {
+    return _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR);
+}
+
+} // namespace
+
+_Recordset& Recordset::Ado() {
+    if (!recordset_)
+        throw ComError(E_UNEXPECTED);
+    return *recordset_.Get();
+}
+
+void Recordset::Check(HRESULT code) {
+    CheckCall(code, recordset_.Get(), __uuidof(_Recordset));
+}
+
+void Recordset::Create(const Database& database) {
+    CLSID clsid;
+    CheckHr(CLSIDFromProgID(L"ADODB.Recordset", &clsid));
+    fields_.Reset();
+    recordset_.Reset();
+    CheckHr(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&recordset_)));
+    Check(recordset_->putref_ActiveConnection(database.connection.Get()));
+}
+
+void Recordset::Open(const std::wstring& statement) {
+    Check(Ado().Open(_variant_t(statement.c_str()), Missing(),
+                     static_cast<CursorTypeEnum>(kAdoUnspecified),
+                     static_cast<LockTypeEnum>(kAdoUnspecified), kAdoUnspecified));
+}
+
+void Recordset::Close() {
+    fields_.Reset();
+    Check(Ado().Close());
+}
+
+bool Recordset::Eof() {
+    VARIANT_BOOL eof = VARIANT_FALSE;
+    Check(Ado().get_EOF(&eof));
+    return eof != VARIANT_FALSE;
+}
+
+void Recordset::MoveFirst() {
+    Check(Ado().MoveFirst());
+}
+void Recordset::MoveNext() {
+    Check(Ado().MoveNext());
+}
+void Recordset::MoveLast() {
+    Check(Ado().MoveLast());
+}
+
+ComPtr<Fields> Recordset::AllFields() {
+    if (!fields_)
+        Check(Ado().get_Fields(&fields_));
+    return fields_;
+}
+
+_variant_t Recordset::Value(const _variant_t& item) {
+    ComPtr<Field> field;
+    _variant_t value;
+    CheckCall(AllFields()->get_Item(item, &field), fields_.Get(), __uuidof(Fields));
+    CheckCall(field->get_Value(&value), field.Get(), __uuidof(Field));
+    return value;
+}
+
+_variant_t Recordset::Value(long index) {
+    return Value(_variant_t(index));
+}
+_variant_t Recordset::Value(const wchar_t* name) {
+    return Value(_variant_t(name));
+}
+
+std::wstring Recordset::FieldName(long index) {
+    ComPtr<Field> field;
+    CheckCall(AllFields()->get_Item(_variant_t(index), &field), fields_.Get(), __uuidof(Fields));
+    _bstr_t name;
+    CheckCall(field->get_Name(name.GetAddress()), field.Get(), __uuidof(Field));
+    return {static_cast<const wchar_t*>(name), name.length()};
+}
+
+long Recordset::FieldCount() {
+    long count = 0;
+    CheckCall(AllFields()->get_Count(&count), fields_.Get(), __uuidof(Fields));
+    return count;
+}
+
+long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement) {
+    const ErrorState error = Trap([&] {
+        recordset.Create(database);
+        recordset.Open(statement);
+    });
+    if (error)
+        PlainMessage(error.description);
+    return error.code;
+}
+
+long CountRecords(Recordset& recordset) {
+    long count = 0;
+    Trap([&] {
+        recordset.MoveFirst();
+        for (; !recordset.Eof(); recordset.MoveNext())
+            ++count;
+    });
+    Trap([&] { recordset.MoveFirst(); });
+    return count;
+}
+
+long LastValue(const Database& database, std::wstring_view table, std::wstring_view column) {
+    Recordset recordset;
+    long value = 0;
+    Trap([&] {
+        OpenRecordset(database, recordset, LastValueStatement(table, column));
+        if (CountRecords(recordset) > 0) {
+            recordset.MoveLast();
+            value = NullToInteger(recordset.Value(0L));
+        }
+        recordset.Close();
+    });
+    return value;
+}
+
+} // namespace vndesk

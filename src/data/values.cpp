@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "values.h"
+
+#include <comutil.h>
+#include <oleauto.h>
+
+namespace vndesk {
+
+namespace {
+
+// In the invariant locale, so that the same row reads the same on every machine.
+bool Convert(const VARIANT& value, VARTYPE type, _variant_t& result) {
+    return SUCCEEDED(
+        VariantChangeTypeEx(&result, const_cast<VARIANT*>(&value), LOCALE_INVARIANT, 0, type));
+}
+
+} // namespace
+
+std::wstring NullToText(const VARIANT& value) {
+    _variant_t text;
+    if (!Convert(value, VT_BSTR, text))
+        return {};
+    return {V_BSTR(&text), SysStringLen(V_BSTR(&text))};
+}
+
+long NullToInteger(const VARIANT& value) {
+    _variant_t number;
+    return Convert(value, VT_I4, number) ? V_I4(&number) : 0;
+}
+
+double NullToDouble(const VARIANT& value) {
+    _variant_t number;
+    return Convert(value, VT_R8, number) ? V_R8(&number) : 0;
+}
+
+} // namespace vndesk

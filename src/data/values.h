@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// Column values and other variants turned into what the forms work with. Never fails: what cannot
+// be turned is empty or 0.
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <string>
+
+namespace vndesk {
+
+// Null is the empty text; numbers are written with a decimal point in every locale.
+std::wstring NullToText(const VARIANT& value);
+long NullToInteger(const VARIANT& value);
+double NullToDouble(const VARIANT& value);
+
+} // namespace vndesk

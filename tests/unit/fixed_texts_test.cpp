@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// What the fixed texts show on the screen.
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+using namespace vndesk;
+
+namespace {
+
+struct FixedText {
+    const char* name;
+    const wchar_t* stored;
+    const wchar_t* shown;
+    std::size_t length;
+};
+
+void PrintTo(const FixedText& text, std::ostream* out) {
+    *out << text.name;
+}
+
+constexpr FixedText kAll[] = {
+    {"Notice", texts::kNotice, L"Thông báo", 9},
+    {"LogonUser", texts::kLogonUser, L"Người sử dụng", 13},
+    {"LogonPassword", texts::kLogonPassword, L"Mật khẩu", 8},
+    {"LogonOk", texts::kLogonOk, L"Đồng ý", 6},
+    {"LogonExit", texts::kLogonExit, L"Thoát", 5},
+    {"LogonHelp", texts::kLogonHelp, L"Hướng dẫn", 9},
+    {"LogonFailed", texts::kLogonFailed, L"Mật khẩu hoặc người sử dụng không hợp lệ ", 41},
+    {"MsgOk", texts::kMsgOk, L"Đồ&ng ý", 7},
+    {"MsgCancel", texts::kMsgCancel, L"&Bỏ qua", 7},
+    {"MsgAbort", texts::kMsgAbort, L"Bỏ &dở", 6},
+    {"MsgRetry", texts::kMsgRetry, L"&Thử lại", 8},
+    {"MsgIgnore", texts::kMsgIgnore, L"&Bác bỏ", 7},
+    {"MsgYes", texts::kMsgYes, L"&Có", 3},
+    {"MsgNo", texts::kMsgNo, L"&Không", 6},
+    {"OptionsNotSaved", texts::kOptionsNotSaved, L"Không thể lưu được khoá", 23},
+    {"OptionsErrorIs", texts::kOptionsErrorIs, L". Lỗi là ", 9},
+    {"UserNoGroup", texts::kUserNoGroup, L"Bạn chưa chọn bộ phận.", 22},
+    {"UserExists", texts::kUserExists, L"Người sử dụng đã tồn tại", 24},
+    {"UserBadPassword", texts::kUserBadPassword, L"Mật khẩu không hợp lệ", 21},
+    {"GroupCancelAdding", texts::kGroupCancelAdding, L"&Huỷ thêm", 9},
+    {"GroupAdd", texts::kGroupAdd, L"T&hêm", 5},
+    {"GroupNotAdded", texts::kGroupNotAdded, L"Không thể thêm dữ liệu vào bảng", 31},
+    {"GroupNotWritten", texts::kGroupNotWritten, L"Không thể ghi dữ liệu vào bảng", 30},
+    {"GroupConfirmDelete", texts::kGroupConfirmDelete,
+     L"Bạn có chắc chắn xoá các nhóm đã chọn không?", 44},
+    {"GroupsDeleted", texts::kGroupsDeleted, L" danh mục đã bị xoá", 19},
+    {"PermissionGroupIs", texts::kPermissionGroupIs, L"Tên nhóm là:", 12},
+    {"UserListName", texts::kUserListName, L"Tên", 3},
+    {"UserListDescription", texts::kUserListDescription, L"Diễn giải", 9},
+    {"UserListCode", texts::kUserListCode, L"Mã số", 5},
+    {"UserListNoDelete", texts::kUserListNoDelete,
+     L"Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên.", 58},
+    {"UserListConfirmDelete", texts::kUserListConfirmDelete, L"Bạn chắc chắn xoá người sử dụng này",
+     35},
+    {"UserListLastUser", texts::kUserListLastUser,
+     L"Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình", 66},
+    {"FindAnd", texts::kFindAnd, L"và", 2},
+    {"FindOr", texts::kFindOr, L"hoặc", 4},
+    {"SelectNotOpened", texts::kSelectNotOpened, L"Mã danh mục không mở được. Lỗi là:", 34},
+    {"SelectCode", texts::kSelectCode, L"Mã số ", 6},
+    {"SelectNotFound", texts::kSelectNotFound, L" không tồn tại", 14},
+};
+
+class FixedTexts : public testing::TestWithParam<FixedText> {};
+
+} // namespace
+
+TEST_P(FixedTexts, ShowsAsWritten) {
+    EXPECT_EQ(ToUncText(GetParam().stored, kToUnicode), GetParam().shown);
+}
+
+TEST_P(FixedTexts, HasItsLength) {
+    EXPECT_EQ(std::wstring(GetParam().stored).size(), GetParam().length);
+}
+
+TEST_P(FixedTexts, IsStoredInSingleBytes) {
+    for (wchar_t ch : std::wstring(GetParam().stored))
+        EXPECT_LT(static_cast<unsigned>(ch), 0x100u);
+}
+
+TEST_P(FixedTexts, ComesBackFromTheScreen) {
+    EXPECT_EQ(ToUncText(GetParam().shown, kToTcvn3), GetParam().stored);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FixedTexts, testing::ValuesIn(kAll),
+                         [](const auto& info) { return std::string(info.param.name); });

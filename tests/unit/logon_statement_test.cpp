@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// The statement that looks for the user.
+#include "logon/logon_statement.h"
+
+#include <gtest/gtest.h>
+
+using namespace vndesk;
+
+TEST(LogonStatement, LooksForNameAndCodeOnJet) {
+    EXPECT_EQ(LogonStatement(L"an", 1401, DatabaseKind::Jet),
+              L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1401)");
+}
+
+TEST(LogonStatement, WritesPrefixOnSqlServer) {
+    EXPECT_EQ(LogonStatement(L"an", 0, DatabaseKind::SqlServer),
+              L"SELECT  *  FROM [User] WHERE ([Name]=N'an') And ( [Password]=0)");
+}
+
+TEST(LogonStatement, DoesNotDoubleApostrophes) {
+    EXPECT_EQ(LogonStatement(L"O'B", 0, DatabaseKind::Jet),
+              L"SELECT  *  FROM [User] WHERE ([Name]='O'B') And ( [Password]=0)");
+}
+
+TEST(LogonStatement, WritesLargeCodeWithExponent) {
+    EXPECT_EQ(LogonStatement(L"an", 1.5E20, DatabaseKind::Jet),
+              L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1.5E+20)");
+}
