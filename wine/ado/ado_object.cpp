@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "ado/ado_object.h"
+
+#include <new>
+
+#include "ado/ado_error.h"
+
+namespace vndesk::ado {
+
+BSTR MakeBstr(const std::wstring& text) {
+    BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (!copy)
+        throw std::bad_alloc();
+    return copy;
+}
+
+std::wstring TextOf(BSTR text) {
+    return text ? std::wstring(text, SysStringLen(text)) : L"";
+}
+
+Argument::Argument(const VARIANT& given) {
+    VariantInit(&value_);
+    CheckHr(VariantCopyInd(&value_, const_cast<VARIANT*>(&given)));
+}
+
+bool Argument::IsMissing() const {
+    return V_VT(&value_) == VT_EMPTY ||
+           (V_VT(&value_) == VT_ERROR && V_ERROR(&value_) == DISP_E_PARAMNOTFOUND);
+}
+
+IUnknown* Argument::Object() const {
+    return V_VT(&value_) == VT_DISPATCH || V_VT(&value_) == VT_UNKNOWN ? V_UNKNOWN(&value_)
+                                                                       : nullptr;
+}
+
+long Argument::Number() const {
+    VARIANT number;
+    VariantInit(&number);
+    if (FAILED(VariantChangeType(&number, const_cast<VARIANT*>(&value_), 0, VT_I4)))
+        ThrowMisuse(AdoMisuse::InvalidArgument);
+    return V_I4(&number);
+}
+
+} // namespace vndesk::ado

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// The classes of the bridge: ADO's identifiers and names, in Wine prefixes only.
+#include "com/kit/module.h"
+
+#include "ado/connection_object.h"
+#include "ado/recordset_object.h"
+#include "ado/wine_path.h"
+
+namespace vndesk {
+
+namespace {
+
+using namespace ado;
+
+constexpr CLSID kConnectionClass = {
+    0x00000514, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+constexpr CLSID kRecordsetClass = {
+    0x00000535, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+constexpr GUID kTypeLibrary = {
+    0x5B1C6F5E, 0x0F0A, 0x4C1E, {0x9D, 0x0E, 0x6A, 0x2F, 0x4B, 0x7C, 0x8D, 0x31}};
+
+constexpr ClassEntry kClasses[] = {
+    {&kConnectionClass, L"ADODB.Connection", L"ADODB.Connection",
+     CreateInstanceOf<ConnectionObject>},
+    {&kRecordsetClass, L"ADODB.Recordset", L"ADODB.Recordset", CreateInstanceOf<RecordsetObject>}};
+
+// Windows has an ADO of its own, which must stay.
+bool MayRegister(std::wstring& reason) {
+    if (RunsUnderWine())
+        return true;
+    reason = L"adobridge.dll serves Wine only: Windows has its own ADO.";
+    return false;
+}
+
+bool IsRegistered(REFCLSID clsid) {
+    wchar_t key[64] = L"CLSID\\";
+    StringFromGUID2(clsid, key + 6, 40);
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key, 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(opened);
+    return true;
+}
+
+// Registration took these classes from Wine's own ADO: it gets them back.
+void RestoreWineAdo() {
+    if (!RunsUnderWine() || IsRegistered(kConnectionClass))
+        return;
+    wchar_t path[MAX_PATH];
+    ExpandEnvironmentStringsW(L"%CommonProgramFiles%\\System\\ADO\\msado15.dll", path, MAX_PATH);
+    const HMODULE wineAdo = LoadLibraryW(path);
+    if (!wineAdo)
+        return;
+    const auto enroll =
+        reinterpret_cast<HRESULT(WINAPI*)()>(GetProcAddress(wineAdo, "DllRegisterServer"));
+    if (enroll)
+        CheckHr(enroll());
+    FreeLibrary(wineAdo);
+}
+
+} // namespace
+
+const ModuleInfo moduleInfo = {kClasses, &kTypeLibrary, MayRegister, RestoreWineAdo};
+
+} // namespace vndesk
