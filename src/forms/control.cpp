@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include "control.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "form.h"
+#include "window_name.h"
+
+namespace vndesk {
+
+namespace {
+
+// What each kind is made of.
+struct KindRow {
+    const wchar_t* typeName;
+    const wchar_t* windowClass;
+    DWORD style;
+    DWORD extendedStyle;
+    bool hasFont;
+    bool hasCaption;
+};
+
+constexpr KindRow kKinds[] = {
+    {L"LabelW", L"STATIC", SS_LEFT, 0, true, true},
+    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true, false},
+    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true, false},
+    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
+    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
+    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
+    {L"Line", nullptr, 0, 0, false, false},
+    {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+     WS_EX_CLIENTEDGE, true, false},
+    {L"ListBoxW", WC_LISTVIEWW,
+     LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
+     WS_EX_CLIENTEDGE, true, false},
+    {L"ListView", WC_LISTVIEWW,
+     LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP, WS_EX_CLIENTEDGE,
+     true, false},
+    // Transparent: the form paints the inside.
+    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
+};
+
+const KindRow& Row(ControlKind kind) {
+    return kKinds[static_cast<size_t>(kind)];
+}
+
+DWORD StyleFor(const ControlSpec& design) {
+    DWORD style = Row(design.kind).style;
+    if (design.kind == ControlKind::LabelW) {
+        if (!(design.flags & kMnemonic))
+            style |= SS_NOPREFIX;
+        if (design.flags & kEllipsis)
+            style |= SS_ENDELLIPSIS;
+    }
+    if (design.flags & kPassword)
+        style |= ES_PASSWORD;
+    if (design.flags & kDefault)
+        style |= BS_DEFPUSHBUTTON;
+    if (design.flags & kMultiSelect)
+        style |= LBS_EXTENDEDSEL;
+    if (design.flags & kDisabled)
+        style |= WS_DISABLED;
+    if (!(design.flags & kHidden))
+        style |= WS_VISIBLE;
+    // Only where it is needed: the controls in a frame would be cut out by the frame itself.
+    if (design.flags & kBehind)
+        style |= WS_CLIPSIBLINGS;
+    return style | WS_CHILD;
+}
+
+} // namespace
+
+Control::Control(Form& form, const ControlSpec& design, int id)
+    : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0),
+      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
+      place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
+      visible_(!(design.flags & kHidden)) {
+    if (!Row(kind_).windowClass)
+        return;
+    CreateControlWindow(design, id);
+    SetFont({design.fontName, design.fontPoints});
+}
+
+Control::~Control() {
+    Detach();
+}
+
+void Control::Detach() {
+    if (window_)
+        ClearWindowName(window_);
+    window_ = nullptr;
+}
+
+void Control::CreateControlWindow(const ControlSpec& design, int id) {
+    const KindRow& row = Row(kind_);
+    window_ = CreateWindowExW(row.extendedStyle, row.windowClass, design.caption, StyleFor(design),
+                              ToPixels(Left(), Dpi()), ToPixels(Top(), Dpi()),
+                              ToPixels(Width(), Dpi()), ToPixels(Height(), Dpi()), form_.Window(),
+                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ModuleInstance(),
+                              nullptr);
+    if (!window_)
+        throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+    SetWindowName(window_, name_);
+    if (flags_ & kPassword)
+        SendMessageW(window_, EM_SETPASSWORDCHAR, L'*', 0);
+    if (design.toolTip)
+        form_.AddToolTip(window_, design.toolTip);
+}
+
+int Control::Dpi() const {
+    return form_.Dpi();
+}
+
+const wchar_t* Control::TypeName() const {
+    return Row(kind_).typeName;
+}
+
+bool Control::HasCaption() const {
+    return Row(kind_).hasCaption;
+}
+
+std::wstring Control::Text() const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window_)), L'\0');
+    if (!text.empty())
+        text.resize(static_cast<size_t>(
+            GetWindowTextW(window_, text.data(), static_cast<int>(text.size()) + 1)));
+    return text;
+}
+
+void Control::SetText(std::wstring_view text) {
+    SetWindowTextW(window_, std::wstring(text).c_str());
+    if (flags_ & kAutoSize)
+        FitToText();
+}
+
+bool Control::SetFont(const FontSpec& font) {
+    if (!Row(kind_).hasFont)
+        return false;
+    auto handle = Font::Get(font, Dpi());
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(handle->Handle()), TRUE);
+    font_ = font;
+    fontHandle_ = std::move(handle);
+    if (flags_ & kAutoSize)
+        FitToText();
+    return true;
+}
+
+void Control::Move(const TwipsRect& place) {
+    place_ = place;
+    if (!window_) {
+        form_.Repaint();
+        return;
+    }
+    const int left = ToPixels(place.left, Dpi());
+    const int top = ToPixels(place.top, Dpi());
+    // Right and bottom are rounded, not the size, so that neighbours meet.
+    SetWindowPos(window_, nullptr, left, top, ToPixels(place.left + place.width, Dpi()) - left,
+                 ToPixels(place.top + place.height, Dpi()) - top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Control::SetVisible(bool visible) {
+    visible_ = visible;
+    if (window_)
+        ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Control::SetEnabled(bool enabled) {
+    EnableWindow(window_, enabled);
+    if (kind_ != ControlKind::Frame)
+        return;
+    for (const auto& control : form_.Controls())
+        if (control.get() != this && Contains(*control))
+            control->SetEnabled(enabled);
+}
+
+bool Control::Contains(const Control& other) const {
+    return other.Left() >= Left() && other.Top() >= Top() &&
+           other.Left() + other.Width() <= Left() + Width() &&
+           other.Top() + other.Height() <= Top() + Height();
+}
+
+void Control::SetLeftMargin(int pixels) {
+    if (kind_ == ControlKind::TextBoxW)
+        SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0));
+}
+
+void Control::Select(int start, int length) {
+    SendMessageW(window_, EM_SETSEL, start, start + length);
+}
+
+void Control::Focus() {
+    // The dialog's own way keeps the default button's frame right.
+    SendMessageW(form_.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
+}
+
+void Control::SetIcon(HICON icon) {
+    SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    Move(place_);
+}
+
+HICON Control::Icon() const {
+    return reinterpret_cast<HICON>(SendMessageW(window_, STM_GETICON, 0, 0));
+}
+
+void Control::SetRightToLeft(bool rightToLeft) {
+    constexpr LONG_PTR kMirrored = WS_EX_RTLREADING | WS_EX_RIGHT;
+    const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
+    SetWindowLongPtrW(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
+    // A label reads its alignment from its style only.
+    if (kind_ == ControlKind::LabelW) {
+        const LONG_PTR plain =
+            GetWindowLongPtrW(window_, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
+        SetWindowLongPtrW(window_, GWL_STYLE, plain | (rightToLeft ? SS_RIGHT : SS_LEFT));
+    }
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+void Control::SetLargest(double width, double height) {
+    mostWidth_ = width;
+    mostHeight_ = height;
+}
+
+void Control::SetColors(COLORREF back, COLORREF fore) {
+    backColor_ = back;
+    foreColor_ = fore;
+    backBrush_.reset(back == CLR_INVALID ? nullptr : CreateSolidBrush(back));
+    if (window_)
+        InvalidateRect(window_, nullptr, TRUE);
+    else
+        form_.Repaint();
+}
+
+void Control::FitToText() {
+    const std::wstring text = Text();
+    const HDC dc = GetDC(window_);
+    RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, Dpi()) : 0, 0};
+    {
+        const Selected font(dc, fontHandle_ ? static_cast<HGDIOBJ>(fontHandle_->Handle())
+                                            : GetStockObject(DEFAULT_GUI_FONT));
+        const UINT wrap = mostWidth_ > 0 ? DT_WORDBREAK | DT_EDITCONTROL : 0;
+        DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box,
+                  DT_CALCRECT | DT_EXPANDTABS | DT_NOPREFIX | wrap);
+    }
+    ReleaseDC(window_, dc);
+    double height = std::max(leastHeight_, ToTwips(box.bottom, Dpi()));
+    if (mostHeight_ > 0)
+        height = std::min(height, mostHeight_);
+    Move({Left(), Top(), std::max(leastWidth_, ToTwips(box.right, Dpi())), height});
+}
+
+} // namespace vndesk

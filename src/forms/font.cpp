@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "font.h"
+
+#include <cmath>
+#include <vector>
+
+namespace vndesk {
+
+namespace {
+
+struct CacheEntry {
+    FontSpec design;
+    int dpi;
+    std::weak_ptr<Font> font;
+};
+
+} // namespace
+
+Font::Font(const FontSpec& design, int dpi)
+    : handle_(CreateFontW(-static_cast<int>(std::lround(design.points * dpi / 72)), 0, 0, 0,
+                          design.bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                          OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                          DEFAULT_PITCH | FF_DONTCARE, design.name.c_str())) {}
+
+std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
+    static std::vector<CacheEntry> cache;
+    std::erase_if(cache, [](const CacheEntry& entry) { return entry.font.expired(); });
+    for (const CacheEntry& entry : cache)
+        if (entry.dpi == dpi && entry.design == design)
+            return entry.font.lock();
+    auto font = std::make_shared<Font>(design, dpi);
+    cache.push_back({design, dpi, font});
+    return font;
+}
+
+std::wstring& DefaultFontName() {
+    static std::wstring name;
+    return name;
+}
+
+} // namespace vndesk

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Fonts are shared: controls that ask for the same face and size at one resolution hold one HFONT,
+// which goes with the last of them.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "handles.h"
+
+namespace vndesk {
+
+struct FontSpec {
+    std::wstring name;
+    double points = 8;
+    bool bold = false;
+
+    bool operator==(const FontSpec&) const = default;
+};
+
+class Font {
+public:
+    // Null when the platform has no font left to give; controls then draw in the system font.
+    static std::shared_ptr<Font> Get(const FontSpec& design, int dpi);
+
+    Font(const FontSpec& design, int dpi);
+    HFONT Handle() const { return handle_.get(); }
+
+private:
+    UniqueFont handle_;
+};
+
+// The default font name that the host may set; "Arial" once a form was prepared without one.
+std::wstring& DefaultFontName();
+
+} // namespace vndesk
