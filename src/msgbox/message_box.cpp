@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include "message_box.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "button_sets.h"
+#include "com/kit/module.h"
+#include "forms/form.h"
+#include "forms/images.h"
+#include "forms/keys.h"
+#include "return_codes.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+// The message is never smaller than this, so that the widest button set fits below it and the icon
+// beside it.
+constexpr TwipsRect kMessagePlace = {840, 600, 2760, 360};
+constexpr TwipsRect kIconPlace = {180, 480, 480, 480};
+constexpr double kStripHeight = 330;
+
+// What lies on top stands first. The designed buttons are those of a box whose button number names
+// no set.
+constexpr ControlSpec kControls[] = {
+    {LabelW, L"Message", L"", kMessagePlace, kAutoSize},
+    {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault},
+    {CommandButtonW, L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden},
+    {CommandButtonW, L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden},
+    {LabelW, L"label4", L"", {10, 45, 3600, 240}, kEllipsis},
+    {LabelW, L"Label5", L"", {0, 0, 3700, kStripHeight}, kBehind},
+    {Image, L"micon", L"", kIconPlace},
+    {Image, L"stop", L"", kIconPlace, kHidden},
+    {Image, L"q", L"", kIconPlace, kHidden},
+    {Image, L"Ex", L"", kIconPlace, kHidden},
+    {Image, L"Info", L"", kIconPlace, kHidden},
+    {Line, L"LineTop", L"", {}},
+    {Line, L"LineLeft", L"", {}},
+    {Line, L"LineRight", L"", {}},
+    {Line, L"LineBottom", L"", {}},
+};
+
+constexpr FormSpec kForm = {L"MessageBox", L"", 3700, 1635, FormBorder::None, true, kControls};
+
+struct IconSource {
+    long value;
+    const wchar_t* image;
+    WORD systemIcon;
+};
+
+// The numbers are the platform's OIC_ identifiers.
+constexpr IconSource kIcons[] = {
+    {kCritical, L"stop", 32513},
+    {kQuestion, L"q", 32514},
+    {kExclamation, L"Ex", 32515},
+    {kInformation, L"Info", 32516},
+};
+
+constexpr const wchar_t* kBorderNames[] = {L"LineTop", L"LineLeft", L"LineRight", L"LineBottom"};
+constexpr const wchar_t* kButtonNames[] = {L"Cmd1", L"Cmd2", L"Cmd3"};
+
+class MessageForm final : public Form {
+public:
+    MessageForm() : Form(kForm) {}
+
+    std::wstring RetValue;
+
+    void SetTexts(const std::wstring& message, const std::wstring& title) {
+        FitInto(WorkArea());
+        Get(L"Message").SetCaption(ToUncText(message, 0));
+        Get(L"label4").SetCaption(ToUncText(title, 0));
+        // Tools and screen readers ask the window for the title that the label shows.
+        SetWindowTextW(Window(), Get(L"label4").Caption().c_str());
+    }
+
+    void SetReadingOrder(bool rightToLeft) {
+        Get(L"Message").SetRightToLeft(rightToLeft);
+        SetRightToLeft(rightToLeft);
+    }
+
+    void SetButtons(long buttons) {
+        if (const ButtonSet* set = FindButtonSet(buttons))
+            SetAnswers(*set);
+    }
+
+    void SetIcon(long icon) {
+        for (const IconSource& source : kIcons)
+            if (source.value == icon)
+                Get(L"micon").SetIcon(Get(source.image).Icon());
+    }
+
+    void SetWidthToText() {
+        const Control& message = Get(L"Message");
+        Resize(message.Left() + message.Width() + 100, Height());
+    }
+
+    void SetHeightToText() {
+        const Control& message = Get(L"Message");
+        for (const wchar_t* name : kButtonNames)
+            Get(name).SetTop(message.Top() + message.Height() + 150);
+        const Control& button = Get(kButtonNames[0]);
+        Resize(Width(), button.Top() + button.Height() + 150);
+    }
+
+protected:
+    void OnLoad() override {
+        RetValue.clear();
+        const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
+        Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
+        Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
+        for (const wchar_t* name : kBorderNames)
+            Get(name).SetColors(strip, CLR_INVALID);
+        LoadIcons();
+        Get(L"Cmd1").tag = L"OK";
+        for (size_t i = 0; i < std::size(kButtonNames); ++i)
+            Get(kButtonNames[i]).onClick = [this, i] {
+                Answered(i);
+            };
+        for (const wchar_t* name : {L"label4", L"Label5"})
+            Get(name).onMouseDown = [this](int button) {
+                Drag(button);
+            };
+    }
+
+    void OnResize() override {
+        const double w = Width();
+        const double h = Height();
+        Get(L"LineTop").Move({0, 0, w, 0});
+        Get(L"LineLeft").Move({0, 0, 0, h});
+        Get(L"LineRight").Move({w - 15, 0, 0, h});
+        Get(L"LineBottom").Move({0, h - 20, w, 0});
+        Control& strip = Get(L"Label5");
+        strip.Move({0, 0, w, strip.Height()});
+        Control& title = Get(L"label4");
+        const int space = static_cast<int>(strip.Height() - title.Height());
+        title.Move({10, static_cast<double>(space / 2), strip.Width() - 50, title.Height()});
+    }
+
+    // A letter alone presses the button that has it underlined, as Alt and the letter do.
+    bool OnKeyPress(wchar_t character) override {
+        if (character <= L' ')
+            return false;
+        CharUpperBuffW(&character, 1);
+        Gui_Phim(character, 3);
+        return true;
+    }
+
+private:
+    void LoadIcons() {
+        const int size = ToPixels(kIconPlace.width, Dpi());
+        for (const IconSource& icon : kIcons)
+            Get(icon.image)
+                .SetIcon(static_cast<HICON>(LoadImageW(nullptr, MAKEINTRESOURCEW(icon.systemIcon),
+                                                       IMAGE_ICON, size, size, LR_SHARED)));
+        emblem_.reset(
+            static_cast<HICON>(LoadImageW(ModuleInstance(), MAKEINTRESOURCEW(kImageEmblem),
+                                          IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+        Get(L"micon").SetIcon(emblem_.get());
+    }
+
+    RECT WorkArea() const {
+        RECT area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+        return area;
+    }
+
+    // A text that is wider or higher than the screen must not carry the buttons out of sight.
+    void FitInto(const RECT& area) {
+        const Control& button = Get(L"Cmd1");
+        Get(L"Message")
+            .SetLargest(ToTwips(area.right - area.left, Dpi()) - kMessagePlace.left - 100,
+                        ToTwips(area.bottom - area.top, Dpi()) - kMessagePlace.top -
+                            button.Height() - 300);
+    }
+
+    void SetAnswers(const ButtonSet& set) {
+        int count = 0;
+        std::array<double, 3> widths = {};
+        for (size_t i = 0; i < set.size(); ++i) {
+            Control& button = Get(kButtonNames[i]);
+            const bool shown = set[i].caption != nullptr;
+            if (shown) {
+                button.SetCaption(ToUncText(set[i].caption, 0));
+                button.tag = set[i].tag;
+                ++count;
+            }
+            // Escape answers with Cancel, and with the only answer where there is no choice.
+            button.isCancel = shown && (button.tag == L"CAN" || &set == FindButtonSet(kOkOnly));
+            button.SetVisible(shown);
+            widths[i] = button.Width();
+        }
+        const auto lefts = ButtonLefts(count, Width(), widths);
+        for (int i = 0; i < count; ++i)
+            Get(kButtonNames[i]).SetLeft(lefts[static_cast<size_t>(i)]);
+    }
+
+    void Answered(size_t index) {
+        const std::wstring& tag = Get(kButtonNames[index]).tag;
+        RetValue = std::to_wstring(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
+        Unload();
+    }
+
+    void Drag(int button) {
+        if (button != 1)
+            return;
+        ReleaseCapture();
+        SendMessageW(Window(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
+    }
+
+    void Resize(double width, double height) { Move({Place().left, Place().top, width, height}); }
+
+    UniqueIcon emblem_;
+};
+
+} // namespace
+
+std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& title, long icon,
+                     bool rightToLeft) {
+    MessageForm form;
+    form.Load();
+    if (title.empty())
+        title = texts::kNotice;
+    form.SetTexts(message, title);
+    form.SetWidthToText();
+    form.SetReadingOrder(rightToLeft);
+    form.SetButtons(buttons);
+    form.SetIcon(icon);
+    form.SetHeightToText();
+    // The form was centred before it had its size.
+    form.Centre();
+    form.ShowModal();
+    return form.RetValue;
+}
+
+} // namespace vndesk
