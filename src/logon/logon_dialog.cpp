@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "logon_dialog.h"
+
+#include "data/recordset.h"
+#include "data/values.h"
+#include "forms/form.h"
+#include "forms/images.h"
+#include "forms/keys.h"
+#include "logon_statement.h"
+#include "msgbox/message_box.h"
+#include "password.h"
+#include "session.h"
+#include "text/ascii_text.h"
+#include "text/fixed_texts.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {LabelW, L"Label1", texts::kLogonUser, {1140, 270, 1380, 240}},
+    {TextBoxW, L"TxtUser", L"", {2580, 225, 2400, 330}},
+    {LabelW, L"Label2", texts::kLogonPassword, {1140, 720, 1380, 240}},
+    {TextBoxW, L"TxtPass", L"", {2580, 675, 2400, 330}, kPassword},
+    {CommandButtonW,
+     L"CmdOk",
+     texts::kLogonOk,
+     {1140, 1230, 1200, 375},
+     kDisabled,
+     L"Click here to Logon!"},
+    {CommandButtonW, L"CMDCAN", texts::kLogonExit, {2460, 1230, 1200, 375}, kCancel},
+    {CommandButtonW, L"CmdHelp", texts::kLogonHelp, {3780, 1230, 1200, 375}},
+    {Image, L"Image1", L"", {210, 225, 720, 720}},
+};
+
+constexpr FormSpec kForm = {L"FrmLogon", L"Login", 5190, 1830, FormBorder::FixedDialog,
+                            false,       kControls};
+
+class LogonForm final : public Form {
+public:
+    LogonForm() : Form(kForm) {}
+
+    long result = 0;
+
+protected:
+    void OnLoad() override {
+        const int size = ToPixels(Get(L"Image1").Width(), Dpi());
+        picture_.reset(
+            static_cast<HICON>(LoadImageW(ModuleInstance(), MAKEINTRESOURCEW(kImageLogon),
+                                          IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+        Get(L"Image1").SetIcon(picture_.get());
+        Get(L"TxtUser").onChange = [this] {
+            UserChanged();
+        };
+        Get(L"CmdOk").onClick = [this] {
+            LogOn();
+        };
+        Get(L"CMDCAN").onClick = [this] {
+            Cancel();
+        };
+    }
+
+    // Enter moves on like Tab; it never presses the button.
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
+private:
+    void UserChanged() { Get(L"CmdOk").SetEnabled(!TrimBlanks(Get(L"TxtUser").Text()).empty()); }
+
+    void LogOn() {
+        const std::wstring userText = Get(L"TxtUser").Text();
+        const std::wstring passwordText = Get(L"TxtPass").Text();
+        const double code = PasswordCodeOf(TrimBlanks(passwordText));
+        const Database& database = CurrentSession().current;
+        Recordset users;
+        OpenRecordset(database, users, LogonStatement(TrimBlanks(userText), code, database.kind));
+        if (CountRecords(users) > 0) {
+            result = NullToInteger(users.Value(0L));
+            Unload();
+            return;
+        }
+        std::wstring title = L"Login";
+        ShowMsg(texts::kLogonFailed, kOkOnly, title, kNoIcon, false);
+        Control& user = Get(L"TxtUser");
+        user.Focus();
+        user.Select(0, static_cast<int>(user.Text().size()));
+    }
+
+    void Cancel() {
+        result = 0;
+        Unload();
+    }
+
+    UniqueIcon picture_;
+};
+
+} // namespace
+
+long ShowLogonDialog() {
+    LogonForm form;
+    form.ShowModal();
+    return form.result;
+}
+
+} // namespace vndesk

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "password.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "password_code.h"
+
+namespace vndesk {
+
+namespace {
+
+// Double-byte characters are beyond every code that a password may have; their first byte says so.
+int AnsiCode(wchar_t character) {
+    char bytes[8] = "";
+    WideCharToMultiByte(CP_ACP, 0, &character, 1, bytes, sizeof bytes, nullptr, nullptr);
+    return static_cast<unsigned char>(bytes[0]);
+}
+
+} // namespace
+
+double PasswordCodeOf(std::wstring_view password) {
+    std::wstring upper(password);
+    CharUpperBuffW(upper.data(), static_cast<DWORD>(upper.size()));
+    return PasswordCode(upper, AnsiCode);
+}
+
+} // namespace vndesk
