@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: MIT
+#include "group_manager.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "captions.h"
+#include "data/list_box.h"
+#include "data/plain_message.h"
+#include "data/recordset.h"
+#include "data/statements.h"
+#include "data/values.h"
+#include "forms/form.h"
+#include "forms/item_list.h"
+#include "forms/keys.h"
+#include "group_statements.h"
+#include "logon/session.h"
+#include "msgbox/message_box.h"
+#include "permission_form.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {Frame, L"FrDetail", texts::kGroupManagerGroups, {150, 120, 3600, 5070}, kGrowDown},
+    {ListBoxW, L"Lv1", L"", {300, 420, 3300, 4140}, kMultiSelect | kGrowDown},
+    {CommandButtonW, L"CmdDelete", texts::kGroupManagerDelete, {300, 4665, 1560, 375}, kMoveDown},
+    {CommandButtonW, L"CmdPms", texts::kGroupManagerRights, {2040, 4665, 1560, 375}, kMoveDown},
+    {Frame, L"Frame1", texts::kGroupManagerDetail, {3900, 120, 4650, 1890}, kGrowRight},
+    {LabelW, L"Label1", texts::kGroupManagerName, {4050, 465, 1110, 240}, kMnemonic},
+    {TextBoxW, L"txtName", L"", {5220, 420, 3180, 330}, kGrowRight},
+    {LabelW, L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic},
+    {TextBoxW, L"TxtDesc", L"", {5220, 840, 3180, 330}, kGrowRight},
+    // Writing comes next after the last box, for those who go on with Enter.
+    {CommandButtonW, L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight},
+    {CommandButtonW, L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight},
+    {Frame, L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrowRight | kGrowDown},
+    {LabelW,
+     L"lblDsUs",
+     texts::kGroupManagerUsers,
+     {4050, 2340, 4350, 240},
+     kMnemonic | kGrowRight},
+    {ListBoxW, L"lvUser", L"", {4050, 2610, 4350, 2430}, kGrowRight | kGrowDown},
+    {CommandButtonW,
+     L"CmdExit",
+     texts::kGroupManagerExit,
+     {7260, 5310, 1290, 375},
+     kCancel | kMoveRight | kMoveDown},
+};
+
+constexpr FormSpec kForm = {
+    L"FmGrp", texts::kGroupManagerTitle, 8700, 5805, FormBorder::Sizable, false, kControls};
+
+constexpr wchar_t kSaveErrorTitle[] = L"Save Error";
+constexpr wchar_t kDeleteTitle[] = L"Delete";
+
+class GroupManager final : public Form {
+public:
+    GroupManager() : Form(kForm) {}
+
+protected:
+    void OnLoad() override {
+        groups_.emplace(Get(L"Lv1"));
+        members_.emplace(Get(L"lvUser"));
+        Get(L"Lv1").onClick = [this] {
+            GroupClicked();
+        };
+        Get(L"CmdAdd").onClick = [this] {
+            ToggleAdding();
+        };
+        Get(L"CmdWrite").onClick = [this] {
+            Write();
+        };
+        Get(L"CmdDelete").onClick = [this] {
+            Delete();
+        };
+        Get(L"CmdPms").onClick = [this] {
+            ShowRights();
+        };
+        Get(L"CmdExit").onClick = [this] {
+            Unload();
+        };
+        Get(L"txtName").onChange = [this] {
+            CheckWrite();
+        };
+    }
+
+    void OnPrepared() override {
+        // Frames are not among the controls whose captions preparation converts.
+        for (const wchar_t* frame : {L"FrDetail", L"Frame1"})
+            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), 0));
+        Trap([&] { ReadInfo(tableName_); });
+        ViewInit();
+        CheckWrite();
+    }
+
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
+    bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (key != VK_DELETE || control.Name() != L"Lv1" || GetKeyState(VK_SHIFT) < 0 ||
+            GetKeyState(VK_CONTROL) < 0)
+            return false;
+        Delete();
+        return true;
+    }
+
+private:
+    const Database& Current() const { return CurrentSession().current; }
+
+    static std::wstring ItemText(const std::wstring& name, const std::wstring& description) {
+        return name + L"-" + description;
+    }
+
+    void ReadInfo(const std::wstring& source) {
+        Recordset rows;
+        if (OpenRecordset(Current(), rows, source) != 0 || CountRecords(rows) == 0)
+            return;
+        const ItemList::Filling filling(*groups_);
+        groups_->Clear();
+        for (; !rows.Eof(); rows.MoveNext())
+            AddListItem(*groups_,
+                        ItemText(NullToText(rows.Value(L"Name")), NullToText(rows.Value(L"Des"))),
+                        NullToInteger(rows.Value(0L)));
+    }
+
+    void ViewInit() {
+        if (groups_->ListCount() > 0)
+            groups_->SetListIndex(0);
+        GroupClicked();
+    }
+
+    void ViewUser(long code) {
+        Trap([&] {
+            const ItemList::Filling filling(*members_);
+            members_->Clear();
+            Recordset rows;
+            if (OpenRecordset(Current(), rows, GroupMembersStatement(code)) != 0)
+                return;
+            for (; !rows.Eof(); rows.MoveNext())
+                members_->AddItem(NullToText(rows.Value(L"Name")));
+        });
+    }
+
+    void ViewInfo(long code) {
+        Trap([&] {
+            Recordset group;
+            OpenRecordset(Current(), group, GroupStatement(tableName_, code));
+            Get(L"txtName").SetText(NullToText(group.Value(L"Name")));
+            Get(L"TxtDesc").SetText(NullToText(group.Value(L"Des")));
+        });
+    }
+
+    // The details of a new group: its name is the number after the largest name.
+    void AddRecord() {
+        const long long largest = LastValue(Current(), L"Groups", L"Name");
+        Get(L"txtName").SetText(std::to_wstring(largest + 1));
+        Get(L"TxtDesc").SetText(L"");
+    }
+
+    void GroupClicked() {
+        if (groups_->ListCount() == 0) {
+            curCode_ = 0;
+            members_->Clear();
+            AddRecord();
+            return;
+        }
+        curCode_ = SelectedItemData(*groups_).value_or(0);
+        ViewInfo(curCode_);
+        ViewUser(curCode_);
+    }
+
+    void ToggleAdding() {
+        browseMode_ = !browseMode_;
+        Get(L"CmdAdd").SetCaption(
+            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, 0));
+        Get(L"FrDetail").SetEnabled(browseMode_);
+        if (browseMode_) {
+            GroupClicked();
+        } else {
+            AddRecord();
+            Get(L"txtName").Focus();
+        }
+    }
+
+    // The error of the statement; none on success.
+    ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
+        const DatabaseKind kind = Current().kind;
+        return Trap([&] {
+            Execute(Current(),
+                    code == 0 ? InsertGroupStatement(tableName_, name, description, kind)
+                              : UpdateGroupStatement(tableName_, code, name, description, kind));
+        });
+    }
+
+    void Write() {
+        const std::wstring name = Get(L"txtName").Text();
+        const std::wstring description = Get(L"TxtDesc").Text();
+        if (WriteData(browseMode_ ? curCode_ : 0, name, description))
+            Tell(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
+                 kSaveErrorTitle);
+        else if (!browseMode_)
+            Added(name, description);
+        else if (groups_->ListCount() == 0)
+            AddedFirst(name, description);
+        else
+            groups_->SetText(ShownItem(), ItemText(name, description));
+        Get(L"txtName").Focus();
+    }
+
+    // The item of the group in the detail fields: Control and the arrows move the list's own
+    // current item away from it.
+    long ShownItem() {
+        const long current = groups_->ListIndex();
+        return groups_->ItemData(current) == curCode_ ? current
+                                                      : FindItemByData(*groups_, curCode_);
+    }
+
+    void Added(const std::wstring& name, const std::wstring& description) {
+        AddListItem(*groups_, ItemText(name, description), NewCode());
+        AddRecord();
+    }
+
+    // Written without the add button: where there is no group, the details are those of a new one.
+    void AddedFirst(const std::wstring& name, const std::wstring& description) {
+        AddListItem(*groups_, ItemText(name, description), NewCode());
+        groups_->SetListIndex(0);
+        curCode_ = groups_->ItemData(0);
+    }
+
+    // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
+    // again. The group has been added, so nothing is told.
+    long NewCode() {
+        long code = 0;
+        Trap([&] {
+            Recordset codes;
+            codes.Create(Current());
+            codes.Open(LastValueStatement(tableName_, L"Code"));
+            if (CountRecords(codes) > 0) {
+                codes.MoveLast();
+                code = NullToInteger(codes.Value(0L));
+            }
+        });
+        return code;
+    }
+
+    void Delete() {
+        if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")
+            return;
+        const long before = groups_->ListCount();
+        long place = 0;
+        while (place < before && !groups_->Selected(place))
+            ++place;
+        const std::wstring codes = TakeSelectedItems(*groups_);
+        const long left = groups_->ListCount();
+        const long taken = before - left;
+        // The next group moves into the place of the first one that went.
+        if (taken > 0 && left > 0)
+            groups_->SetListIndex(std::min(place, left - 1));
+        GroupClicked();
+        Get(left > 0 ? L"Lv1" : L"txtName").Focus();
+        if (codes.empty())
+            return;
+        Trap([&] { Execute(Current(), DeleteGroupsStatement(tableName_, codes)); });
+        Tell(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
+    }
+
+    void ShowRights() {
+        if (const ErrorState error = Trap([&] { ShowPermissionForm(curCode_); }))
+            PlainMessage(error.description);
+    }
+
+    void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }
+
+    std::wstring Tell(const std::wstring& message, long buttons, std::wstring title) {
+        return ShowMsg(message, buttons, title, kNoIcon, false);
+    }
+
+    const std::wstring tableName_ = L"[Groups]";
+    long curCode_ = 0;
+    bool browseMode_ = true;
+    std::optional<ItemList> groups_;
+    std::optional<ItemList> members_;
+};
+
+} // namespace
+
+void ShowGroupManager() {
+    GroupManager().ShowModal();
+}
+
+} // namespace vndesk

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "permission_form.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "captions.h"
+#include "data/list_box.h"
+#include "data/plain_message.h"
+#include "data/recordset.h"
+#include "data/values.h"
+#include "forms/check_list.h"
+#include "forms/form.h"
+#include "forms/item_list.h"
+#include "logon/session.h"
+#include "permissions.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {LabelW, L"LblTitle", texts::kPermissionGroupIs, {180, 150, 6900, 255}, kEllipsis | kGrowRight},
+    {LabelW, L"lblBars", texts::kPermissionBars, {180, 510, 2400, 240}, kMnemonic},
+    {ListBoxW, L"LstMenuBar", L"", {180, 780, 2400, 3300}, kGrowDown},
+    {LabelW, L"lblCommands", texts::kPermissionCommands, {2700, 510, 4380, 240}, kMnemonic},
+    {CheckListW, L"LstSubMenu", L"", {2700, 780, 4380, 3300}, kGrowRight | kGrowDown},
+    {CommandButtonW,
+     L"CmdOk",
+     texts::kPermissionOk,
+     {4380, 4230, 1290, 375},
+     kDefault | kMoveRight | kMoveDown},
+    {CommandButtonW,
+     L"Command1",
+     texts::kPermissionCancel,
+     {5790, 4230, 1290, 375},
+     kCancel | kMoveRight | kMoveDown},
+};
+
+constexpr FormSpec kForm = {
+    L"FrPms", texts::kPermissionFormTitle, 7260, 4785, FormBorder::Sizable, false, kControls};
+
+// Code, name and description stand before the masks.
+constexpr long kFirstMaskColumn = 3;
+
+class PermissionForm final : public Form {
+public:
+    explicit PermissionForm(long groupCode) : Form(kForm), groupCode_(groupCode) {}
+
+protected:
+    void OnLoad() override {
+        bars_.emplace(Get(L"LstMenuBar"));
+        commands_.emplace(Get(L"LstSubMenu"), [this] { CommandTicked(); });
+        Get(L"LstMenuBar").onClick = [this] {
+            Reporting([this] { ShowBar(); });
+        };
+        Get(L"CmdOk").onClick = [this] {
+            Confirm();
+        };
+        Get(L"Command1").onClick = [this] {
+            Unload();
+        };
+    }
+
+    void OnPrepared() override {
+        ReadInf(L"Menu",
+                [this](const std::wstring& text, long id) { AddListItem(*bars_, text, id); });
+        if (bars_->ListCount() == 0)
+            return;
+        pms_.assign(static_cast<size_t>(bars_->ListCount()) + 1, 0);
+        Trap([&] { ReadPms(); });
+        // The first bar stands open, ready for the keyboard.
+        bars_->SetListIndex(0);
+        Reporting([this] { ShowBar(); });
+    }
+
+    void OnResize() override {
+        if (commands_)
+            commands_->FitColumn();
+    }
+
+private:
+    const Database& Current() const { return CurrentSession().current; }
+
+    // A bar with too many commands is told, and the form goes on.
+    template <class Step> void Reporting(Step step) {
+        if (const ErrorState error = Trap(step))
+            PlainMessage(error.description);
+    }
+
+    template <class AddItem> void ReadInf(const std::wstring& source, AddItem addItem) {
+        Recordset rows;
+        if (OpenRecordset(Current(), rows, source) != 0)
+            return;
+        for (; !rows.Eof(); rows.MoveNext())
+            addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
+    }
+
+    void ReadPms() {
+        Recordset group;
+        if (OpenRecordset(Current(), group, GroupRightsStatement(groupCode_)) != 0)
+            return;
+        Get(L"LblTitle")
+            .SetCaption(ToUncText(texts::kPermissionGroupIs, 0) + NullToText(group.Value(L"Name")) +
+                        L"-" + NullToText(group.Value(L"Des")));
+        for (size_t k = 0; k + 1 < pms_.size(); ++k)
+            Trap([&] {
+                pms_[k] = NullToInteger(group.Value(kFirstMaskColumn + static_cast<long>(k)));
+            });
+    }
+
+    void ShowBar() {
+        const long index = bars_->ListIndex();
+        if (index < 0)
+            return;
+        const long id = bars_->ItemData(index);
+        if (id != static_cast<short>(id))
+            throw std::overflow_error("menu bar numbers have 16 bits");
+        commands_->Clear();
+        ReadInf(MenuCommandsStatement(static_cast<short>(id)),
+                [this](const std::wstring& text, long code) { commands_->AddItem(text, code); });
+        commands_->SelectFirst();
+        for (long i = 0; i < commands_->Count(); ++i)
+            commands_->SetChecked(i, IsGranted(Mask(index), static_cast<size_t>(i)));
+    }
+
+    long& Mask(long bar) { return pms_.at(static_cast<size_t>(bar)); }
+
+    void CommandTicked() {
+        Reporting([this] {
+            std::vector<bool> ticked(static_cast<size_t>(commands_->Count()));
+            for (size_t i = 0; i < ticked.size(); ++i)
+                ticked[i] = commands_->Checked(static_cast<long>(i));
+            Mask(bars_->ListIndex()) = MaskOf(ticked);
+        });
+    }
+
+    void Confirm() {
+        Recordset groups;
+        if (OpenRecordset(Current(), groups, L"Groups") != 0)
+            return;
+        try {
+            std::vector<std::wstring> columns;
+            for (long k = 0; k < bars_->ListCount(); ++k)
+                columns.push_back(groups.FieldName(kFirstMaskColumn + k));
+            Execute(Current(), WriteRightsStatement(columns, pms_, groupCode_));
+            Unload();
+        } catch (...) {
+            Fail();
+        }
+    }
+
+    const long groupCode_;
+    // One mask a bar, and a spare one.
+    std::vector<long> pms_;
+    std::optional<ItemList> bars_;
+    std::optional<CheckList> commands_;
+};
+
+} // namespace
+
+void ShowPermissionForm(long groupCode) {
+    PermissionForm(groupCode).ShowModal();
+}
+
+} // namespace vndesk

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// The form in which the menu commands of one group are ticked.
+#pragma once
+
+namespace vndesk {
+
+// Runs on the session's current database. A write that fails ends the form and is raised here.
+void ShowPermissionForm(long groupCode);
+
+} // namespace vndesk

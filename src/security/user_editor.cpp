@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "user_editor.h"
+
+#include "captions.h"
+#include "data/list_box.h"
+#include "data/plain_message.h"
+#include "data/recordset.h"
+#include "data/values.h"
+#include "forms/form.h"
+#include "forms/item_list.h"
+#include "forms/keys.h"
+#include "logon/password.h"
+#include "logon/session.h"
+#include "msgbox/message_box.h"
+#include "text/fixed_texts.h"
+#include "user_statements.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {LabelW, L"lblUser", texts::kUserEditorName, {210, 270, 1860, 240}, kMnemonic},
+    {TextBoxW, L"TxtUser", L"", {2130, 225, 3300, 330}},
+    {LabelW, L"lblDes", texts::kUserEditorDescription, {210, 690, 1860, 240}, kMnemonic},
+    {TextBoxW, L"TxtDes", L"", {2130, 645, 3300, 330}},
+    {LabelW, L"lblIdGroup", texts::kUserEditorGroup, {210, 1110, 1860, 240}, kMnemonic},
+    {ComboBoxW, L"TxtIdGroup", L"", {2130, 1065, 3300, 3600}},
+    {LabelW, L"lblPass", texts::kUserEditorPassword, {210, 1530, 1860, 240}, kMnemonic},
+    {TextBoxW, L"TxtPass", L"", {2130, 1485, 3300, 330}, kPassword},
+    {LabelW, L"lblConfirm", texts::kUserEditorConfirm, {210, 1950, 1860, 240}, kMnemonic},
+    {TextBoxW, L"txtConfirm", L"", {2130, 1905, 3300, 330}, kPassword},
+    {CommandButtonW, L"CmdOk", texts::kUserEditorOk, {2130, 2460, 1590, 375}},
+    {CommandButtonW, L"CMDCAN", texts::kUserEditorCancel, {3840, 2460, 1590, 375}, kCancel},
+    // Part of the form's set of controls, without behaviour, so it is not shown.
+    {CommandButtonW, L"Command1", L"", {210, 2460, 1200, 375}, kHidden},
+};
+
+constexpr FormSpec kForm = {
+    L"FrmInput", texts::kUserEditorTitle, 5640, 3060, FormBorder::FixedDialog, false, kControls};
+
+// The two titles differ in spelling on purpose.
+constexpr wchar_t kAddTitle[] = L"User Infomation";
+constexpr wchar_t kEditTitle[] = L"User Information";
+
+std::wstring UpperCase(std::wstring text) {
+    CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
+    return text;
+}
+
+void Tell(const wchar_t* message, std::wstring title) {
+    ShowMsg(message, kOkOnly, title, kNoIcon, false);
+}
+
+class UserEditor final : public Form {
+public:
+    explicit UserEditor(const UserEditorOptions& options) : Form(kForm), options_(options) {}
+
+protected:
+    void OnLoad() override {
+        Get(L"TxtUser").onChange = [this] {
+            Get(L"CmdOk").SetEnabled(true);
+        };
+        for (const wchar_t* box : {L"TxtPass", L"txtConfirm"})
+            Get(box).onChange = [this] {
+                passChanged_ = true;
+            };
+        Get(L"CmdOk").onClick = [this] {
+            Confirm();
+        };
+        Get(L"CMDCAN").onClick = [this] {
+            Unload();
+        };
+    }
+
+    void OnPrepared() override {
+        for (const wchar_t* field : {L"TxtIdGroup", L"TxtUser", L"TxtDes"})
+            Get(field).SetEnabled(options_.AllowChange);
+        Get(L"CmdOk").SetEnabled(false);
+        ReadDict(L"[Groups]");
+        if (options_.EditMode)
+            Trap([&] { LoadUser(); });
+        passChanged_ = false;
+    }
+
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
+private:
+    const Database& Current() const { return CurrentSession().current; }
+
+    void ReadDict(const wchar_t* source) {
+        Recordset rows;
+        if (OpenRecordset(Current(), rows, source) != 0)
+            return;
+        ItemList groups(Get(L"TxtIdGroup"));
+        const long selected = groups.ListIndex();
+        groups.Clear();
+        Trap([&] {
+            for (; !rows.Eof(); rows.MoveNext())
+                Trap([&] {
+                    AddListItem(groups,
+                                NullToText(rows.Value(1L)) + L"-" + NullToText(rows.Value(2L)),
+                                NullToInteger(rows.Value(0L)));
+                });
+        });
+        Trap([&] { rows.Close(); });
+        groups.SetListIndex(selected);
+    }
+
+    void LoadUser() {
+        Recordset user;
+        OpenRecordset(Current(), user, LoadUserStatement(options_.OldName, Current().kind));
+        if (CountRecords(user) == 0)
+            return;
+        Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
+        Get(L"TxtDes").SetText(NullToText(user.Value(L"Dec")));
+        const std::wstring password = NullToText(user.Value(L"Password"));
+        Get(L"TxtPass").SetText(password);
+        Get(L"txtConfirm").SetText(password);
+        ItemList groups(Get(L"TxtIdGroup"));
+        groups.SetListIndex(FindItemByData(groups, NullToInteger(user.Value(L"IdGroup"))));
+        user.Close();
+    }
+
+    // The two boxes agree, whatever the case of their letters, and the password has a code.
+    bool CheckPass() {
+        const std::wstring password = UpperCase(Get(L"TxtPass").Text());
+        return password == UpperCase(Get(L"txtConfirm").Text()) && PasswordCodeOf(password) != 0;
+    }
+
+    void Confirm() {
+        if (ItemList(Get(L"TxtIdGroup")).ListIndex() < 0) {
+            Tell(texts::kUserNoGroup, texts::kNotice);
+            Get(L"TxtIdGroup").Focus();
+            return;
+        }
+        const std::wstring name = Get(L"TxtUser").Text();
+        try {
+            Save(name);
+        } catch (...) {
+            Fail();
+        }
+    }
+
+    void Save(const std::wstring& name) {
+        const DatabaseKind kind = Current().kind;
+        const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
+        Recordset edited, taken;
+        // Its rows are not needed; a failure to read the user is told before the check.
+        if (options_.EditMode)
+            OpenRecordset(Current(), edited, LoadUserStatement(options_.OldName, kind));
+        OpenRecordset(Current(), taken,
+                      options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
+                                        : UserNamedStatement(name, kind));
+        bool done = false;
+        if (CountRecords(taken) > 0) {
+            Tell(texts::kUserExists, title);
+        } else if (!CheckPass()) {
+            Tell(texts::kUserBadPassword, title);
+        } else {
+            Write(name, kind);
+            done = true;
+        }
+        SelectFirstBox();
+        if (done)
+            Unload();
+    }
+
+    void Write(const std::wstring& name, DatabaseKind kind) {
+        ItemList groups(Get(L"TxtIdGroup"));
+        UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0), {}};
+        if (!options_.EditMode || passChanged_)
+            user.password = PasswordCodeOf(Get(L"TxtPass").Text());
+        Execute(Current(), options_.EditMode ? UpdateUserStatement(user, options_.OldName, kind)
+                                             : InsertUserStatement(user, kind));
+    }
+
+    // The name, or the password where that is all that the user may change.
+    void SelectFirstBox() {
+        Control& box = Get(options_.AllowChange ? L"TxtUser" : L"TxtPass");
+        box.Focus();
+        box.Select(0, static_cast<int>(box.Text().size()));
+    }
+
+    UserEditorOptions options_;
+    bool passChanged_ = false;
+};
+
+} // namespace
+
+void ShowUserEditor(const UserEditorOptions& options) {
+    UserEditor editor(options);
+    if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
+        PlainMessage(error.description);
+}
+
+} // namespace vndesk

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The dialog in which one user is added or edited.
+#pragma once
+
+#include <string>
+
+namespace vndesk {
+
+struct UserEditorOptions {
+    // The state of the name, description and group fields; false where a user changes the own
+    // password.
+    bool AllowChange = false;
+    // False adds a user, true edits the one named OldName.
+    bool EditMode = false;
+    std::wstring OldName;
+};
+
+// Runs on the session's current database. Returns nothing: the opener reads the table again. A
+// statement that fails ends the dialog with the provider's message.
+void ShowUserEditor(const UserEditorOptions& options);
+
+} // namespace vndesk

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include "user_list.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "captions.h"
+#include "data/plain_message.h"
+#include "data/recordset.h"
+#include "data/values.h"
+#include "forms/form.h"
+#include "forms/hourglass.h"
+#include "forms/report_list.h"
+#include "logon/session.h"
+#include "msgbox/message_box.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+#include "user_editor.h"
+#include "user_statements.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {ListView, L"Lv", L"", {180, 180, 6600, 4200}, kGrowRight | kGrowDown},
+    {CommandButtonW, L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight},
+    {CommandButtonW,
+     L"CmdEdit",
+     texts::kUserListEdit,
+     {6930, 660, 1290, 375},
+     kMoveRight | kDefault},
+    {CommandButtonW, L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight},
+    {CommandButtonW,
+     L"CmdExit",
+     texts::kUserListExit,
+     {6930, 4005, 1290, 375},
+     kCancel | kMoveRight | kMoveDown},
+};
+
+constexpr FormSpec kForm = {
+    L"FrmMenu", texts::kUserListTitle, 8400, 4560, FormBorder::Sizable, false, kControls};
+
+// The account of the system, which may be renamed but not deleted.
+constexpr double kProtectedUser = 3;
+
+enum Column : size_t { kName, kDescription, kCode };
+
+std::wstring KeyOf(const std::wstring& code) {
+    return L"T" + code;
+}
+
+ReportRow RowOf(Recordset& user) {
+    const std::wstring code = NullToText(user.Value(L"Code"));
+    return {KeyOf(code), {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")), code}};
+}
+
+class UserList final : public Form {
+public:
+    UserList() : Form(kForm) {}
+
+protected:
+    void OnLoad() override {
+        Get(L"CmdAdd").onClick = [this] {
+            Add();
+        };
+        Get(L"CmdEdit").onClick = [this] {
+            Edit();
+        };
+        Get(L"CmdDel").onClick = [this] {
+            Delete();
+        };
+        Get(L"CmdExit").onClick = [this] {
+            Unload();
+        };
+    }
+
+    void OnPrepared() override {
+        users_.emplace(Get(L"Lv"), std::vector<ReportColumn>{
+                                       {L"cName", ToUncText(texts::kUserListName, 0), 0.35},
+                                       {L"cDes", ToUncText(texts::kUserListDescription, 0), 0.48},
+                                       {L"cCode", ToUncText(texts::kUserListCode, 0), 0.17}});
+        users_->onDoubleClick = [this] {
+            Edit();
+        };
+        Trap([&] { ReadInfo(); });
+        users_->Refresh();
+        if (!users_->Rows().empty())
+            users_->Select(0);
+    }
+
+    void OnResize() override {
+        if (users_)
+            users_->FitColumns();
+    }
+
+    bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (key != VK_DELETE || control.Name() != L"Lv" || GetKeyState(VK_SHIFT) < 0 ||
+            GetKeyState(VK_CONTROL) < 0)
+            return false;
+        Delete();
+        return true;
+    }
+
+private:
+    const Database& Current() const { return CurrentSession().current; }
+
+    void Append(const std::wstring& statement) {
+        Recordset rows;
+        if (OpenRecordset(Current(), rows, statement) != 0)
+            return;
+        for (; !rows.Eof(); rows.MoveNext())
+            users_->Rows().push_back(RowOf(rows));
+    }
+
+    void ReadInfo() {
+        const Hourglass waiting;
+        Append(kUserListStatement);
+    }
+
+    ReportRow* Selected() {
+        const long index = users_->SelectedIndex();
+        return index < 0 ? nullptr : &users_->Rows()[static_cast<size_t>(index)];
+    }
+
+    void Add() {
+        const long before = LastValue(Current(), L"User", L"Code");
+        ShowUserEditor({.AllowChange = true, .EditMode = false, .OldName = {}});
+        const long after = LastValue(Current(), L"User", L"Code");
+        if (after > before) {
+            Append(UsersAfterStatement(before));
+            users_->Refresh();
+            users_->Select(static_cast<long>(users_->Rows().size()) - 1);
+        }
+        Get(L"Lv").Focus();
+    }
+
+    void Edit() {
+        const ReportRow* row = Selected();
+        if (!row)
+            return;
+        const std::wstring code = row->cells[kCode];
+        ShowUserEditor({.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
+        Recordset user;
+        OpenRecordset(Current(), user, UserWithCodeStatement(code));
+        if (CountRecords(user) > 0)
+            if (ReportRow* edited = FindRow(KeyOf(code)))
+                *edited = RowOf(user);
+        users_->Refresh();
+        Get(L"Lv").Focus();
+    }
+
+    ReportRow* FindRow(const std::wstring& key) {
+        auto& rows = users_->Rows();
+        const auto found = std::find_if(rows.begin(), rows.end(),
+                                        [&](const ReportRow& row) { return row.key == key; });
+        return found == rows.end() ? nullptr : &*found;
+    }
+
+    void Delete() {
+        const ReportRow* row = Selected();
+        if (!row)
+            return;
+        if (NullToDouble(_variant_t(row->cells[kCode].c_str())) == kProtectedUser)
+            Tell(texts::kUserListNoDelete, kOkOnly);
+        else if (users_->Rows().size() == 1)
+            Tell(texts::kUserListLastUser, kOkOnly);
+        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6")
+            DeleteRow(row->key, row->cells[kName]);
+        Get(L"Lv").Focus();
+    }
+
+    void DeleteRow(const std::wstring key, const std::wstring& name) {
+        const ErrorState error =
+            Trap([&] { Execute(Current(), DeleteUserStatement(name, Current().kind)); });
+        if (error) {
+            PlainMessage(error.description);
+            return;
+        }
+        auto& rows = users_->Rows();
+        const long index = users_->SelectedIndex();
+        std::erase_if(rows, [&](const ReportRow& row) { return row.key == key; });
+        users_->Refresh();
+        users_->Select(std::min(index, static_cast<long>(rows.size()) - 1));
+    }
+
+    std::wstring Tell(const wchar_t* message, long buttons) {
+        std::wstring title = texts::kNotice;
+        return ShowMsg(message, buttons, title, kNoIcon, false);
+    }
+
+    std::optional<ReportList> users_;
+};
+
+} // namespace
+
+void ShowUserList() {
+    UserList().ShowModal();
+}
+
+} // namespace vndesk
