@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// Real key strokes and mouse clicks, as a user gives them: for a second thread (see
+// dialog_driver.h) while the windows' own thread pumps. They go to whatever has the focus.
+#pragma once
+#include <string_view>
+#include <windows.h>
+
+namespace vndesk::test {
+
+enum Modifiers : unsigned { kNoModifier = 0, kShift = 1, kControl = 2, kAlt = 4 };
+
+// One key by its virtual code, down and up, then a pause of 50 ms.
+void PressKey(WORD virtualKey, unsigned modifiers = kNoModifier);
+// Letters as Unicode input: Vietnamese text needs no keyboard layout.
+void TypeText(std::wstring_view text);
+
+// The middle of a window; makes sure first that no other window lies above that point.
+void ClickWindow(HWND window);
+void DoubleClickWindow(HWND window);
+void RightClickWindow(HWND window);
+// A point of the screen.
+void ClickAt(POINT point);
+void MoveMouseTo(POINT point);
+
+} // namespace vndesk::test

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// A fresh sample database (schema/) of a test's own, and a look into it past the code under test.
+#pragma once
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "support/odbc_session.h"
+#include "support/temp_dir.h"
+
+namespace vndesk::test {
+
+class SampleDatabase {
+public:
+    // The embedded database: a SQLite file, reached by a Jet connection string.
+    static SampleDatabase Embedded();
+    // The server database: a PostgreSQL database. Ask ServerAvailable() first and skip the test.
+    static SampleDatabase Server();
+    static bool ServerAvailable();
+
+    SampleDatabase(SampleDatabase&& other) noexcept;
+    ~SampleDatabase();
+
+    // What a host passes to the library.
+    const std::wstring& ConnectionString() const { return connectionString_; }
+    // What plain ODBC needs for the same database.
+    const std::wstring& OdbcString() const { return odbcString_; }
+    // The file behind the embedded database.
+    std::wstring File() const;
+
+    // Each call connects anew, so no lock stays behind. Statements are in the engine's dialect.
+    long Execute(std::wstring_view statement) const;
+    std::wstring ScalarText(std::wstring_view statement) const;
+    std::vector<OdbcSession::Row> Query(std::wstring_view statement) const;
+
+private:
+    SampleDatabase() = default;
+
+    std::unique_ptr<TempDir> folder_; // embedded only
+    std::wstring serverName_;         // server only: name of the database to drop
+    std::wstring connectionString_;
+    std::wstring odbcString_;
+};
+
+} // namespace vndesk::test

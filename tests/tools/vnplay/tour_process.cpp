@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "tour_process.h"
+
+#include "support/text.h"
+
+namespace vndesk::test {
+namespace {
+
+// A word as the other side's parser gives it back: backslashes count only before a quote.
+std::wstring Quoted(const std::wstring& word) {
+    std::wstring text = L"\"";
+    size_t backslashes = 0;
+    for (const wchar_t c : word) {
+        if (c == L'"')
+            text.append(backslashes + 1, L'\\');
+        backslashes = c == L'\\' ? backslashes + 1 : 0;
+        text += c;
+    }
+    return text.append(backslashes, L'\\') + L'"';
+}
+
+} // namespace
+
+TourProcess::TourProcess(const std::vector<std::wstring>& words) {
+    std::wstring line;
+    for (const std::wstring& word : words)
+        line += (line.empty() ? L"" : L" ") + Quoted(word);
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+    start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                        &process_))
+        Fail(L"cannot start " + words.front() + L": error " + std::to_wstring(GetLastError()));
+    CloseHandle(process_.hThread);
+}
+
+TourProcess::~TourProcess() {
+    if (!HasEnded())
+        TerminateProcess(process_.hProcess, 1);
+    CloseHandle(process_.hProcess);
+}
+
+DWORD TourProcess::ExitCode(DWORD milliseconds) {
+    if (WaitForSingleObject(process_.hProcess, milliseconds) != WAIT_OBJECT_0)
+        Fail(L"the program does not end");
+    DWORD code = 0;
+    GetExitCodeProcess(process_.hProcess, &code);
+    return code;
+}
+
+} // namespace vndesk::test

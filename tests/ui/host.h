@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// The registered clsLogon as a C++ host uses it, and calls that are played while they wait.
+#pragma once
+
+#include <comutil.h>
+#include <gtest/gtest.h>
+#include <wrl/client.h>
+
+#include <functional>
+#include <string>
+
+#include "support/check_hr.h"
+#include "support/dialog_driver.h"
+#include "vndesk_idl.h"
+
+namespace vndesk::test {
+
+inline Microsoft::WRL::ComPtr<ILogon> CreateLogon() {
+    CLSID clsid;
+    Microsoft::WRL::ComPtr<ILogon> logon;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.clsLogon", &clsid));
+    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&logon)));
+    return logon;
+}
+
+struct Message {
+    std::wstring text = L"B¹n cã ch¾c kh«ng?";
+    long buttons = vbOKOnly;
+    std::wstring title = L"Hái";
+    long icon = 0;
+    bool rightToLeft = false;
+};
+
+// Shows a message box, lets the script play the user, and returns what the host got.
+inline std::wstring PlayMessage(const Message& message, std::function<void()> script,
+                                std::wstring* titleAfter = nullptr) {
+    const auto logon = CreateLogon();
+    _bstr_t text(message.text.c_str());
+    _bstr_t title(message.title.c_str());
+    _bstr_t pressed;
+    DialogDriver user(std::move(script));
+    EXPECT_SUCCEEDED(logon->MgBox(&text.GetBSTR(), static_cast<Buttons>(message.buttons),
+                                  &title.GetBSTR(), static_cast<IconValue>(message.icon),
+                                  message.rightToLeft ? VARIANT_TRUE : VARIANT_FALSE,
+                                  pressed.GetAddress()));
+    user.Finish();
+    if (titleAfter)
+        *titleAfter = std::wstring(title, title.length());
+    return {static_cast<const wchar_t*>(pressed) ? static_cast<const wchar_t*>(pressed) : L"",
+            pressed.length()};
+}
+
+// Shows the logon dialog the same way and returns the code.
+inline long PlayLogon(const std::wstring& connectionString, std::function<void()> script) {
+    const auto logon = CreateLogon();
+    _bstr_t connect(connectionString.c_str());
+    long code = -1;
+    DialogDriver user(std::move(script));
+    EXPECT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
+    user.Finish();
+    return code;
+}
+
+} // namespace vndesk::test

@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: MIT
+// The logon dialog as hosts see it: through the registered class, with real keys, on real
+// databases.
+#include "host.h"
+
+#include "support/keys.h"
+#include "support/sample_database.h"
+#include "support/screenshot.h"
+#include "support/ui_windows.h"
+
+namespace vndesk::test {
+namespace {
+
+HWND Dialog() {
+    const HWND dialog = WaitForForm(L"FrmLogon");
+    WaitForFocus(dialog, L"TxtUser");
+    return dialog;
+}
+
+// Types into the dialog from its first box on; Enter leads from box to box.
+void Type(HWND dialog, const wchar_t* name, const wchar_t* password) {
+    TypeText(name);
+    PressKey(VK_RETURN);
+    WaitForFocus(dialog, L"TxtPass");
+    TypeText(password);
+    PressKey(VK_RETURN);
+}
+
+void PressOk(HWND dialog) {
+    WaitForFocus(dialog, L"CmdOk");
+    PressKey(VK_SPACE);
+}
+
+// Closes the library's message after a failed try; the dialog must be ready for the next one.
+void DismissFailure(HWND dialog) {
+    const HWND box = WaitForForm(L"MessageBox");
+    EXPECT_EQ(TextOf(box, L"Message"), L"Mật khẩu hoặc người sử dụng không hợp lệ ");
+    EXPECT_EQ(TextOf(box, L"label4"), L"Login");
+    EXPECT_FALSE(IsShown(box, L"Cmd2"));
+    WaitForFocus(box, L"Cmd1");
+    PressKey(VK_SPACE);
+    WaitForClose(box);
+    WaitForFocus(dialog, L"TxtUser");
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(Control(dialog, L"TxtUser"), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                 reinterpret_cast<LPARAM>(&end));
+    EXPECT_EQ(start, 0u);
+    EXPECT_EQ(end, TextOf(dialog, L"TxtUser").size());
+}
+
+// The provider's error in the platform's box.
+void DismissPlainMessage() {
+    const HWND box = WaitForTitle(L"VnDesk");
+    EXPECT_EQ(ClassName(box), L"#32770");
+    Sleep(100);
+    PressKey(VK_RETURN);
+    WaitForClose(box);
+}
+
+std::function<void()> Trying(const wchar_t* name, const wchar_t* password) {
+    return [name, password] {
+        const HWND dialog = Dialog();
+        Type(dialog, name, password);
+        PressOk(dialog);
+    };
+}
+
+// A try that fails, then the way out.
+std::function<void()> Failing(const wchar_t* name, const wchar_t* password) {
+    return [name, password] {
+        const HWND dialog = Dialog();
+        Type(dialog, name, password);
+        PressOk(dialog);
+        DismissFailure(dialog);
+        PressKey(VK_ESCAPE);
+    };
+}
+
+// Each case runs on the embedded database and on the server.
+class Logon : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override {
+        const bool server = std::string_view(GetParam()) == "Server";
+        if (server && !SampleDatabase::ServerAvailable())
+            GTEST_SKIP() << "no PostgreSQL server: VNDESK_PG is not set";
+        database_ = std::make_unique<SampleDatabase>(server ? SampleDatabase::Server()
+                                                            : SampleDatabase::Embedded());
+        // Users of this test, beside those of the sample.
+        AddUser(901, L"thu", 1401);
+        AddUser(902, L"trong", 0);
+    }
+
+    void AddUser(int code, const std::wstring& name, double password) {
+        const std::wstring values =
+            std::to_wstring(code) + L",'" + name + L"','',1," + std::to_wstring(password);
+        database_->Execute(L"insert into \"user\"(code,name,\"dec\",idgroup,password) values(" +
+                           values + L")");
+    }
+
+    long Play(std::function<void()> script) {
+        return PlayLogon(database_->ConnectionString(), std::move(script));
+    }
+
+    std::unique_ptr<SampleDatabase> database_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Databases, Logon, testing::Values("Embedded", "Server"),
+                         [](const auto& info) { return std::string(info.param); });
+
+TEST_P(Logon, RightPasswordGivesTheCode) {
+    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 901);
+}
+
+TEST_P(Logon, PasswordIgnoresCaseAndBlanksAround) {
+    EXPECT_EQ(Play(Trying(L"thu", L"  aBc ")), 901);
+}
+
+TEST_P(Logon, NameIsTrimmedAndIgnoresCase) {
+    EXPECT_EQ(Play(Trying(L"  THU ", L"abc")), 901);
+}
+
+TEST_P(Logon, WrongPasswordIsRefusedAndLeavesTheDialogOpen) {
+    EXPECT_EQ(Play(Failing(L"thu", L"abd")), 0);
+}
+
+TEST_P(Logon, UnknownUserIsRefused) {
+    EXPECT_EQ(Play(Failing(L"ai day", L"abc")), 0);
+}
+
+TEST_P(Logon, EmptyPasswordFitsCodeZeroOnly) {
+    EXPECT_EQ(Play(Trying(L"trong", L"")), 902);
+    EXPECT_EQ(Play(Failing(L"thu", L"")), 0);
+}
+
+TEST_P(Logon, PasswordOutsideAsciiHasCodeZero) {
+    EXPECT_EQ(Play(Trying(L"trong", L"caf\u00e9")), 902);
+}
+
+TEST_P(Logon, UnicodeNameIsFound) {
+    AddUser(903, L"Đỗ Thị Hường", 1401);
+    EXPECT_EQ(Play(Trying(L"Đỗ Thị Hường", L"abc")), 903);
+}
+
+TEST_P(Logon, SecondTryAfterAWrongOneSucceeds) {
+    EXPECT_EQ(Play([] {
+                  const HWND dialog = Dialog();
+                  Type(dialog, L"nguoi la", L"abc");
+                  PressOk(dialog);
+                  DismissFailure(dialog);
+                  // The selected name is typed over.
+                  TypeText(L"thu");
+                  EXPECT_TRUE(WaitUntil([&] { return TextOf(dialog, L"TxtUser") == L"thu"; }));
+                  PressKey(VK_RETURN);
+                  WaitForFocus(dialog, L"TxtPass");
+                  PressKey(VK_RETURN);
+                  PressOk(dialog);
+              }),
+              901);
+}
+
+TEST_P(Logon, ApostropheInTheNameShowsTheErrorAndTheNextTryWorks) {
+    EXPECT_EQ(Play([] {
+                  const HWND dialog = Dialog();
+                  Type(dialog, L"O'Brien", L"abc");
+                  PressOk(dialog);
+                  DismissPlainMessage();
+                  DismissFailure(dialog);
+                  TypeText(L"thu");
+                  PressKey(VK_RETURN);
+                  PressKey(VK_RETURN);
+                  PressOk(dialog);
+              }),
+              901);
+}
+
+TEST_P(Logon, FirstOfTwoMatchingRowsGivesTheCode) {
+    AddUser(911, L"doi", 1401);
+    AddUser(912, L"doi", 1401);
+    EXPECT_EQ(Play(Trying(L"doi", L"abc")), 911);
+}
+
+TEST_P(Logon, FirstColumnIsTheCodeWhateverItIs) {
+    AddUser(0, L"khong", 1401);
+    EXPECT_EQ(Play(Trying(L"khong", L"abc")), 0);
+    database_->Execute(L"alter table \"user\" rename to \"olduser\"");
+    database_->Execute(L"create table \"user\" as select idgroup, code, name, password from "
+                       L"\"olduser\" where code=901");
+    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 1);
+}
+
+TEST_P(Logon, MissingTableShowsTheErrorAndTheDialogStays) {
+    database_->Execute(L"alter table \"user\" rename to \"olduser\"");
+    EXPECT_EQ(Play([] {
+                  const HWND dialog = Dialog();
+                  Type(dialog, L"thu", L"abc");
+                  PressOk(dialog);
+                  DismissPlainMessage();
+                  DismissFailure(dialog);
+                  PressKey(VK_ESCAPE);
+              }),
+              0);
+}
+
+TEST_P(Logon, SessionEndsWithTheConnectionClosed) {
+    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 901);
+    // A second operation opens the database anew.
+    EXPECT_EQ(Play(Trying(L"trong", L"")), 902);
+}
+
+class LogonDialog : public testing::Test {
+protected:
+    long Play(std::function<void()> script) {
+        return PlayLogon(database_.ConnectionString(), std::move(script));
+    }
+
+    SampleDatabase database_ = SampleDatabase::Embedded();
+};
+
+TEST_F(LogonDialog, SpeaksVietnamese) {
+    Play([] {
+        const HWND dialog = Dialog();
+        EXPECT_EQ(TextOf(dialog), L"Login");
+        EXPECT_EQ(TextOf(dialog, L"Label1"), L"Người sử dụng");
+        EXPECT_EQ(TextOf(dialog, L"Label2"), L"Mật khẩu");
+        EXPECT_EQ(TextOf(dialog, L"CmdOk"), L"Đồng ý");
+        EXPECT_EQ(TextOf(dialog, L"CMDCAN"), L"Thoát");
+        EXPECT_EQ(TextOf(dialog, L"CmdHelp"), L"Hướng dẫn");
+        EXPECT_EQ(SendMessageW(Control(dialog, L"TxtPass"), EM_GETPASSWORDCHAR, 0, 0), L'*');
+        TypeText(L"Nguyễn Văn Hưng");
+        PressKey(VK_RETURN);
+        TypeText(L"abc");
+        Sleep(200);
+        EXPECT_NE(SaveWindow(dialog, L"logon"), L"");
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, EachBoxFollowsItsLabelForScreenReaders) {
+    Play([] {
+        const HWND dialog = Dialog();
+        EXPECT_EQ(GetWindow(Control(dialog, L"TxtUser"), GW_HWNDPREV), Control(dialog, L"Label1"));
+        EXPECT_EQ(GetWindow(Control(dialog, L"TxtPass"), GW_HWNDPREV), Control(dialog, L"Label2"));
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, EveryControlIsInArialOfNinePoints) {
+    const auto logon = CreateLogon();
+    for (const wchar_t* font : {L"Courier New", L""}) {
+        _bstr_t name(font);
+        EXPECT_SUCCEEDED(logon->SetDfFont(&name.GetBSTR()));
+        Play([] {
+            const HWND dialog = Dialog();
+            const HDC screen = GetDC(nullptr);
+            const int height = -MulDiv(9, GetDeviceCaps(screen, LOGPIXELSY), 72);
+            ReleaseDC(nullptr, screen);
+            for (const wchar_t* control :
+                 {L"Label1", L"TxtUser", L"Label2", L"TxtPass", L"CmdOk", L"CMDCAN", L"CmdHelp"}) {
+                LOGFONTW font = {};
+                const auto handle = reinterpret_cast<HFONT>(
+                    SendMessageW(Control(dialog, control), WM_GETFONT, 0, 0));
+                EXPECT_EQ(GetObjectW(handle, sizeof font, &font), static_cast<int>(sizeof font));
+                EXPECT_STREQ(font.lfFaceName, L"Arial");
+                EXPECT_EQ(font.lfHeight, height);
+            }
+            PressKey(VK_ESCAPE);
+        });
+    }
+}
+
+TEST_F(LogonDialog, OkIsEnabledByANameThatIsNotBlank) {
+    Play([] {
+        const HWND dialog = Dialog();
+        EXPECT_FALSE(IsEnabled(dialog, L"CmdOk"));
+        TypeText(L"   ");
+        Sleep(100);
+        EXPECT_FALSE(IsEnabled(dialog, L"CmdOk"));
+        TypeText(L"a");
+        EXPECT_TRUE(WaitUntil([&] { return IsEnabled(dialog, L"CmdOk"); }));
+        PressKey(VK_BACK);
+        EXPECT_TRUE(WaitUntil([&] { return !IsEnabled(dialog, L"CmdOk"); }));
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, EnterMovesOnLikeTabAndPressesNothing) {
+    EXPECT_EQ(
+        Play([] {
+            const HWND dialog = Dialog();
+            TypeText(L"a");
+            for (const wchar_t* next : {L"TxtPass", L"CmdOk", L"CMDCAN", L"CmdHelp", L"TxtUser"}) {
+                PressKey(VK_RETURN);
+                WaitForFocus(dialog, next);
+            }
+            EXPECT_TRUE(IsWindow(dialog));
+            PressKey(VK_ESCAPE);
+        }),
+        0);
+}
+
+TEST_F(LogonDialog, TabGoesThereAndBack) {
+    Play([] {
+        const HWND dialog = Dialog();
+        PressKey(VK_TAB);
+        WaitForFocus(dialog, L"TxtPass");
+        PressKey(VK_TAB, kShift);
+        WaitForFocus(dialog, L"TxtUser");
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, CancelButtonGivesZero) {
+    EXPECT_EQ(Play([] { ClickWindow(Control(Dialog(), L"CMDCAN")); }), 0);
+}
+
+TEST_F(LogonDialog, TitleBarCloseGivesZero) {
+    EXPECT_EQ(Play([] { PostMessageW(Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); }), 0);
+    EXPECT_EQ(Play([] {
+                  Dialog();
+                  PressKey(VK_F4, kAlt);
+              }),
+              0);
+}
+
+TEST_F(LogonDialog, HelpButtonDoesNothing) {
+    Play([] {
+        const HWND dialog = Dialog();
+        ClickWindow(Control(dialog, L"CmdHelp"));
+        Sleep(200);
+        EXPECT_EQ(TopWindows().front(), dialog);
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, StandsInTheMiddleOfTheScreen) {
+    Play([] {
+        RECT place;
+        GetWindowRect(Dialog(), &place);
+        EXPECT_NEAR(place.left + place.right, GetSystemMetrics(SM_CXSCREEN), 3);
+        EXPECT_NEAR(place.top + place.bottom, GetSystemMetrics(SM_CYSCREEN), 3);
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST_F(LogonDialog, VeryLongPasswordEndsTheTryQuietly) {
+    EXPECT_EQ(Play([] {
+                  const HWND dialog = Dialog();
+                  TypeText(L"a");
+                  SetWindowTextW(Control(dialog, L"TxtPass"), std::wstring(1000, L'x').c_str());
+                  ClickWindow(Control(dialog, L"CmdOk"));
+                  Sleep(300);
+                  EXPECT_EQ(TopWindows().front(), dialog);
+                  PressKey(VK_ESCAPE);
+              }),
+              0);
+}
+
+TEST_F(LogonDialog, ToolTipOfOkAppears) {
+    Play([] {
+        const HWND dialog = Dialog();
+        TypeText(L"a");
+        const HWND ok = Control(dialog, L"CmdOk");
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(ok) != FALSE; }));
+        RECT place;
+        GetWindowRect(ok, &place);
+        MoveMouseTo({place.left + 10, place.top + 10});
+        const HWND tip = WaitForClass(L"tooltips_class32");
+        EXPECT_EQ(TextOf(tip), L"Click here to Logon!");
+        MoveMouseTo({0, 0});
+        PressKey(VK_ESCAPE);
+    });
+}
+
+TEST(LogonWithoutDatabase, ShowsTheConnectionStringThenTheDialogAllTheSame) {
+    const wchar_t* connection = L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\khong "
+                                L"co\\host.db;Jet OLEDB:Engine Type=5";
+    EXPECT_EQ(PlayLogon(connection,
+                        [&] {
+                            const HWND box = WaitForClass(L"#32770");
+                            EXPECT_EQ(TextOf(box), L"");
+                            EXPECT_EQ(TextOf(GetDlgItem(box, 0xffff)), connection);
+                            Sleep(100);
+                            PressKey(VK_RETURN);
+                            WaitForClose(box);
+                            const HWND dialog = Dialog();
+                            Type(dialog, L"thu", L"abc");
+                            PressOk(dialog);
+                            DismissPlainMessage();
+                            DismissFailure(dialog);
+                            PressKey(VK_ESCAPE);
+                        }),
+              0);
+}
+
+} // namespace
+} // namespace vndesk::test

@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: MIT
+// What can go wrong between an administration form and its database: no crash, no hang, nothing
+// written by halves, and the host's call succeeds.
+#include "administration.h"
+
+namespace vndesk::test {
+namespace {
+
+class SecurityFailures : public Administration {
+protected:
+    // From now on the database refuses every change.
+    void MakeReadOnly() const {
+        if (Test().server) {
+            Test().database.Execute(
+                L"do $$ begin execute 'alter database ' || current_database() || ' set "
+                L"default_transaction_read_only = on'; end $$");
+            return;
+        }
+        for (const std::wstring table : {L"user", L"groups"})
+            for (const std::wstring verb : {L"insert", L"update", L"delete"})
+                Test().database.Execute(L"create trigger no_" + verb + table + L" before " + verb +
+                                        L" on \"" + table +
+                                        L"\" begin select raise(abort, 'read-only'); end");
+    }
+};
+
+INSTANTIATE_ADMINISTRATION(SecurityFailures);
+
+HWND OpenEditor(WORD letter) {
+    PressKey(letter, kAlt);
+    const HWND editor = WaitForForm(L"FrmInput");
+    WaitReady(editor, L"TxtUser");
+    return editor;
+}
+
+void FillNew(HWND editor, const wchar_t* name) {
+    SetBox(editor, L"TxtUser", name);
+    SendMessageW(Control(editor, L"TxtIdGroup"), CB_SETCURSEL, 0, 0);
+    SetBox(editor, L"TxtPass", L"abc");
+    SetBox(editor, L"txtConfirm", L"abc");
+}
+
+HWND OpenRights(HWND groups) {
+    WaitReady(groups, L"Lv1");
+    PressKey(VK_DOWN);
+    PressKey('Q', kAlt);
+    const HWND rights = WaitForForm(L"FrPms");
+    WaitReady(rights, L"LstMenuBar");
+    return rights;
+}
+
+// Closes plain messages, as many as there are, until the focus is in a control of the form.
+void CloseMessagesUntil(HWND form, const wchar_t* control) {
+    EXPECT_TRUE(WaitUntil([=] {
+        if (WindowName(TopWindows().front()).empty())
+            ClosePlainMessage();
+        return TopWindows().front() == form && FocusName(form) == control;
+    }));
+}
+
+TEST_P(SecurityFailures, ApostropheInANewUsersNameEndsTheEditorWithTheProvidersMessage) {
+    const std::wstring before = Test().Users();
+    Test().PlayUsers([](HWND list) {
+        const HWND editor = OpenEditor('H');
+        FillNew(editor, L"O'Brien");
+        PressKey('G', kAlt);
+        // The look-up tells its error first, then the insert.
+        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitForClose(editor);
+        WaitReady(list, L"Lv");
+        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, ApostropheInARenamedUsersNameChangesNothing) {
+    const std::wstring before = Test().Users();
+    Test().PlayUsers([](HWND list) {
+        const HWND editor = OpenEditor('S');
+        SetBox(editor, L"TxtUser", L"O'Brien");
+        PressKey('G', kAlt);
+        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitForClose(editor);
+        WaitReady(list, L"Lv");
+        EXPECT_EQ(CellText(Control(list, L"Lv"), 0, 0), L"Nguyễn Văn Hưng");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
+    Test().database.Execute(L"update \"user\" set name='O''Brien' where code=1");
+    const std::wstring before = Test().Users();
+    Test().PlayUsers([](HWND list) {
+        WaitReady(list, L"Lv");
+        PressKey(VK_DELETE);
+        Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitReady(list, L"Lv");
+        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, ApostropheInAGroupsNameIsRefusedInBothModes) {
+    const std::wstring before = Test().Groups();
+    Test().PlayGroups([](HWND groups) {
+        WaitReady(groups, L"Lv1");
+        SetBox(groups, L"txtName", L"Kho'2");
+        PressKey('G', kAlt);
+        Answer(L"Không thể ghi dữ liệu vào bảng", L"Save Error");
+        WaitReady(groups, L"txtName");
+        EXPECT_EQ(ListTexts(Control(groups, L"Lv1"))[0], L"Quản trị-Toàn quyền trên chương trình");
+        PressKey('H', kAlt);
+        SetBox(groups, L"txtName", L"Kho'2");
+        PressKey('G', kAlt);
+        Answer(L"Không thể thêm dữ liệu vào bảng", L"Save Error");
+        WaitReady(groups, L"txtName");
+        EXPECT_EQ(TextOf(groups, L"txtName"), L"Kho'2");
+        EXPECT_EQ(ListTexts(Control(groups, L"Lv1")).size(), 5u);
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Groups(), before);
+}
+
+TEST_P(SecurityFailures, ApostropheInAGroupsDescriptionIsWritten) {
+    Test().PlayGroups([](HWND groups) {
+        WaitReady(groups, L"Lv1");
+        SetBox(groups, L"TxtDesc", L"Phòng 'A'");
+        PressKey('G', kAlt);
+        WaitReady(groups, L"txtName");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Group(L"des", 1), L"Phòng 'A' ");
+}
+
+TEST_P(SecurityFailures, TooFewMaskColumnsMakeTheWriteFailAsAWhole) {
+    Test().database.Execute(L"alter table groups drop column p3");
+    const std::wstring before = Test().Groups();
+    Test().PlayGroups([](HWND groups) {
+        const HWND rights = OpenRights(groups);
+        EXPECT_EQ(Ticks(rights, L"LstSubMenu"), L"1010");
+        PressKey(VK_DOWN);
+        PressKey(VK_DOWN);
+        // Nothing is granted in the bar without a column.
+        EXPECT_TRUE(WaitUntil([=] { return Ticks(rights, L"LstSubMenu") == L"00000"; }));
+        PressKey('G', kAlt);
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Groups(), before);
+}
+
+TEST_P(SecurityFailures, BarWithThirtyTwoCommandsIsToldAndTheOtherBarsGoOn) {
+    Test().database.Execute(L"delete from submenu where idmenubar=1");
+    std::wstring rows;
+    for (int i = 0; i < 32; ++i)
+        rows += (i ? L",(" : L"(") + std::to_wstring(100 + i) + L",1,'lenh')";
+    Test().database.Execute(L"insert into submenu(id,idmenubar,\"desc\") values" + rows);
+    Test().PlayGroups([](HWND groups) {
+        WaitReady(groups, L"Lv1");
+        PressKey(VK_DOWN);
+        PressKey('Q', kAlt);
+        ClosePlainMessage(); // as the form opens on this bar
+        const HWND rights = WaitForForm(L"FrPms");
+        WaitReady(rights, L"LstMenuBar");
+        EXPECT_EQ(Ticks(rights, L"LstSubMenu"), L"101" + std::wstring(29, L'0'));
+        // The 31 others may be changed, the 32nd may not.
+        PressKey(VK_TAB);
+        WaitReady(rights, L"LstSubMenu");
+        PressKey(VK_DOWN);
+        PressKey(VK_SPACE);
+        EXPECT_TRUE(WaitUntil([=] { return Ticks(rights, L"LstSubMenu").starts_with(L"111"); }));
+        PressKey(VK_END);
+        PressKey(VK_SPACE);
+        ClosePlainMessage();
+        WaitReady(rights, L"LstSubMenu");
+        PressKey('T', kAlt);
+        PressKey(VK_DOWN);
+        EXPECT_TRUE(WaitUntil([=] { return Ticks(rights, L"LstSubMenu") == L"000011"; }));
+        PressKey('G', kAlt);
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Group(L"p1", 2), L"7");
+    EXPECT_EQ(Test().Group(L"p2", 2), L"48");
+    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+}
+
+TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsUsers) {
+    MakeReadOnly();
+    const std::wstring before = Test().Users();
+    Test().PlayUsers([](HWND list) {
+        const HWND adding = OpenEditor('H');
+        FillNew(adding, L"moi");
+        PressKey('G', kAlt);
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitForClose(adding);
+        WaitReady(list, L"Lv");
+        PressKey(VK_DELETE);
+        Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitReady(list, L"Lv");
+        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsGroups) {
+    MakeReadOnly();
+    const std::wstring before = Test().Groups();
+    Test().PlayGroups([](HWND groups) {
+        const HWND rights = OpenRights(groups);
+        PressKey('G', kAlt);
+        EXPECT_NE(ClosePlainMessage(), L"");
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey('G', kAlt);
+        Answer(L"Không thể ghi dữ liệu vào bảng", L"Save Error");
+        WaitReady(groups, L"txtName");
+        PressKey('X', kAlt);
+        Answer(L"Bạn có chắc chắn xoá các nhóm đã chọn không?", L"Delete");
+        // The failing statement is not reported.
+        Answer(L"1 danh mục đã bị xoá", L"Delete");
+        WaitReady(groups, L"Lv1");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Groups(), before);
+}
+
+TEST_P(SecurityFailures, MissingTablesAreToldAndTheFormsOpenAllTheSame) {
+    Test().database.Execute(L"alter table groups rename to oldgroups");
+    Test().database.Execute(L"alter table \"user\" rename to olduser");
+    const auto open = [](const wchar_t* form) {
+        return [form](HWND window) {
+            EXPECT_EQ(WindowName(window), form);
+            PressKey(VK_ESCAPE);
+        };
+    };
+    // The message comes before the form.
+    {
+        const auto logon = CreateLogon();
+        _bstr_t connect(Test().database.ConnectionString().c_str());
+        DialogDriver user([&] {
+            EXPECT_NE(ClosePlainMessage(), L"");
+            open(L"FrmMenu")(WaitForForm(L"FrmMenu"));
+        });
+        EXPECT_SUCCEEDED(logon->UserManager(&connect.GetBSTR()));
+        user.Finish();
+    }
+    const auto logon = CreateLogon();
+    _bstr_t connect(Test().database.ConnectionString().c_str());
+    DialogDriver user([&] {
+        EXPECT_TRUE(WaitUntil([] {
+            for (const HWND window : TopWindows())
+                if (WindowName(window) == L"FmGrp" && FocusWindow(window))
+                    return true;
+            if (!TopWindows().empty() && WindowName(TopWindows().front()).empty())
+                ClosePlainMessage();
+            return false;
+        }));
+        open(L"FmGrp")(WaitForForm(L"FmGrp"));
+    });
+    EXPECT_SUCCEEDED(logon->ShowGroup(&connect.GetBSTR()));
+    user.Finish();
+}
+
+// An embedded database has no connection to lose.
+class LostConnection : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!SampleDatabase::ServerAvailable())
+            GTEST_SKIP() << "no PostgreSQL server: VNDESK_PG is not set";
+        server_ = std::make_unique<AdministrationTest>(true);
+    }
+
+    const AdministrationTest& Test() const { return *server_; }
+
+    void CutConnection() const {
+        Test().database.Query(L"select pg_terminate_backend(pid) from pg_stat_activity where "
+                              L"datname=current_database() and pid<>pg_backend_pid()");
+    }
+
+    std::unique_ptr<AdministrationTest> server_;
+};
+
+TEST_F(LostConnection, EndsTheUserEditorAndLeavesTheUsers) {
+    const std::wstring before = Test().Users();
+    Test().PlayUsers([&](HWND list) {
+        const HWND editor = OpenEditor('S');
+        SetBox(editor, L"TxtDes", L"khac");
+        CutConnection();
+        PressKey('G', kAlt);
+        // The look-ups and the update tell their errors, and the list that it cannot read again.
+        CloseMessagesUntil(list, L"Lv");
+        EXPECT_FALSE(IsWindow(editor));
+        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_F(LostConnection, IsToldByTheGroupManagerAndLeavesTheGroups) {
+    const std::wstring before = Test().Groups();
+    Test().PlayGroups([&](HWND groups) {
+        WaitReady(groups, L"Lv1");
+        SetBox(groups, L"TxtDesc", L"khac");
+        CutConnection();
+        PressKey('G', kAlt);
+        Answer(L"Không thể ghi dữ liệu vào bảng", L"Save Error");
+        WaitReady(groups, L"txtName");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Groups(), before);
+}
+
+TEST_F(LostConnection, LeavesTheRightsAndTheFormsClose) {
+    const std::wstring before = Test().Groups();
+    Test().PlayGroups([&](HWND groups) {
+        const HWND rights = OpenRights(groups);
+        PressKey(VK_TAB);
+        PressKey(VK_SPACE);
+        CutConnection();
+        PressKey('G', kAlt);
+        EXPECT_NE(ClosePlainMessage(), L"");
+        // The names of the columns could not be read: the form stays open.
+        WaitReady(rights, L"CmdOk");
+        PressKey(VK_ESCAPE);
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Groups(), before);
+}
+
+// Another workstation works on the same tables while a form stands open here.
+TEST_P(SecurityFailures, TwoHostsEditingUsersLoseNothing) {
+    const SampleDatabase& elsewhere = Test().database;
+    Test().PlayUsers([&](HWND list) {
+        const HWND editor = OpenEditor('S');
+        SetBox(editor, L"TxtDes", L"o day");
+        elsewhere.Execute(L"update \"user\" set \"dec\"='noi khac' where code=2");
+        elsewhere.Execute(
+            L"insert into \"user\"(name,\"dec\",idgroup,password) values('xa','',1,65)");
+        PressKey('G', kAlt);
+        WaitForClose(editor);
+        WaitReady(list, L"Lv");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().User(L"\"dec\"", 1), L"o day");
+    EXPECT_EQ(Test().User(L"\"dec\"", 2), L"noi khac");
+    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where name='xa'"), L"1");
+}
+
+TEST_P(SecurityFailures, TwoHostsGivingRightsTheLastOneWins) {
+    const SampleDatabase& elsewhere = Test().database;
+    Test().PlayGroups([&](HWND groups) {
+        const HWND rights = OpenRights(groups);
+        elsewhere.Execute(L"update groups set p1=1,p2=1,des='noi khac' where code=2");
+        elsewhere.Execute(L"update groups set p1=1 where code=3");
+        PressKey('G', kAlt);
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Group(L"p1", 2), L"5");
+    EXPECT_EQ(Test().Group(L"p2", 2), L"48");
+    EXPECT_EQ(Test().Group(L"des", 2), L"noi khac");
+    EXPECT_EQ(Test().Group(L"p1", 3), L"1");
+}
+
+TEST_P(SecurityFailures, GroupDeletedElsewhereMeanwhileStaysDeleted) {
+    const SampleDatabase& elsewhere = Test().database;
+    Test().PlayGroups([&](HWND groups) {
+        const HWND rights = OpenRights(groups);
+        elsewhere.Execute(L"delete from groups where code=2");
+        PressKey('G', kAlt);
+        WaitForClose(rights);
+        WaitReady(groups, L"CmdPms");
+        PressKey('G', kAlt);
+        WaitReady(groups, L"txtName");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"4");
+    EXPECT_EQ(Test().Group(L"name", 2), L"");
+}
+
+} // namespace
+} // namespace vndesk::test
