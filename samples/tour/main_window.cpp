@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "main_window.h"
+
+#include <commctrl.h>
+
+#include "commands.h"
+
+namespace {
+
+constexpr wchar_t kClass[] = L"VnTourWindow";
+constexpr wchar_t kTitle[] = L"Quản lý bán hàng – chương trình mẫu VnDesk";
+constexpr wchar_t kNobody[] = L"Chưa đăng nhập";
+constexpr int kWidth = 640, kHeight = 400; // at 96 dots per inch
+constexpr int kStatusBar = 1;
+
+struct Window {
+    Tour& tour;
+    HWND statusBar;
+    HFONT heading;
+};
+
+Window& Data(HWND window) {
+    return *reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+int ScreenDpi() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+std::wstring Greeting(const Tour& tour) {
+    return tour.IsLoggedOn() ? L"Xin chào, " + tour.UserName() : kNobody;
+}
+
+std::wstring StatusText(const Tour& tour) {
+    if (!tour.IsLoggedOn())
+        return kNobody;
+    return L"Người sử dụng: " + tour.UserName() + L" (mã " + std::to_wstring(tour.UserCode()) +
+           L")";
+}
+
+void Create(HWND window, Tour& tour) {
+    auto* data = new Window{tour, nullptr, nullptr};
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
+    tour.Attach(window);
+    data->statusBar = CreateStatusWindowW(WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP,
+                                          StatusText(tour).c_str(), window, kStatusBar);
+    data->heading = CreateFontW(-MulDiv(18, ScreenDpi(), 72), 0, 0, 0, FW_NORMAL, 0, 0, 0,
+                                DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"Arial");
+}
+
+void Destroy(HWND window) {
+    Window* data = &Data(window);
+    DeleteObject(data->heading);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    delete data;
+    PostQuitMessage(0);
+}
+
+void Paint(HWND window) {
+    const Window& data = Data(window);
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    RECT area, bar;
+    GetClientRect(window, &area);
+    GetWindowRect(data.statusBar, &bar);
+    area.bottom -= bar.bottom - bar.top;
+    const HGDIOBJ oldFont = SelectObject(dc, data.heading);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(data.tour.IsLoggedOn() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+    DrawTextW(dc, Greeting(data.tour).c_str(), -1, &area,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+    SelectObject(dc, oldFont);
+    EndPaint(window, &paint);
+}
+
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE:
+        Create(window,
+               *static_cast<Tour*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
+        return 0;
+    case WM_COMMAND:
+        if (RunCommand(Data(window).tour, LOWORD(wParam)))
+            return 0;
+        break;
+    case WM_SIZE:
+        SendMessageW(Data(window).statusBar, WM_SIZE, 0, 0);
+        InvalidateRect(window, nullptr, TRUE);
+        return 0;
+    case WM_PAINT:
+        Paint(window);
+        return 0;
+    case WM_DESTROY:
+        Destroy(window);
+        return 0;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void RegisterMainClass(HINSTANCE program) {
+    WNDCLASSEXW description = {};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = Procedure;
+    description.hInstance = program;
+    description.hIcon = LoadIconW(program, MAKEINTRESOURCEW(1));
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    description.lpszClassName = kClass;
+    RegisterClassExW(&description);
+}
+
+} // namespace
+
+HWND CreateMainWindow(Tour& tour) {
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    RegisterMainClass(program);
+    const int dpi = ScreenDpi();
+    const int width = MulDiv(kWidth, dpi, 96), height = MulDiv(kHeight, dpi, 96);
+    return CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW,
+                           (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
+                           (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height, nullptr,
+                           CreateCommandMenu(), program, &tour);
+}
+
+void ShowState(HWND window, const Tour& tour) {
+    SetWindowTextW(Data(window).statusBar, StatusText(tour).c_str());
+    InvalidateRect(window, nullptr, TRUE);
+}

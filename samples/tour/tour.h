@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// What the program knows while it runs, and what its commands do with it.
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+#include "options.h"
+#include "vndesk_client.h"
+
+class Tour {
+public:
+    explicit Tour(const Options& options) : options_(options) {}
+
+    void Attach(HWND window) { window_ = window; }
+
+    // The commands of commands.cpp. An error ends the command with a message, never the program.
+    void LogOn();
+    void Quit();
+    void About();
+
+    const Options& Settings() const { return options_; }
+    bool IsLoggedOn() const { return code_ != 0; }
+    long UserCode() const { return code_; }
+    const std::wstring& UserName() const { return name_; }
+
+private:
+    template <class Steps> void Try(Steps steps);
+
+    Options options_;
+    VnDeskClient vndesk_; // one object serves every call
+    HWND window_ = nullptr;
+    long code_ = 0;
+    std::wstring name_;
+};

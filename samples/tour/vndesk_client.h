@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// Calling VnDesk.clsLogon from C++ through the header that the type library's IDL generates.
+// Failed calls throw HostError.
+#pragma once
+#include <string>
+
+#include <wrl/client.h>
+
+#include "vndesk_idl.h"
+
+class VnDeskClient {
+public:
+    VnDeskClient(); // needs CoInitialize on this thread, apartment-threaded
+
+    // Shows the logon dialog. The Code of the user's row, 0 when nobody has logged on.
+    long ShowLogon(const std::wstring& connect);
+
+    // Shows the library's message box. Both texts are TCVN3, each byte as one character.
+    // The pressed button's number as text: "1" OK, "2" Cancel, "6" Yes, ...
+    std::wstring MgBox(const std::wstring& message, Buttons buttons, const std::wstring& title,
+                       IconValue icon);
+
+private:
+    Microsoft::WRL::ComPtr<ILogon> logon_;
+};
