@@ -6,6 +6,7 @@
 
 #include "support/keys.h"
 #include "support/screenshot.h"
+#include "support/text.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
@@ -358,35 +359,49 @@ TEST(MsgBox, RightToLeftMirrorsTheMessage) {
         });
 }
 
+// Drags what lies at a point of the box. On a busy machine a press may come before the box has been
+// painted and a release may overtake the drag: then the button is let go and the drag begun anew.
+bool DragBox(HWND box, POINT inBox, POINT by) {
+    const auto place = [=] {
+        RECT now = {};
+        GetWindowRect(box, &now);
+        return POINT{now.left, now.top};
+    };
+    const auto beingMoved = [=] {
+        GUITHREADINFO info = {};
+        info.cbSize = sizeof info;
+        return GetGUIThreadInfo(GetWindowThreadProcessId(box, nullptr), &info) &&
+               (info.flags & GUI_INMOVESIZE) != 0;
+    };
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        const POINT before = place();
+        MoveMouseTo({before.x + inBox.x, before.y + inBox.y});
+        mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+        if (WaitUntil(beingMoved, 1000))
+            SetCursorPos(before.x + inBox.x + by.x, before.y + inBox.y + by.y);
+        const bool moved = WaitUntil(
+            [&] {
+                mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
+                return place().x == before.x + by.x && place().y == before.y + by.y;
+            },
+            1000);
+        mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        WaitUntil([&] { return !beingMoved(); });
+        if (moved)
+            return true;
+    }
+    return false;
+}
+
 TEST(MsgBox, TitleStripDragsTheBox) {
     for (const wchar_t* handle : {L"label4", L"Label5"})
         PlayMessage({}, [&] {
             const HWND box = Box();
-            RECT before;
-            GetWindowRect(box, &before);
             // The title lies on the strip: its right end is the strip alone.
-            const RECT grip = PlaceIn(box, handle);
             const bool strip = wcscmp(handle, L"Label5") == 0;
-            POINT from = {before.left + (strip ? grip.right - 2 : 30), before.top + 10};
-            SetCursorPos(from.x, from.y);
-            const DWORD thread = GetWindowThreadProcessId(box, nullptr);
-            // A press that comes before the box has been painted reaches the desktop.
-            EXPECT_TRUE(WaitUntil([&] {
-                mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-                mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-                Sleep(50);
-                GUITHREADINFO info = {};
-                info.cbSize = sizeof info;
-                return GetGUIThreadInfo(thread, &info) && (info.flags & GUI_INMOVESIZE);
-            })) << "pressing the strip did not take hold of the box";
-            EXPECT_TRUE(WaitUntil([&] {
-                SetCursorPos(from.x + 50, from.y + 30);
-                mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
-                RECT now;
-                return GetWindowRect(box, &now) && now.left == before.left + 50 &&
-                       now.top == before.top + 30;
-            })) << "dragging by the strip did not move the box";
-            mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+            const LONG x = strip ? PlaceIn(box, handle).right - 2 : 30;
+            EXPECT_TRUE(DragBox(box, {x, 10}, {50, 30}))
+                << "dragging by " << ToUtf8(handle) << " did not move the box";
             ClickWindow(Control(box, L"Cmd1"));
         });
 }
