@@ -42,10 +42,15 @@ constexpr KindRow kKinds[] = {
      true, false},
     // Transparent: the form paints the inside.
     {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
+    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true, false},
 };
 
 const KindRow& Row(ControlKind kind) {
     return kKinds[static_cast<size_t>(kind)];
+}
+
+const wchar_t* ClassFor(const ControlSpec& design) {
+    return design.windowClass ? design.windowClass : Row(design.kind).windowClass;
 }
 
 DWORD StyleFor(const ControlSpec& design) {
@@ -79,7 +84,7 @@ Control::Control(Form& form, const ControlSpec& design, int id)
       form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
       place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
       visible_(!(design.flags & kHidden)) {
-    if (!Row(kind_).windowClass)
+    if (!ClassFor(design))
         return;
     CreateControlWindow(design, id);
     SetFont({design.fontName, design.fontPoints});
@@ -97,7 +102,7 @@ void Control::Detach() {
 
 void Control::CreateControlWindow(const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
-    window_ = CreateWindowExW(row.extendedStyle, row.windowClass, design.caption, StyleFor(design),
+    window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
                               ToPixels(Left(), Dpi()), ToPixels(Top(), Dpi()),
                               ToPixels(Width(), Dpi()), ToPixels(Height(), Dpi()), form_.Window(),
                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ModuleInstance(),

@@ -29,7 +29,8 @@ enum class ControlKind {
     ListBoxW,
     CheckListW,
     ListView,
-    Frame
+    Frame,
+    Custom // a window class that a subsystem brings
 };
 
 // Design-time properties that are simply on or off.
@@ -62,6 +63,8 @@ struct ControlSpec {
     const wchar_t* toolTip = nullptr;
     const wchar_t* fontName = L"VK Sans Serif";
     double fontPoints = 8;
+    // Of custom controls only. The window is the container of what stands in it.
+    const wchar_t* windowClass = nullptr;
 };
 
 class Control {

@@ -361,10 +361,12 @@ void Form::PaintLines() {
     EndPaint(window_, &paint);
 }
 
+// The control that a window is, or is a part of.
 Control* Form::FromWindow(HWND window) {
-    for (const auto& control : controls_)
-        if (control->Window() == window)
-            return control.get();
+    for (; window && window != window_; window = GetParent(window))
+        for (const auto& control : controls_)
+            if (control->Window() == window)
+                return control.get();
     return nullptr;
 }
 

@@ -215,7 +215,13 @@ std::wstring FocusName(HWND form) {
 }
 
 void WaitForFocus(HWND form, std::wstring_view control, DWORD milliseconds) {
-    if (!WaitUntil([=] { return FocusName(form) == control; }, milliseconds))
+    const auto within = [=] {
+        for (HWND window = FocusWindow(form); window; window = GetAncestor(window, GA_PARENT))
+            if (WindowName(window) == control)
+                return true;
+        return false;
+    };
+    if (!WaitUntil(within, milliseconds))
         Fail(L"the focus is on '" + FocusName(form) + L"', not on " + std::wstring(control));
 }
 

@@ -47,6 +47,7 @@ bool IsShown(HWND form, std::wstring_view control); // visible, all parents incl
 HWND FocusWindow(HWND form);
 // Name of the control that has the focus; looks at the parents of a nameless inner window.
 std::wstring FocusName(HWND form);
+// On the control or a part of it.
 void WaitForFocus(HWND form, std::wstring_view control, DWORD milliseconds = kPatience);
 
 // Item texts of a list box or combo box (also inside the control's window), cells of a list view.
