@@ -4,6 +4,7 @@
 #include "com/kit/com_error.h"
 #include "form.h"
 #include "text/tcvn3.h"
+#include "upper_case.h"
 
 namespace vndesk {
 
@@ -12,11 +13,6 @@ namespace {
 constexpr wchar_t kHouseFont[] = L"Arial";
 constexpr double kLargestSmallSize = 8;
 constexpr double kReadableSize = 9;
-
-std::wstring UpperCase(std::wstring text) {
-    CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
-    return text;
-}
 
 bool Contains(const std::wstring& text, const wchar_t* part) {
     return text.find(part) != std::wstring::npos;

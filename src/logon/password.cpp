@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "forms/upper_case.h"
 #include "password_code.h"
 
 namespace vndesk {
@@ -21,9 +22,7 @@ int AnsiCode(wchar_t character) {
 } // namespace
 
 double PasswordCodeOf(std::wstring_view password) {
-    std::wstring upper(password);
-    CharUpperBuffW(upper.data(), static_cast<DWORD>(upper.size()));
-    return PasswordCode(upper, AnsiCode);
+    return PasswordCode(UpperCase(std::wstring(password)), AnsiCode);
 }
 
 } // namespace vndesk

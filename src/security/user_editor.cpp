@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "forms/item_list.h"
 #include "forms/keys.h"
+#include "forms/upper_case.h"
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
@@ -44,11 +45,6 @@ constexpr FormSpec kForm = {
 // The two titles differ in spelling on purpose.
 constexpr wchar_t kAddTitle[] = L"User Infomation";
 constexpr wchar_t kEditTitle[] = L"User Information";
-
-std::wstring UpperCase(std::wstring text) {
-    CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
-    return text;
-}
 
 void Tell(const wchar_t* message, std::wstring title) {
     ShowMsg(message, kOkOnly, title, kNoIcon, false);
