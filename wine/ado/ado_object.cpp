@@ -1,22 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ado/ado_object.h"
 
-#include <new>
-
 #include "ado/ado_error.h"
 
 namespace vndesk::ado {
-
-BSTR MakeBstr(const std::wstring& text) {
-    BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-    if (!copy)
-        throw std::bad_alloc();
-    return copy;
-}
-
-std::wstring TextOf(BSTR text) {
-    return text ? std::wstring(text, SysStringLen(text)) : L"";
-}
 
 Argument::Argument(const VARIANT& given) {
     VariantInit(&value_);

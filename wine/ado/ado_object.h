@@ -9,6 +9,7 @@
 
 #include <msado15_backcompat.h>
 
+#include "com/kit/bstr.h"
 #include "com/kit/dispatch.h"
 
 namespace vndesk::ado {
@@ -64,10 +65,6 @@ protected:
         return this->Refuse(L## #member);                                                          \
     }
 
-// The result owns a copy.
-BSTR MakeBstr(const std::wstring& text);
-std::wstring TextOf(BSTR text);
-
 // What an optional argument of type VARIANT carries, references followed.
 class Argument {
 public:
@@ -78,7 +75,7 @@ public:
 
     bool IsMissing() const;
     bool IsText() const { return V_VT(&value_) == VT_BSTR; }
-    std::wstring Text() const { return TextOf(V_BSTR(&value_)); }
+    std::wstring Text() const { return FromBstr(V_BSTR(&value_)); }
     // Null when it is no object.
     IUnknown* Object() const;
     // Throws ADO's error 3001 when it is no number.

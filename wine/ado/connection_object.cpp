@@ -51,31 +51,31 @@ void ConnectionObject::OpenWith(const std::wstring& connectionString, const std:
 }
 
 STDMETHODIMP ConnectionObject::get_ConnectionString(BSTR* text) {
-    return Get(text, [&](BSTR& out) { out = MakeBstr(connectionString_); });
+    return Get(text, [&](BSTR& out) { out = ToBstr(connectionString_); });
 }
 
 STDMETHODIMP ConnectionObject::put_ConnectionString(BSTR text) {
     return Guard([&] {
         RequireClosed();
-        connectionString_ = TextOf(text);
+        connectionString_ = FromBstr(text);
     });
 }
 
 STDMETHODIMP ConnectionObject::get_Provider(BSTR* name) {
-    return Get(
-        name, [&](BSTR& out) { out = MakeBstr(provider_.empty() ? kDefaultProvider : provider_); });
+    return Get(name,
+               [&](BSTR& out) { out = ToBstr(provider_.empty() ? kDefaultProvider : provider_); });
 }
 
 STDMETHODIMP ConnectionObject::put_Provider(BSTR name) {
     return Guard([&] {
         RequireClosed();
-        const std::wstring given = TextOf(name);
+        const std::wstring given = FromBstr(name);
         provider_ = TrimProvider(given);
     });
 }
 
 STDMETHODIMP ConnectionObject::Open(BSTR connectionString, BSTR user, BSTR password, LONG) {
-    return Guard([&] { OpenWith(TextOf(connectionString), TextOf(user), TextOf(password)); });
+    return Guard([&] { OpenWith(FromBstr(connectionString), FromBstr(user), FromBstr(password)); });
 }
 
 STDMETHODIMP ConnectionObject::Close() {
@@ -90,7 +90,7 @@ STDMETHODIMP ConnectionObject::Execute(BSTR command, VARIANT* affected, LONG opt
     if (recordset)
         *recordset = nullptr;
     return Guard([&] {
-        const std::wstring statement = TextOf(command);
+        const std::wstring statement = FromBstr(command);
         Outcome outcome = RequireSession().Execute(statement, KindOfCommand(options));
         if (affected) {
             V_VT(affected) = VT_I4;

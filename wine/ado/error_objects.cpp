@@ -11,15 +11,15 @@ STDMETHODIMP ErrorObject::get_Number(LONG* number) {
 }
 
 STDMETHODIMP ErrorObject::get_Source(BSTR* source) {
-    return Get(source, [&](BSTR& out) { out = MakeBstr(entry_.source); });
+    return Get(source, [&](BSTR& out) { out = ToBstr(entry_.source); });
 }
 
 STDMETHODIMP ErrorObject::get_Description(BSTR* description) {
-    return Get(description, [&](BSTR& out) { out = MakeBstr(entry_.diagnostic.description); });
+    return Get(description, [&](BSTR& out) { out = ToBstr(entry_.diagnostic.description); });
 }
 
 STDMETHODIMP ErrorObject::get_HelpFile(BSTR* file) {
-    return Get(file, [](BSTR& out) { out = MakeBstr(L""); });
+    return Get(file, [](BSTR& out) { out = ToBstr(L""); });
 }
 
 STDMETHODIMP ErrorObject::get_HelpContext(LONG* context) {
@@ -27,7 +27,7 @@ STDMETHODIMP ErrorObject::get_HelpContext(LONG* context) {
 }
 
 STDMETHODIMP ErrorObject::get_SQLState(BSTR* state) {
-    return Get(state, [&](BSTR& out) { out = MakeBstr(entry_.diagnostic.sqlState); });
+    return Get(state, [&](BSTR& out) { out = ToBstr(entry_.diagnostic.sqlState); });
 }
 
 STDMETHODIMP ErrorObject::get_NativeError(LONG* number) {

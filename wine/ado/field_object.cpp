@@ -10,7 +10,7 @@ const ColumnInfo& FieldObject::Column() const {
 }
 
 STDMETHODIMP FieldObject::get_Name(BSTR* name) {
-    return Get(name, [&](BSTR& out) { out = MakeBstr(Column().name); });
+    return Get(name, [&](BSTR& out) { out = ToBstr(Column().name); });
 }
 
 STDMETHODIMP FieldObject::get_Type(DataTypeEnum* type) {

@@ -135,13 +135,13 @@ STDMETHODIMP RecordsetObject::putref_Source(IDispatch*) {
 STDMETHODIMP RecordsetObject::put_Source(BSTR source) {
     return Guard([&] {
         RequireClosed();
-        source_ = TextOf(source);
+        source_ = FromBstr(source);
     });
 }
 
 STDMETHODIMP RecordsetObject::get_Source(VARIANT* source) {
     return Get(source, [&](VARIANT& out) {
-        V_BSTR(&out) = MakeBstr(source_);
+        V_BSTR(&out) = ToBstr(source_);
         V_VT(&out) = VT_BSTR;
     });
 }
