@@ -24,11 +24,8 @@ public:
                         VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
         const HRESULT called =
             Base::Invoke(member, iid, lcid, flags, parameters, result, exception, badArgument);
-        if (!result)
-            return called;
-        if (FAILED(called)) // Wine leaves the declared type with nothing in it
-            VariantInit(result);
-        else if (V_VT(result) == VT_I8) // counts on x64: script engines know no 64-bit integers
+        // Counts on x64: script engines know no 64-bit integers.
+        if (SUCCEEDED(called) && result && V_VT(result) == VT_I8)
             VariantChangeType(result, result, 0, VT_I4);
         return called;
     }

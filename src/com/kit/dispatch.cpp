@@ -197,6 +197,8 @@ HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags
         if (SUCCEEDED(called))
             for (const auto& argument : coerced)
                 argument->WriteBack();
+        else if (result) // the platform may leave the declared type with nothing in it
+            VariantInit(result);
         return called;
     } catch (...) {
         return CurrentError().code;
