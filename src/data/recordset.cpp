@@ -118,11 +118,18 @@ long CountRecords(Recordset& recordset) {
     return count;
 }
 
-long LastValue(const Database& database, std::wstring_view table, std::wstring_view column) {
+long LastValue(const Database& database, std::wstring_view table, std::wstring_view column,
+               Failure failure) {
     Recordset recordset;
     long value = 0;
     Trap([&] {
-        OpenRecordset(database, recordset, LastValueStatement(table, column));
+        const std::wstring statement = LastValueStatement(table, column);
+        if (failure == Failure::Shown) {
+            OpenRecordset(database, recordset, statement);
+        } else {
+            recordset.Create(database);
+            recordset.Open(statement);
+        }
         if (CountRecords(recordset) > 0) {
             recordset.MoveLast();
             value = NullToInteger(recordset.Value(0L));

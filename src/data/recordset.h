@@ -54,8 +54,11 @@ long OpenRecordset(const Database& database, Recordset& recordset, const std::ws
 // current. A record set that cannot be walked counts what it gave.
 long CountRecords(Recordset& recordset);
 
+enum class Failure { Shown, Ignored };
+
 // The last value of a column in ascending order, which after an insert is the newest code; 0 when
-// there is none.
-long LastValue(const Database& database, std::wstring_view table, std::wstring_view column);
+// there is none, and after a failure.
+long LastValue(const Database& database, std::wstring_view table, std::wstring_view column,
+               Failure failure = Failure::Shown);
 
 } // namespace vndesk

@@ -8,7 +8,6 @@
 #include "data/list_box.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
-#include "data/statements.h"
 #include "data/values.h"
 #include "forms/form.h"
 #include "forms/item_list.h"
@@ -234,19 +233,7 @@ private:
 
     // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
     // again. The group has been added, so nothing is told.
-    long NewCode() {
-        long code = 0;
-        Trap([&] {
-            Recordset codes;
-            codes.Create(Current());
-            codes.Open(LastValueStatement(tableName_, L"Code"));
-            if (CountRecords(codes) > 0) {
-                codes.MoveLast();
-                code = NullToInteger(codes.Value(0L));
-            }
-        });
-        return code;
-    }
+    long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {
         if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")

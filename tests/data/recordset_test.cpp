@@ -122,6 +122,12 @@ TEST_P(RecordsetTest, LastValueOfAFailingStatementIsZeroAfterTheMessage) {
     EXPECT_EQ(L"VnDesk", box.title);
 }
 
+TEST_P(RecordsetTest, LastValueMayFailQuietly) {
+    EXPECT_EQ(0, LastValue(Db(), L"KhongCo", L"Code", Failure::Ignored));
+    EXPECT_TRUE(TopWindows().empty());
+    EXPECT_EQ(8, LastValue(Db(), L"Groups", L"Code", Failure::Ignored));
+}
+
 TEST_P(RecordsetTest, LastValueOfATextColumnIsZero) {
     EXPECT_EQ(0, LastValue(Db(), L"TinhThanh", L"Name"));
 }
