@@ -7,11 +7,13 @@
 #include <windows.h>
 
 #include <exception>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "com/kit/com_error.h"
@@ -80,6 +82,17 @@ protected:
     // Every key, named by its virtual code, before the control with the focus gets it.
     virtual bool OnKeyDown(const Control&, WPARAM) { return false; }
     virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Names of controls, each with the member function that its click calls.
+    template <class Derived>
+    using ClickTable = std::initializer_list<std::pair<std::wstring_view, void (Derived::*)()>>;
+
+    template <class Derived> void TieClicks(ClickTable<Derived> clicks) {
+        for (const auto& [name, handler] : clicks)
+            Get(name).onClick = [form = static_cast<Derived*>(this), handler = handler] {
+                (form->*handler)();
+            };
+    }
 
     // Ends the form with the error now being handled: ShowModal raises it to the form's opener.
     void Fail();

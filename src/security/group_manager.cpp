@@ -66,24 +66,12 @@ protected:
     void OnLoad() override {
         groups_.emplace(Get(L"Lv1"));
         members_.emplace(Get(L"lvUser"));
-        Get(L"Lv1").onClick = [this] {
-            GroupClicked();
-        };
-        Get(L"CmdAdd").onClick = [this] {
-            ToggleAdding();
-        };
-        Get(L"CmdWrite").onClick = [this] {
-            Write();
-        };
-        Get(L"CmdDelete").onClick = [this] {
-            Delete();
-        };
-        Get(L"CmdPms").onClick = [this] {
-            ShowRights();
-        };
-        Get(L"CmdExit").onClick = [this] {
-            Unload();
-        };
+        TieClicks<GroupManager>({{L"Lv1", &GroupManager::GroupClicked},
+                                 {L"CmdAdd", &GroupManager::ToggleAdding},
+                                 {L"CmdWrite", &GroupManager::Write},
+                                 {L"CmdDelete", &GroupManager::Delete},
+                                 {L"CmdPms", &GroupManager::ShowRights},
+                                 {L"CmdExit", &GroupManager::Unload}});
         Get(L"txtName").onChange = [this] {
             CheckWrite();
         };

@@ -63,12 +63,7 @@ protected:
             Get(box).onChange = [this] {
                 passChanged_ = true;
             };
-        Get(L"CmdOk").onClick = [this] {
-            Confirm();
-        };
-        Get(L"CMDCAN").onClick = [this] {
-            Unload();
-        };
+        TieClicks<UserEditor>({{L"CmdOk", &UserEditor::Confirm}, {L"CMDCAN", &UserEditor::Unload}});
     }
 
     void OnPrepared() override {

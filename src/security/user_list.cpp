@@ -63,18 +63,10 @@ public:
 
 protected:
     void OnLoad() override {
-        Get(L"CmdAdd").onClick = [this] {
-            Add();
-        };
-        Get(L"CmdEdit").onClick = [this] {
-            Edit();
-        };
-        Get(L"CmdDel").onClick = [this] {
-            Delete();
-        };
-        Get(L"CmdExit").onClick = [this] {
-            Unload();
-        };
+        TieClicks<UserList>({{L"CmdAdd", &UserList::Add},
+                             {L"CmdEdit", &UserList::Edit},
+                             {L"CmdDel", &UserList::Delete},
+                             {L"CmdExit", &UserList::Unload}});
     }
 
     void OnPrepared() override {
