@@ -29,8 +29,9 @@ TEST_P(OpenConnectionTest, OpensAndKnowsItsKind) {
     EXPECT_EQ(adStateOpen, StateOf(Db()));
     EXPECT_EQ(GetParam() == Engine::Embedded ? DatabaseKind::Jet : DatabaseKind::SqlServer, Kind());
     EXPECT_EQ(Sample().ConnectionString(), Db().connectionString);
-    if (Kind() == DatabaseKind::Jet)
+    if (Kind() == DatabaseKind::Jet) {
         EXPECT_EQ(0u, ProviderOf(Db()).find(L"Microsoft.Jet.OLEDB.4.0"));
+    }
     EXPECT_EQ(L"7", Value(L"Select Count(*) From [User]"));
     EXPECT_TRUE(TopWindows().empty());
 }
