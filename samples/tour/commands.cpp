@@ -1,19 +1,42 @@
 // SPDX-License-Identifier: MIT
 #include "commands.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
 
+// The bars and commands for which rights can be given are those of the tables Menu and SubMenu.
 constexpr wchar_t kSystem[] = L"&Hệ thống";
+constexpr wchar_t kCatalogues[] = L"&Danh mục";
+constexpr wchar_t kReports[] = L"&Báo cáo";
 constexpr wchar_t kHelp[] = L"&Trợ giúp";
 
 constexpr Command kCommands[] = {
-    {101, kSystem, L"Đăng &nhập…\tCtrl+L", FCONTROL, 'L', &Tour::LogOn},
-    {102, kSystem, L"T&hoát\tAlt+F4", 0, 0, &Tour::Quit},
-    {201, kHelp, L"&Giới thiệu\tF1", 0, VK_F1, &Tour::About},
+    {101, kSystem, L"Đăng &nhập…\tCtrl+L", FCONTROL, 'L', 0, &Tour::LogOn},
+    {102, kSystem, L"Đổi &mật khẩu…\tCtrl+M", FCONTROL, 'M', 1, &Tour::ChangePassword},
+    {103, kSystem, L"N&gười sử dụng…\tCtrl+U", FCONTROL, 'U', 2, &Tour::ManageUsers},
+    {104, kSystem, L"Nhóm người &sử dụng…\tCtrl+G", FCONTROL, 'G', 3, &Tour::ManageGroups},
+    {105, kSystem, L"Sao &lưu dữ liệu", 0, 0, 4, &Tour::BackUp},
+    {106, kSystem, L"T&hoát\tAlt+F4", 0, 0, 0, &Tour::Quit},
+    {201, kCatalogues, L"&Khách hàng", 0, 0, 5, &Tour::Show<kCustomers>},
+    {202, kCatalogues, L"Nhà &cung cấp", 0, 0, 6, &Tour::NotInTheSample},
+    {203, kCatalogues, L"&Hàng hoá", 0, 0, 7, &Tour::Show<kGoods>},
+    {204, kCatalogues, L"&Nhóm hàng", 0, 0, 8, &Tour::Show<kKindsOfGoods>},
+    {205, kCatalogues, L"Tài kh&oản", 0, 0, 9, &Tour::NotInTheSample},
+    {206, kCatalogues, L"&Tỉnh thành", 0, 0, 10, &Tour::Show<kProvinces>},
+    {301, kReports, L"&Tồn kho", 0, 0, 11, &Tour::Show<kStock>},
+    {302, kReports, L"&Nhập xuất tồn", 0, 0, 12, &Tour::NotInTheSample},
+    {303, kReports, L"&Doanh thu", 0, 0, 13, &Tour::NotInTheSample},
+    {304, kReports, L"&Công nợ phải thu", 0, 0, 14, &Tour::Show<kReceivables>},
+    {305, kReports, L"Công nợ &phải trả", 0, 0, 15, &Tour::NotInTheSample},
+    {401, kHelp, L"&Giới thiệu\tF1", 0, VK_F1, 0, &Tour::About},
 };
+
+bool MayRun(const Tour& tour, const Command& command) {
+    return command.right == 0 || tour.RightsNow().Allows(command.right);
+}
 
 } // namespace
 
@@ -45,10 +68,32 @@ HACCEL CreateCommandKeys() {
     return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
 }
 
+void EnableCommands(HMENU bar, const Tour& tour) {
+    for (const Command& command : Commands())
+        EnableMenuItem(bar, command.id,
+                       MF_BYCOMMAND | (MayRun(tour, command) ? MF_ENABLED : MF_GRAYED));
+}
+
+std::wstring EnabledCommands(const Tour& tour) {
+    std::wstring all;
+    for (const Command& command : Commands()) {
+        if (!MayRun(tour, command))
+            continue;
+        std::wstring text = command.text;
+        text.resize(std::min(text.find(L'\t'), text.size()));
+        std::erase(text, L'&');
+        std::erase(text, L'…');
+        all += (all.empty() ? L"" : L", ") + text;
+    }
+    return all;
+}
+
 bool RunCommand(Tour& tour, WORD id) {
     for (const Command& command : Commands())
         if (command.id == id) {
-            (tour.*command.run)();
+            // Asked again: a key or a message of another program does not go through the menu.
+            if (MayRun(tour, command))
+                (tour.*command.run)();
             return true;
         }
     return false;

@@ -4,19 +4,24 @@
 #include <commctrl.h>
 
 #include "commands.h"
+#include "list_view.h"
+#include "output.h"
 
 namespace {
 
 constexpr wchar_t kClass[] = L"VnTourWindow";
 constexpr wchar_t kTitle[] = L"Quản lý bán hàng – chương trình mẫu VnDesk";
 constexpr wchar_t kNobody[] = L"Chưa đăng nhập";
-constexpr int kWidth = 640, kHeight = 400; // at 96 dots per inch
+constexpr int kWidth = 760, kHeight = 520; // at 96 dots per inch
 constexpr int kStatusBar = 1;
 
 struct Window {
     Tour& tour;
-    HWND statusBar;
-    HFONT heading;
+    HWND statusBar = nullptr;
+    HWND list = nullptr; // hidden until there is something to show
+    long listOf = 0;     // the user for whom it was read
+    HFONT heading = nullptr;
+    std::wstring enabled = {}; // as last printed
 };
 
 Window& Data(HWND window) {
@@ -42,11 +47,12 @@ std::wstring StatusText(const Tour& tour) {
 }
 
 void Create(HWND window, Tour& tour) {
-    auto* data = new Window{tour, nullptr, nullptr};
+    auto* data = new Window{tour};
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
     tour.Attach(window);
     data->statusBar = CreateStatusWindowW(WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP,
                                           StatusText(tour).c_str(), window, kStatusBar);
+    data->list = CreateListView(window);
     data->heading = CreateFontW(-MulDiv(18, ScreenDpi(), 72), 0, 0, 0, FW_NORMAL, 0, 0, 0,
                                 DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"Arial");
 }
@@ -59,14 +65,20 @@ void Destroy(HWND window) {
     PostQuitMessage(0);
 }
 
+// What the status bar leaves.
+RECT Middle(HWND window) {
+    RECT area, bar;
+    GetClientRect(window, &area);
+    GetWindowRect(Data(window).statusBar, &bar);
+    area.bottom -= bar.bottom - bar.top;
+    return area;
+}
+
 void Paint(HWND window) {
     const Window& data = Data(window);
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window, &paint);
-    RECT area, bar;
-    GetClientRect(window, &area);
-    GetWindowRect(data.statusBar, &bar);
-    area.bottom -= bar.bottom - bar.top;
+    RECT area = Middle(window);
     const HGDIOBJ oldFont = SelectObject(dc, data.heading);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(data.tour.IsLoggedOn() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
@@ -74,6 +86,14 @@ void Paint(HWND window) {
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
     SelectObject(dc, oldFont);
     EndPaint(window, &paint);
+}
+
+void Resize(HWND window) {
+    const Window& data = Data(window);
+    SendMessageW(data.statusBar, WM_SIZE, 0, 0);
+    const RECT area = Middle(window);
+    MoveWindow(data.list, 0, 0, area.right, area.bottom, TRUE);
+    InvalidateRect(window, nullptr, TRUE);
 }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -87,8 +107,11 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
             return 0;
         break;
     case WM_SIZE:
-        SendMessageW(Data(window).statusBar, WM_SIZE, 0, 0);
-        InvalidateRect(window, nullptr, TRUE);
+        Resize(window);
+        return 0;
+    case WM_SETFOCUS:
+        if (IsWindowVisible(Data(window).list))
+            SetFocus(Data(window).list);
         return 0;
     case WM_PAINT:
         Paint(window);
@@ -119,13 +142,34 @@ HWND CreateMainWindow(Tour& tour) {
     RegisterMainClass(program);
     const int dpi = ScreenDpi();
     const int width = MulDiv(kWidth, dpi, 96), height = MulDiv(kHeight, dpi, 96);
-    return CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW,
-                           (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
-                           (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height, nullptr,
-                           CreateCommandMenu(), program, &tour);
+    const HWND window = CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                                        (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
+                                        (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height,
+                                        nullptr, CreateCommandMenu(), program, &tour);
+    ShowState(window, tour);
+    return window;
 }
 
 void ShowState(HWND window, const Tour& tour) {
-    SetWindowTextW(Data(window).statusBar, StatusText(tour).c_str());
+    Window& data = Data(window);
+    EnableCommands(GetMenu(window), tour);
+    const std::wstring enabled = EnabledCommands(tour);
+    if (enabled != data.enabled)
+        PrintLine(L"Enabled=" + enabled);
+    data.enabled = enabled;
+    if (data.listOf != tour.UserCode()) {
+        ShowWindow(data.list, SW_HIDE);
+        SetWindowTextW(window, kTitle);
+    }
+    SetWindowTextW(data.statusBar, StatusText(tour).c_str());
     InvalidateRect(window, nullptr, TRUE);
+}
+
+void ShowList(HWND window, const List& list, const std::vector<Row>& rows) {
+    Window& data = Data(window);
+    FillListView(data.list, list, rows, ScreenDpi());
+    data.listOf = data.tour.UserCode();
+    SetWindowTextW(window, (std::wstring(list.title) + L" – " + kTitle).c_str());
+    ShowWindow(data.list, SW_SHOW);
+    SetFocus(data.list);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program's window: the menu, a greeting, and a status bar with the user who is logged on.
+// The program's window: the menu, a greeting or the list that was asked for, and a status bar with
+// the user who is logged on.
 #pragma once
 #include <windows.h>
 
@@ -7,5 +8,8 @@
 
 HWND CreateMainWindow(Tour& tour);
 
-// Shows who is logged on.
+// Shows who is logged on and enables the commands that the user may run. A list of another user
+// goes.
 void ShowState(HWND window, const Tour& tour);
+
+void ShowList(HWND window, const List& list, const std::vector<Row>& rows);

@@ -22,8 +22,7 @@ std::wstring FullPath(const std::wstring& file) {
 
 std::wstring EmbeddedConnection(const std::wstring& file) {
     // The library takes a connection string with "Jet OLEDB" in it for a Jet database.
-    return L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + FullPath(file) +
-           L";Jet OLEDB:Engine Type=5";
+    return L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file + L";Jet OLEDB:Engine Type=5";
 }
 
 Options ReadOptions(const wchar_t* commandLine) {
@@ -36,13 +35,15 @@ Options ReadOptions(const wchar_t* commandLine) {
         if (word == L"--once")
             options.once = true;
         else if (word == L"--database" && hasValue)
-            options.connect = EmbeddedConnection(words[++i]);
+            options.file = FullPath(words[++i]);
         else if (word == L"--connect" && hasValue)
             options.connect = words[++i];
         else
             options.error = kUsage;
     }
     LocalFree(words);
+    if (!options.file.empty())
+        options.connect = EmbeddedConnection(options.file);
     if (options.connect.empty())
         options.error = kUsage;
     return options;

@@ -5,6 +5,7 @@
 
 struct Options {
     std::wstring connect; // what every call of the library is given
+    std::wstring file;    // the embedded database, empty when it is another one
     bool once = false;    // leave after the logon
     std::wstring error;   // what is wrong with the command line, empty when it is right
 };

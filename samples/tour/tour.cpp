@@ -4,7 +4,6 @@
 #include "host_error.h"
 #include "main_window.h"
 #include "output.h"
-#include "user_name.h"
 
 namespace {
 
@@ -12,8 +11,14 @@ namespace {
 // with horn, which an editor would not show.
 constexpr wchar_t kAboutTitle[] = L"Giíi thiÖu";
 constexpr wchar_t kAboutText[] = L"Ch\u00AD¬ng tr×nh mÉu cña VnDesk.\n\n"
-                                 L"§¨ng nhËp vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
+                                 L"§¨ng nhËp, qu¶n trÞ ng\u00ADêi sö dông, ph©n quyÒn\n"
+                                 L"vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
                                  L"cho ch\u00AD¬ng tr×nh Windows.";
+constexpr wchar_t kNotice[] = L"Th«ng b¸o";
+constexpr wchar_t kNotInTheSample[] = L"Ch\u00AD¬ng tr×nh mÉu kh«ng cã phÇn nµy.";
+constexpr wchar_t kBackedUp[] = L"§· sao l\u00ADu d÷ liÖu.";
+constexpr wchar_t kNotBackedUp[] = L"Kh«ng sao l\u00ADu ®\u00ADîc d÷ liÖu.";
+constexpr wchar_t kOnTheServer[] = L"D÷ liÖu trªn m¸y chñ ®\u00ADîc sao l\u00ADu t¹i m¸y chñ.";
 
 void ShowError(HWND owner, const HostError& error) {
     wchar_t number[16];
@@ -31,22 +36,78 @@ template <class Steps> void Tour::Try(Steps steps) {
     }
 }
 
+void Tour::Tell(const wchar_t* text, IconValue icon) {
+    vndesk_.MgBox(text, vbOKOnly, kNotice, icon);
+}
+
+// The library returns the user's Code; what else the program wants to know, it reads from its own
+// database. Called after each form that may have changed the user or the rights of a group.
+void Tour::ReadUser() {
+    name_.clear();
+    rights_ = Rights();
+    Try([&] {
+        if (!IsLoggedOn())
+            return;
+        HostDatabase database(options_.connect);
+        const auto users =
+            database.Read(L"SELECT [Name] FROM [User] WHERE Code=" + std::to_wstring(code_));
+        if (users.empty()) {
+            code_ = 0; // the own row has been deleted
+            return;
+        }
+        name_ = TextOf(users.front()[0]);
+        rights_ = Rights(database, code_);
+    });
+    ShowState(window_, *this);
+}
+
 void Tour::LogOn() {
     code_ = 0;
-    name_.clear();
+    ReadUser();
     Try([&] {
         code_ = vndesk_.ShowLogon(options_.connect);
         PrintLine(L"Code=" + std::to_wstring(code_));
-        if (IsLoggedOn())
-            name_ = ReadUserName(options_.connect, code_);
     });
-    ShowState(window_, *this);
+    ReadUser();
     if (options_.once)
         Quit();
 }
 
+void Tour::ChangePassword() {
+    Try([&] { vndesk_.ShowUser(options_.connect, name_); });
+}
+
+void Tour::ManageUsers() {
+    Try([&] { vndesk_.UserManager(options_.connect); });
+    ReadUser();
+}
+
+void Tour::ManageGroups() {
+    Try([&] { vndesk_.ShowGroup(options_.connect); });
+    ReadUser();
+}
+
+void Tour::BackUp() {
+    Try([&] {
+        if (options_.file.empty())
+            Tell(kOnTheServer, vbInformation);
+        else if (CopyFileW(options_.file.c_str(), (options_.file + L".bak").c_str(), FALSE))
+            Tell(kBackedUp, vbInformation);
+        else
+            Tell(kNotBackedUp, vbCritical);
+    });
+}
+
 void Tour::Quit() {
     PostMessageW(window_, WM_CLOSE, 0, 0);
+}
+
+void Tour::ShowRows(const List& list) {
+    Try([&] { ShowList(window_, list, HostDatabase(options_.connect).Read(list.statement)); });
+}
+
+void Tour::NotInTheSample() {
+    Try([&] { Tell(kNotInTheSample, vbInformation); });
 }
 
 void Tour::About() {

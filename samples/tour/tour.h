@@ -5,7 +5,9 @@
 
 #include <string>
 
+#include "lists.h"
 #include "options.h"
+#include "rights.h"
 #include "vndesk_client.h"
 
 class Tour {
@@ -16,20 +18,31 @@ public:
 
     // The commands of commands.cpp. An error ends the command with a message, never the program.
     void LogOn();
+    void ChangePassword();
+    void ManageUsers();
+    void ManageGroups();
+    void BackUp();
     void Quit();
+    template <const List& list> void Show() { ShowRows(list); }
+    void NotInTheSample();
     void About();
 
     const Options& Settings() const { return options_; }
     bool IsLoggedOn() const { return code_ != 0; }
     long UserCode() const { return code_; }
     const std::wstring& UserName() const { return name_; }
+    const Rights& RightsNow() const { return rights_; }
 
 private:
     template <class Steps> void Try(Steps steps);
+    void ReadUser();
+    void ShowRows(const List& list);
+    void Tell(const wchar_t* text, IconValue icon);
 
     Options options_;
     VnDeskClient vndesk_; // one object serves every call
     HWND window_ = nullptr;
     long code_ = 0;
     std::wstring name_;
+    Rights rights_;
 };

@@ -19,6 +19,21 @@ long VnDeskClient::ShowLogon(const std::wstring& connect) {
     return code;
 }
 
+void VnDeskClient::ShowUser(const std::wstring& connect, const std::wstring& userName) {
+    _bstr_t text(connect.c_str()), name(userName.c_str());
+    Check(logon_->ShowUser(&text.GetBSTR(), &name.GetBSTR()));
+}
+
+void VnDeskClient::UserManager(const std::wstring& connect) {
+    _bstr_t text(connect.c_str());
+    Check(logon_->UserManager(&text.GetBSTR()));
+}
+
+void VnDeskClient::ShowGroup(const std::wstring& connect) {
+    _bstr_t text(connect.c_str());
+    Check(logon_->ShowGroup(&text.GetBSTR()));
+}
+
 std::wstring VnDeskClient::MgBox(const std::wstring& message, Buttons buttons,
                                  const std::wstring& title, IconValue icon) {
     _bstr_t messageText(message.c_str()), titleText(title.c_str()), pressed;

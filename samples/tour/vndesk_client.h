@@ -15,6 +15,12 @@ public:
     // Shows the logon dialog. The Code of the user's row, 0 when nobody has logged on.
     long ShowLogon(const std::wstring& connect);
 
+    // The administration: the own password of a user, all users, the groups and their rights. Each
+    // returns when its form is closed; what has changed stands in the database.
+    void ShowUser(const std::wstring& connect, const std::wstring& userName);
+    void UserManager(const std::wstring& connect);
+    void ShowGroup(const std::wstring& connect);
+
     // Shows the library's message box. Both texts are TCVN3, each byte as one character.
     // The pressed button's number as text: "1" OK, "2" Cancel, "6" Yes, ...
     std::wstring MgBox(const std::wstring& message, Buttons buttons, const std::wstring& title,

@@ -225,6 +225,21 @@ void WaitForFocus(HWND form, std::wstring_view control, DWORD milliseconds) {
         Fail(L"the focus is on '" + FocusName(form) + L"', not on " + std::wstring(control));
 }
 
+void WaitReady(HWND form, std::wstring_view control, DWORD milliseconds) {
+    int steady = 0;
+    if (!WaitUntil(
+            [&] {
+                const HWND focus = FocusWindow(form);
+                const bool ready = GetForegroundWindow() == form && focus && IsChild(form, focus) &&
+                                   (control.empty() || FocusName(form) == control);
+                steady = ready ? steady + 1 : 0;
+                return steady == 4;
+            },
+            milliseconds))
+        Fail(DescribeWindow(form) + L" is not ready: the focus is on '" + FocusName(form) +
+             L"', the foreground is " + DescribeWindow(GetForegroundWindow()));
+}
+
 std::vector<std::wstring> ListTexts(HWND control) {
     ListKind kind;
     const HWND list = ListInside(control, kind);

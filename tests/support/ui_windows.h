@@ -49,6 +49,9 @@ HWND FocusWindow(HWND form);
 std::wstring FocusName(HWND form);
 // On the control or a part of it.
 void WaitForFocus(HWND form, std::wstring_view control, DWORD milliseconds = kPatience);
+// Waits until keys reach a form (and a control of it): while the window before it goes, the
+// foreground can be nobody's for a moment, even after the form has got its focus.
+void WaitReady(HWND form, std::wstring_view control = {}, DWORD milliseconds = kPatience);
 
 // Item texts of a list box or combo box (also inside the control's window), cells of a list view.
 std::vector<std::wstring> ListTexts(HWND control);

@@ -62,21 +62,6 @@ private:
 
 // --- What the scripts do ---
 
-// Waits until keys reach a form (and a control of it): while the window before it goes, the
-// foreground can be nobody's for a moment, even after the form has got its focus.
-inline void WaitReady(HWND form, const wchar_t* control = nullptr) {
-    int steady = 0;
-    if (!WaitUntil([&] {
-            const HWND focus = FocusWindow(form);
-            const bool ready = GetForegroundWindow() == form && focus && IsChild(form, focus) &&
-                               (!control || FocusName(form) == control);
-            steady = ready ? steady + 1 : 0;
-            return steady == 4;
-        }))
-        Fail(DescribeWindow(form) + L" is not ready: the focus is on '" + FocusName(form) +
-             L"', the foreground is " + DescribeWindow(GetForegroundWindow()));
-}
-
 inline void SetBox(HWND form, const wchar_t* control, const wchar_t* text) {
     SendMessageW(Control(form, control), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
 }

@@ -1,29 +1,37 @@
 // SPDX-License-Identifier: MIT
-// vnplay NAME PASSWORD PROGRAM ARGUMENTS...: plays the user of the tour on the keyboard. It types a
-// wrong password, is refused, types the right one and looks around. Each step leaves a picture in
-// the out folder. The exit code is the program's; 1 when something did not show up.
+// vnplay NAME PASSWORD PROGRAM ARGUMENTS...: plays the tour on the keyboard. The user types a wrong
+// password, is refused, types the right one and looks around. Then the administrator logs on, adds
+// a user, gives and takes rights and changes the own password, and the first user finds what has
+// changed. Each step is printed and leaves a picture in the out folder. The exit code is the
+// program's; 1 when something did not show up.
+#include <windows.h>
+#include <commctrl.h>
+
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
+#include "steps.h"
+#include "support/child_process.h"
 #include "support/keys.h"
 #include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
-#include "tour_process.h"
 
 namespace vndesk::test {
 namespace {
 
-constexpr DWORD kStart = 30000; // a first start under Wine takes its time
 constexpr wchar_t kWrongPassword[] = L"sai mat khau";
-constexpr wchar_t kRefusal[] = L"Mật khẩu hoặc người sử dụng không hợp lệ ";
-constexpr wchar_t kMainClass[] = L"VnTourWindow";
+// What the sample database knows, and what is added to it.
+constexpr wchar_t kAdministrator[] = L"Admin", kOldPassword[] = L"abc", kNewPassword[] = L"moi2005";
+constexpr wchar_t kNewUser[] = L"Võ Thị Lan", kNewUsersPassword[] = L"lan123";
 
-void Require(bool condition, const wchar_t* what) {
-    if (!condition)
-        Fail(what);
+bool HasTick(HWND rights, int command) {
+    return SendMessageW(Control(rights, L"LstSubMenu"), LVM_GETITEMSTATE,
+                        static_cast<WPARAM>(command), LVIS_STATEIMAGEMASK) >>
+               12 ==
+           2;
 }
 
 class Player {
@@ -32,87 +40,118 @@ public:
         : name_(std::move(name)), password_(std::move(password)) {}
 
     void Play() {
-        main_ = WaitForClass(kMainClass, kStart);
-        dialog_ = WaitForForm(L"FrmLogon", kStart);
-        TypeName();
-        TryWrongPassword();
-        CloseMessage(kRefusal, L"refused");
-        TypeRightPassword();
-        LookAround();
+        LookAroundAsUser();
+        tour_.LogOn(kAdministrator, kOldPassword);
+        Say(std::wstring(L"* Logged on as the administrator, ") + kAdministrator);
+        tour_.ShowMenu('H', L"menu of the administrator");
+        AddUser();
+        GiveRights();
+        TakeOwnRights();
+        ChangePassword();
+        UseWhatHasChanged();
+        tour_.Quit();
     }
 
 private:
-    void TypeName() {
-        WaitForFocus(dialog_, L"TxtUser");
-        Require(!IsEnabled(dialog_, L"CmdOk"), L"the OK button is enabled without a name");
-        Picture(L"logon dialog");
-        TypeText(name_);
-        Require(WaitUntil([&] { return TextOf(dialog_, L"TxtUser") == name_; }),
-                L"the name did not arrive in its box");
-        Require(WaitUntil([&] { return IsEnabled(dialog_, L"CmdOk"); }),
-                L"the OK button stays disabled with a name");
+    void LookAroundAsUser() {
+        tour_.BeRefused(name_, kWrongPassword);
+        Say(L"* " + name_ + L" was refused with a wrong password");
+        tour_.LogOn(name_, password_);
+        Say(L"* " + name_ + L" has logged on");
+        tour_.Picture(L"logged on");
+        tour_.ShowMenu('H', L"menu before");
+        Require(!tour_.MayOpen('U', L"FrmMenu"), L"the user list opens without the right to it");
+        tour_.ShowMenu('D', L"catalogues before");
+        tour_.Choose('B', 'T');
+        tour_.Picture(L"report");
+        tour_.About();
     }
 
-    void TryWrongPassword() {
-        EnterMovesTo(L"TxtPass");
-        TypeText(kWrongPassword);
-        Picture(L"wrong password");
-        PressOk();
+    void AddUser() {
+        const HWND list = tour_.OpenByKey('U', L"FrmMenu", L"Lv");
+        const HWND editor = OpenBy(list, 'H', L"FrmInput", L"TxtUser");
+        TypeInto(editor, L"TxtUser", kNewUser);
+        EnterMovesTo(editor, L"TxtDes");
+        TypeInto(editor, L"TxtDes", L"Thủ quỹ");
+        EnterMovesTo(editor, L"TxtIdGroup");
+        PressKey(VK_DOWN);
+        PressKey(VK_DOWN); // the second group
+        EnterMovesTo(editor, L"TxtPass");
+        TypeInto(editor, L"TxtPass", kNewUsersPassword);
+        EnterMovesTo(editor, L"txtConfirm");
+        TypeInto(editor, L"txtConfirm", kNewUsersPassword);
+        tour_.Picture(L"new user");
+        PressLetter(editor, 'G');
+        WaitForClose(editor, kLimit);
+        WaitReady(list, L"Lv", kLimit);
+        tour_.Picture(L"users");
+        CloseForm(list);
+        Say(std::wstring(L"* Added the user ") + kNewUser);
     }
 
-    void TypeRightPassword() {
-        WaitForFocus(dialog_, L"TxtUser");
-        EnterMovesTo(L"TxtPass");
-        TypeText(password_);
-        Picture(L"right password");
-        PressOk();
-        WaitForClose(dialog_);
-    }
-
-    // Enter moves on like Tab, also to the button, which the space bar presses.
-    void PressOk() {
-        EnterMovesTo(L"CmdOk");
+    // Ticks or unticks one command of one bar for a group, each named by its place.
+    void ToggleRight(int group, int bar, int command, bool tickAfter, const std::wstring& picture) {
+        const HWND groups = tour_.OpenByKey('G', L"FmGrp", L"Lv1");
+        PressKey(VK_HOME);
+        for (int i = 0; i < group; ++i)
+            PressKey(VK_DOWN);
+        const HWND rights = OpenBy(groups, 'Q', L"FrPms", L"LstMenuBar");
+        for (int i = 0; i < bar; ++i)
+            PressKey(VK_DOWN);
+        Require(
+            WaitUntil([&] { return ListSelection(Control(rights, L"LstMenuBar")) == bar; }, kLimit),
+            L"the menu bar is not selected");
+        PressKey(VK_TAB);
+        WaitReady(rights, L"LstSubMenu", kLimit);
+        PressKey(VK_HOME);
+        for (int i = 0; i < command; ++i)
+            PressKey(VK_DOWN);
+        Require(HasTick(rights, command) != tickAfter, L"the right is as it shall become");
         PressKey(VK_SPACE);
+        Require(WaitUntil([&] { return HasTick(rights, command) == tickAfter; }, kLimit),
+                L"the tick does not change");
+        tour_.Picture(picture);
+        PressLetter(rights, 'G');
+        WaitForClose(rights, kLimit);
+        CloseForm(groups);
     }
 
-    void EnterMovesTo(const wchar_t* control) {
-        PressKey(VK_RETURN);
-        WaitForFocus(dialog_, control);
+    void GiveRights() {
+        ToggleRight(1, 0, 1, true, L"right given");
+        Say(L"* Gave the group Kế toán the right to Người sử dụng");
     }
 
-    // The letter that the button has underlined presses it.
-    void CloseMessage(const std::wstring& text, const wchar_t* picture) {
-        const HWND box = WaitForForm(L"MessageBox");
-        WaitForFocus(box, L"Cmd1");
-        if (!text.empty() && TextOf(box, L"Message") != text)
-            Fail(L"the message is '" + TextOf(box, L"Message") + L"', not '" + text + L"'");
-        Picture(picture);
-        TypeText(L"n");
-        WaitForClose(box);
+    void TakeOwnRights() {
+        ToggleRight(0, 2, 4, false, L"right taken");
+        tour_.ShowMenu('B', L"reports after");
+        Say(L"* Took the right to Công nợ phải trả from the own group: greyed at once");
     }
 
-    void LookAround() {
-        const HWND status = FindWindowExW(main_, nullptr, L"msctls_statusbar32", nullptr);
-        Require(status, L"the tour has no status bar");
-        if (!WaitUntil([&] { return TextOf(status).find(name_) != std::wstring::npos; }))
-            Fail(L"the status bar says '" + TextOf(status) + L"', not who has logged on");
-        Picture(L"logged on");
-        PressKey(VK_F1);
-        CloseMessage(L"", L"about");
-        PressKey(VK_F4, kAlt);
+    void ChangePassword() {
+        const HWND editor = tour_.OpenByKey('M', L"FrmInput", L"TxtPass");
+        TypeInto(editor, L"TxtPass", kNewPassword);
+        EnterMovesTo(editor, L"txtConfirm");
+        TypeInto(editor, L"txtConfirm", kNewPassword);
+        tour_.Picture(L"own password");
+        PressLetter(editor, 'G');
+        WaitForClose(editor, kLimit);
+        Say(L"* Changed the administrator's password");
     }
 
-    void Picture(const std::wstring& what) {
-        Sleep(150); // the last key's effect has still to be painted
-        std::wstring file = std::to_wstring(++pictures_) + L"-" + what;
-        for (wchar_t& c : file)
-            c = c == L' ' ? L'-' : c;
-        Require(!SaveWindow(main_, file).empty(), L"a picture could not be saved");
+    void UseWhatHasChanged() {
+        tour_.LogOn(kAdministrator, kNewPassword);
+        Say(L"* Logged on with the new password");
+        tour_.LogOn(kNewUser, kNewUsersPassword);
+        Say(std::wstring(L"* Logged on as the new user, ") + kNewUser);
+        tour_.LogOn(name_, password_);
+        tour_.ShowMenu('H', L"menu after");
+        Require(tour_.MayOpen('U', L"FrmMenu"),
+                L"the user list does not open with the right to it");
+        Say(L"* " + name_ + L" has logged on again and may open the list of users now");
     }
 
     std::wstring name_, password_;
-    HWND main_ = nullptr, dialog_ = nullptr;
-    int pictures_ = 0;
+    Tour tour_;
 };
 
 BOOL CALLBACK PrintChild(HWND child, LPARAM) {
@@ -132,7 +171,7 @@ void PrintScreen() {
 }
 
 int PlayProgram(const std::vector<std::wstring>& words) {
-    TourProcess program({words.begin() + 2, words.end()});
+    ChildProcess program({words.begin() + 2, words.end()});
     WatchProcess(program.Id());
     try {
         Player(words[0], words[1]).Play();

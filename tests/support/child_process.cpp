@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tour_process.h"
+#include "support/child_process.h"
 
 #include "support/text.h"
 
@@ -21,29 +21,43 @@ std::wstring Quoted(const std::wstring& word) {
 
 } // namespace
 
-TourProcess::TourProcess(const std::vector<std::wstring>& words) {
+ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output) {
     std::wstring line;
     for (const std::wstring& word : words)
         line += (line.empty() ? L"" : L" ") + Quoted(word);
+    if (output.empty()) {
+        Start(line, GetStdHandle(STD_OUTPUT_HANDLE));
+        return;
+    }
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    const HANDLE file = CreateFileW(output.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        Fail(L"cannot write " + output);
+    Start(line, file);
+    CloseHandle(file);
+}
+
+void ChildProcess::Start(std::wstring line, HANDLE output) {
     STARTUPINFOW start = {};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+    start.hStdOutput = output;
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
                         &process_))
-        Fail(L"cannot start " + words.front() + L": error " + std::to_wstring(GetLastError()));
+        Fail(L"cannot start " + line + L": error " + std::to_wstring(GetLastError()));
     CloseHandle(process_.hThread);
 }
 
-TourProcess::~TourProcess() {
+ChildProcess::~ChildProcess() {
     if (!HasEnded())
         TerminateProcess(process_.hProcess, 1);
     CloseHandle(process_.hProcess);
 }
 
-DWORD TourProcess::ExitCode(DWORD milliseconds) {
+DWORD ChildProcess::ExitCode(DWORD milliseconds) {
     if (WaitForSingleObject(process_.hProcess, milliseconds) != WAIT_OBJECT_0)
         Fail(L"the program does not end");
     DWORD code = 0;
