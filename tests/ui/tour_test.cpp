@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// The sample program takes the rights that the forms write: its commands are enabled by the masks
+// of the group of whoever has logged on.
+#include "host_process.h"
+
+namespace vndesk::test {
+namespace {
+
+enum Commands : WORD { kLogOn = 101, kUsers = 103, kGroups = 104, kQuit = 106, kAbout = 401 };
+
+constexpr wchar_t kNobody[] = L"Đăng nhập, Thoát, Giới thiệu";
+constexpr wchar_t kEverything[] =
+    L"Đăng nhập, Đổi mật khẩu, Người sử dụng, Nhóm người sử dụng, Sao lưu dữ liệu, Thoát, "
+    L"Khách hàng, Nhà cung cấp, Hàng hoá, Nhóm hàng, Tài khoản, Tỉnh thành, "
+    L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, Giới thiệu";
+constexpr wchar_t kAccountant[] =
+    L"Đăng nhập, Đổi mật khẩu, Nhóm người sử dụng, Thoát, Tài khoản, Tỉnh thành, "
+    L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, Giới thiệu";
+
+// The running program and what it has printed.
+class TourProgram {
+public:
+    explicit TourProgram(const SampleDatabase& database)
+        : process_(L"vntour.exe", {L"--connect", database.ConnectionString()}, Output()),
+          window_(process_.WindowOfClass(L"VnTourWindow")) {}
+
+    void LogOn(const wchar_t* name, const wchar_t* password) {
+        const HWND dialog = process_.Form(L"FrmLogon", kProcessStart);
+        SetBox(dialog, L"TxtUser", name);
+        SetBox(dialog, L"TxtPass", password);
+        Press(dialog, L"CmdOk");
+        WaitClosed(dialog);
+    }
+
+    void Run(WORD command) const { PostMessageW(window_, WM_COMMAND, command, 0); }
+    HWND Open(WORD command, const wchar_t* form) const {
+        Run(command);
+        return process_.Form(form);
+    }
+    HWND Form(const wchar_t* form) const { return process_.Form(form); }
+    bool Has(const wchar_t* form) const { return process_.Has(form); }
+
+    // Whether the commands become these; tells what they are otherwise.
+    void ExpectEnabled(const std::wstring& commands) const {
+        if (!WaitUntil([&] { return Enabled() == commands; }, kProcessLimit))
+            ADD_FAILURE() << "enabled are: " << ToUtf8(Enabled());
+    }
+
+    DWORD Quit() {
+        Run(kQuit);
+        return process_.ExitCode();
+    }
+
+private:
+    std::wstring Output() const { return folder_.File(L"output.txt"); }
+
+    std::wstring Enabled() const {
+        static constexpr std::wstring_view kStart = L"Enabled=";
+        const std::wstring text = ReadUtf8File(Output());
+        const size_t end = text.rfind(L'\r'), from = text.rfind(kStart);
+        return from == std::wstring::npos || end < from
+                   ? L""
+                   : text.substr(from + kStart.size(),
+                                 text.find(L'\r', from) - from - kStart.size());
+    }
+
+    TempDir folder_;
+    HostProcess process_;
+    HWND window_;
+};
+
+class TourRights : public Administration {};
+
+INSTANTIATE_ADMINISTRATION(TourRights);
+
+TEST_P(TourRights, FollowTheMasksOfTheUsersGroup) {
+    TourProgram tour(Test().database);
+    tour.ExpectEnabled(kNobody);
+    tour.LogOn(L"Khách", L"");
+    tour.ExpectEnabled(L"Đăng nhập, Thoát, Tồn kho, Giới thiệu");
+    tour.Run(kLogOn);
+    tour.LogOn(L"Lê Quốc Việt", L"KhoHang1");
+    tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Người sử dụng, Nhóm người sử dụng, Thoát, "
+                       L"Tồn kho, Giới thiệu");
+    tour.Run(kLogOn);
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    tour.Run(kLogOn);
+    Press(tour.Form(L"FrmLogon"), L"CMDCAN");
+    tour.ExpectEnabled(kNobody);
+    EXPECT_EQ(tour.Quit(), 1u);
+}
+
+TEST_P(TourRights, TakeEffectWhenTheFormOfGroupsCloses) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
+    tour.ExpectEnabled(kAccountant);
+    const HWND groups = tour.Open(kGroups, L"FmGrp");
+    SelectGroup(groups, 1, L"Kế toán");
+    Press(groups, L"CmdPms");
+    const HWND rights = tour.Form(L"FrPms");
+    ToggleRight(rights, 0, 2, L"1000");
+    ToggleRight(rights, 1, 0, L"100011");
+    Press(rights, L"CmdOk");
+    WaitClosed(rights);
+    Press(groups, L"CmdExit");
+    tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Thoát, Khách hàng, Tài khoản, Tỉnh thành, "
+                       L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, "
+                       L"Giới thiệu");
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, CommandWithoutARightDoesNothing) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Khách", L"");
+    tour.ExpectEnabled(L"Đăng nhập, Thoát, Tồn kho, Giới thiệu");
+    tour.Run(kUsers);
+    const HWND box = tour.Open(kAbout, L"MessageBox");
+    EXPECT_FALSE(tour.Has(L"FrmMenu"));
+    Press(box, L"Cmd1");
+    WaitClosed(box);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, MaskColumnsCountByTheirPlace) {
+    for (const wchar_t* change : {L"alter table groups rename column p1 to hethong",
+                                  L"alter table groups rename column p3 to baocao"})
+        Test().database.Execute(change);
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
+    tour.ExpectEnabled(kAccountant);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, MissingAndEmptyMasksGrantNothing) {
+    Test().database.Execute(L"alter table groups drop column p3");
+    Test().database.Execute(L"update groups set p1=null where code=2");
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
+    tour.ExpectEnabled(L"Đăng nhập, Thoát, Tài khoản, Tỉnh thành, Giới thiệu");
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, EndWithTheUsersOwnRow) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Lê Quốc Việt", L"KhoHang1");
+    const HWND list = tour.Open(kUsers, L"FrmMenu");
+    Test().database.Execute(L"delete from \"user\" where code=4");
+    Press(list, L"CmdExit");
+    tour.ExpectEnabled(kNobody);
+    EXPECT_EQ(tour.Quit(), 1u);
+}
+
+TEST_P(TourRights, UserOfADeletedGroupHasNone) {
+    Test().database.Execute(L"delete from groups where code=2");
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
+    tour.ExpectEnabled(kNobody);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+} // namespace
+} // namespace vndesk::test
