@@ -136,6 +136,9 @@ public:
     std::function<void()> onClick;
     std::function<void()> onChange;
     std::function<void()> onDoubleClick;
+    // List boxes only.
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
     std::function<void(int button)> onMouseDown;
     std::function<LRESULT(NMHDR& notification)> onNotify;
 

@@ -292,6 +292,10 @@ void Form::OnCommand(int id, int notification) {
             Fire(control.onClick);
         else if (notification == LBN_DBLCLK)
             Fire(control.onDoubleClick);
+        else if (notification == LBN_SETFOCUS)
+            Fire(control.onGotFocus);
+        else if (notification == LBN_KILLFOCUS)
+            Fire(control.onLostFocus);
         break;
     default:
         // Enter presses the default button through its identifier even while it is disabled.

@@ -6,7 +6,7 @@ namespace vndesk {
 // List boxes and combo boxes do the same under different numbers.
 struct ItemList::Messages {
     UINT add, remove, insert, clear, count, getCurrent, setCurrent, getData, setData, textLength,
-        text;
+        text, find;
 };
 
 namespace {
@@ -18,14 +18,14 @@ static_assert(LB_ERR == CB_ERR);
 
 ItemList::ItemList(Control& control)
     : control_(control), messages_([&]() -> const Messages& {
-          static constexpr Messages kListBox = {LB_ADDSTRING,    LB_DELETESTRING, LB_INSERTSTRING,
-                                                LB_RESETCONTENT, LB_GETCOUNT,     LB_GETCURSEL,
-                                                LB_SETCURSEL,    LB_GETITEMDATA,  LB_SETITEMDATA,
-                                                LB_GETTEXTLEN,   LB_GETTEXT};
-          static constexpr Messages kComboBox = {CB_ADDSTRING,    CB_DELETESTRING, CB_INSERTSTRING,
-                                                 CB_RESETCONTENT, CB_GETCOUNT,     CB_GETCURSEL,
-                                                 CB_SETCURSEL,    CB_GETITEMDATA,  CB_SETITEMDATA,
-                                                 CB_GETLBTEXTLEN, CB_GETLBTEXT};
+          static constexpr Messages kListBox = {
+              LB_ADDSTRING,   LB_DELETESTRING, LB_INSERTSTRING, LB_RESETCONTENT,
+              LB_GETCOUNT,    LB_GETCURSEL,    LB_SETCURSEL,    LB_GETITEMDATA,
+              LB_SETITEMDATA, LB_GETTEXTLEN,   LB_GETTEXT,      LB_FINDSTRINGEXACT};
+          static constexpr Messages kComboBox = {
+              CB_ADDSTRING,   CB_DELETESTRING, CB_INSERTSTRING, CB_RESETCONTENT,
+              CB_GETCOUNT,    CB_GETCURSEL,    CB_SETCURSEL,    CB_GETITEMDATA,
+              CB_SETITEMDATA, CB_GETLBTEXTLEN, CB_GETLBTEXT,    CB_FINDSTRINGEXACT};
           return control.Kind() == ControlKind::ComboBoxW ? kComboBox : kListBox;
       }()) {}
 
@@ -35,6 +35,13 @@ LRESULT ItemList::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
 
 void ItemList::AddItem(const std::wstring& text) {
     newIndex_ = static_cast<long>(Send(messages_.add, 0, reinterpret_cast<LPARAM>(text.c_str())));
+}
+
+void ItemList::InsertItem(const std::wstring& text, long index) {
+    // The platform takes -1 for the end.
+    newIndex_ = index < 0 ? kError
+                          : static_cast<long>(Send(messages_.insert, static_cast<WPARAM>(index),
+                                                   reinterpret_cast<LPARAM>(text.c_str())));
 }
 
 void ItemList::RemoveItem(long index) {
@@ -88,6 +95,11 @@ std::wstring ItemList::Text(long index) const {
     std::wstring text(static_cast<size_t>(length), L'\0');
     Send(messages_.text, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
     return text;
+}
+
+long ItemList::FindText(const std::wstring& text) const {
+    return static_cast<long>(
+        Send(messages_.find, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
 }
 
 // The platform has no message for it: the item is put in anew, with its data and selection.

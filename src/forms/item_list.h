@@ -14,6 +14,8 @@ public:
     explicit ItemList(Control& control);
 
     void AddItem(const std::wstring& text);
+    // In front of the item at an index; an index beyond the end is refused, and NewIndex is -1.
+    void InsertItem(const std::wstring& text, long index);
     void RemoveItem(long index);
     void Clear();
     long NewIndex() const { return newIndex_; }
@@ -25,6 +27,8 @@ public:
     bool Selected(long index) const;
     std::wstring Text(long index) const;
     void SetText(long index, const std::wstring& text);
+    // The first item with a text, letter case aside.
+    long FindText(const std::wstring& text) const;
 
     // Fills without repainting after each item.
     class Filling {

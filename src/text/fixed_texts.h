@@ -60,6 +60,15 @@ inline constexpr wchar_t kUserListLastUser[] =
 inline constexpr wchar_t kFindAnd[] = L"vµ";
 inline constexpr wchar_t kFindOr[] = L"hoÆc";
 
+// Item picker.
+inline constexpr wchar_t kPickerTitle[] = L"Chän tõ danh môc";
+inline constexpr wchar_t kPickerDetail[] = L"Danh môc";
+inline constexpr wchar_t kPickerSearch[] = L"&T×m tªn";
+inline constexpr wchar_t kPickerCode[] = L"M· sè: ";
+inline constexpr wchar_t kPickerEmpty[] = L"Kh«ng cã môc nµo phï hîp";
+inline constexpr wchar_t kPickerChoose[] = L"&Chän";
+inline constexpr wchar_t kPickerQuit[] = L"Bá &qua";
+
 // Selection boxes.
 inline constexpr wchar_t kSelectNotOpened[] = L"M· danh môc kh«ng më ®\u00ADîc. Lçi lµ:";
 inline constexpr wchar_t kSelectCode[] = L"M· sè ";
