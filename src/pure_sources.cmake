@@ -6,6 +6,8 @@ set(VNDESK_PURE_SOURCES
     data/date_text.cpp
     data/literals.cpp
     data/number_text.cpp
+    data/option_statements.cpp
+    data/registry_value.cpp
     data/statements.cpp
     find/format_value.cpp
     find/number_display.cpp

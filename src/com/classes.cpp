@@ -5,6 +5,7 @@
 #include "com/kit/module.h"
 #include "api/cls_varnok.h"
 #include "api/cls_logon.h"
+#include "api/cls_registry.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -14,6 +15,8 @@ namespace {
 constexpr ClassEntry kClasses[] = {
     {&__uuidof(clsLogon), Logon::kProgId, L"VnDesk logon", CreateInstanceOf<Logon>},
     {&__uuidof(::Varnok), Varnok::kProgId, L"VnDesk utilities", CreateInstanceOf<Varnok>},
+    {&__uuidof(clsRegistry), Registry::kProgId, L"VnDesk registry and data sources",
+     CreateInstanceOf<Registry>},
 };
 
 } // namespace

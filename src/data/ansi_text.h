@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Texts in the system's code page, for the parts of Windows that are reached through its ANSI
+// functions.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vndesk {
+
+// Letters that the code page does not have become its replacement character.
+std::string ToAnsi(std::wstring_view text);
+std::wstring FromAnsi(std::string_view text);
+
+} // namespace vndesk
