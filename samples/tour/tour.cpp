@@ -18,7 +18,7 @@ constexpr wchar_t kNotice[] = L"Th«ng b¸o";
 constexpr wchar_t kNotInTheSample[] = L"Ch\u00AD¬ng tr×nh mÉu kh«ng cã phÇn nµy.";
 constexpr wchar_t kBackedUp[] = L"§· sao l\u00ADu d÷ liÖu.";
 constexpr wchar_t kNotBackedUp[] = L"Kh«ng sao l\u00ADu ®\u00ADîc d÷ liÖu.";
-constexpr wchar_t kOnTheServer[] = L"D÷ liÖu trªn m¸y chñ ®\u00ADîc sao l\u00ADu t¹i m¸y chñ.";
+constexpr wchar_t kNoFile[] = L"ChØ sao l\u00ADu ®\u00ADîc d÷ liÖu trong tÖp.";
 
 void ShowError(HWND owner, const HostError& error) {
     wchar_t number[16];
@@ -90,7 +90,7 @@ void Tour::ManageGroups() {
 void Tour::BackUp() {
     Try([&] {
         if (options_.file.empty())
-            Tell(kOnTheServer, vbInformation);
+            Tell(kNoFile, vbInformation);
         else if (CopyFileW(options_.file.c_str(), (options_.file + L".bak").c_str(), FALSE))
             Tell(kBackedUp, vbInformation);
         else

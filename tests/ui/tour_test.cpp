@@ -6,7 +6,14 @@
 namespace vndesk::test {
 namespace {
 
-enum Commands : WORD { kLogOn = 101, kUsers = 103, kGroups = 104, kQuit = 106, kAbout = 401 };
+enum Commands : WORD {
+    kLogOn = 101,
+    kUsers = 103,
+    kGroups = 104,
+    kBackUp = 105,
+    kQuit = 106,
+    kAbout = 401
+};
 
 constexpr wchar_t kNobody[] = L"Đăng nhập, Thoát, Giới thiệu";
 constexpr wchar_t kEverything[] =
@@ -21,7 +28,9 @@ constexpr wchar_t kAccountant[] =
 class TourProgram {
 public:
     explicit TourProgram(const SampleDatabase& database)
-        : process_(L"vntour.exe", {L"--connect", database.ConnectionString()}, Output()),
+        : TourProgram(L"--connect", database.ConnectionString()) {}
+    TourProgram(const wchar_t* option, const std::wstring& value)
+        : process_(L"vntour.exe", {option, value}, Output()),
           window_(process_.WindowOfClass(L"VnTourWindow")) {}
 
     void LogOn(const wchar_t* name, const wchar_t* password) {
@@ -45,6 +54,9 @@ public:
         if (!WaitUntil([&] { return Enabled() == commands; }, kProcessLimit))
             ADD_FAILURE() << "enabled are: " << ToUtf8(Enabled());
     }
+
+    std::wstring Title() const { return TextOf(window_); }
+    HWND ListOfRows() const { return FindWindowExW(window_, nullptr, WC_LISTVIEWW, nullptr); }
 
     DWORD Quit() {
         Run(kQuit);
@@ -156,6 +168,56 @@ TEST_P(TourRights, UserOfADeletedGroupHasNone) {
     TourProgram tour(Test().database);
     tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
     tour.ExpectEnabled(kNobody);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, ListsOfTheMenuShowTheirRows) {
+    const struct {
+        WORD command;
+        const wchar_t* title;
+        const wchar_t* rows;
+    } lists[] = {{201, L"Khách hàng", L"khachhang"},
+                 {203, L"Hàng hoá", L"hanghoa"},
+                 {204, L"Nhóm hàng", L"nhomhang"},
+                 {206, L"Tỉnh thành", L"tinhthanh"},
+                 {301, L"Tồn kho", L"hanghoa where soluong>0"},
+                 {304, L"Công nợ phải thu", L"khachhang where congno>0"}};
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    for (const auto& list : lists) {
+        const std::wstring rows = Test().Read(std::wstring(L"select count(*) from ") + list.rows);
+        tour.Run(list.command);
+        EXPECT_TRUE(WaitUntil(
+            [&] {
+                const LRESULT shown = SendMessageW(tour.ListOfRows(), LVM_GETITEMCOUNT, 0, 0);
+                return IsWindowVisible(tour.ListOfRows()) && std::to_wstring(shown) == rows &&
+                       tour.Title().starts_with(list.title);
+            },
+            kProcessLimit))
+            << list.command;
+    }
+    // What one user has called up is not for the next one.
+    tour.Run(kLogOn);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(tour.ListOfRows()); }, kProcessLimit));
+    Press(tour.Form(L"FrmLogon"), L"CMDCAN");
+    tour.ExpectEnabled(kNobody);
+    EXPECT_EQ(tour.Quit(), 1u);
+}
+
+TEST(TourBackUp, CopiesTheFileBesideIt) {
+    const SampleDatabase database = SampleDatabase::Embedded();
+    const std::wstring copy = database.File() + L".bak";
+    TourProgram tour(L"--database", database.File());
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    const HWND box = tour.Open(kBackUp, L"MessageBox");
+    EXPECT_EQ(TextOf(box, L"Message"), L"Đã sao lưu dữ liệu.");
+    EXPECT_EQ(OdbcSession(L"Driver=SQLite3;Database=" + DriverPath(copy) + L";")
+                  .ScalarText(L"select count(*) from \"user\""),
+              L"7");
+    Press(box, L"Cmd1");
+    WaitClosed(box);
     EXPECT_EQ(tour.Quit(), 0u);
 }
 

@@ -80,13 +80,12 @@ void CloseForm(HWND form) {
 Tour::Tour() : window_(WaitForClass(kMainClass, kStart)) {}
 
 HWND Tour::LogonDialog() {
-    if (!OpenForm(L"FrmLogon") && IsWindowEnabled(window_)) {
-        // The first one opens by itself.
-        if (!WaitUntil([] { return OpenForm(L"FrmLogon") != nullptr; }, 1000)) {
-            WaitInFront();
-            PressKey('L', kControl);
-        }
+    // The first one opens by itself, and a refusal leaves it open.
+    if (started_ && !OpenForm(L"FrmLogon")) {
+        WaitInFront();
+        PressKey('L', kControl);
     }
+    started_ = true;
     return WaitForForm(L"FrmLogon", kStart);
 }
 
@@ -161,10 +160,15 @@ bool Tour::MayOpen(WORD key, const wchar_t* form) {
 }
 
 HWND Tour::OpenMenu(WORD letter) {
-    WaitInFront();
-    PressKey(letter, kAlt);
-    Require(WaitUntil([] { return OpenPopup() != nullptr; }, kLimit), L"no menu opens");
-    return OpenPopup();
+    constexpr DWORD kPatienceWithAKey = 5000;
+    for (int tries = 0; tries < 3; ++tries) {
+        WaitInFront();
+        PressKey(letter, kAlt);
+        if (WaitUntil([] { return OpenPopup() != nullptr; }, kPatienceWithAKey))
+            return OpenPopup();
+        PressKey(VK_ESCAPE); // out of the bar, if only that has heard the key
+    }
+    Fail(L"no menu opens");
 }
 
 void Tour::ShowMenu(WORD letter, const std::wstring& picture) {

@@ -63,6 +63,7 @@ private:
     void CloseMessage(const std::wstring& text, const wchar_t* picture);
 
     HWND window_ = nullptr;
+    bool started_ = false;
     int pictures_ = 0;
 };
 
