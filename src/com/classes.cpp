@@ -1,22 +1,36 @@
 // SPDX-License-Identifier: MIT
 // Every creatable class of the library, one row each: registration and the class objects read it.
 // A new class is one row here and its interface in vndesk.idl.
+#include <windows.h>
+#include <comcat.h>
+#include <objsafe.h>
+
 #include "com/kit/com_object.h"
 #include "com/kit/module.h"
 #include "api/cls_varnok.h"
 #include "api/cls_logon.h"
 #include "api/cls_registry.h"
+#include "api/data_combo1.h"
+#include "controls/images.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
 
 namespace {
 
+constexpr const GUID* kDataComboCategories[] = {
+    &CATID_Control,           &CATID_SafeForScripting,      &CATID_SafeForInitializing,
+    &CATID_PersistsToStorage, &CATID_PersistsToPropertyBag, &CATID_PersistsToStreamInit};
+constexpr ControlEntry kDataCombo = {DataCombo1::kMiscStatus, kBitmapDataCombo, L"1.0",
+                                     kDataComboCategories};
+
 constexpr ClassEntry kClasses[] = {
     {&__uuidof(clsLogon), Logon::kProgId, L"VnDesk logon", CreateInstanceOf<Logon>},
     {&__uuidof(::Varnok), Varnok::kProgId, L"VnDesk utilities", CreateInstanceOf<Varnok>},
     {&__uuidof(clsRegistry), Registry::kProgId, L"VnDesk registry and data sources",
      CreateInstanceOf<Registry>},
+    {&__uuidof(::DataCombo1), DataCombo1::kProgId, L"VnDesk data combo",
+     CreateInstanceOf<DataCombo1>, &kDataCombo},
 };
 
 } // namespace

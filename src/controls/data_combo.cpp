@@ -324,6 +324,10 @@ void DataCombo::Refresh() {
     RedrawWindow(shown_.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }
 
+bool DataCombo::ListIsOpen() const {
+    return SendMessageW(shown_.Window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
 void DataCombo::CheckIndex(long index) const {
     if (index < 0 || index >= ListCount())
         throw ComError(CTL_E_INVALIDPROPERTYARRAYINDEX, L"Invalid property array index");

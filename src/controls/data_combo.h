@@ -65,6 +65,7 @@ public:
     // The font stays the caller's. The height follows it.
     void SetFont(HFONT font);
     void Refresh();
+    bool ListIsOpen() const;
 
     long ListIndex() const { return shown_.Index(); }
     void SetListIndex(long index);

@@ -69,6 +69,15 @@ auto AttributesOf(ITypeInfo* type) {
     return Owned(attributes, [type](TYPEATTR* a) { type->ReleaseTypeAttr(a); });
 }
 
+// Enumerations and other names of numbers.
+bool IsNumber(ITypeInfo* type, HREFTYPE reference) {
+    ComPtr<ITypeInfo> referred;
+    Check(type->GetRefTypeInfo(reference, &referred), L"GetRefTypeInfo");
+    const auto attributes = AttributesOf(referred.Get());
+    return attributes->typekind == TKIND_ENUM ||
+           (attributes->typekind == TKIND_ALIAS && attributes->tdescAlias.vt != VT_USERDEFINED);
+}
+
 Method ReadMethod(ITypeInfo* type, const FUNCDESC& function) {
     Method method;
     BSTR texts[32] = {};
@@ -83,12 +92,16 @@ Method ReadMethod(ITypeInfo* type, const FUNCDESC& function) {
     method.help = Take(help);
     method.name = names[0];
     method.id = function.memid;
+    method.kind = static_cast<WORD>(function.invkind);
     method.vtableOffset = function.oVft;
     for (short i = 0; i < function.cParams; ++i) {
         const ELEMDESC& element = function.lprgelemdescParam[i];
         const bool pointer = element.tdesc.vt == VT_PTR;
         VARTYPE declared = pointer ? element.tdesc.lptdesc->vt : element.tdesc.vt;
-        if (declared == VT_USERDEFINED) // the enumerations
+        if (declared == VT_USERDEFINED) // objects are pointers, the rest is numbers
+            declared = pointer ? VT_DISPATCH : VT_I4;
+        if (pointer && element.tdesc.lptdesc->vt == VT_USERDEFINED &&
+            IsNumber(type, element.tdesc.lptdesc->hreftype))
             declared = VT_I4;
         const USHORT flags = element.paramdesc.wParamFlags;
         method.parameters.push_back({names[static_cast<size_t>(i) + 1], declared, pointer,
@@ -130,6 +143,7 @@ RegisteredClass ReadClass(ITypeInfo* type) {
         Check(type->GetRefTypeInfo(reference, &implemented), L"GetRefTypeInfo");
         if (flags & IMPLTYPEFLAG_FSOURCE) {
             entry.hasEvents = true;
+            entry.events = AttributesOf(implemented.Get())->guid;
             continue;
         }
         if (!(flags & IMPLTYPEFLAG_FDEFAULT))

@@ -37,10 +37,12 @@ struct Method {
     std::wstring name;
     std::wstring help;
     MEMBERID id;
+    WORD kind; // DISPATCH_METHOD, or which side of a property
     short vtableOffset;
     std::vector<Parameter> parameters; // with the result
     size_t Arguments() const;          // without the result
     size_t Required() const;
+    bool IsProperty() const { return kind != DISPATCH_METHOD; }
 };
 
 struct RegisteredClass {
@@ -49,6 +51,7 @@ struct RegisteredClass {
     CLSID clsid;
     IID defaultInterface;
     bool hasEvents;
+    IID events;
     std::vector<Method> methods;
 
     HRESULT Create(REFIID iid, void** object) const;

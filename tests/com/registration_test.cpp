@@ -79,6 +79,9 @@ protected:
             classKeys_.push_back(L"CLSID\\" + GuidText(entry.clsid));
             names_.push_back(entry.progId);
             names_.push_back(entry.progId + L".1");
+            interfaceKeys_.push_back(L"Interface\\" + GuidText(entry.defaultInterface));
+            if (entry.hasEvents)
+                interfaceKeys_.push_back(L"Interface\\" + GuidText(entry.events));
         }
         clsid_ = classKeys_.at(0);
         progId_ = names_.at(0);
@@ -105,8 +108,7 @@ protected:
         };
         std::for_each(classKeys_.begin(), classKeys_.end(), add);
         std::for_each(names_.begin(), names_.end(), add);
-        for (const RegisteredClass& entry : RegisteredClasses())
-            add(L"Interface\\" + GuidText(entry.defaultInterface));
+        std::for_each(interfaceKeys_.begin(), interfaceKeys_.end(), add);
         add(typeLibrary_);
         // Wine keeps the folder of an earlier registration.
         std::erase_if(tree, [](const auto& entry) { return entry.first.ends_with(L"\\HELPDIR|"); });
@@ -145,10 +147,7 @@ protected:
         if (std::any_of(classKeys_.begin(), classKeys_.end(), below) ||
             std::any_of(names_.begin(), names_.end(), below) || below(typeLibrary_))
             return true;
-        for (const RegisteredClass& entry2 : RegisteredClasses())
-            if (below(L"Interface\\" + GuidText(entry2.defaultInterface)))
-                return true;
-        return false;
+        return std::any_of(interfaceKeys_.begin(), interfaceKeys_.end(), below);
     }
 
     bool IsRegistered(HKEY root = HKEY_LOCAL_MACHINE) const {
@@ -160,7 +159,7 @@ protected:
         return any;
     }
 
-    std::vector<std::wstring> classKeys_, names_;
+    std::vector<std::wstring> classKeys_, names_, interfaceKeys_;
     std::wstring clsid_, progId_, typeLibrary_;
     std::wstring server_; // the key that names the type library's file
     RegistryTree before_;

@@ -10,12 +10,21 @@
 
 namespace vndesk {
 
+// What makes a class a control for containers and designers.
+struct ControlEntry {
+    DWORD miscStatus;  // OLEMISC_ flags
+    int toolboxBitmap; // number of the resource
+    const wchar_t* version;
+    std::span<const GUID* const> categories;
+};
+
 // One creatable class. `progId` is the version-independent name; ".1" is added for the other one.
 struct ClassEntry {
     const CLSID* clsid;
     const wchar_t* progId;
     const wchar_t* friendlyName;
     HRESULT (*create)(REFIID iid, void** object);
+    const ControlEntry* control = nullptr;
 };
 
 struct ModuleInfo {

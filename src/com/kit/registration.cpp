@@ -115,11 +115,25 @@ private:
         Set(key + L"\\VersionIndependentProgID", nullptr, entry.progId);
         Set(key + L"\\TypeLib", nullptr, GuidText(*moduleInfo.typeLibrary));
         Set(key + L"\\Programmable", nullptr, L"");
+        if (entry.control)
+            RegisterControl(key, *entry.control);
         for (const std::wstring& name : {std::wstring(entry.progId), versioned}) {
             Set(name, nullptr, entry.friendlyName);
             Set(name + L"\\CLSID", nullptr, GuidText(*entry.clsid));
         }
         Set(entry.progId + std::wstring(L"\\CurVer"), nullptr, versioned);
+    }
+
+    // All below the class's key, with which it goes.
+    void RegisterControl(const std::wstring& key, const ControlEntry& control) const {
+        Set(key + L"\\Control", nullptr, L"");
+        Set(key + L"\\MiscStatus", nullptr, L"0");
+        Set(key + L"\\MiscStatus\\1", nullptr, std::to_wstring(control.miscStatus));
+        Set(key + L"\\ToolboxBitmap32", nullptr,
+            ModulePath() + L", " + std::to_wstring(control.toolboxBitmap));
+        Set(key + L"\\Version", nullptr, control.version);
+        for (const GUID* category : control.categories)
+            Set(key + L"\\Implemented Categories\\" + GuidText(*category), nullptr, L"");
     }
 
     void UnregisterClass(const ClassEntry& entry) const {

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+// The control's window in its container: activation, place, focus and keys.
+#include <windows.h>
+#include <olectl.h>
+
+#include "com/kit/com_error.h"
+#include "controls/himetric.h"
+#include "data_combo1.h"
+
+namespace vndesk {
+
+void DataCombo1::ActivateInPlace() {
+    if (inPlace_)
+        return;
+    ComPtr<IOleInPlaceSite> site;
+    if (!site_ || FAILED(site_.As(&site)) || site->CanInPlaceActivate() != S_OK)
+        throw ComError(E_FAIL);
+    DataCombo& core = Core();
+    CheckHr(site->OnInPlaceActivate());
+    inPlaceSite_ = site;
+    inPlace_ = true;
+    const ErrorState failed = Trap([&] {
+        HWND parent = nullptr;
+        ComPtr<IOleInPlaceFrame> frame;
+        ComPtr<IOleInPlaceUIWindow> document;
+        RECT place = {}, clip = {};
+        OLEINPLACEFRAMEINFO info = {};
+        info.cb = sizeof info;
+        CheckHr(site->GetWindow(&parent));
+        CheckHr(site->GetWindowContext(&frame, &document, &place, &clip, &info));
+        if (!SetParent(core.Window(), parent))
+            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+        Place(place, &clip);
+        ShowWindow(core.Window(), SW_SHOWNA);
+    });
+    if (failed) {
+        Deactivate();
+        throw ComError(failed.code, failed.description);
+    }
+    site_->ShowObject();
+}
+
+void DataCombo1::UIActivate(bool takeFocus) {
+    ActivateInPlace();
+    const HWND window = Core().Window();
+    if (!uiActive_) {
+        uiActive_ = true;
+        inPlaceSite_->OnUIActivate();
+        ComPtr<IOleInPlaceFrame> frame;
+        ComPtr<IOleInPlaceUIWindow> document;
+        RECT place, clip;
+        OLEINPLACEFRAMEINFO info = {};
+        info.cb = sizeof info;
+        if (inPlaceSite_ &&
+            SUCCEEDED(inPlaceSite_->GetWindowContext(&frame, &document, &place, &clip, &info))) {
+            for (IOleInPlaceUIWindow* const holder :
+                 {static_cast<IOleInPlaceUIWindow*>(frame.Get()), document.Get()})
+                if (holder)
+                    holder->SetActiveObject(this, L"DataCombo1");
+            if (frame)
+                frame->SetBorderSpace(nullptr);
+            if (document)
+                document->SetBorderSpace(nullptr);
+        }
+    }
+    if (takeFocus && !IsChild(window, GetFocus()))
+        SetFocus(window);
+}
+
+STDMETHODIMP DataCombo1::UIDeactivate() {
+    if (!uiActive_)
+        return S_OK;
+    uiActive_ = false;
+    return Trap([&] {
+               ComPtr<IOleInPlaceFrame> frame;
+               ComPtr<IOleInPlaceUIWindow> document;
+               RECT place, clip;
+               OLEINPLACEFRAMEINFO info = {};
+               info.cb = sizeof info;
+               if (SUCCEEDED(
+                       inPlaceSite_->GetWindowContext(&frame, &document, &place, &clip, &info))) {
+                   if (document)
+                       document->SetActiveObject(nullptr, nullptr);
+                   if (frame)
+                       frame->SetActiveObject(nullptr, nullptr);
+               }
+               inPlaceSite_->OnUIDeactivate(FALSE);
+           })
+        .code;
+}
+
+// The window keeps its items and waits for the next activation.
+void DataCombo1::Deactivate() {
+    if (!inPlace_)
+        return;
+    UIDeactivate();
+    inPlace_ = false;
+    if (core_) {
+        ShowWindow(core_->Window(), SW_HIDE);
+        SetWindowRgn(core_->Window(), nullptr, FALSE);
+        SetParent(core_->Window(), HWND_MESSAGE);
+    }
+    const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
+    site->OnInPlaceDeactivate();
+}
+
+STDMETHODIMP DataCombo1::InPlaceDeactivate() {
+    const ComPtr<IOleObject> keepAlive(this);
+    return Trap([&] { Deactivate(); }).code;
+}
+
+// A host destroyed the window that the control stands in: the list is lost.
+void DataCombo1::OnCoreDestroyed() {
+    core_ = nullptr;
+    inPlace_ = false;
+    uiActive_ = false;
+    inPlaceSite_.Reset();
+}
+
+STDMETHODIMP DataCombo1::GetWindow(HWND* window) {
+    if (!window)
+        return E_POINTER;
+    *window = inPlace_ ? core_->Window() : nullptr;
+    return *window ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP DataCombo1::SetObjectRects(LPCRECT place, LPCRECT clip) {
+    if (!place)
+        return E_POINTER;
+    if (!inPlace_)
+        return S_OK;
+    return Trap([&] { Place(*place, clip); }).code;
+}
+
+void DataCombo1::Place(const RECT& place, const RECT* clip) {
+    const HWND window = core_->Window();
+    width_ = ToHimetric(place.right - place.left);
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT shown;
+    const bool cut = clip && !IsRectEmpty(clip) &&
+                     (!IntersectRect(&shown, &place, clip) || !EqualRect(&shown, &place));
+    if (cut)
+        OffsetRect(&shown, -place.left, -place.top);
+    // The window owns the region from here on.
+    SetWindowRgn(window, cut ? CreateRectRgnIndirect(&shown) : nullptr, TRUE);
+    FollowHeight();
+}
+
+// The control is as high as its list. A container that gave it another height is told, once.
+void DataCombo1::FollowHeight() {
+    if (!inPlace_ || placing_)
+        return;
+    RECT now;
+    GetWindowRect(core_->Window(), &now);
+    MapWindowPoints(nullptr, GetParent(core_->Window()), reinterpret_cast<POINT*>(&now), 2);
+    RECT placed = {};
+    RECT clip = {};
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    OLEINPLACEFRAMEINFO info = {};
+    info.cb = sizeof info;
+    if (FAILED(inPlaceSite_->GetWindowContext(&frame, &document, &placed, &clip, &info)) ||
+        placed.bottom - placed.top == now.bottom - now.top)
+        return;
+    placing_ = true;
+    inPlaceSite_->OnPosRectChange(&now);
+    placing_ = false;
+}
+
+void DataCombo1::OnFocus(bool has) {
+    const ComPtr<IOleObject> keepAlive(this);
+    if (!inPlace_)
+        return;
+    if (has)
+        UIActivate(false);
+    ComPtr<IOleControlSite> control;
+    if (site_ && SUCCEEDED(site_.As(&control)))
+        control->OnFocus(has);
+}
+
+STDMETHODIMP DataCombo1::TranslateAccelerator(LPMSG message) {
+    if (!message)
+        return E_POINTER;
+    const bool key = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    if (!key || !inPlace_ || !IsChild(core_->Window(), message->hwnd))
+        return S_FALSE;
+    bool own = false;
+    switch (message->wParam) {
+    case VK_UP:
+    case VK_DOWN:
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_DELETE:
+    case VK_F4:
+        own = true;
+        break;
+    case VK_RETURN:
+    case VK_ESCAPE:
+        // They close the open list; otherwise they are the container's.
+        own = core_->ListIsOpen();
+        break;
+    default:
+        break;
+    }
+    if (own && (message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN ||
+                message->message == WM_KEYUP || message->message == WM_SYSKEYUP)) {
+        DispatchMessageW(message);
+        return S_OK;
+    }
+    ComPtr<IOleControlSite> control;
+    if (!site_ || FAILED(site_.As(&control)))
+        return S_FALSE;
+    const auto held = [](int virtualKey, DWORD bit) {
+        return GetKeyState(virtualKey) < 0 ? bit : 0;
+    };
+    return control->TranslateAccelerator(message, held(VK_SHIFT, 1) | held(VK_CONTROL, 2) |
+                                                      held(VK_MENU, 4));
+}
+
+} // namespace vndesk
