@@ -12,6 +12,7 @@
 #include "api/cls_registry.h"
 #include "api/data_combo1.h"
 #include "controls/images.h"
+#include "api/c_sel_item.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -31,6 +32,7 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<Registry>},
     {&__uuidof(::DataCombo1), DataCombo1::kProgId, L"VnDesk data combo",
      CreateInstanceOf<DataCombo1>, &kDataCombo},
+    {&__uuidof(cSelItem), SelItem::kProgId, L"VnDesk selection boxes", CreateInstanceOf<SelItem>},
 };
 
 } // namespace

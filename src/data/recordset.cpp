@@ -97,13 +97,16 @@ long Recordset::FieldCount() {
     return count;
 }
 
-long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement) {
+long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement,
+                   std::wstring* description) {
     const ErrorState error = Trap([&] {
         recordset.Create(database);
         recordset.Open(statement);
     });
     if (error)
         PlainMessage(error.description);
+    if (description)
+        *description = error.description;
     return error.code;
 }
 

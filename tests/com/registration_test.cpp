@@ -144,10 +144,11 @@ protected:
                    (entry.size() == full.size() || entry[full.size()] == L'\\' ||
                     entry[full.size()] == L'|');
         };
-        if (std::any_of(classKeys_.begin(), classKeys_.end(), below) ||
-            std::any_of(names_.begin(), names_.end(), below) || below(typeLibrary_))
-            return true;
-        return std::any_of(interfaceKeys_.begin(), interfaceKeys_.end(), below);
+        const auto anyBelow = [&](const std::vector<std::wstring>& keys) {
+            return std::any_of(keys.begin(), keys.end(), below);
+        };
+        return anyBelow(classKeys_) || anyBelow(names_) || anyBelow(interfaceKeys_) ||
+               below(typeLibrary_);
     }
 
     bool IsRegistered(HKEY root = HKEY_LOCAL_MACHINE) const {
