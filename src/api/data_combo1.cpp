@@ -26,7 +26,8 @@ std::optional<long> PlaceFrom(const VARIANT& index) {
     CheckHr(VariantCopyInd(&number, const_cast<VARIANT*>(&index)));
     if (V_VT(&number) == VT_EMPTY)
         return std::nullopt;
-    CheckHr(VariantChangeType(&number, &number, 0, VT_I4));
+    if (FAILED(VariantChangeType(&number, &number, 0, VT_I4)))
+        throw ComError(STD_CTL_SCODE(13), L"Type mismatch");
     return V_I4(&number);
 }
 

@@ -203,6 +203,24 @@ TEST_F(DataComboTest, WrongIndexesAreClearErrors) {
     EXPECT_EQ(3, Combo().ListCount());
 }
 
+TEST_F(DataComboTest, NoMoreItemsThanIndexesCanCount) {
+    Combo().Clear();
+    // Straight into the lists, without painting: the control's own way takes its time.
+    for (const wchar_t* name : {L"Cmb1", L"Cmb2"}) {
+        const HWND list = FindControl(Combo().Window(), name);
+        SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+        SendMessageW(list, CB_INITSTORAGE, DataCombo::kMostItems, 100000);
+        for (int i = 0; i < DataCombo::kMostItems - 1; ++i)
+            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"x"));
+        SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    }
+    Combo().AddItem(L"Cuối");
+    EXPECT_EQ(32766, Combo().NewIndex());
+    EXPECT_EQ(CTL_E_OVERFLOW, CodeOf([&] { Combo().AddItem(L"Thừa"); }));
+    EXPECT_EQ(32767, Combo().ListCount());
+    ExpectInStep();
+}
+
 TEST_F(DataComboTest, ClickTellsOfEveryChangeOfTheSelectionOnce) {
     Combo().SetListIndex(0);
     EXPECT_EQ(1, form_.clicks);

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// A window of a host with a text box, a place for the control DataCombo1 and another text box, and
+// the message loop of such a host.
+#pragma once
+#include <comutil.h>
+#include <gtest/gtest.h>
+#include <ocidl.h>
+#include <wrl/client.h>
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include "support/check_hr.h"
+#include "support/dialog_driver.h"
+#include "support/ui_windows.h"
+#include "vndesk_idl.h"
+
+namespace vndesk::test {
+
+inline constexpr wchar_t kComboProgId[] = L"VnDesk.DataCombo1";
+
+inline Microsoft::WRL::ComPtr<IDataCombo1> CreateCombo() {
+    CLSID clsid;
+    Microsoft::WRL::ComPtr<IDataCombo1> combo;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(kComboProgId, &clsid));
+    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
+    return combo;
+}
+
+// What a user finds in the combo: its visible list.
+inline HWND ListIn(HWND parent) {
+    HWND found = nullptr;
+    WaitUntil([&] { return (found = FindControl(parent, L"Cmb1")) != nullptr; });
+    return found;
+}
+
+class HostWindow {
+public:
+    HostWindow() {
+        frame_ = CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"Ứng dụng",
+                                 WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN, 60, 60,
+                                 360, 220, nullptr, nullptr, nullptr, nullptr);
+        first_ = Child(L"EDIT", L"", WS_TABSTOP | WS_BORDER, 0, {10, 10, 200, 34});
+    }
+    ~HostWindow() { DestroyWindow(frame_); }
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+
+    HWND Frame() const { return frame_; }
+    HWND First() const { return first_; }
+
+    HWND Child(const wchar_t* className, const wchar_t* text, DWORD style, DWORD extended,
+               const RECT& place) {
+        return CreateWindowExW(extended, className, text, WS_CHILD | WS_VISIBLE | style, place.left,
+                               place.top, place.right - place.left, place.bottom - place.top,
+                               frame_, nullptr, nullptr, nullptr);
+    }
+    void AddLast() { last_ = Child(L"EDIT", L"", WS_TABSTOP | WS_BORDER, 0, {10, 90, 200, 114}); }
+    HWND Last() const { return last_; }
+
+    void Show() {
+        ShowWindow(frame_, SW_SHOW);
+        SetForegroundWindow(frame_);
+        SetFocus(first_);
+        UpdateWindow(frame_);
+    }
+
+    // Runs the host's message loop while a second thread plays the user.
+    void Play(const std::function<void()>& script) {
+        std::atomic<bool> done{false};
+        DialogDriver user([&] {
+            struct AtEnd {
+                std::atomic<bool>& done;
+                DWORD thread;
+                ~AtEnd() {
+                    done = true;
+                    PostThreadMessageW(thread, WM_NULL, 0, 0);
+                }
+            } const atEnd{done, GetWindowThreadProcessId(frame_, nullptr)};
+            script();
+        });
+        MSG message;
+        while (!done && GetMessageW(&message, nullptr, 0, 0) > 0)
+            Dispatch(message);
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            Dispatch(message);
+        user.Finish();
+    }
+
+    // Containers offer keys to the active object before they look at them.
+    Microsoft::WRL::ComPtr<IOleInPlaceActiveObject> active;
+
+private:
+    void Dispatch(MSG& message) {
+        const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+        if (key && active && active->TranslateAccelerator(&message) == S_OK)
+            return;
+        if (IsDialogMessageW(frame_, &message))
+            return;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+
+    HWND frame_ = nullptr;
+    HWND first_ = nullptr;
+    HWND last_ = nullptr;
+};
+
+} // namespace vndesk::test
