@@ -170,28 +170,30 @@ HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags
         // count.
         SetErrorInfo(0, nullptr);
         const FunctionDescription function(type, member, flags);
+        // The platforms name different errors.
+        if (!function)
+            return DISP_E_MEMBERNOTFOUND;
         std::vector<std::unique_ptr<Coerced>> coerced;
         // The platform's call may overlook what is too much.
-        if (function && parameters->cArgs > MostArguments(*function))
+        if (parameters->cArgs > MostArguments(*function))
             return DISP_E_BADPARAMCOUNT;
-        if (function)
-            for (UINT i = 0; i < parameters->cArgs; ++i) {
-                const UINT position = PositionOf(*parameters, i);
-                if (position >= static_cast<UINT>(function->cParams))
-                    continue;
-                const VARTYPE wanted = ReferredType(function->lprgelemdescParam[position]);
-                VARIANT* argument = &parameters->rgvarg[i];
-                if (wanted == VT_EMPTY || V_VT(argument) == VT_ERROR ||
-                    V_VT(argument) == (VT_BYREF | wanted))
-                    continue;
-                try {
-                    coerced.push_back(std::make_unique<Coerced>(argument, wanted));
-                } catch (const ComError&) {
-                    if (badArgument)
-                        *badArgument = i;
-                    return DISP_E_TYPEMISMATCH;
-                }
+        for (UINT i = 0; i < parameters->cArgs; ++i) {
+            const UINT position = PositionOf(*parameters, i);
+            if (position >= static_cast<UINT>(function->cParams))
+                continue;
+            const VARTYPE wanted = ReferredType(function->lprgelemdescParam[position]);
+            VARIANT* argument = &parameters->rgvarg[i];
+            if (wanted == VT_EMPTY || V_VT(argument) == VT_ERROR ||
+                V_VT(argument) == (VT_BYREF | wanted))
+                continue;
+            try {
+                coerced.push_back(std::make_unique<Coerced>(argument, wanted));
+            } catch (const ComError&) {
+                if (badArgument)
+                    *badArgument = i;
+                return DISP_E_TYPEMISMATCH;
             }
+        }
         const HRESULT called =
             type->Invoke(instance, member, flags, parameters, result, exception, badArgument);
         if (SUCCEEDED(called))
