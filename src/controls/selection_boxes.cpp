@@ -24,13 +24,17 @@ UINT ValidateMessage() {
     return message;
 }
 
+// Some 10 milliseconds each.
+constexpr int kTabWaits = 100;
+
 HWND FormOf(HWND window) {
     return GetAncestor(window, GA_ROOT);
 }
 
-// In the form where the user works only: the focus of another program is not ours to take.
+// Unless the user works in another form meanwhile.
 void GiveFocus(HWND window) {
-    if (window && GetActiveWindow() == FormOf(window))
+    const HWND active = GetActiveWindow();
+    if (window && (!active || active == FormOf(window)))
         SetFocus(window);
 }
 
@@ -83,8 +87,10 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
 }
 
 void SelectionBoxes::Box::Release() {
-    if (window)
+    if (window) {
+        KillTimer(window, reinterpret_cast<UINT_PTR>(this));
         RemoveWindowSubclass(window, BoxProcedure, reinterpret_cast<UINT_PTR>(this));
+    }
     window = nullptr;
 }
 
@@ -101,18 +107,40 @@ void SelectionBoxes::Box::Show(const std::wstring& text) const {
         SetWindowTextW(window, text.c_str());
 }
 
-bool SelectionBoxes::Box::FormHasFocus() const {
+bool SelectionBoxes::Box::FormHasKeyboard() const {
     const HWND focus = GetFocus();
-    return window && focus && FormOf(focus) == FormOf(window) &&
-           GetForegroundWindow() == FormOf(window);
+    return focus && FormOf(focus) == FormOf(window) && GetForegroundWindow() == FormOf(window);
+}
+
+// The key goes to whatever has the keyboard. When a window has just closed, that can be nobody for
+// a moment; and when it stays another program's, the stroke is not for it.
+void SelectionBoxes::Box::SendTab() {
+    if (!window)
+        return;
+    waits = kTabWaits;
+    SetTimer(window, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, nullptr);
+    TabTimer();
+}
+
+void SelectionBoxes::Box::TabTimer() {
+    const bool ready = FormHasKeyboard();
+    if (!ready && --waits > 0)
+        return;
+    KillTimer(window, reinterpret_cast<UINT_PTR>(this));
+    if (ready)
+        Gui_Phim(VK_TAB, 0);
 }
 
 LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM wParam,
-                                              LPARAM lParam, UINT_PTR, DWORD_PTR data) {
+                                              LPARAM lParam, UINT_PTR id, DWORD_PTR data) {
     Box& box = *reinterpret_cast<Box*>(data);
     const auto self = box.owner.shared_from_this();
     if (message == WM_NCDESTROY)
         box.Release();
+    if (message == WM_TIMER && wParam == id) {
+        box.TabTimer();
+        return 0;
+    }
     std::optional<LRESULT> result;
     Trap([&] {
         if (&box == &self->nameBox_)
@@ -210,12 +238,6 @@ void SelectionBoxes::RaiseChange() {
         change();
 }
 
-void SelectionBoxes::SendTab(const Box& from) const {
-    // The key goes to whatever has the keyboard, and that may be another program by now.
-    if (from.FormHasFocus())
-        Gui_Phim(VK_TAB, 0);
-}
-
 void SelectionBoxes::PickByName() {
     if (busy_)
         return;
@@ -240,7 +262,7 @@ void SelectionBoxes::PickByName() {
         return;
     }
     Choose(*entry);
-    SendTab(nameBox_);
+    nameBox_.SendTab();
     RaiseChange();
 }
 
@@ -259,7 +281,7 @@ void SelectionBoxes::ValidateCode() {
         if (entry) {
             Choose(*entry);
             RaiseChange();
-            SendTab(codeBox_);
+            codeBox_.SendTab();
         } else if (!code.empty()) {
             Refuse(code);
         }

@@ -50,13 +50,17 @@ private:
     struct Box {
         SelectionBoxes& owner;
         HWND window = nullptr;
+        // How often a Tab stroke still waits for the keyboard.
+        int waits = 0;
 
         void Bind(HWND newWindow);
         void Release();
         std::wstring Text() const;
         void Show(const std::wstring& text) const;
-        // Whether the user works in the form of this box.
-        bool FormHasFocus() const;
+        // Sends a Tab stroke as soon as the box's form has the keyboard.
+        void SendTab();
+        void TabTimer();
+        bool FormHasKeyboard() const;
     };
     struct Entry {
         std::wstring id;
@@ -78,7 +82,6 @@ private:
     void Choose(const Entry& entry);
     void RaiseChange();
     void Forget();
-    void SendTab(const Box& from) const;
 
     const ModuleLock lock_;
     Box nameBox_{*this};
