@@ -98,6 +98,19 @@ TEST_P(SelItem, ChoosingTheSameEntryAgainRaisesNoChange) {
     });
 }
 
+TEST_P(SelItem, EnterInTheEmptiedNameBoxListsEveryName) {
+    Host().form.Run([&] {
+        PickByName(L"Áo", L"Áo sơ mi");
+        Form().Enter(L"TxtSel", L"");
+        PressKey(VK_RETURN);
+        // The row without a name is like nothing.
+        EXPECT_EQ(ListTexts(Control(WaitForPicker(), L"lv1IP")).size(), std::size(kCatalogue) - 1);
+        CancelPicker();
+        WaitReady(Form().Window(), L"TxtSel");
+        ExpectEntry(L"A2", L"Áo sơ mi");
+    });
+}
+
 TEST_P(SelItem, EnterOnTheEntrysOwnNameIsLeftToTheForm) {
     Host().form.Run([&] {
         PickByName(L"Áo", L"Áo sơ mi");
