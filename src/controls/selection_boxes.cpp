@@ -26,6 +26,7 @@ UINT ValidateMessage() {
 
 // Some 10 milliseconds each.
 constexpr int kTabWaits = 100;
+constexpr int kSteady = 3;
 
 HWND FormOf(HWND window) {
     return GetAncestor(window, GA_ROOT);
@@ -114,20 +115,24 @@ bool SelectionBoxes::Box::FormHasKeyboard() const {
 
 // The key goes to whatever has the keyboard. When a window has just closed, that can be nobody for
 // a moment; and when it stays another program's, the stroke is not for it.
-void SelectionBoxes::Box::SendTab() {
+void SelectionBoxes::Box::SendTab(bool windowClosed) {
     if (!window)
         return;
+    if (!windowClosed && FormHasKeyboard()) {
+        Gui_Phim(VK_TAB, 0);
+        return;
+    }
     waits = kTabWaits;
+    steady = 0;
     SetTimer(window, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, nullptr);
-    TabTimer();
 }
 
 void SelectionBoxes::Box::TabTimer() {
-    const bool ready = FormHasKeyboard();
-    if (!ready && --waits > 0)
+    steady = FormHasKeyboard() ? steady + 1 : 0;
+    if (steady < kSteady && --waits > 0)
         return;
     KillTimer(window, reinterpret_cast<UINT_PTR>(this));
-    if (ready)
+    if (steady == kSteady)
         Gui_Phim(VK_TAB, 0);
 }
 
@@ -262,7 +267,7 @@ void SelectionBoxes::PickByName() {
         return;
     }
     Choose(*entry);
-    nameBox_.SendTab();
+    nameBox_.SendTab(true);
     RaiseChange();
 }
 
@@ -281,7 +286,7 @@ void SelectionBoxes::ValidateCode() {
         if (entry) {
             Choose(*entry);
             RaiseChange();
-            codeBox_.SendTab();
+            codeBox_.SendTab(false);
         } else if (!code.empty()) {
             Refuse(code);
         }

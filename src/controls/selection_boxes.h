@@ -50,15 +50,18 @@ private:
     struct Box {
         SelectionBoxes& owner;
         HWND window = nullptr;
-        // How often a Tab stroke still waits for the keyboard.
+        // A Tab stroke waits for the keyboard: how often still, and how often it was there in a
+        // row.
         int waits = 0;
+        int steady = 0;
 
         void Bind(HWND newWindow);
         void Release();
         std::wstring Text() const;
         void Show(const std::wstring& text) const;
-        // Sends a Tab stroke as soon as the box's form has the keyboard.
-        void SendTab();
+        // Sends a Tab stroke as soon as the box's form has the keyboard. When a window has just
+        // closed, that must be so for a moment.
+        void SendTab(bool windowClosed);
         void TabTimer();
         bool FormHasKeyboard() const;
     };

@@ -91,8 +91,10 @@ public:
         }
         SetForegroundWindow(window_);
         SetFocus(Box(L"TxtSel"));
+        hook_ = SetWindowsHookExW(WH_KEYBOARD_LL, SeeKey, GetModuleHandleW(nullptr), 0);
     }
     ~LookupForm() {
+        UnhookWindowsHookEx(hook_);
         for (const wchar_t* name : kBoxes)
             if (const HWND box = FindControl(window_, name))
                 ClearWindowName(box);
@@ -145,6 +147,18 @@ public:
         Do([&] { SetFocus(Box(box)); });
         WaitReady(window_, box);
     }
+    // Tab strokes that were sent by anybody.
+    static int Tabs() { return tabs_; }
+    // Waits until the library's Tab stroke has moved on from the name box. When it was sent and yet
+    // got lost, because the windows had still to settle, the user presses Tab.
+    void WaitMovedOn(int tabsBefore, const wchar_t* to) const {
+        EXPECT_TRUE(WaitUntil([&] { return Tabs() > tabsBefore; })) << "no Tab stroke was sent";
+        if (!WaitUntil([&] { return FocusName(window_) == to; }, 2000)) {
+            WaitReady(window_, L"TxtSel");
+            PressKey(VK_TAB);
+        }
+        WaitReady(window_, to);
+    }
     // The text of a box that has the focus from then on.
     void Enter(const wchar_t* box, const wchar_t* text) const {
         Focus(box);
@@ -181,7 +195,16 @@ private:
         }
     }
 
+    static LRESULT CALLBACK SeeKey(int code, WPARAM message, LPARAM key) {
+        if (code == HC_ACTION && message == WM_KEYDOWN &&
+            reinterpret_cast<const KBDLLHOOKSTRUCT*>(key)->vkCode == VK_TAB)
+            ++tabs_;
+        return CallNextHookEx(nullptr, code, message, key);
+    }
+
+    static inline std::atomic<int> tabs_{0};
     HWND window_ = nullptr;
+    HHOOK hook_ = nullptr;
     std::atomic<int> marks_{0};
     std::atomic<int> defaultPresses_{0};
 };

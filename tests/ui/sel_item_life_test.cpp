@@ -107,8 +107,9 @@ TEST_F(SelItemLife, NameBoxAloneWorksWithoutACodeBox) {
     host_.form.Run([&] {
         host_.form.Enter(L"TxtSel", L"ab");
         PressKey(VK_RETURN);
+        const int tabs = host_.form.Tabs();
         ChooseInPicker(L"abaca");
-        WaitReady(host_.form.Window(), L"txtSelID");
+        host_.form.WaitMovedOn(tabs, L"txtSelID");
         EXPECT_EQ(host_.SelID(), L"A1");
         EXPECT_EQ(host_.form.Text(L"txtSelID"), L"");
         EXPECT_EQ(host_.Changes(), 1);
@@ -125,8 +126,9 @@ TEST_F(SelItemLife, DestroyedBoxesAreForgotten) {
     host_.form.Run([&] {
         host_.form.Enter(L"TxtSel", L"ab");
         PressKey(VK_RETURN);
+        const int tabs = host_.form.Tabs();
         ChooseInPicker(L"abaca");
-        WaitReady(host_.form.Window(), L"TxtOther");
+        host_.form.WaitMovedOn(tabs, L"TxtOther");
         EXPECT_EQ(host_.SelID(), L"A1");
         host_.form.Do([&] {
             DestroyWindow(host_.form.Box(L"TxtSel"));

@@ -21,8 +21,9 @@ protected:
     void PickByName(const wchar_t* typed, const wchar_t* name) const {
         Form().Enter(L"TxtSel", typed);
         PressKey(VK_RETURN);
+        const int tabs = Form().Tabs();
         ChooseInPicker(name);
-        WaitReady(Form().Window(), L"txtSelID");
+        Form().WaitMovedOn(tabs, L"txtSelID");
     }
     // Types a code and leaves the box by Tab; a code that is found sends one more Tab.
     void LeaveCode(const wchar_t* code, const wchar_t* focusAfter) const {
@@ -63,9 +64,9 @@ TEST_P(SelItem, EnterInTheNameBoxPicksAmongTheNamesBeginningSo) {
         EXPECT_EQ(names, (Lines{L"ABC Việt", L"abaca"}));
         EXPECT_EQ(TextOf(picker, L"TxtSelH"), L"ab");
         EXPECT_FALSE(IsWindowEnabled(Form().Window()));
+        const int tabs = Form().Tabs();
         ChooseInPicker(L"ABC Việt");
-        // A Tab stroke moves on.
-        WaitReady(Form().Window(), L"txtSelID");
+        Form().WaitMovedOn(tabs, L"txtSelID");
         ExpectEntry(L"a3", L"ABC Việt");
         EXPECT_EQ(Host().Changes(), 1);
     });
