@@ -9,6 +9,8 @@ set(VNDESK_PURE_SOURCES
     data/option_statements.cpp
     data/registry_value.cpp
     data/statements.cpp
+    find/catalogue.cpp
+    find/condition.cpp
     find/format_value.cpp
     find/number_display.cpp
     logon/logon_statement.cpp
