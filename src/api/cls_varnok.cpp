@@ -3,8 +3,10 @@
 
 #include "com/kit/bstr.h"
 #include "data/values.h"
-#include "forms/keys.h"
+#include "find/find_dialog.h"
 #include "find/number_display.h"
+#include "forms/keys.h"
+#include "logon/session.h"
 
 namespace vndesk {
 
@@ -97,9 +99,14 @@ STDMETHODIMP Varnok::Mid1(BSTR text, long position, BSTR* character) {
         [&] { SetOut(character, [&] { return ToBstr(vndesk::Mid1(FromBstr(text), position)); }); });
 }
 
-STDMETHODIMP Varnok::FindShow(VARIANT, BSTR, BSTR*) {
-    return Guard(
-        [] { throw ComError(E_NOTIMPL, L"FindShow is not part of this version of VnDesk."); });
+STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {
+    return Guard([&] {
+        BSTR& result = ClearedOut(condition);
+        const std::wstring connectionString = NullToText(connection);
+        const SessionConnection session(connectionString);
+        CurrentSession().connectionString = connectionString;
+        result = ToBstr(ShowFindDialog(FromBstr(table), nullptr));
+    });
 }
 
 } // namespace vndesk

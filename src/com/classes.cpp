@@ -13,6 +13,7 @@
 #include "api/data_combo1.h"
 #include "controls/images.h"
 #include "api/c_sel_item.h"
+#include "api/cls_search.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -33,6 +34,7 @@ constexpr ClassEntry kClasses[] = {
     {&__uuidof(::DataCombo1), DataCombo1::kProgId, L"VnDesk data combo",
      CreateInstanceOf<DataCombo1>, &kDataCombo},
     {&__uuidof(cSelItem), SelItem::kProgId, L"VnDesk selection boxes", CreateInstanceOf<SelItem>},
+    {&__uuidof(clsSearch), Search::kProgId, L"VnDesk search", CreateInstanceOf<Search>},
 };
 
 } // namespace

@@ -13,6 +13,8 @@ namespace {
 
 constexpr wchar_t kJetProvider[] = L"Microsoft.Jet.OLEDB.4.0;";
 
+} // namespace
+
 AdoConnection NewConnection() {
     CLSID clsid;
     AdoConnection connection;
@@ -20,8 +22,6 @@ AdoConnection NewConnection() {
     CheckHr(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&connection)));
     return connection;
 }
-
-} // namespace
 
 DatabaseKind KindOf(std::wstring_view connectionString) {
     const bool jet = FindIgnoringCase(connectionString, L"JET OLEDB") != std::wstring_view::npos;

@@ -19,6 +19,9 @@ struct Database {
 // Jet when the connection string names its provider, in any case of letters; else SQL Server.
 DatabaseKind KindOf(std::wstring_view connectionString);
 
+// An unopened connection object.
+AdoConnection NewConnection();
+
 // Never fails: what cannot be opened is shown once, and the unopened connection is returned, on
 // which the first statement will fail.
 Database OpenConnection(std::wstring_view connectionString);

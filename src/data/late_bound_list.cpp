@@ -56,6 +56,9 @@ long LateBoundList::ItemData(long index) {
 void LateBoundList::SetItemData(long index, long data) {
     Call(L"ItemData", DISPATCH_PROPERTYPUT, {index, data});
 }
+void LateBoundList::SetItemData(long index, const VARIANT& data) {
+    Call(L"ItemData", DISPATCH_PROPERTYPUT, {index, data});
+}
 bool LateBoundList::Selected(long index) {
     return NullToInteger(Call(L"Selected", DISPATCH_PROPERTYGET, {index})) != 0;
 }

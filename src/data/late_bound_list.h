@@ -25,6 +25,8 @@ public:
     void SetListIndex(long index);
     long ItemData(long index);
     void SetItemData(long index, long data);
+    // For lists whose item data are of another type.
+    void SetItemData(long index, const VARIANT& data);
     bool Selected(long index);
     void SetText(long index, const std::wstring& text);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fills a combo or list from the first two columns of a statement: the code as item data, the
+// Fills a combo or list from the first two columns of a statement: the first as item data, the
 // second as text.
 #pragma once
 
@@ -11,6 +11,16 @@
 #include "find/ordered.h"
 
 namespace vndesk {
+
+// Item data is what the list keeps: the value itself, a text or a number.
+template <class Combo> void SetItemDataFrom(Combo& combo, long index, const VARIANT& value) {
+    if constexpr (requires { combo.SetItemData(index, value); })
+        combo.SetItemData(index, value);
+    else if constexpr (requires { combo.SetItemData(index, std::wstring()); })
+        combo.SetItemData(index, NullToText(value));
+    else
+        combo.SetItemData(index, NullToInteger(value));
+}
 
 // `Combo` has the members of LateBoundList. When the statement fails the combo keeps its items and
 // its selection.
@@ -26,7 +36,7 @@ void FillCombo(const Database& database, Combo& combo, const std::wstring& state
         for (; !rows.Eof(); rows.MoveNext()) {
             // A row that the list refuses does not keep the others out.
             Trap([&] { combo.AddItem(NullToText(rows.Value(1L))); });
-            Trap([&] { combo.SetItemData(combo.NewIndex(), NullToInteger(rows.Value(0L))); });
+            Trap([&] { SetItemDataFrom(combo, combo.NewIndex(), rows.Value(0L)); });
         }
         combo.SetListIndex(selected < combo.ListCount() ? selected : 0);
     });

@@ -63,6 +63,10 @@ DWORD StyleFor(const ControlSpec& design) {
     }
     if (design.flags & kPassword)
         style |= ES_PASSWORD;
+    if (design.flags & kMultiLine)
+        style = (style & ~DWORD{ES_AUTOHSCROLL}) | ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL;
+    if (design.flags & kReadOnly)
+        style |= ES_READONLY;
     if (design.flags & kDefault)
         style |= BS_DEFPUSHBUTTON;
     if (design.flags & kMultiSelect)

@@ -49,7 +49,9 @@ enum ControlFlags : unsigned {
     kGrowDown = 1024,
     kMoveRight = 2048,
     kMoveDown = 4096,
-    kBehind = 8192, // other controls lie on it
+    kBehind = 8192,     // other controls lie on it
+    kMultiLine = 16384, // a text box of several lines, with a scroll bar
+    kReadOnly = 32768,
 };
 
 // One row of a form's layout table. The caption is TCVN3 unless the form says that it converts

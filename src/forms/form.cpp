@@ -71,8 +71,9 @@ void Form::CreateFormWindow() {
     const DWORD style = StyleFor(spec_.border);
     const DWORD extendedStyle = ExtendedStyleFor(spec_.border);
     windowClass_.emplace(WindowProcedure);
-    // Owned by the window that the user works in, so that the form cannot sink behind it.
-    window_ = CreateEmptyDialog(GetActiveWindow(), style, extendedStyle);
+    // Owned, so that the form cannot sink behind the window that the user works in.
+    window_ =
+        CreateEmptyDialog(IsWindow(owner_) ? owner_ : GetActiveWindow(), style, extendedStyle);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetWindowName(window_, spec_.name);
     RECT frame = {0, 0, ToPixels(spec_.clientWidth, dpi_), ToPixels(spec_.clientHeight, dpi_)};
@@ -125,7 +126,8 @@ bool Form::PreviewKey(const MSG& message) {
         return false;
     const auto code = static_cast<wchar_t>(message.wParam);
     bool handled = false;
-    if (message.message == WM_KEYDOWN)
+    // F10 comes as a key of the menu.
+    if (message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && code == VK_F10))
         if (const Control* control = FromWindow(message.hwnd))
             Fire([&] { handled = OnKeyDown(*control, message.wParam); });
     if (handled)

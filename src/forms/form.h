@@ -44,6 +44,9 @@ public:
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
+    // The window that the form stays in front of, before it is loaded; without one, or when it is
+    // gone, that in which the user works.
+    void SetOwner(HWND owner) { owner_ = owner; }
     // Creates the window and its controls, runs OnLoad and prepares the form. Nothing when loaded
     // already.
     void Load();
@@ -118,6 +121,7 @@ private:
 
     const FormSpec& spec_;
     std::optional<FormClass> windowClass_;
+    HWND owner_ = nullptr;
     HWND window_ = nullptr;
     HWND toolTips_ = nullptr;
     int dpi_ = USER_DEFAULT_SCREEN_DPI;

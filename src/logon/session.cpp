@@ -10,14 +10,18 @@ Session& CurrentSession() {
     return session;
 }
 
-SessionConnection::SessionConnection(std::wstring_view connectionString) {
+SessionConnection::SessionConnection(std::wstring_view connectionString) : close_(true) {
     Database opened = OpenConnection(connectionString);
     previous_ = std::exchange(CurrentSession().current, std::move(opened));
 }
 
+SessionConnection::SessionConnection(Database opened)
+    : previous_(std::exchange(CurrentSession().current, std::move(opened))), close_(false) {}
+
 // The connection object goes too, so that none is left when the DLL is unloaded.
 SessionConnection::~SessionConnection() {
-    CloseConnection(CurrentSession().current);
+    if (close_)
+        CloseConnection(CurrentSession().current);
     CurrentSession().current = std::move(previous_);
 }
 

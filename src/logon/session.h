@@ -21,13 +21,17 @@ Session& CurrentSession();
 // from inside the first gets its own; the first finds its connection again afterwards.
 class SessionConnection {
 public:
+    // Opens a connection, and closes it at the end.
     explicit SessionConnection(std::wstring_view connectionString);
+    // Uses one that is open already, and leaves it open.
+    explicit SessionConnection(Database opened);
     ~SessionConnection();
     SessionConnection(const SessionConnection&) = delete;
     SessionConnection& operator=(const SessionConnection&) = delete;
 
 private:
     Database previous_;
+    const bool close_;
 };
 
 } // namespace vndesk

@@ -12,7 +12,6 @@
 #include "support/script_host.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
-#include "unavailable.h"
 #include "vndesk_idl.h"
 
 namespace {
@@ -379,22 +378,6 @@ std::wstring Description(IErrorInfo* info) {
     const std::wstring description(text ? text : L"");
     SysFreeString(text);
     return description;
-}
-
-TEST(ErrorTest, MethodsOfLaterVersionsSaySo) {
-    for (const UnavailableMethod& entry : kUnavailable) {
-        const LateBound object = LateBound::Create(entry.progId);
-        const size_t count = static_cast<size_t>(entry.arguments);
-        // A method that has learned its work may open a window: that is closed and the test fails.
-        DialogDriver user([] {}, 500);
-        const LateResult result = object.TryCall(entry.method, LateBound::Arguments(count, L""));
-        user.Finish();
-        EXPECT_HR(DISP_E_EXCEPTION, result.hr) << ToUtf8(entry.method);
-        EXPECT_HR(E_NOTIMPL, result.exceptionCode);
-        EXPECT_EQ(entry.progId, result.exceptionSource);
-        EXPECT_NE(std::wstring::npos, result.exceptionText.find(entry.method))
-            << ToUtf8(result.exceptionText);
-    }
 }
 
 TEST(ErrorTest, ScriptsReadNumberSourceAndDescription) {

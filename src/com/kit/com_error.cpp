@@ -13,6 +13,13 @@ namespace vndesk {
 
 using Microsoft::WRL::ComPtr;
 
+namespace {
+
+// Visual Basic's number, for which the platform's header has no name.
+constexpr HRESULT kSubscriptOutOfRange = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 9);
+
+} // namespace
+
 std::wstring SystemMessage(HRESULT code) {
     wchar_t* text = nullptr;
     const DWORD length = FormatMessageW(
@@ -35,6 +42,8 @@ ErrorState CurrentError() {
         return {CTL_E_OVERFLOW, L"Overflow"};
     } catch (const std::invalid_argument&) {
         return {CTL_E_ILLEGALFUNCTIONCALL, L"Invalid procedure call or argument"};
+    } catch (const std::out_of_range&) {
+        return {kSubscriptOutOfRange, L"Subscript out of range"};
     } catch (const std::bad_alloc&) {
         return {E_OUTOFMEMORY, SystemMessage(E_OUTOFMEMORY)};
     } catch (const std::length_error&) {

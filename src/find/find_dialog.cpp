@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include "find_dialog.h"
+
+#include <commctrl.h>
+
+#include "captions.h"
+#include "catalogue.h"
+#include "condition.h"
+#include "controls/data_combo.h"
+#include "controls/item_picker.h"
+#include "data/plain_message.h"
+#include "field_info.h"
+#include "fill_combo.h"
+#include "forms/form.h"
+#include "forms/keys.h"
+#include "logon/session.h"
+#include "msgbox/message_box.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+// Each line reads as a sentence: how it joins the one above, the field, the operator, the value.
+constexpr double kLineHeight = 435;
+constexpr double LineTop(int line) {
+    return 420 + line * kLineHeight;
+}
+constexpr ControlSpec Join(const wchar_t* name, int line) {
+    return DataComboSpec(name, {180, LineTop(line), 1080, 330});
+}
+constexpr ControlSpec Field(const wchar_t* name, int line) {
+    return DataComboSpec(name, {1380, LineTop(line), 2760, 330});
+}
+constexpr ControlSpec Predicate(const wchar_t* name, int line) {
+    return DataComboSpec(name, {4260, LineTop(line), 2040, 330});
+}
+constexpr ControlSpec Value(const wchar_t* name, int line) {
+    return {TextBoxW, name, L"", {6420, LineTop(line), 2760, 330}};
+}
+
+constexpr ControlSpec kControls[] = {
+    {LabelW, L"lblFirst", texts::kFindFirst, {180, LineTop(0) + 45, 1080, 240}},
+    {LabelW, L"Label1", texts::kFindField, {1380, 150, 2760, 240}, kMnemonic},
+    Field(L"CmbFld(0)", 0),
+    {LabelW, L"Label2", texts::kFindOperator, {4260, 150, 2040, 240}, kMnemonic},
+    Predicate(L"CmbPredicate(0)", 0),
+    {LabelW, L"Label3", texts::kFindValue, {6420, 150, 2760, 240}, kMnemonic},
+    Value(L"MskValue(0)", 0),
+    Join(L"cmbLg(1)", 1),
+    Field(L"CmbFld(1)", 1),
+    Predicate(L"CmbPredicate(1)", 1),
+    Value(L"MskValue(1)", 1),
+    Join(L"cmbLg(2)", 2),
+    Field(L"CmbFld(2)", 2),
+    Predicate(L"CmbPredicate(2)", 2),
+    Value(L"MskValue(2)", 2),
+    Join(L"cmbLg(3)", 3),
+    Field(L"CmbFld(3)", 3),
+    Predicate(L"CmbPredicate(3)", 3),
+    Value(L"MskValue(3)", 3),
+    {LabelW, L"lblResult", texts::kFindResult, {180, 2235, 9000, 240}, kMnemonic},
+    {TextBoxW, L"TxtResult", L"", {180, 2505, 9000, 1125}, kMultiLine | kReadOnly},
+    {Frame, L"FrCmd", L"", {4530, 3690, 4650, 690}},
+    {CommandButtonW, L"CmdOk", texts::kFindOk, {4680, 3855, 1350, 375}},
+    {CommandButtonW, L"CmdCancel", texts::kFindCancel, {6180, 3855, 1350, 375}, kCancel},
+    {CommandButtonW, L"CmdHelp", texts::kFindHelp, {7680, 3855, 1350, 375}},
+};
+
+constexpr FormSpec kForm = {L"FrmFind", texts::kFindTitle, 9360, 4530, FormBorder::FixedDialog,
+                            false,      kControls};
+
+constexpr long kFirst = 0;
+constexpr long kLines = kConditionLines;
+constexpr long kDateField = 8;
+
+std::wstring Shown(const wchar_t* text) {
+    return ToUncText(text, kToUnicode);
+}
+
+// The name of a control in a row of them, without its place.
+std::wstring RowName(const Control& control) {
+    return control.Name().substr(0, control.Name().find(L'('));
+}
+
+class FindForm final : public Form {
+public:
+    explicit FindForm(const std::wstring& table) : Form(kForm), table_(table) {}
+
+    std::wstring result;
+
+protected:
+    void OnLoad() override {
+        TieClicks<FindForm>({{L"CmdOk", &FindForm::Confirm},
+                             {L"CmdCancel", &FindForm::Cancel},
+                             {L"CmdHelp", &FindForm::Help}});
+    }
+
+    void OnPrepared() override {
+        ReadData();
+        info_ = ReadFieldInfo(Current(), FieldInfoStatement(table_), kCatalogueOrder);
+        for (long i = kFirst; i < kLines; ++i)
+            Listen(i);
+        result.clear();
+        Get(L"CmdOk").SetEnabled(true);
+        for (long i = kFirst + 1; i < kLines; ++i)
+            SetLineEnabled(i, false);
+        // A table without fields leaves nothing to confirm.
+        if (Fields(kFirst).ListCount() > 0)
+            Fields(kFirst).SetListIndex(0);
+        else
+            Get(L"CmdOk").SetEnabled(false);
+    }
+
+    // Enter moves on like Tab; it never presses a button.
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
+    bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (key == VK_F10) {
+            PlainMessage(RowName(control));
+            return true;
+        }
+        for (long i = kFirst; key == VK_F2 && i < kLines; ++i)
+            if (&control == &At(L"MskValue", i)) {
+                // What goes wrong here is no concern of the line.
+                Trap([&] { LookUp(i); });
+                return true;
+            }
+        return false;
+    }
+
+private:
+    const Database& Current() const { return CurrentSession().current; }
+
+    Control& At(const wchar_t* row, long line) {
+        return Get(row + (L"(" + std::to_wstring(line) + L")"));
+    }
+    DataCombo& Combo(const wchar_t* row, long line) {
+        return DataCombo::Of(At(row, line).Window());
+    }
+    DataCombo& Fields(long line) { return Combo(L"CmbFld", line); }
+    DataCombo& Predicates(long line) { return Combo(L"CmbPredicate", line); }
+    DataCombo& Joins(long line) { return Combo(L"cmbLg", line); }
+
+    void ReadData() {
+        DataCombo& fields = Fields(kFirst);
+        FillCombo(Current(), fields, FieldListStatement(table_), kCatalogueOrder);
+        for (long i = kFirst + 1; i < kLines; ++i) {
+            AddValue(Joins(i), Shown(texts::kFindAnd), L"and");
+            AddValue(Joins(i), Shown(texts::kFindOr), L"or");
+            Joins(i).SetListIndex(0);
+            for (long field = 0; field < fields.ListCount(); ++field)
+                AddValue(Fields(i), fields.List(field), fields.ItemData(field));
+        }
+    }
+
+    static void AddValue(DataCombo& combo, const std::wstring& text, const std::wstring& value) {
+        combo.AddItem(text);
+        combo.SetItemData(combo.NewIndex(), value);
+    }
+
+    void Listen(long line) {
+        Fields(line).onClick = [this, line] {
+            Reporting([&] { FieldChanged(line); });
+        };
+        const auto changed = [this] {
+            Reporting([this] { Refresh(); });
+        };
+        Predicates(line).onClick = changed;
+        At(L"MskValue", line).onChange = changed;
+        if (line > kFirst)
+            Joins(line).onClick = [this] {
+                Reporting([this] { SetEnable(); });
+            };
+    }
+
+    // An error ends the step, and the form goes on.
+    template <class Step> void Reporting(Step step) {
+        if (const ErrorState error = Trap(step))
+            PlainMessage(error.description);
+    }
+
+    long FieldType(long field) { return info_.FieldType.at(static_cast<size_t>(field)); }
+
+    ConditionLine Line(long line) {
+        DataCombo& fields = Fields(line);
+        DataCombo& predicates = Predicates(line);
+        ConditionLine result;
+        result.fieldIndex = fields.ListIndex();
+        result.fieldType = result.fieldIndex < 0 ? 0 : FieldType(result.fieldIndex);
+        result.fieldName = fields.Value();
+        result.fieldText = fields.Text();
+        result.operatorIndex = predicates.ListIndex();
+        result.operatorName = predicates.Value();
+        result.operatorText = predicates.Text();
+        result.value = At(L"MskValue", line).Text();
+        result.enabled = fields.Enabled();
+        if (line > kFirst) {
+            result.joinName = Joins(line).Value();
+            result.joinText = Joins(line).Text();
+        }
+        return result;
+    }
+
+    ConditionLines Lines() {
+        ConditionLines lines;
+        for (long i = kFirst; i < kLines; ++i)
+            lines[static_cast<size_t>(i)] = Line(i);
+        return lines;
+    }
+
+    void FieldChanged(long line) {
+        ChkVisible(line);
+        Refresh();
+    }
+
+    void Refresh() {
+        Get(L"CmdOk").SetEnabled(CheckSql(Line(kFirst)));
+        SetEnable();
+    }
+
+    void ChkVisible(long line) {
+        const long field = Fields(line).ListIndex();
+        if (field < 0)
+            return;
+        FillCombo(Current(), Predicates(line), OperatorListStatement(FieldType(field)), L"");
+        ShowCue(line, field);
+    }
+
+    // What an empty box asks for.
+    void ShowCue(long line, long field) {
+        const bool related = !info_.FieldRelation.at(static_cast<size_t>(field)).empty();
+        const wchar_t* cue = related                          ? texts::kFindCueRelation
+                             : FieldType(field) == kDateField ? texts::kFindCueDate
+                                                              : L"";
+        SendMessageW(At(L"MskValue", line).Window(), EM_SETCUEBANNER, TRUE,
+                     reinterpret_cast<LPARAM>(Shown(cue).c_str()));
+    }
+
+    // A line can be filled in when the one above is complete.
+    void SetEnable() {
+        for (long i = kFirst + 1; i < kLines; ++i)
+            SetLineEnabled(i, CheckSql(Line(i - 1)));
+        Get(L"TxtResult").SetText(GetDis(Lines()));
+    }
+
+    void SetLineEnabled(long line, bool enabled) {
+        for (DataCombo* combo : {&Joins(line), &Fields(line), &Predicates(line)})
+            combo->SetEnabled(enabled);
+        At(L"MskValue", line).SetEnabled(enabled);
+    }
+
+    void LookUp(long line) {
+        const long field = Fields(line).ListIndex();
+        const std::wstring& relation = info_.FieldRelation.at(static_cast<size_t>(field));
+        if (relation.empty())
+            return;
+        Control& box = At(L"MskValue", line);
+        const std::wstring picked =
+            PickItem(Current(), LookUpStatement(relation, box.Text(), Current().kind), box.Text());
+        if (picked.empty())
+            return;
+        box.SetText(picked);
+        Gui_Phim(VK_TAB, 0);
+    }
+
+    void Confirm() {
+        Reporting([this] {
+            result = GetRes(Lines(), Current().kind);
+            Unload();
+        });
+    }
+
+    void Cancel() {
+        result.clear();
+        Unload();
+    }
+
+    void Help() {
+        std::wstring title = texts::kFindHelpTitle;
+        ShowMsg(texts::kFindHelpText, kOkOnly, title, kInformation, false);
+    }
+
+    const std::wstring table_;
+    FieldInfo info_;
+};
+
+} // namespace
+
+std::wstring ShowFindDialog(const std::wstring& table, HWND owner) {
+    const DataComboClass comboClass;
+    FindForm form(table);
+    form.SetOwner(owner);
+    form.ShowModal();
+    return form.result;
+}
+
+} // namespace vndesk
