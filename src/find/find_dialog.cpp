@@ -236,8 +236,9 @@ private:
         const wchar_t* cue = related                          ? texts::kFindCueRelation
                              : FieldType(field) == kDateField ? texts::kFindCueDate
                                                               : L"";
-        SendMessageW(At(L"MskValue", line).Window(), EM_SETCUEBANNER, TRUE,
-                     reinterpret_cast<LPARAM>(Shown(cue).c_str()));
+        const HWND box = At(L"MskValue", line).Window();
+        SendMessageW(box, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(Shown(cue).c_str()));
+        InvalidateRect(box, nullptr, TRUE);
     }
 
     // A line can be filled in when the one above is complete.
