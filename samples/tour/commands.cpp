@@ -11,6 +11,7 @@ namespace {
 constexpr wchar_t kSystem[] = L"&Hệ thống";
 constexpr wchar_t kCatalogues[] = L"&Danh mục";
 constexpr wchar_t kReports[] = L"&Báo cáo";
+constexpr wchar_t kSearch[] = L"Tìm &kiếm";
 constexpr wchar_t kHelp[] = L"&Trợ giúp";
 
 constexpr Command kCommands[] = {
@@ -31,6 +32,9 @@ constexpr Command kCommands[] = {
     {303, kReports, L"&Doanh thu", 0, 0, 13, &Tour::NotInTheSample},
     {304, kReports, L"&Công nợ phải thu", 0, 0, 14, &Tour::Show<kReceivables>},
     {305, kReports, L"Công nợ &phải trả", 0, 0, 15, &Tour::NotInTheSample},
+    // Whoever may see a list may search it.
+    {501, kSearch, L"Tìm &khách hàng…\tCtrl+F", FCONTROL, 'F', 5, &Tour::Find<kFindCustomers>},
+    {502, kSearch, L"Tìm &hàng hoá…\tCtrl+H", FCONTROL, 'H', 7, &Tour::Find<kFindGoods>},
     {401, kHelp, L"&Giới thiệu\tF1", 0, VK_F1, 0, &Tour::About},
 };
 

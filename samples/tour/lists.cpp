@@ -31,3 +31,14 @@ const List kStock = {
 const List kReceivables = {
     L"Công nợ phải thu", L"SELECT [Name],CongNo FROM KhachHang WHERE CongNo>0 ORDER BY CongNo DESC",
     kDebtColumns};
+
+const Search kFindCustomers = {L"KhachHang",
+                               {L"Khách hàng tìm được",
+                                L"SELECT MaKH,[Name],DiaChi,CongNo FROM KhachHang WHERE ",
+                                kCustomerColumns},
+                               L" ORDER BY MaKH"};
+const Search kFindGoods = {
+    L"HangHoa",
+    {L"Hàng hoá tìm được", L"SELECT MaHang,TenHang,MaNhom,DonVi,SoLuong,DonGia FROM HangHoa WHERE ",
+     kGoodsColumns},
+    L" ORDER BY MaHang"};

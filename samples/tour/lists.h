@@ -15,4 +15,12 @@ struct List {
     std::span<const Column> columns;
 };
 
+// A list of which the user may ask for a part: the statement ends where the condition follows.
+struct Search {
+    const wchar_t* table; // as the search dialog's field catalogue names it
+    List found;
+    const wchar_t* order;
+};
+
 extern const List kCustomers, kGoods, kKindsOfGoods, kProvinces, kStock, kReceivables;
+extern const Search kFindCustomers, kFindGoods;

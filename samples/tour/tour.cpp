@@ -12,10 +12,11 @@ namespace {
 constexpr wchar_t kAboutTitle[] = L"Giíi thiÖu";
 constexpr wchar_t kAboutText[] = L"Ch\u00AD¬ng tr×nh mÉu cña VnDesk.\n\n"
                                  L"§¨ng nhËp, qu¶n trÞ ng\u00ADêi sö dông, ph©n quyÒn\n"
-                                 L"vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
+                                 L"t×m kiÕm vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
                                  L"cho ch\u00AD¬ng tr×nh Windows.";
 constexpr wchar_t kNotice[] = L"Th«ng b¸o";
 constexpr wchar_t kNotInTheSample[] = L"Ch\u00AD¬ng tr×nh mÉu kh«ng cã phÇn nµy.";
+constexpr wchar_t kNothingFound[] = L"Kh«ng t×m thÊy dßng nµo.";
 constexpr wchar_t kBackedUp[] = L"§· sao l\u00ADu d÷ liÖu.";
 constexpr wchar_t kNotBackedUp[] = L"Kh«ng sao l\u00ADu ®\u00ADîc d÷ liÖu.";
 constexpr wchar_t kNoFile[] = L"ChØ sao l\u00ADu ®\u00ADîc d÷ liÖu trong tÖp.";
@@ -104,6 +105,22 @@ void Tour::Quit() {
 
 void Tour::ShowRows(const List& list) {
     Try([&] { ShowList(window_, list, HostDatabase(options_.connect).Read(list.statement)); });
+}
+
+// The condition is put into the program's own statement as it is; one that the database does not
+// accept is told like any other error.
+void Tour::FindRows(const Search& search) {
+    Try([&] {
+        const std::wstring condition = vndesk_.Search(options_.connect, search.table, window_);
+        if (condition.empty())
+            return;
+        PrintLine(L"Condition=" + condition);
+        const auto rows =
+            HostDatabase(options_.connect).Read(search.found.statement + condition + search.order);
+        ShowList(window_, search.found, rows);
+        if (rows.empty())
+            Tell(kNothingFound, vbInformation);
+    });
 }
 
 void Tour::NotInTheSample() {

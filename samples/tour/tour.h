@@ -24,6 +24,7 @@ public:
     void BackUp();
     void Quit();
     template <const List& list> void Show() { ShowRows(list); }
+    template <const Search& search> void Find() { FindRows(search); }
     void NotInTheSample();
     void About();
 
@@ -37,6 +38,7 @@ private:
     template <class Steps> void Try(Steps steps);
     void ReadUser();
     void ShowRows(const List& list);
+    void FindRows(const Search& search);
     void Tell(const wchar_t* text, IconValue icon);
 
     Options options_;

@@ -5,10 +5,23 @@
 
 #include "host_error.h"
 
-VnDeskClient::VnDeskClient() {
+namespace {
+
+template <class Interface> void Create(const wchar_t* progId, Interface** object) {
     CLSID clsid;
-    Check(CLSIDFromProgID(L"VnDesk.clsLogon", &clsid));
-    Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&logon_)));
+    Check(CLSIDFromProgID(progId, &clsid));
+    Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
+                           reinterpret_cast<void**>(object)));
+}
+
+std::wstring TextOf(const _bstr_t& text) {
+    return text.length() ? static_cast<const wchar_t*>(text) : L"";
+}
+
+} // namespace
+
+VnDeskClient::VnDeskClient() {
+    Create(L"VnDesk.clsLogon", logon_.GetAddressOf());
 }
 
 long VnDeskClient::ShowLogon(const std::wstring& connect) {
@@ -34,10 +47,24 @@ void VnDeskClient::ShowGroup(const std::wstring& connect) {
     Check(logon_->ShowGroup(&text.GetBSTR()));
 }
 
+std::wstring VnDeskClient::Search(const std::wstring& connect, const std::wstring& table,
+                                  HWND owner) {
+    Microsoft::WRL::ComPtr<ISearch> search;
+    Create(L"VnDesk.clsSearch", search.GetAddressOf());
+    Check(search->put_ActiveConnection(_variant_t(connect.c_str())));
+    Check(search->put_TableSearch(_bstr_t(table.c_str())));
+    long modal = 1;
+    // Window handles fit into a long.
+    Check(search->Show(&modal, _variant_t(static_cast<long>(reinterpret_cast<LONG_PTR>(owner)))));
+    _bstr_t condition;
+    Check(search->get_Result(condition.GetAddress()));
+    return TextOf(condition);
+}
+
 std::wstring VnDeskClient::MgBox(const std::wstring& message, Buttons buttons,
                                  const std::wstring& title, IconValue icon) {
     _bstr_t messageText(message.c_str()), titleText(title.c_str()), pressed;
     Check(logon_->MgBox(&messageText.GetBSTR(), buttons, &titleText.GetBSTR(), icon, VARIANT_FALSE,
                         pressed.GetAddress()));
-    return pressed.length() ? static_cast<const wchar_t*>(pressed) : L"";
+    return TextOf(pressed);
 }

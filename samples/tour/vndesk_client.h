@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Calling VnDesk.clsLogon from C++ through the header that the type library's IDL generates.
-// Failed calls throw HostError.
+// Calling VnDesk.clsLogon and VnDesk.clsSearch from C++ through the header that the type library's
+// IDL generates. Failed calls throw HostError.
 #pragma once
 #include <string>
 
@@ -20,6 +20,10 @@ public:
     void ShowUser(const std::wstring& connect, const std::wstring& userName);
     void UserManager(const std::wstring& connect);
     void ShowGroup(const std::wstring& connect);
+
+    // Shows the search dialog over a table, above a window of the program. The condition for the
+    // table's rows, empty when the user has cancelled.
+    std::wstring Search(const std::wstring& connect, const std::wstring& table, HWND owner);
 
     // Shows the library's message box. Both texts are TCVN3, each byte as one character.
     // The pressed button's number as text: "1" OK, "2" Cancel, "6" Yes, ...

@@ -150,6 +150,7 @@ public:
         return static_cast<const wchar_t*>(_bstr_t(object_.Get(L"List", {index})));
     }
     const LateBound& Object() const { return object_; }
+    LateBoundList& Late() { return *list_; }
 
 private:
     LateBound holder_ = LateBound::Create(L"Scripting.Dictionary");
@@ -295,6 +296,43 @@ TYPED_TEST(ListTest, NullAndTextCodesAreTakenAsTheyAre) {
     FillCombo(database.opened, this->list,
               L"Select KeyName,KeyValue From Options Where [Section]='BaoCao'", L"KeyName");
     EXPECT_EQ((std::vector<std::wstring>{L"=0", L"=0", L"40=0"}), this->Items());
+}
+
+constexpr wchar_t kKinds[] = L"Select MaNhom,TenNhom From NhomHang Where MaNhom<'M'";
+
+// A list whose item data are texts gets the codes as they are.
+struct TextList {
+    std::vector<std::pair<std::wstring, std::wstring>> items;
+    void AddItem(const std::wstring& text) { items.emplace_back(text, L""); }
+    void Clear() { items.clear(); }
+    long NewIndex() const { return ListCount() - 1; }
+    long ListCount() const { return static_cast<long>(items.size()); }
+    long ListIndex() const { return -1; }
+    void SetListIndex(long) {}
+    void SetItemData(long index, const std::wstring& data) {
+        items[static_cast<size_t>(index)].second = data;
+    }
+};
+
+TEST(FillComboTest, TextListGetsTheCodesAsText) {
+    const OpenedDatabase database(Engine::Embedded);
+    TextList list;
+    FillCombo(database.opened, list, kKinds, L"MaNhom");
+    EXPECT_EQ((std::vector<std::pair<std::wstring, std::wstring>>{{L"Điện tử", L"DT"},
+                                                                  {L"Đồ gia dụng", L"GD"}}),
+              list.items);
+    FillCombo(database.opened, list, L"Select Code,[Name] From Groups Where Code=3", L"");
+    EXPECT_EQ(L"3", list.items.at(0).second);
+}
+
+TEST(FillComboTest, HostsListGetsTheValueItself) {
+    const OpenedDatabase database(Engine::Embedded);
+    HostList list;
+    FillCombo(database.opened, list.Late(), kKinds, L"MaNhom");
+    ASSERT_EQ(2, list.ListCount());
+    EXPECT_EQ(_variant_t(L"GD"), list.Object().Get(L"ItemData", {1L}));
+    FillCombo(database.opened, list.Late(), L"Select Code,[Name] From Groups Where Code=3", L"");
+    EXPECT_EQ(3, list.ItemData(0));
 }
 
 TEST(LateBoundListTest, ObjectWithoutTheMemberRaises) {

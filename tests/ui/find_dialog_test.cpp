@@ -47,6 +47,14 @@ constexpr wchar_t kWholesale[] = L"Khách sỉ (1 có, 0 không)";
 TEST_P(FindDialog, OpensWithTheFieldsOfTheTable) {
     Play([](HWND form) {
         EXPECT_EQ(L"Tìm kiếm", TextOf(form));
+        EXPECT_EQ(L"Tìm khi", TextOf(form, L"lblFirst"));
+        EXPECT_EQ(L"&Thông tin", TextOf(form, L"Label1"));
+        EXPECT_EQ(L"&So sánh", TextOf(form, L"Label2"));
+        EXPECT_EQ(L"G&iá trị", TextOf(form, L"Label3"));
+        EXPECT_EQ(L"Điều &kiện tìm kiếm", TextOf(form, L"lblResult"));
+        EXPECT_EQ(L"Đồn&g ý", TextOf(form, L"CmdOk"));
+        EXPECT_EQ(L"Bỏ &qua", TextOf(form, L"CmdCancel"));
+        EXPECT_EQ(L"&Hướng dẫn", TextOf(form, L"CmdHelp"));
         for (int line = 0; line < 4; ++line) {
             EXPECT_EQ(
                 (Lines{kCode, kName, kProvince, L"Địa chỉ", kDate, kOrders, kDebt, kWholesale}),
@@ -403,6 +411,34 @@ TEST_P(FindDialog, FailingCatalogueIsToldOnceAStatement) {
         const HWND form = WaitForForm(L"FrmFind");
         WaitReady(form);
         EXPECT_EQ(Lines{}, ListTexts(ListOf(form, L"CmbFld(0)")));
+        EXPECT_FALSE(IsEnabled(form, L"CmdOk"));
+        PressCancel();
+    });
+    long modal = 1;
+    EXPECT_SUCCEEDED(search->Show(&modal, Missing()));
+    user.Finish();
+    EXPECT_EQ(L"", ResultOf(*search.Get()));
+}
+
+// The types cannot be read: the fields are there, and choosing one tells what is missing.
+TEST_P(FindDialog, FieldsWithoutTypesAreToldAndTheDialogGoesOn) {
+    Test().database.Execute(L"ALTER TABLE lstfld RENAME TO fields");
+    Test().database.Execute(
+        std::wstring(L"CREATE VIEW lstfld AS SELECT code,intable,name,\"desc\",") + L"type," +
+        (Test().server ? L"1/(code-code)" : L"abs(-9223372036854775807-1)") +
+        L" AS relation FROM fields");
+    const auto search = CreateSearch();
+    EXPECT_SUCCEEDED(
+        search->put_ActiveConnection(_variant_t(Test().database.ConnectionString().c_str())));
+    EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(L"KhachHang")));
+    DialogDriver user([] {
+        EXPECT_NE(L"", ClosePlainMessage());
+        const HWND form = WaitForForm(L"FrmFind");
+        WaitReady(form);
+        EXPECT_EQ(8u, ListTexts(ListOf(form, L"CmbFld(0)")).size());
+        PressKey(VK_DOWN);
+        EXPECT_EQ(L"Subscript out of range", ClosePlainMessage());
+        WaitReady(form);
         EXPECT_FALSE(IsEnabled(form, L"CmdOk"));
         PressCancel();
     });

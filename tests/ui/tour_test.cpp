@@ -12,14 +12,17 @@ enum Commands : WORD {
     kGroups = 104,
     kBackUp = 105,
     kQuit = 106,
-    kAbout = 401
+    kAbout = 401,
+    kFindCustomers = 501,
+    kFindGoods = 502
 };
 
 constexpr wchar_t kNobody[] = L"Đăng nhập, Thoát, Giới thiệu";
 constexpr wchar_t kEverything[] =
     L"Đăng nhập, Đổi mật khẩu, Người sử dụng, Nhóm người sử dụng, Sao lưu dữ liệu, Thoát, "
     L"Khách hàng, Nhà cung cấp, Hàng hoá, Nhóm hàng, Tài khoản, Tỉnh thành, "
-    L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, Giới thiệu";
+    L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, "
+    L"Tìm khách hàng, Tìm hàng hoá, Giới thiệu";
 constexpr wchar_t kAccountant[] =
     L"Đăng nhập, Đổi mật khẩu, Nhóm người sử dụng, Thoát, Tài khoản, Tỉnh thành, "
     L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, Giới thiệu";
@@ -48,6 +51,7 @@ public:
     }
     HWND Form(const wchar_t* form) const { return process_.Form(form); }
     bool Has(const wchar_t* form) const { return process_.Has(form); }
+    HWND WindowOfClass(const wchar_t* name) const { return process_.WindowOfClass(name); }
 
     // Whether the commands become these; tells what they are otherwise.
     void ExpectEnabled(const std::wstring& commands) const {
@@ -118,7 +122,7 @@ TEST_P(TourRights, TakeEffectWhenTheFormOfGroupsCloses) {
     Press(groups, L"CmdExit");
     tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Thoát, Khách hàng, Tài khoản, Tỉnh thành, "
                        L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, "
-                       L"Giới thiệu");
+                       L"Tìm khách hàng, Giới thiệu");
     EXPECT_EQ(tour.Quit(), 0u);
 }
 
@@ -203,6 +207,92 @@ TEST_P(TourRights, ListsOfTheMenuShowTheirRows) {
     Press(tour.Form(L"FrmLogon"), L"CMDCAN");
     tour.ExpectEnabled(kNobody);
     EXPECT_EQ(tour.Quit(), 1u);
+}
+
+// --- the search ---
+
+class TourSearch : public Administration {
+protected:
+    static void ChooseItem(HWND form, const wchar_t* combo, int index) {
+        const HWND list = Control(Control(form, combo), L"Cmb1");
+        SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(list));
+    }
+
+    // Opens the dialog and fills its first line; fields and operators by their places.
+    static HWND FillIn(const TourProgram& tour, WORD command, int field, int predicate,
+                       const wchar_t* value) {
+        const HWND form = tour.Open(command, L"FrmFind");
+        ChooseItem(form, L"CmbFld(0)", field);
+        ChooseItem(form, L"CmbPredicate(0)", predicate);
+        SetBox(form, L"MskValue(0)", value);
+        if (!WaitUntil([=] { return IsEnabled(form, L"CmdOk"); }, kProcessLimit))
+            Fail(L"CmdOk stays disabled");
+        return form;
+    }
+
+    static void ExpectRows(const TourProgram& tour, const wchar_t* title, int rows) {
+        EXPECT_TRUE(WaitUntil(
+            [&] {
+                return IsWindowVisible(tour.ListOfRows()) && tour.Title().starts_with(title) &&
+                       SendMessageW(tour.ListOfRows(), LVM_GETITEMCOUNT, 0, 0) == rows;
+            },
+            kProcessLimit))
+            << SendMessageW(tour.ListOfRows(), LVM_GETITEMCOUNT, 0, 0) << " rows, "
+            << ToUtf8(tour.Title());
+    }
+};
+
+INSTANTIATE_ADMINISTRATION(TourSearch);
+
+TEST_P(TourSearch, ShowsTheRowsOfTheCondition) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    HWND form = FillIn(tour, kFindCustomers, 2, 0, L"HN");
+    Press(form, L"CmdOk");
+    WaitClosed(form);
+    ExpectRows(tour, L"Khách hàng tìm được", 5);
+    form = FillIn(tour, kFindGoods, 0, 1, L"DT");
+    Press(form, L"CmdOk");
+    WaitClosed(form);
+    ExpectRows(tour, L"Hàng hoá tìm được", 7);
+    // After Cancel the list stays.
+    form = FillIn(tour, kFindCustomers, 2, 0, L"HP");
+    Press(form, L"CmdCancel");
+    WaitClosed(form);
+    ExpectRows(tour, L"Hàng hoá tìm được", 7);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourSearch, SaysThatNothingWasFound) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    Press(FillIn(tour, kFindCustomers, 2, 0, L"XX"), L"CmdOk");
+    const HWND box = tour.Form(L"MessageBox");
+    EXPECT_EQ(TextOf(box, L"Message"), L"Không tìm thấy dòng nào.");
+    Press(box, L"Cmd1");
+    WaitClosed(box);
+    ExpectRows(tour, L"Khách hàng tìm được", 0);
+    EXPECT_EQ(tour.Quit(), 0u);
+}
+
+// A condition that the database does not accept is told, and the program goes on.
+TEST_P(TourSearch, ToldErrorsLeaveTheProgramRunning) {
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Admin", L"abc");
+    tour.ExpectEnabled(kEverything);
+    Press(FillIn(tour, kFindCustomers, 1, 0, L"x)"), L"CmdOk");
+    const HWND box = tour.WindowOfClass(L"#32770");
+    EXPECT_EQ(TextOf(box), L"VnDesk");
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    WaitClosed(box);
+    const HWND form = FillIn(tour, kFindCustomers, 2, 0, L"HN");
+    Press(form, L"CmdOk");
+    ExpectRows(tour, L"Khách hàng tìm được", 5);
+    EXPECT_EQ(tour.Quit(), 0u);
 }
 
 TEST(TourBackUp, CopiesTheFileBesideIt) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // vnplay NAME PASSWORD PROGRAM ARGUMENTS...: plays the tour on the keyboard. The user types a wrong
 // password, is refused, types the right one and looks around. Then the administrator logs on, adds
-// a user, gives and takes rights and changes the own password, and the first user finds what has
-// changed. Each step is printed and leaves a picture in the out folder. The exit code is the
-// program's; 1 when something did not show up.
+// a user, gives and takes rights, searches customers and changes the own password, and the first
+// user finds what has changed. Each step is printed and leaves a picture in the out folder. The
+// exit code is the program's; 1 when something did not show up.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -47,6 +47,7 @@ public:
         AddUser();
         GiveRights();
         TakeOwnRights();
+        SearchCustomers();
         ChangePassword();
         UseWhatHasChanged();
         tour_.Quit();
@@ -125,6 +126,36 @@ private:
         ToggleRight(0, 2, 4, false, L"right taken");
         tour_.ShowMenu('B', L"reports after");
         Say(L"* Took the right to Công nợ phải trả from the own group: greyed at once");
+    }
+
+    // One line of the search: field, operator and value, each reached by Enter.
+    void FillLine(HWND form, int line, const wchar_t* field, const wchar_t* op,
+                  const wchar_t* value) {
+        const auto name = [=](const wchar_t* row) {
+            return row + (L"(" + std::to_wstring(line) + L")");
+        };
+        ChooseBelow(form, name(L"CmbFld").c_str(), field);
+        EnterMovesTo(form, name(L"CmbPredicate").c_str());
+        ChooseBelow(form, name(L"CmbPredicate").c_str(), op);
+        EnterMovesTo(form, name(L"MskValue").c_str());
+        TypeInto(form, name(L"MskValue").c_str(), value);
+    }
+
+    void SearchCustomers() {
+        tour_.ShowMenu('K', L"search menu");
+        const HWND form = tour_.OpenByKey('F', L"FrmFind", L"Cmb1");
+        FillLine(form, 0, L"Tên khách hàng", L"bắt đầu bằng", L"Công ty");
+        EnterMovesTo(form, L"cmbLg(1)");
+        EnterMovesTo(form, L"CmbFld(1)");
+        FillLine(form, 1, L"Công nợ", L"lớn hơn", L"40000000");
+        tour_.Picture(L"search");
+        PressLetter(form, 'G');
+        WaitForClose(form, kLimit);
+        const HWND list = FindWindowExW(tour_.Window(), nullptr, WC_LISTVIEWW, nullptr);
+        Require(WaitUntil([=] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == 3; }, kLimit),
+                L"the search does not find the three companies");
+        tour_.Picture(L"found");
+        Say(L"* Searched the customers: three companies owe more than 40 million");
     }
 
     void ChangePassword() {

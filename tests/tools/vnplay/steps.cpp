@@ -59,6 +59,21 @@ void EnterMovesTo(HWND form, const wchar_t* control) {
     WaitForFocus(form, control, kLimit);
 }
 
+void ChooseBelow(HWND form, const wchar_t* list, const std::wstring& item) {
+    const HWND window = Control(Control(form, list), L"Cmb1");
+    const auto items = ListTexts(window);
+    WaitForFocus(form, list, kLimit);
+    for (int chosen = ListSelection(window); chosen < static_cast<int>(items.size());) {
+        if (chosen >= 0 && items[static_cast<size_t>(chosen)] == item)
+            return;
+        PressKey(VK_DOWN);
+        if (!WaitUntil([&] { return ListSelection(window) > chosen; }, kLimit))
+            break;
+        chosen = ListSelection(window);
+    }
+    Fail(std::wstring(list) + L" does not come to " + item);
+}
+
 void PressLetter(HWND form, WORD letter) {
     WaitReady(form, {}, kLimit);
     PressKey(letter, kAlt);

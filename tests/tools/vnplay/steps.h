@@ -21,6 +21,8 @@ void Say(const std::wstring& text);
 void TypeInto(HWND form, const wchar_t* control, const std::wstring& text);
 // Enter moves on like Tab.
 void EnterMovesTo(HWND form, const wchar_t* control);
+// Chooses an item of a drop-down list that has the focus, downwards from where it stands.
+void ChooseBelow(HWND form, const wchar_t* list, const std::wstring& item);
 // The letter that a control has underlined leads to it or presses it.
 void PressLetter(HWND form, WORD letter);
 // The same, where it opens a form.
