@@ -153,10 +153,9 @@ public:
     // got lost, because the windows had still to settle, the user presses Tab.
     void WaitMovedOn(int tabsBefore, const wchar_t* to) const {
         EXPECT_TRUE(WaitUntil([&] { return Tabs() > tabsBefore; })) << "no Tab stroke was sent";
-        if (!WaitUntil([&] { return FocusName(window_) == to; }, 2000)) {
-            WaitReady(window_, L"TxtSel");
+        const bool moved = WaitUntil([&] { return FocusName(window_) == to; }, 2000);
+        if (!moved && FocusName(window_) == L"TxtSel")
             PressKey(VK_TAB);
-        }
         WaitReady(window_, to);
     }
     // The text of a box that has the focus from then on.
