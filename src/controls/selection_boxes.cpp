@@ -81,6 +81,10 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
     Release();
     if (!newWindow)
         return;
+    // The platform's edit windows know both kinds of text. One that an ANSI host has made would
+    // stay ANSI under a subclass, and lose letters.
+    if (!IsWindowUnicode(newWindow))
+        SetWindowLongPtrW(newWindow, GWLP_WNDPROC, GetWindowLongPtrW(newWindow, GWLP_WNDPROC));
     if (!SetWindowSubclass(newWindow, BoxProcedure, reinterpret_cast<UINT_PTR>(this),
                            reinterpret_cast<DWORD_PTR>(this)))
         throw ComError(E_FAIL, L"The text box cannot be bound.");

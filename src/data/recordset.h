@@ -47,8 +47,8 @@ private:
 };
 
 // Opens a new record set on a statement. A failure is shown in a plain message with the provider's
-// description, and its error number is returned; 0 is success. Callers that say more about a failure
-// get the description too.
+// description, and its error number is returned; 0 is success. Callers that say more about a
+// failure get the description too.
 long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement,
                    std::wstring* description = nullptr);
 

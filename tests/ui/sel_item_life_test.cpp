@@ -116,6 +116,20 @@ TEST_F(SelItemLife, NameBoxAloneWorksWithoutACodeBox) {
     });
 }
 
+TEST_F(SelItemLife, BoxesOfAnAnsiHostShowEveryLetter) {
+    const HWND ansi = CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10, 160,
+                                      300, 26, host_.form.Window(), nullptr, nullptr, nullptr);
+    EXPECT_SUCCEEDED(host_.item->SetTextSel(HandleOf(ansi)));
+    host_.form.Run([&] {
+        TypeCode(L"Đ2");
+        WaitReady(host_.form.Window(), L"TxtLast");
+        EXPECT_EQ(TextOf(ansi), L"ĐÈN PIN");
+    });
+    host_.Drop();
+    SetWindowTextW(ansi, L"Ấm");
+    EXPECT_EQ(TextOf(ansi), L"Ấm");
+}
+
 TEST_F(SelItemLife, ReleasedObjectLeavesPlainBoxes) {
     host_.Drop();
     host_.form.Run([&] { ExpectPlainBoxes(); });
