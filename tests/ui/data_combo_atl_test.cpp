@@ -27,9 +27,9 @@ template <class Function> Function* AtlFunction(const char* name) {
 class AtlWindow {
 public:
     explicit AtlWindow(HostWindow& host, const RECT& place = {10, 50, 210, 76}) {
-        const auto init = AtlFunction<BOOL WINAPI()>("AtlAxWinInit");
+        static const BOOL ready = AtlFunction<BOOL WINAPI()>("AtlAxWinInit")();
         const auto get = AtlFunction<HRESULT WINAPI(HWND, IUnknown**)>("AtlAxGetControl");
-        EXPECT_TRUE(init && init());
+        EXPECT_TRUE(ready);
         // No tab stop of its own: the focus is the control's.
         window_ = host.Child(L"AtlAxWin", kComboProgId, 0, WS_EX_CONTROLPARENT, place);
         EXPECT_NE(nullptr, window_);

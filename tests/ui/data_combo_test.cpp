@@ -10,7 +10,6 @@
 #include "forms/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
-#include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 
@@ -391,7 +390,6 @@ TEST_F(DataComboTest, ListOpensAndAnItemIsChosenWithTheMouse) {
         RECT item = {};
         SendMessageW(info.hwndList, LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&item));
         MapWindowPoints(info.hwndList, nullptr, reinterpret_cast<POINT*>(&item), 2);
-        SaveDesktop(L"data-combo-open");
         ClickAt({item.left + 10, (item.top + item.bottom) / 2});
         EXPECT_TRUE(WaitUntil([&] { return Combo().Value() == L"BirthDay"; }));
         EXPECT_TRUE(WaitUntil([&] { return !SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0); }));

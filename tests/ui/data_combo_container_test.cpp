@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+// What containers and the control DataCombo1 say to each other: activation, place, focus, keys,
+// design and run time.
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include "data_combo_host.h"
+#include "support/control_container.h"
+#include "support/keys.h"
+
+namespace vndesk::test {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+using Calls = std::vector<std::wstring>;
+
+// Counts the clicks; on the stack.
+class ClickSink final : public IDispatch {
+public:
+    explicit ClickSink(IDataCombo1* combo) {
+        ComPtr<IConnectionPointContainer> container;
+        EXPECT_SUCCEEDED(combo->QueryInterface(IID_PPV_ARGS(&container)));
+        EXPECT_SUCCEEDED(container->FindConnectionPoint(__uuidof(DDataCombo1Events), &point_));
+        EXPECT_SUCCEEDED(point_->Advise(this, &cookie_));
+    }
+    ~ClickSink() { point_->Unadvise(cookie_); }
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        const bool known = iid == IID_IUnknown || iid == IID_IDispatch;
+        *object = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) override {
+        clicks += event == DISPID_CLICK;
+        return S_OK;
+    }
+    int clicks = 0;
+
+private:
+    ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+};
+
+class DataComboContainerTest : public testing::Test {
+protected:
+    void SetUp() override {
+        VARIANT missing = {};
+        missing.vt = VT_ERROR;
+        missing.scode = DISP_E_PARAMNOTFOUND;
+        for (const wchar_t* text : {L"Họ tên", L"Ngày sinh"})
+            EXPECT_SUCCEEDED(combo_->AddItem(_bstr_t(text), missing));
+        container_.Take(combo_.Get());
+    }
+
+    template <class Interface> ComPtr<Interface> As() {
+        ComPtr<Interface> asked;
+        EXPECT_SUCCEEDED(combo_.As(&asked));
+        return asked;
+    }
+    HWND Window() {
+        HWND window = nullptr;
+        As<IOleInPlaceObject>()->GetWindow(&window);
+        return window;
+    }
+    RECT PlaceOf(HWND window) {
+        RECT place;
+        GetWindowRect(window, &place);
+        MapWindowPoints(nullptr, host_.Frame(), reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+    short ListCount() {
+        short count = 0;
+        EXPECT_SUCCEEDED(combo_->get_ListCount(&count));
+        return count;
+    }
+
+    HostWindow host_;
+    ComPtr<IDataCombo1> combo_ = CreateCombo();
+    ControlContainer container_{host_.Frame()};
+};
+
+TEST_F(DataComboContainerTest, IsActivatedInPlaceAndKeepsItsItems) {
+    HWND window = nullptr;
+    EXPECT_HR(E_FAIL, As<IOleInPlaceObject>()->GetWindow(&window));
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    EXPECT_TRUE(container_.Has(L"OnInPlaceActivate"));
+    EXPECT_FALSE(container_.Has(L"OnUIActivate"));
+    window = Window();
+    ASSERT_NE(nullptr, window);
+    EXPECT_EQ(host_.Frame(), GetParent(window));
+    EXPECT_EQ(10, PlaceOf(window).left);
+    EXPECT_EQ(210, PlaceOf(window).right);
+    EXPECT_EQ(2u, ListTexts(ListIn(window)).size());
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_SHOW)) << "once more is no error";
+
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->InPlaceDeactivate());
+    EXPECT_EQ(L"OnInPlaceDeactivate", container_.calls.back());
+    EXPECT_FALSE(IsChild(host_.Frame(), window));
+    EXPECT_EQ(2, ListCount());
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    EXPECT_EQ(2u, ListTexts(ListIn(Window())).size());
+}
+
+TEST_F(DataComboContainerTest, TellsTheContainerTheHeightOfItsList) {
+    container_.place = {10, 10, 210, 110};
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    EXPECT_TRUE(container_.Has(L"OnPosRectChange"));
+    const RECT list = PlaceOf(ListIn(Window()));
+    EXPECT_TRUE(EqualRect(&list, &container_.place));
+    EXPECT_GT(60, list.bottom);
+
+    container_.calls.clear();
+    container_.Move({20, 30, 320, container_.place.bottom - container_.place.top + 30});
+    EXPECT_FALSE(container_.Has(L"OnPosRectChange")) << "the height is right already";
+    EXPECT_EQ(300, PlaceOf(ListIn(Window())).right - 20);
+    SIZEL size = {};
+    EXPECT_SUCCEEDED(As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size));
+    const HDC screen = GetDC(nullptr);
+    EXPECT_EQ(MulDiv(300, 2540, GetDeviceCaps(screen, LOGPIXELSX)), size.cx);
+    ReleaseDC(nullptr, screen);
+
+    container_.obeys = false;
+    container_.Move({20, 30, 320, 230});
+    EXPECT_LT(PlaceOf(Window()).bottom, 100) << "whatever the container does with it";
+}
+
+TEST_F(DataComboContainerTest, IsCutWhereTheContainerClipsIt) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    const RECT clip = {10, 10, 110, 40};
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.place, &clip));
+    RECT shown = {};
+    EXPECT_EQ(SIMPLEREGION, GetWindowRgnBox(Window(), &shown));
+    EXPECT_EQ(100, shown.right);
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.place, &container_.place));
+    EXPECT_EQ(ERROR, GetWindowRgnBox(Window(), &shown)) << "whole again";
+}
+
+TEST_F(DataComboContainerTest, RefusedActivationLeavesItAsItWas) {
+    container_.mayActivate = S_FALSE;
+    EXPECT_FAILED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    EXPECT_EQ(nullptr, Window());
+    EXPECT_FALSE(container_.Has(L"OnInPlaceActivate"));
+    EXPECT_EQ(2, ListCount());
+    EXPECT_HR(OLEOBJ_S_INVALIDVERB, container_.DoVerb(77));
+    EXPECT_HR(E_NOTIMPL, container_.DoVerb(-77));
+}
+
+TEST_F(DataComboContainerTest, FocusMakesItActiveAndIsTold) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    host_.Show();
+    // The host's window, when it became active, may have given the focus to any of its children.
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->UIDeactivate());
+    container_.calls.clear();
+    SetFocus(Window());
+    EXPECT_EQ(ListIn(Window()), GetFocus());
+    EXPECT_EQ((Calls{L"OnUIActivate", L"SetActiveObject", L"OnFocus"}), container_.calls);
+    SetFocus(host_.First());
+    EXPECT_EQ(L"OnFocus lost", container_.calls.back());
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->UIDeactivate());
+    EXPECT_EQ(L"OnUIDeactivate", container_.calls.back());
+    container_.calls.clear();
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_UIACTIVATE));
+    EXPECT_EQ(ListIn(Window()), GetFocus());
+    EXPECT_TRUE(container_.Has(L"OnUIActivate"));
+}
+
+TEST_F(DataComboContainerTest, KeepsTheKeysOfAListAndLeavesTheOthers) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_UIACTIVATE));
+    host_.Show();
+    const HWND list = ListIn(Window());
+    const auto offer = [&](WPARAM key) {
+        MSG message = {};
+        message.hwnd = list;
+        message.message = WM_KEYDOWN;
+        message.wParam = key;
+        message.lParam = 1;
+        return As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message);
+    };
+    container_.calls.clear();
+    EXPECT_HR(S_OK, offer(VK_DOWN));
+    short index = -1;
+    EXPECT_SUCCEEDED(combo_->get_ListIndex(&index));
+    EXPECT_EQ(0, index);
+    EXPECT_FALSE(container_.Has(L"TranslateAccelerator"));
+    for (const WPARAM key : {VK_TAB, VK_RETURN, VK_ESCAPE}) {
+        container_.calls.clear();
+        EXPECT_HR(S_FALSE, offer(key)) << key;
+        EXPECT_EQ(Calls{L"TranslateAccelerator"}, container_.calls) << key;
+    }
+    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+    EXPECT_HR(S_OK, offer(VK_RETURN)) << "it closes the open list";
+    EXPECT_EQ(0, SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0));
+}
+
+TEST_F(DataComboContainerTest, RaisesNothingInADesignOrWhileFrozen) {
+    ClickSink sink(combo_.Get());
+    EXPECT_SUCCEEDED(combo_->put_ListIndex(0));
+    EXPECT_EQ(1, sink.clicks) << "a container that does not say is running";
+    const auto control = As<IOleControl>();
+    container_.ambients[DISPID_AMBIENT_USERMODE] = false;
+    EXPECT_SUCCEEDED(control->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE));
+    EXPECT_SUCCEEDED(combo_->put_ListIndex(1));
+    EXPECT_EQ(1, sink.clicks);
+    container_.ambients[DISPID_AMBIENT_USERMODE] = true;
+    EXPECT_SUCCEEDED(control->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_SUCCEEDED(control->FreezeEvents(TRUE));
+    EXPECT_SUCCEEDED(control->FreezeEvents(TRUE));
+    EXPECT_SUCCEEDED(control->FreezeEvents(FALSE));
+    EXPECT_SUCCEEDED(combo_->put_ListIndex(0));
+    EXPECT_EQ(1, sink.clicks) << "one freeze is left";
+    EXPECT_SUCCEEDED(control->FreezeEvents(FALSE));
+    EXPECT_SUCCEEDED(combo_->put_ListIndex(1));
+    EXPECT_EQ(2, sink.clicks);
+}
+
+TEST_F(DataComboContainerTest, OwnFontSetsTheHeightInPlace) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    const LONG before = container_.place.bottom;
+    FONTDESC description = {};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = const_cast<wchar_t*>(L"Arial");
+    description.cySize.int64 = 240000;
+    ComPtr<IFontDisp> font;
+    ASSERT_SUCCEEDED(OleCreateFontIndirect(&description, IID_PPV_ARGS(&font)));
+    EXPECT_SUCCEEDED(combo_->putref_Font(font.Get()));
+    EXPECT_LT(before, container_.place.bottom);
+    const RECT place = PlaceOf(Window());
+    EXPECT_EQ(container_.place.bottom, place.bottom);
+}
+
+TEST_F(DataComboContainerTest, LosesItsListButNotItsMindWithTheHostsWindow) {
+    {
+        const HWND page = host_.Child(L"STATIC", L"", 0, 0, {0, 0, 300, 100});
+        ControlContainer container(page);
+        container_.Close();
+        container.Take(combo_.Get());
+        EXPECT_SUCCEEDED(container.DoVerb(OLEIVERB_INPLACEACTIVATE));
+        DestroyWindow(page);
+        EXPECT_EQ(nullptr, Window());
+        EXPECT_EQ(0, ListCount());
+    }
+    EXPECT_EQ(0u, combo_.Reset());
+}
+
+TEST_F(DataComboContainerTest, ClosingReleasesTheContainer) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_UIACTIVATE));
+    EXPECT_LT(1u, container_.references);
+    container_.Close();
+    EXPECT_EQ(1u, container_.references);
+    EXPECT_EQ(L"OnInPlaceDeactivate", container_.calls.back());
+    EXPECT_EQ(0u, combo_.Reset());
+}
+
+} // namespace
+} // namespace vndesk::test
