@@ -30,7 +30,7 @@ STDMETHODIMP DataCombo1::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
                DataCombo& core = Core();
                DrawCombo(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom},
                          {core.Text(), font_.Handle(), Translated(core.BackColor()),
-                          Translated(core.ForeColor()), core.Enabled()});
+                          Translated(core.ForeColor()), core.Enabled(), core.Themed()});
            })
         .code;
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "combo_picture.h"
 
+#include <uxtheme.h>
+#include <vssym32.h>
+
 #include "forms/handles.h"
 
 namespace vndesk {
@@ -22,6 +25,33 @@ private:
     int state_;
 };
 
+using UniqueTheme = UniqueHandle<HTHEME, CloseThemeData>;
+
+// Frame, background and button. `place` becomes the inside, left of the button.
+void DrawThemed(HTHEME theme, HDC dc, RECT& place, bool enabled) {
+    const bool list = IsThemePartDefined(theme, CP_READONLY, 0) != FALSE;
+    DrawThemeBackground(theme, dc, list ? CP_READONLY : CP_BORDER,
+                        enabled ? CBRO_NORMAL : CBRO_DISABLED, &place, nullptr);
+    InflateRect(&place, -GetSystemMetrics(SM_CXBORDER), -GetSystemMetrics(SM_CYBORDER));
+    RECT button = place;
+    button.left = button.right - GetSystemMetrics(SM_CXVSCROLL);
+    DrawThemeBackground(theme, dc, CP_DROPDOWNBUTTONRIGHT, enabled ? CBXSR_NORMAL : CBXSR_DISABLED,
+                        &button, nullptr);
+    place.right = button.left;
+}
+
+void DrawClassic(HDC dc, RECT& place, const ComboPicture& picture) {
+    DrawEdge(dc, &place, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    const UniqueBrush back(
+        CreateSolidBrush(picture.enabled ? picture.backColor : GetSysColor(COLOR_BTNFACE)));
+    FillRect(dc, &place, back.get());
+    RECT button = place;
+    button.left = button.right - GetSystemMetrics(SM_CXVSCROLL);
+    DrawFrameControl(dc, &button, DFC_SCROLL,
+                     DFCS_SCROLLCOMBOBOX | (picture.enabled ? 0 : DFCS_INACTIVE));
+    place.right = button.left;
+}
+
 } // namespace
 
 void DrawCombo(HDC dc, RECT place, const ComboPicture& picture) {
@@ -34,17 +64,13 @@ void DrawCombo(HDC dc, RECT place, const ComboPicture& picture) {
         SetViewportOrgEx(dc, 0, 0, nullptr);
     }
     IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
-    DrawEdge(dc, &place, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-    const UniqueBrush back(
-        CreateSolidBrush(picture.enabled ? picture.backColor : GetSysColor(COLOR_BTNFACE)));
-    FillRect(dc, &place, back.get());
+    const UniqueTheme theme(picture.themed ? OpenThemeData(nullptr, L"COMBOBOX") : nullptr);
+    if (theme)
+        DrawThemed(theme.get(), dc, place, picture.enabled);
+    else
+        DrawClassic(dc, place, picture);
 
-    RECT button = place;
-    button.left = button.right - GetSystemMetrics(SM_CXVSCROLL);
-    DrawFrameControl(dc, &button, DFC_SCROLL,
-                     DFCS_SCROLLCOMBOBOX | (picture.enabled ? 0 : DFCS_INACTIVE));
-
-    RECT text = {place.left + kTextMargin, place.top, button.left - kTextMargin, place.bottom};
+    RECT text = {place.left + kTextMargin, place.top, place.right - kTextMargin, place.bottom};
     const Selected font(dc, picture.font ? static_cast<HGDIOBJ>(picture.font)
                                          : GetStockObject(DEFAULT_GUI_FONT));
     SetBkMode(dc, TRANSPARENT);

@@ -15,6 +15,7 @@ struct ComboPicture {
     COLORREF backColor;
     COLORREF foreColor;
     bool enabled;
+    bool themed; // as far as there is a theme
 };
 
 void DrawCombo(HDC dc, RECT place, const ComboPicture& picture);

@@ -292,9 +292,8 @@ HBRUSH DataCombo::OnListColor(HDC dc) {
 // Themes paint a drop-down list in their own colours: where others are asked for, the list does
 // without one.
 void DataCombo::ApplyColors() {
-    const bool themed = backColor_ == kBackColor && foreColor_ == kForeColor;
     backBrush_.reset(backColor_ == kBackColor ? nullptr : CreateSolidBrush(Translated(backColor_)));
-    SetWindowTheme(shown_.Window(), themed ? nullptr : L"", themed ? nullptr : L"");
+    SetWindowTheme(shown_.Window(), Themed() ? nullptr : L"", Themed() ? nullptr : L"");
     Refresh();
 }
 

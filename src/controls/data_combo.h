@@ -66,6 +66,8 @@ public:
     void SetFont(HFONT font);
     void Refresh();
     bool ListIsOpen() const;
+    // Drawn by the theme, where there is one.
+    bool Themed() const { return backColor_ == kBackColor && foreColor_ == kForeColor; }
 
     long ListIndex() const { return shown_.Index(); }
     void SetListIndex(long index);
