@@ -14,6 +14,8 @@
 #include "controls/images.h"
 #include "api/c_sel_item.h"
 #include "api/cls_search.h"
+#include "api/cls_cool_menu.h"
+#include "api/help_call_back.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -35,6 +37,9 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<DataCombo1>, &kDataCombo},
     {&__uuidof(cSelItem), SelItem::kProgId, L"VnDesk selection boxes", CreateInstanceOf<SelItem>},
     {&__uuidof(clsSearch), Search::kProgId, L"VnDesk search", CreateInstanceOf<Search>},
+    {&__uuidof(clsCoolMenu), CoolMenu::kProgId, L"VnDesk menus", CreateInstanceOf<CoolMenu>},
+    {&__uuidof(::HelpCallBack), HelpCallBack::kProgId, L"VnDesk menu help",
+     CreateInstanceOf<HelpCallBack>},
 };
 
 } // namespace

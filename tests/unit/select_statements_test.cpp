@@ -30,8 +30,7 @@ TEST(SelectStatements, CodeIsComparedWhole) {
 }
 
 TEST(SelectStatements, QuotesAreDoubled) {
-    EXPECT_EQ(NamesBeginningStatement(L"T", L"O'B\"", DatabaseKind::Jet),
-              L"T  Like 'O''B\"\"%'");
+    EXPECT_EQ(NamesBeginningStatement(L"T", L"O'B\"", DatabaseKind::Jet), L"T  Like 'O''B\"\"%'");
     EXPECT_EQ(CodeStatement(L"T", L"O'B\"", DatabaseKind::SqlServer), L"T = N'O''B\"\"'");
 }
 

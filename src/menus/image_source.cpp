@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "image_source.h"
+
+#include <comutil.h>
+
+#include "com/kit/com_error.h"
+
+namespace vndesk {
+
+namespace {
+
+// Image lists are memory, not window handles: 32-bit numbers are not sign-extended.
+HIMAGELIST ToHandle(const VARIANT& value) {
+    _variant_t number;
+    ULONG_PTR handle = 0;
+    if (SUCCEEDED(
+            VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_INVARIANT, 0, VT_I4)))
+        handle = static_cast<ULONG>(V_I4(&number));
+    else if (SUCCEEDED(VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_INVARIANT,
+                                           0, VT_I8)))
+        handle = static_cast<ULONG_PTR>(V_I8(&number));
+    else
+        throw ComError(DISP_E_TYPEMISMATCH, L"An ImageList object or handle is needed.");
+    return reinterpret_cast<HIMAGELIST>(handle);
+}
+
+// A number that the host mistook for an image list must not take the process down.
+bool IsImageList(HIMAGELIST list) {
+    return list && !IsBadReadPtr(list, 2 * sizeof(void*)) && ImageList_GetImageCount(list) > 0;
+}
+
+} // namespace
+
+ImageSource::ImageSource(const VARIANT& value) {
+    _variant_t source;
+    CheckHr(VariantCopyInd(&source, const_cast<VARIANT*>(&value)));
+    switch (source.vt) {
+    case VT_EMPTY:
+    case VT_NULL:
+    case VT_ERROR:
+        return;
+    case VT_DISPATCH:
+        object_ = V_DISPATCH(&source);
+        return;
+    case VT_UNKNOWN:
+        if (V_UNKNOWN(&source))
+            CheckHr(V_UNKNOWN(&source)->QueryInterface(IID_PPV_ARGS(&object_)));
+        return;
+    default:
+        handle_ = ToHandle(source);
+    }
+}
+
+HIMAGELIST ImageSource::Handle() const {
+    HIMAGELIST list = handle_;
+    if (object_) {
+        LPOLESTR name = const_cast<LPOLESTR>(L"hImageList");
+        DISPID id = DISPID_UNKNOWN;
+        DISPPARAMS none = {};
+        _variant_t value;
+        if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_NEUTRAL, &id)) &&
+            SUCCEEDED(object_->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_PROPERTYGET, &none,
+                                      &value, nullptr, nullptr)))
+            list = ToHandle(value);
+    }
+    return IsImageList(list) ? list : nullptr;
+}
+
+} // namespace vndesk

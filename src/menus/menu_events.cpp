@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "menu_events.h"
+
+#include <algorithm>
+
+#include "convert_menu.h"
+#include "gdi.h"
+#include "item_painter.h"
+#include "menu_char.h"
+#include "menu_items.h"
+#include "menu_module.h"
+#include "menu_text.h"
+
+namespace vndesk {
+
+namespace {
+
+constexpr wchar_t kNone[] = L"-1";
+
+// Items of others may hold any number: the menu tells them from ours.
+CMyItemData* DataOf(HMENU menu, ULONG_PTR number) {
+    CMyItemData* data = FindItemData(number);
+    return data && data->menu == menu ? data : nullptr;
+}
+
+ItemState StateOf(const CMyItemData& data, UINT state) {
+    ItemState result;
+    result.menuBar = data.bMainMenu;
+    result.selected = (state & ODS_SELECTED) != 0;
+    result.disabled = (state & (ODS_GRAYED | ODS_DISABLED)) != 0;
+    result.checked = (state & ODS_CHECKED) != 0;
+    result.isDefault = (state & ODS_DEFAULT) != 0 || IsDefaultItem(data);
+    result.hovered = (state & ODS_HOTLIGHT) != 0;
+    result.hideMnemonics = (state & ODS_NOACCEL) != 0;
+    return result;
+}
+
+wchar_t UpperCase(wchar_t letter) {
+    CharUpperBuffW(&letter, 1);
+    return letter;
+}
+
+// What a letter may mean; items that are not ours have no text.
+std::vector<LetterItem> LetterItems(HMENU menu) {
+    std::vector<LetterItem> items(static_cast<std::size_t>(std::max(0, GetMenuItemCount(menu))));
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const auto position = static_cast<UINT>(i);
+        const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, position, true));
+        if (!data || (data->fType & MFT_SEPARATOR))
+            continue;
+        const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
+        items[i] = {data->sMenuText, !(state & (MF_GRAYED | MF_DISABLED)),
+                    (state & MF_HILITE) != 0};
+    }
+    return items;
+}
+
+} // namespace
+
+bool OnMeasureItem(WndCoolMenu& window, MEASUREITEMSTRUCT& measured) {
+    const CMyItemData* data =
+        measured.CtlType == ODT_MENU ? FindItemData(measured.itemData) : nullptr;
+    if (!data || data->id != measured.itemID)
+        return false;
+    const Extent size =
+        MeasureItem(CaptionExtent(window, *data), data->bMainMenu, MetricsOf(window));
+    measured.itemWidth = static_cast<UINT>(std::max(0, size.width));
+    measured.itemHeight = static_cast<UINT>(size.height);
+    return true;
+}
+
+bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
+    if (drawn.CtlType != ODT_MENU)
+        return false;
+    const auto menu = reinterpret_cast<HMENU>(drawn.hwndItem);
+    const CMyItemData* data = DataOf(menu, drawn.itemData);
+    if (!data)
+        return false;
+    PaintItem(drawn.hDC, ToBox(drawn.rcItem), window, *data, StateOf(*data, drawn.itemState));
+    // The platform would draw its own submenu arrow over ours.
+    ExcludeClipRect(drawn.hDC, drawn.rcItem.left, drawn.rcItem.top, drawn.rcItem.right,
+                    drawn.rcItem.bottom);
+    return true;
+}
+
+void OnInitMenu(WndCoolMenu& window, HMENU menu) {
+    window.hoveredItem = WndCoolMenu::kNoItem;
+    if (menu == GetMenu(window.hWnd) && window.HasMenuHead(menu))
+        ConvertMenu(window, menu, true);
+}
+
+void OnInitMenuPopup(WndCoolMenu& window, HMENU popup, UINT position, bool systemMenu) {
+    if (window.HasMenuHead(popup))
+        ConvertMenu(window, popup, false);
+    const HMENU bar = GetMenu(window.hWnd);
+    if (!systemMenu && bar && GetSubMenu(bar, static_cast<int>(position)) == popup)
+        window.SetMainPopedIndex(std::to_wstring(position));
+}
+
+void OnUninitMenuPopup(WndCoolMenu& window, HMENU popup) {
+    const int open = std::stoi(window.MainPopedIndex());
+    const HMENU bar = GetMenu(window.hWnd);
+    if (open >= 0 && (!bar || GetSubMenu(bar, open) == popup))
+        window.SetMainPopedIndex(kNone);
+}
+
+void OnMenuSelect(WndCoolMenu& window, UINT item, UINT flags, HMENU menu) {
+    if (!menu) { // the menu was closed
+        window.SetMainPopedIndex(kNone);
+        return;
+    }
+    const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, item, (flags & MF_POPUP) != 0));
+    if (!data || !window.HelpObj)
+        return;
+    // Copies: the host may uninstall the window while it is told.
+    const std::wstring text = data->sMenuText, help = data->sMenuHelp;
+    const MenuHelp tell = window.HelpObj;
+    tell(text, help, !(flags & (MF_GRAYED | MF_DISABLED)));
+}
+
+LRESULT OnMenuChar(wchar_t letter, HMENU menu) {
+    const LetterMatch match = MatchLetter(LetterItems(menu), letter, UpperCase);
+    if (match.position < 0)
+        return 0;
+    return MAKELRESULT(match.position, match.execute ? MNC_EXECUTE : MNC_SELECT);
+}
+
+void OnPositionChanged(WndCoolMenu& window) {
+    const HMENU menu = GetMenu(window.hWnd);
+    if (window.SCMainMenu == 0 || window.SCMainMenu == reinterpret_cast<LONG_PTR>(menu))
+        return;
+    window.SCMainMenu = reinterpret_cast<LONG_PTR>(menu);
+    ConvertMenu(window, menu, true);
+}
+
+} // namespace vndesk

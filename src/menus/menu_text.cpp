@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "menu_text.h"
+
+#include <algorithm>
+
+#include "menu_items.h"
+#include "menu_module.h"
+#include "window_calls.h"
+
+namespace vndesk {
+
+namespace {
+
+class ScreenDc {
+public:
+    ScreenDc() : dc_(GetDC(nullptr)) {}
+    ~ScreenDc() { ReleaseDC(nullptr, dc_); }
+    ScreenDc(const ScreenDc&) = delete;
+    ScreenDc& operator=(const ScreenDc&) = delete;
+    operator HDC() const { return dc_; }
+
+private:
+    HDC dc_;
+};
+
+Extent TextExtent(HDC dc, std::wstring_view text) {
+    if (text.empty())
+        return {};
+    RECT box = {};
+    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &box, DT_CALCRECT | DT_SINGLELINE);
+    return {box.right - box.left, box.bottom - box.top};
+}
+
+} // namespace
+
+MenuMetrics MetricsOf(WndCoolMenu& window) {
+    MenuMetrics metrics;
+    metrics.dpi = window.Fonts().dpi;
+    metrics.imageSize = MulDiv(SharedMenuSizes().imageSize, metrics.dpi, USER_DEFAULT_SCREEN_DPI);
+    metrics.minimumHeight = static_cast<short>(MetricAt(SM_CYMENU, metrics.dpi));
+    metrics.checkWidth = MetricAt(SM_CXMENUCHECK, metrics.dpi);
+    metrics.extraWidth = SharedMenuSizes().extraWidth;
+    return metrics;
+}
+
+bool IsDefaultItem(const CMyItemData& data) {
+    return !data.bMainMenu && GetMenuDefaultItem(data.menu, FALSE, GMDI_USEDISABLED) == data.id &&
+           data.id != 0;
+}
+
+HFONT FontOf(WndCoolMenu& window, const CMyItemData& data, bool isDefault) {
+    const MenuFonts& fonts = window.Fonts();
+    if (data.fType & MFT_SEPARATOR)
+        return fonts.separator.get();
+    return isDefault ? fonts.defaultItem.get() : fonts.item.get();
+}
+
+Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data) {
+    const ScreenDc dc;
+    const Selected font(dc, FontOf(window, data, IsDefaultItem(data)));
+    Extent extent = TextExtent(dc, TextPart(data.sMenuText));
+    const std::wstring_view shortcut = ShortcutPart(data.sMenuText);
+    if (!shortcut.empty() && !data.bMainMenu) {
+        const Extent own = TextExtent(dc, shortcut);
+        const auto column = window.shortcutWidths.find(data.menu);
+        const int width = column == window.shortcutWidths.end() ? 0 : column->second;
+        extent.width += ShortcutGap(MetricsOf(window)) + std::max(own.width, width);
+        extent.height = std::max(extent.height, own.height);
+    }
+    return extent;
+}
+
+int WidestShortcut(WndCoolMenu& window, HMENU menu) {
+    const ScreenDc dc;
+    const MenuFonts& fonts = window.Fonts();
+    // The default item is bold: as wide as any.
+    const Selected font(dc, fonts.defaultItem.get());
+    int widest = 0;
+    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i)
+        if (const CMyItemData* data =
+                FindItemData(ReadItemNumber(menu, static_cast<UINT>(i), true)))
+            if (!(data->fType & MFT_SEPARATOR))
+                widest = std::max(widest, TextExtent(dc, ShortcutPart(data->sMenuText)).width);
+    return widest;
+}
+
+} // namespace vndesk
