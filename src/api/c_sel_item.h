@@ -10,7 +10,7 @@
 
 namespace vndesk {
 
-class SelItem final : public EventObject<SelItem, cSelItem, ISelItem, SelItemEvents> {
+class SelItem final : public EventObject<SelItem, cSelItem, ISelItem, DSelItemEvents> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.cSelItem";
 

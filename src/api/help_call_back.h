@@ -8,7 +8,7 @@
 namespace vndesk {
 
 class HelpCallBack final
-    : public EventObject<HelpCallBack, ::HelpCallBack, IHelpCallBack, _HelpCallBackEvents> {
+    : public EventObject<HelpCallBack, ::HelpCallBack, IHelpCallBack, DHelpCallBackEvents> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.HelpCallBack";
 

@@ -21,7 +21,7 @@ public:
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
         const bool known =
-            iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(SelItemEvents);
+            iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(DSelItemEvents);
         *object = known ? this : nullptr;
         return known ? S_OK : E_NOINTERFACE;
     }
@@ -220,7 +220,7 @@ public:
             item->put_ActiveConnection(_variant_t(database.ConnectionString().c_str())));
         ComPtr<IConnectionPointContainer> container;
         EXPECT_SUCCEEDED(item.As(&container));
-        EXPECT_SUCCEEDED(container->FindConnectionPoint(__uuidof(SelItemEvents), &point_));
+        EXPECT_SUCCEEDED(container->FindConnectionPoint(__uuidof(DSelItemEvents), &point_));
         EXPECT_SUCCEEDED(point_->Advise(&sink, &cookie_));
     }
     ~LookupHost() {
