@@ -13,6 +13,7 @@
 
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
+#include "support/keys.h"
 #include "support/ui_windows.h"
 #include "vndesk_idl.h"
 
@@ -33,6 +34,26 @@ inline HWND ListIn(HWND parent) {
     HWND found = nullptr;
     WaitUntil([&] { return (found = FindControl(parent, L"Cmb1")) != nullptr; });
     return found;
+}
+
+// As the dialog itself moves the focus.
+inline void GiveFocus(HWND dialog, HWND control) {
+    for (int i = 0; i < 3 && FocusWindow(dialog) != control; ++i) {
+        SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+        WaitUntil([=] { return FocusWindow(dialog) == control; }, 2000);
+    }
+    ASSERT_EQ(control, FocusWindow(dialog));
+}
+
+// Whether Tab leads from one control to the other. A stroke that is lost is given again.
+inline bool TabLeads(HWND dialog, HWND from, HWND to, unsigned modifiers = kNoModifier) {
+    for (int i = 0; i < 3; ++i) {
+        GiveFocus(dialog, from);
+        PressKey(VK_TAB, modifiers);
+        if (WaitUntil([=] { return FocusWindow(dialog) == to; }, 2000))
+            return true;
+    }
+    return false;
 }
 
 class HostWindow {

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "data_combo_host.h"
 #include "forms/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
@@ -289,28 +290,26 @@ void Play(ComboForm& form, const std::function<void(HWND)>& script) {
     user.Finish();
 }
 
-// Puts the focus on a combo, from the box before it.
-void TabTo(HWND window, const wchar_t* name) {
-    PressKey(VK_TAB);
-    WaitForFocus(window, name);
+HWND ListOf(HWND form, const wchar_t* name) {
+    return FindControl(FindControl(form, name), L"Cmb1");
 }
 
 TEST_F(DataComboTest, TabWalksThroughAndSkipsTheDisabled) {
     form_.Get(L"cmbLg").SetEnabled(false);
     Play(form_, [&](HWND window) {
-        TabTo(window, L"CmbFld");
-        TabTo(window, L"txtLast");
-        PressKey(VK_TAB, kShift);
-        WaitForFocus(window, L"CmbFld");
-        PressKey(VK_TAB, kShift);
-        WaitForFocus(window, L"txtFirst");
+        const HWND first = FindControl(window, L"txtFirst"), last = FindControl(window, L"txtLast");
+        const HWND list = ListOf(window, L"CmbFld");
+        EXPECT_TRUE(TabLeads(window, first, list));
+        EXPECT_TRUE(TabLeads(window, list, last));
+        EXPECT_TRUE(TabLeads(window, last, list, kShift));
+        EXPECT_TRUE(TabLeads(window, list, first, kShift));
     });
     EXPECT_NE(std::wstring::npos, form_.keysSeen.find(L"CmbFld ")) << "the form sees its keys";
 }
 
 TEST_F(DataComboTest, ArrowsAndLettersSelect) {
     Play(form_, [&](HWND window) {
-        TabTo(window, L"CmbFld");
+        GiveFocus(window, ListOf(window, L"CmbFld"));
         PressKey(VK_DOWN);
         EXPECT_TRUE(WaitUntil([&] { return Combo().Value() == L"FullName"; }));
         PressKey(VK_DOWN);
@@ -331,7 +330,7 @@ TEST_F(DataComboTest, DeleteClearsTheSelectionAndIsTold) {
         indexWhenTold = Combo().ListIndex();
     };
     Play(form_, [&](HWND window) {
-        TabTo(window, L"CmbFld");
+        GiveFocus(window, ListOf(window, L"CmbFld"));
         PressKey(VK_DELETE, kShift);
         EXPECT_TRUE(WaitUntil([&] { return told.size() == 2; })) << "Shift itself, then Delete";
         EXPECT_EQ(1, Combo().ListIndex()) << "with Shift it is another key";
@@ -359,7 +358,7 @@ TEST_F(DataComboTest, HandlersMayChangeKeysAndKeepThem) {
         up += key == VK_UP;
     };
     Play(form_, [&](HWND window) {
-        TabTo(window, L"CmbFld");
+        GiveFocus(window, ListOf(window, L"CmbFld"));
         PressKey(VK_DOWN);
         PressKey(VK_UP);
         EXPECT_TRUE(WaitUntil([&] { return up == 1; }));
@@ -382,7 +381,7 @@ void Open(HWND list) {
 TEST_F(DataComboTest, ListOpensAndAnItemIsChosenWithTheMouse) {
     Play(form_, [&](HWND window) {
         const HWND list = FindControl(Combo().Window(), L"Cmb1");
-        TabTo(window, L"CmbFld");
+        GiveFocus(window, ListOf(window, L"CmbFld"));
         Open(list);
         COMBOBOXINFO info = {};
         info.cbSize = sizeof info;
@@ -405,7 +404,7 @@ TEST_F(DataComboTest, WhatIsToldLastIsTheSelectionAfterTheListWasGivenUp) {
     };
     Play(form_, [&](HWND window) {
         const HWND list = FindControl(Combo().Window(), L"Cmb1");
-        TabTo(window, L"CmbFld");
+        GiveFocus(window, ListOf(window, L"CmbFld"));
         Open(list);
         PressKey(VK_DOWN);
         EXPECT_TRUE(WaitUntil([&] { return told != 99; }));
