@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <optional>
+
 #include "captions.h"
 #include "catalogue.h"
 #include "condition.h"
@@ -13,6 +15,7 @@
 #include "fill_combo.h"
 #include "forms/form.h"
 #include "forms/keys.h"
+#include "forms/tab_stroke.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "text/fixed_texts.h"
@@ -265,7 +268,8 @@ private:
         if (picked.empty())
             return;
         box.SetText(picked);
-        Gui_Phim(VK_TAB, 0);
+        moveOn_.emplace(Window());
+        moveOn_->Send();
     }
 
     void Confirm() {
@@ -287,6 +291,7 @@ private:
 
     const std::wstring table_;
     FieldInfo info_;
+    std::optional<TabStroke> moveOn_;
 };
 
 } // namespace
