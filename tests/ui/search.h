@@ -134,13 +134,15 @@ inline void ChooseText(HWND form, const std::wstring& combo, const std::wstring&
 inline void TypeValue(HWND form, int line, const std::wstring& value) {
     const std::wstring box = Named(L"MskValue", line);
     TabTo(form, box);
-    PressKey(VK_HOME);
-    PressKey(VK_END, kShift);
-    if (value.empty())
+    for (int tries = 0; tries < 3; ++tries) {
+        PressKey(VK_HOME);
+        PressKey(VK_END, kShift);
         PressKey(VK_DELETE);
-    TypeText(value);
-    if (!WaitUntil([&] { return TextOf(form, box) == value; }))
-        Fail(box + L" shows '" + TextOf(form, box) + L"' instead of '" + value + L"'");
+        TypeText(value);
+        if (WaitUntil([&] { return TextOf(form, box) == value; }))
+            return;
+    }
+    Fail(box + L" shows '" + TextOf(form, box) + L"' instead of '" + value + L"'");
 }
 
 // Fills a line by its visible texts; the join stays when none is given.
