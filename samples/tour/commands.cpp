@@ -15,27 +15,37 @@ constexpr wchar_t kSearch[] = L"Tìm &kiếm";
 constexpr wchar_t kHelp[] = L"&Trợ giúp";
 
 constexpr Command kCommands[] = {
-    {101, kSystem, L"Đăng &nhập…\tCtrl+L", FCONTROL, 'L', 0, &Tour::LogOn},
-    {102, kSystem, L"Đổi &mật khẩu…\tCtrl+M", FCONTROL, 'M', 1, &Tour::ChangePassword},
-    {103, kSystem, L"N&gười sử dụng…\tCtrl+U", FCONTROL, 'U', 2, &Tour::ManageUsers},
-    {104, kSystem, L"Nhóm người &sử dụng…\tCtrl+G", FCONTROL, 'G', 3, &Tour::ManageGroups},
-    {105, kSystem, L"Sao &lưu dữ liệu", 0, 0, 4, &Tour::BackUp},
-    {106, kSystem, L"T&hoát\tAlt+F4", 0, 0, 0, &Tour::Quit},
-    {201, kCatalogues, L"&Khách hàng", 0, 0, 5, &Tour::Show<kCustomers>},
-    {202, kCatalogues, L"Nhà &cung cấp", 0, 0, 6, &Tour::NotInTheSample},
-    {203, kCatalogues, L"&Hàng hoá", 0, 0, 7, &Tour::Show<kGoods>},
-    {204, kCatalogues, L"&Nhóm hàng", 0, 0, 8, &Tour::Show<kKindsOfGoods>},
-    {205, kCatalogues, L"Tài kh&oản", 0, 0, 9, &Tour::NotInTheSample},
-    {206, kCatalogues, L"&Tỉnh thành", 0, 0, 10, &Tour::Show<kProvinces>},
-    {301, kReports, L"&Tồn kho", 0, 0, 11, &Tour::Show<kStock>},
-    {302, kReports, L"&Nhập xuất tồn", 0, 0, 12, &Tour::NotInTheSample},
-    {303, kReports, L"&Doanh thu", 0, 0, 13, &Tour::NotInTheSample},
-    {304, kReports, L"&Công nợ phải thu", 0, 0, 14, &Tour::Show<kReceivables>},
-    {305, kReports, L"Công nợ &phải trả", 0, 0, 15, &Tour::NotInTheSample},
+    {101, kSystem, L"Đăng &nhập…\tCtrl+L", L"Đăng nhập bằng tên và mật khẩu", FCONTROL, 'L', 0,
+     &Tour::LogOn},
+    {102, kSystem, L"Đổi &mật khẩu…\tCtrl+M", L"Đổi mật khẩu của người đang đăng nhập", FCONTROL,
+     'M', 1, &Tour::ChangePassword},
+    {103, kSystem, L"N&gười sử dụng…\tCtrl+U", L"Thêm, sửa, xoá người sử dụng", FCONTROL, 'U', 2,
+     &Tour::ManageUsers},
+    {104, kSystem, L"Nhóm người &sử dụng…\tCtrl+G", L"Nhóm người sử dụng và quyền của nhóm",
+     FCONTROL, 'G', 3, &Tour::ManageGroups},
+    {105, kSystem, L"Sao &lưu dữ liệu", L"Chép tệp dữ liệu sang tệp dự phòng", 0, 0, 4,
+     &Tour::BackUp},
+    {106, kSystem, L"T&hoát\tAlt+F4", L"Kết thúc chương trình", 0, 0, 0, &Tour::Quit},
+    {201, kCatalogues, L"&Khách hàng", L"Danh sách khách hàng", 0, 0, 5, &Tour::Show<kCustomers>},
+    {202, kCatalogues, L"Nhà &cung cấp", L"Danh sách nhà cung cấp", 0, 0, 6, &Tour::NotInTheSample},
+    {203, kCatalogues, L"&Hàng hoá", L"Danh sách hàng hoá", 0, 0, 7, &Tour::Show<kGoods>},
+    {204, kCatalogues, L"&Nhóm hàng", L"Danh sách nhóm hàng", 0, 0, 8, &Tour::Show<kKindsOfGoods>},
+    {205, kCatalogues, L"Tài kh&oản", L"Hệ thống tài khoản", 0, 0, 9, &Tour::NotInTheSample},
+    {206, kCatalogues, L"&Tỉnh thành", L"Danh sách tỉnh, thành phố", 0, 0, 10,
+     &Tour::Show<kProvinces>},
+    {301, kReports, L"&Tồn kho", L"Hàng còn trong kho", 0, 0, 11, &Tour::Show<kStock>},
+    {302, kReports, L"&Nhập xuất tồn", L"Hàng nhập, xuất và tồn trong kỳ", 0, 0, 12,
+     &Tour::NotInTheSample},
+    {303, kReports, L"&Doanh thu", L"Doanh thu trong kỳ", 0, 0, 13, &Tour::NotInTheSample},
+    {304, kReports, L"&Công nợ phải thu", L"Khách hàng còn nợ", 0, 0, 14,
+     &Tour::Show<kReceivables>},
+    {305, kReports, L"Công nợ &phải trả", L"Nợ nhà cung cấp", 0, 0, 15, &Tour::NotInTheSample},
     // Whoever may see a list may search it.
-    {501, kSearch, L"Tìm &khách hàng…\tCtrl+F", FCONTROL, 'F', 5, &Tour::Find<kFindCustomers>},
-    {502, kSearch, L"Tìm &hàng hoá…\tCtrl+H", FCONTROL, 'H', 7, &Tour::Find<kFindGoods>},
-    {401, kHelp, L"&Giới thiệu\tF1", 0, VK_F1, 0, &Tour::About},
+    {501, kSearch, L"Tìm &khách hàng…\tCtrl+F", L"Tìm khách hàng theo điều kiện", FCONTROL, 'F', 5,
+     &Tour::Find<kFindCustomers>},
+    {502, kSearch, L"Tìm &hàng hoá…\tCtrl+H", L"Tìm hàng hoá theo điều kiện", FCONTROL, 'H', 7,
+     &Tour::Find<kFindGoods>},
+    {401, kHelp, L"&Giới thiệu\tF1", L"Về chương trình này", 0, VK_F1, 0, &Tour::About},
 };
 
 bool MayRun(const Tour& tour, const Command& command) {
@@ -58,7 +68,9 @@ HMENU CreateCommandMenu() {
             popup = CreatePopupMenu();
             AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), menu);
         }
-        AppendMenuW(popup, MF_STRING, command.id, command.text);
+        // The library takes the help text out of the caption.
+        AppendMenuW(popup, MF_STRING, command.id,
+                    (std::wstring(command.text) + L'|' + command.help).c_str());
     }
     return bar;
 }

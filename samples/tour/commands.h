@@ -11,6 +11,7 @@ struct Command {
     WORD id;
     const wchar_t* menu; // rows with the same text stand in one menu, one after another
     const wchar_t* text; // the letter after & chooses it, what follows \t names its key
+    const wchar_t* help; // for the status bar
     BYTE keyModifiers;   // FCONTROL, FSHIFT
     WORD key;            // virtual key, 0 for none
     long right;          // SubMenu.ID of the right that it needs, 0 when everybody may run it

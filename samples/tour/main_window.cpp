@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "commands.h"
+#include "drawn_menus.h"
 #include "list_view.h"
 #include "output.h"
 
@@ -22,6 +23,7 @@ struct Window {
     long listOf = 0;     // the user for whom it was read
     HFONT heading = nullptr;
     std::wstring enabled = {}; // as last printed
+    DrawnMenus menus = {};
 };
 
 Window& Data(HWND window) {
@@ -46,6 +48,10 @@ std::wstring StatusText(const Tour& tour) {
            L")";
 }
 
+void ShowStatus(const Window& data, const std::wstring& text) {
+    SetWindowTextW(data.statusBar, text.c_str());
+}
+
 void Create(HWND window, Tour& tour) {
     auto* data = new Window{tour};
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
@@ -59,6 +65,7 @@ void Create(HWND window, Tour& tour) {
 
 void Destroy(HWND window) {
     Window* data = &Data(window);
+    data->menus.Uninstall();
     DeleteObject(data->heading);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     delete data;
@@ -106,6 +113,9 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (RunCommand(Data(window).tour, LOWORD(wParam)))
             return 0;
         break;
+    case WM_EXITMENULOOP: // the help text of the last command goes
+        ShowStatus(Data(window), StatusText(Data(window).tour));
+        return 0;
     case WM_SIZE:
         Resize(window);
         return 0;
@@ -146,6 +156,8 @@ HWND CreateMainWindow(Tour& tour) {
                                         (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
                                         (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height,
                                         nullptr, CreateCommandMenu(), program, &tour);
+    Window& data = Data(window);
+    data.menus.Install(window, [&data](const std::wstring& help) { ShowStatus(data, help); });
     ShowState(window, tour);
     return window;
 }
@@ -161,7 +173,7 @@ void ShowState(HWND window, const Tour& tour) {
         ShowWindow(data.list, SW_HIDE);
         SetWindowTextW(window, kTitle);
     }
-    SetWindowTextW(data.statusBar, StatusText(tour).c_str());
+    ShowStatus(data, StatusText(tour));
     InvalidateRect(window, nullptr, TRUE);
 }
 

@@ -60,6 +60,15 @@ public:
     }
 
     std::wstring Title() const { return TextOf(window_); }
+    // Posted keys open a menu and move in it: they need no focus.
+    void OpenMenu(wchar_t letter) const {
+        PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, letter);
+    }
+    void Post(WPARAM key) const { PostMessageW(window_, WM_KEYDOWN, key, 1); }
+    void ExpectStatus(const std::wstring& text) const {
+        if (!WaitUntil([&] { return Status() == text; }, kProcessLimit))
+            ADD_FAILURE() << "the status bar shows: " << ToUtf8(Status());
+    }
     HWND ListOfRows() const { return FindWindowExW(window_, nullptr, WC_LISTVIEWW, nullptr); }
 
     DWORD Quit() {
@@ -68,6 +77,9 @@ public:
     }
 
 private:
+    std::wstring Status() const {
+        return TextOf(FindWindowExW(window_, nullptr, STATUSCLASSNAMEW, nullptr));
+    }
     std::wstring Output() const { return folder_.File(L"output.txt"); }
 
     std::wstring Enabled() const {
@@ -136,6 +148,21 @@ TEST_P(TourRights, CommandWithoutARightDoesNothing) {
     Press(box, L"Cmd1");
     WaitClosed(box);
     EXPECT_EQ(tour.Quit(), 0u);
+}
+
+TEST_P(TourRights, HelpOfTheCommandStandsInTheStatusBar) {
+    TourProgram tour(Test().database);
+    tour.ExpectEnabled(kNobody);
+    Press(tour.Form(L"FrmLogon"), L"CMDCAN");
+    tour.ExpectStatus(L"Chưa đăng nhập");
+    tour.OpenMenu(L'h');
+    tour.ExpectStatus(L"Đăng nhập bằng tên và mật khẩu");
+    tour.Post(VK_END);
+    tour.ExpectStatus(L"Kết thúc chương trình");
+    tour.Post(VK_ESCAPE); // the popup
+    tour.Post(VK_ESCAPE); // the bar
+    tour.ExpectStatus(L"Chưa đăng nhập");
+    EXPECT_EQ(tour.Quit(), 1u);
 }
 
 TEST_P(TourRights, MaskColumnsCountByTheirPlace) {
