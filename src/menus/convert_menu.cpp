@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "diagnostics.h"
@@ -124,6 +125,23 @@ void ForgetMissing(HMENU menu, const std::set<ULONG_PTR>& present) {
         items.Remove(key);
 }
 
+// The platform keeps the size of an item until its type is written.
+void Touch(HMENU menu) {
+    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
+        MenuItem item;
+        const auto position = static_cast<UINT>(i);
+        if (ReadMenuItem(menu, position, item) && KnownItem(menu, item))
+            WriteItemType(menu, position, item.type, item.data);
+    }
+}
+
+// All items make room for the widest shortcut.
+void MeasureShortcuts(WndCoolMenu& window, HMENU menu) {
+    const int widest = WidestShortcut(window, menu);
+    if (std::exchange(window.shortcutWidths[menu], widest) != widest)
+        Touch(menu);
+}
+
 void Convert(WndCoolMenu& window, HMENU menu, bool menuBar, int depth) {
     if (!menu || depth > kDeepest)
         return;
@@ -136,7 +154,7 @@ void Convert(WndCoolMenu& window, HMENU menu, bool menuBar, int depth) {
     ForgetMissing(menu, present);
     window.AddMenuHead(menu);
     if (!menuBar)
-        window.shortcutWidths[menu] = WidestShortcut(window, menu);
+        MeasureShortcuts(window, menu);
 }
 
 void Restore(const CMyItemData& data, UINT position) {
@@ -164,10 +182,9 @@ template <class Visit> void ForEachItem(HWND window, Visit&& visit) {
     for (const HMENU menu : menus)
         for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
             const auto position = static_cast<UINT>(i);
-            const ULONG_PTR number = ReadItemNumber(menu, position, true);
-            const CMyItemData* data = FindItemData(number);
+            const CMyItemData* data = FindItemData(ReadItemNumber(menu, position, true));
             if (data && data->menu == menu && data->window == window)
-                Suppress(kRoutine, [&] { visit(*data, position, number); });
+                Suppress(kRoutine, [&] { visit(*data, position); });
         }
 }
 
@@ -185,16 +202,12 @@ void ConvertMenu(WndCoolMenu& window, HMENU menu, bool menuBar) {
 void TouchMenus(WndCoolMenu& window) {
     for (auto& [menu, width] : window.shortcutWidths)
         width = WidestShortcut(window, menu);
-    ForEachItem(window.hWnd, [](const CMyItemData& data, UINT position, ULONG_PTR number) {
-        MenuItem item;
-        if (ReadMenuItem(data.menu, position, item))
-            WriteItemType(data.menu, position, item.type, number);
-    });
+    for (long i = 0; i < window.CountMenuHeads(); ++i)
+        Touch(window.GetMenuHead(i));
 }
 
 void RestoreMenus(HWND window) {
-    ForEachItem(window,
-                [](const CMyItemData& data, UINT position, ULONG_PTR) { Restore(data, position); });
+    ForEachItem(window, [](const CMyItemData& data, UINT position) { Restore(data, position); });
     MenuModule* module = CurrentMenuModule();
     std::vector<std::wstring> restored;
     for (const auto& [key, data] : module->items)

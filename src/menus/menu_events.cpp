@@ -74,7 +74,7 @@ bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
         return false;
     const auto menu = reinterpret_cast<HMENU>(drawn.hwndItem);
     const CMyItemData* data = DataOf(menu, drawn.itemData);
-    if (!data)
+    if (!data || data->id != drawn.itemID)
         return false;
     PaintItem(drawn.hDC, ToBox(drawn.rcItem), window, *data, StateOf(*data, drawn.itemState));
     // The platform would draw its own submenu arrow over ours.

@@ -73,6 +73,7 @@ bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
     case WM_SETTINGCHANGE:
     case WM_DPICHANGED:
         entry.DropFonts();
+        RemeasureMenus(entry);
         return false;
     default:
         return false;

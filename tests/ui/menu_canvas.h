@@ -78,19 +78,19 @@ private:
     DWORD* bits_ = nullptr;
 };
 
-// Asks the window, as the platform does.
+inline UINT IdOf(HMENU menu, UINT position) {
+    MENUITEMINFOW info = {};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_ID;
+    GetMenuItemInfoW(menu, position, TRUE, &info);
+    return info.wID;
+}
+
+// Both ask the window, as the platform does.
 inline SIZE MeasureItem(const MenuHost& host, HMENU menu, UINT position) {
     MEASUREITEMSTRUCT measured = {};
     measured.CtlType = ODT_MENU;
-    measured.itemID = GetMenuItemID(menu, static_cast<int>(position));
-    if (const HMENU submenu = GetSubMenu(menu, static_cast<int>(position))) {
-        MENUITEMINFOW info = {};
-        info.cbSize = sizeof info;
-        info.fMask = MIIM_ID;
-        GetMenuItemInfoW(menu, position, TRUE, &info);
-        measured.itemID = info.wID;
-        (void)submenu;
-    }
+    measured.itemID = IdOf(menu, position);
     measured.itemData = DataOf(menu, position);
     EXPECT_EQ(TRUE,
               SendMessageW(host.Window(), WM_MEASUREITEM, 0, reinterpret_cast<LPARAM>(&measured)));
@@ -101,7 +101,7 @@ inline void PaintItem(const MenuHost& host, HMENU menu, UINT position, UINT stat
                       const Canvas& canvas) {
     DRAWITEMSTRUCT drawn = {};
     drawn.CtlType = ODT_MENU;
-    drawn.itemID = GetMenuItemID(menu, static_cast<int>(position));
+    drawn.itemID = IdOf(menu, position);
     drawn.itemAction = ODA_DRAWENTIRE;
     drawn.itemState = state;
     drawn.hwndItem = reinterpret_cast<HWND>(menu);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Installing drawn menus on a window, keeping up with what its host does, giving it back.
-#include "menu_host.h"
+#include "menu_canvas.h"
 
 #include "support/env.h"
 #include "support/text.h"
@@ -255,6 +255,18 @@ TEST(MenuInstall, NewCaptionsAndTypesAreKept) {
     EXPECT_FALSE(IsDrawn(host.Recent(), 1));
 }
 
+TEST(MenuInstall, WiderShortcutMakesTheOtherItemsWider) {
+    const MenuHost host;
+    const InstalledMenu menu(host);
+    const LONG before = MeasureItem(host, host.File(), kSaveAt).cx;
+    AppendMenuW(host.File(), MF_STRING, 340, L"Xuất\tCtrl+Alt+Shift+PageDown");
+    OpenPopup(host, host.File(), 0);
+    EXPECT_LT(before, MeasureItem(host, host.File(), kSaveAt).cx);
+    DeleteMenu(host.File(), 340, MF_BYCOMMAND);
+    OpenPopup(host, host.File(), 0);
+    EXPECT_EQ(before, MeasureItem(host, host.File(), kSaveAt).cx);
+}
+
 TEST(MenuInstall, ItemsThatTheHostDrawsItselfAreLeftAlone) {
     MenuHost host;
     AppendMenuW(host.File(), MF_OWNERDRAW, 320, reinterpret_cast<LPCWSTR>(3));
@@ -274,6 +286,13 @@ TEST(MenuInstall, ItemsThatTheHostDrawsItselfAreLeftAlone) {
     MEASUREITEMSTRUCT measured = {ODT_MENU, 0, 320, 0, 0, info.dwItemData};
     SendMessageW(host.Window(), WM_MEASUREITEM, 0, reinterpret_cast<LPARAM>(&measured));
     EXPECT_EQ(1, host.Seen(WM_MEASUREITEM)) << "its host measures it";
+    DRAWITEMSTRUCT drawn = {};
+    drawn.CtlType = ODT_MENU;
+    drawn.itemID = 320;
+    drawn.hwndItem = reinterpret_cast<HWND>(host.File());
+    drawn.itemData = info.dwItemData;
+    SendMessageW(host.Window(), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&drawn));
+    EXPECT_EQ(1, host.Seen(WM_DRAWITEM)) << "and draws it";
 }
 
 TEST(MenuInstall, AnotherMenuOfTheWindowIsTaken) {

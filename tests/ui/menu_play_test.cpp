@@ -19,19 +19,19 @@ namespace {
 constexpr int kTries = 8;
 constexpr DWORD kStep = 2000;
 
+BOOL CALLBACK AddPopup(HWND window, LPARAM popups) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == GetCurrentProcessId() && IsWindowVisible(window) &&
+        ClassName(window) == L"#32768")
+        reinterpret_cast<std::vector<HWND>*>(popups)->push_back(window);
+    return TRUE;
+}
+
 // The open popups of this process, the deepest one first.
 std::vector<HWND> Popups() {
     std::vector<HWND> popups;
-    EnumWindows(
-        [](HWND window, LPARAM found) -> BOOL {
-            DWORD process = 0;
-            GetWindowThreadProcessId(window, &process);
-            if (process == GetCurrentProcessId() && IsWindowVisible(window) &&
-                ClassName(window) == L"#32768")
-                reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&popups));
+    EnumWindows(AddPopup, reinterpret_cast<LPARAM>(&popups));
     return popups;
 }
 
