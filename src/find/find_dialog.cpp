@@ -191,21 +191,21 @@ private:
     ConditionLine Line(long line) {
         DataCombo& fields = Fields(line);
         DataCombo& predicates = Predicates(line);
-        ConditionLine result;
-        result.fieldIndex = fields.ListIndex();
-        result.fieldType = result.fieldIndex < 0 ? 0 : FieldType(result.fieldIndex);
-        result.fieldName = fields.Value();
-        result.fieldText = fields.Text();
-        result.operatorIndex = predicates.ListIndex();
-        result.operatorName = predicates.Value();
-        result.operatorText = predicates.Text();
-        result.value = At(L"MskValue", line).Text();
-        result.enabled = fields.Enabled();
+        ConditionLine filled;
+        filled.fieldIndex = fields.ListIndex();
+        filled.fieldType = filled.fieldIndex < 0 ? 0 : FieldType(filled.fieldIndex);
+        filled.fieldName = fields.Value();
+        filled.fieldText = fields.Text();
+        filled.operatorIndex = predicates.ListIndex();
+        filled.operatorName = predicates.Value();
+        filled.operatorText = predicates.Text();
+        filled.value = At(L"MskValue", line).Text();
+        filled.enabled = fields.Enabled();
         if (line > kFirst) {
-            result.joinName = Joins(line).Value();
-            result.joinText = Joins(line).Text();
+            filled.joinName = Joins(line).Value();
+            filled.joinText = Joins(line).Text();
         }
-        return result;
+        return filled;
     }
 
     ConditionLines Lines() {
