@@ -7,7 +7,6 @@
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"
-#include "forms/keys.h"
 #include "item_picker.h"
 #include "logon/session.h"
 #include "select_statements.h"
@@ -23,10 +22,6 @@ UINT ValidateMessage() {
     static const UINT message = RegisterWindowMessageW(L"VnDesk.ValidateCode");
     return message;
 }
-
-// Some 10 milliseconds each.
-constexpr int kTabWaits = 100;
-constexpr int kSteady = 3;
 
 HWND FormOf(HWND window) {
     return GetAncestor(window, GA_ROOT);
@@ -89,13 +84,13 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
                            reinterpret_cast<DWORD_PTR>(this)))
         throw ComError(E_FAIL, L"The text box cannot be bound.");
     window = newWindow;
+    moveOn.emplace(window);
 }
 
 void SelectionBoxes::Box::Release() {
-    if (window) {
-        KillTimer(window, reinterpret_cast<UINT_PTR>(this));
+    moveOn.reset();
+    if (window)
         RemoveWindowSubclass(window, BoxProcedure, reinterpret_cast<UINT_PTR>(this));
-    }
     window = nullptr;
 }
 
@@ -112,44 +107,12 @@ void SelectionBoxes::Box::Show(const std::wstring& text) const {
         SetWindowTextW(window, text.c_str());
 }
 
-bool SelectionBoxes::Box::FormHasKeyboard() const {
-    const HWND focus = GetFocus();
-    return focus && FormOf(focus) == FormOf(window) && GetForegroundWindow() == FormOf(window);
-}
-
-// The key goes to whatever has the keyboard. When a window has just closed, that can be nobody for
-// a moment; and when it stays another program's, the stroke is not for it.
-void SelectionBoxes::Box::SendTab(bool windowClosed) {
-    if (!window)
-        return;
-    if (!windowClosed && FormHasKeyboard()) {
-        Gui_Phim(VK_TAB, 0);
-        return;
-    }
-    waits = kTabWaits;
-    steady = 0;
-    SetTimer(window, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, nullptr);
-}
-
-void SelectionBoxes::Box::TabTimer() {
-    steady = FormHasKeyboard() ? steady + 1 : 0;
-    if (steady < kSteady && --waits > 0)
-        return;
-    KillTimer(window, reinterpret_cast<UINT_PTR>(this));
-    if (steady == kSteady)
-        Gui_Phim(VK_TAB, 0);
-}
-
 LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM wParam,
-                                              LPARAM lParam, UINT_PTR id, DWORD_PTR data) {
+                                              LPARAM lParam, UINT_PTR, DWORD_PTR data) {
     Box& box = *reinterpret_cast<Box*>(data);
     const auto self = box.owner.shared_from_this();
     if (message == WM_NCDESTROY)
         box.Release();
-    if (message == WM_TIMER && wParam == id) {
-        box.TabTimer();
-        return 0;
-    }
     std::optional<LRESULT> result;
     Trap([&] {
         if (&box == &self->nameBox_)
@@ -271,7 +234,8 @@ void SelectionBoxes::PickByName() {
         return;
     }
     Choose(*entry);
-    nameBox_.SendTab(true);
+    if (nameBox_.moveOn)
+        nameBox_.moveOn->SendAfterClosing();
     RaiseChange();
 }
 
@@ -290,7 +254,8 @@ void SelectionBoxes::ValidateCode() {
         if (entry) {
             Choose(*entry);
             RaiseChange();
-            codeBox_.SendTab(false);
+            if (codeBox_.moveOn)
+                codeBox_.moveOn->Send();
         } else if (!code.empty()) {
             Refuse(code);
         }

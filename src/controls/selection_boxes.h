@@ -12,6 +12,7 @@
 
 #include "com/kit/module.h"
 #include "data/database.h"
+#include "forms/tab_stroke.h"
 
 namespace vndesk {
 
@@ -50,20 +51,12 @@ private:
     struct Box {
         SelectionBoxes& owner;
         HWND window = nullptr;
-        // A Tab stroke waits for the keyboard: how often still, and how often it was there in a
-        // row.
-        int waits = 0;
-        int steady = 0;
+        std::optional<TabStroke> moveOn = {};
 
         void Bind(HWND newWindow);
         void Release();
         std::wstring Text() const;
         void Show(const std::wstring& text) const;
-        // Sends a Tab stroke as soon as the box's form has the keyboard. When a window has just
-        // closed, that must be so for a moment.
-        void SendTab(bool windowClosed);
-        void TabTimer();
-        bool FormHasKeyboard() const;
     };
     struct Entry {
         std::wstring id;

@@ -269,7 +269,7 @@ private:
             return;
         box.SetText(picked);
         moveOn_.emplace(Window());
-        moveOn_->Send();
+        moveOn_->SendAfterClosing();
     }
 
     void Confirm() {

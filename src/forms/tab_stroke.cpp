@@ -11,10 +11,6 @@ namespace {
 constexpr int kMostLooks = 100;
 constexpr int kSteadyLooks = 3;
 
-bool HasKeyboard(HWND form) {
-    return GetForegroundWindow() == form && IsChild(form, GetFocus());
-}
-
 } // namespace
 
 TabStroke::~TabStroke() {
@@ -22,9 +18,22 @@ TabStroke::~TabStroke() {
 }
 
 void TabStroke::Send() {
+    if (FormHasKeyboard())
+        Gui_Phim(VK_TAB, 0);
+    else
+        SendAfterClosing();
+}
+
+void TabStroke::SendAfterClosing() {
     looks_ = 0;
     steady_ = 0;
-    SetTimer(form_, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, OnTimer);
+    SetTimer(window_, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, OnTimer);
+}
+
+bool TabStroke::FormHasKeyboard() const {
+    const HWND form = GetAncestor(window_, GA_ROOT);
+    const HWND focus = GetFocus();
+    return focus && GetForegroundWindow() == form && GetAncestor(focus, GA_ROOT) == form;
 }
 
 void CALLBACK TabStroke::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
@@ -32,7 +41,7 @@ void CALLBACK TabStroke::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
 }
 
 void TabStroke::Look() {
-    steady_ = HasKeyboard(form_) ? steady_ + 1 : 0;
+    steady_ = FormHasKeyboard() ? steady_ + 1 : 0;
     if (steady_ < kSteadyLooks && ++looks_ < kMostLooks)
         return;
     Stop();
@@ -41,8 +50,7 @@ void TabStroke::Look() {
 }
 
 void TabStroke::Stop() {
-    if (form_)
-        KillTimer(form_, reinterpret_cast<UINT_PTR>(this));
+    KillTimer(window_, reinterpret_cast<UINT_PTR>(this));
 }
 
 } // namespace vndesk

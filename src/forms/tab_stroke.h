@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A Tab stroke for a form above which a window has just closed. For a moment the keyboard can be
-// nobody's then, and a stroke that is sent at once would be lost.
+// The Tab stroke that follows a look-up. When a window has just closed, the keyboard can be nobody's
+// for a moment, and a stroke that is sent at once would be lost.
 #pragma once
 
 #include <windows.h>
@@ -9,21 +9,25 @@ namespace vndesk {
 
 class TabStroke {
 public:
-    explicit TabStroke(HWND form) : form_(form) {}
+    // `window` is the form, or a control in it.
+    explicit TabStroke(HWND window) : window_(window) {}
     ~TabStroke();
     TabStroke(const TabStroke&) = delete;
     TabStroke& operator=(const TabStroke&) = delete;
 
+    // Sends it at once where the form has the keyboard, else as soon as it has.
+    void Send();
     // Sends it as soon as the form has the keyboard and keeps it. Never, when the user has gone
     // to another window.
-    void Send();
+    void SendAfterClosing();
 
 private:
-    static void CALLBACK OnTimer(HWND form, UINT message, UINT_PTR id, DWORD time);
+    static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time);
+    bool FormHasKeyboard() const;
     void Look();
     void Stop();
 
-    HWND form_;
+    HWND window_;
     int looks_ = 0;
     int steady_ = 0;
 };
