@@ -17,6 +17,8 @@ enum Commands : WORD {
     kFindGoods = 502
 };
 
+constexpr DWORD kHelpStep = 3000;
+constexpr wchar_t kNoUser[] = L"Chưa đăng nhập"; // in the status bar
 constexpr wchar_t kNobody[] = L"Đăng nhập, Thoát, Giới thiệu";
 constexpr wchar_t kEverything[] =
     L"Đăng nhập, Đổi mật khẩu, Người sử dụng, Nhóm người sử dụng, Sao lưu dữ liệu, Thoát, "
@@ -60,11 +62,26 @@ public:
     }
 
     std::wstring Title() const { return TextOf(window_); }
-    // Posted keys open a menu and move in it: they need no focus.
-    void OpenMenu(wchar_t letter) const {
-        PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, letter);
+    // Opens a menu, presses keys in it and waits for a help text; from the beginning again when one
+    // was lost. Posted keys need no focus.
+    void ExpectHelp(wchar_t menu, std::initializer_list<WPARAM> keys,
+                    const std::wstring& help) const {
+        for (int i = 0; i < 8; ++i) {
+            LeaveMenu();
+            PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, menu);
+            for (const WPARAM key : keys) {
+                WaitUntil([&] { return Status() != kNoUser; }, kHelpStep);
+                PostMessageW(window_, WM_KEYDOWN, key, 1);
+            }
+            if (WaitUntil([&] { return Status() == help; }, kHelpStep))
+                return;
+        }
+        ADD_FAILURE() << "the status bar shows: " << ToUtf8(Status());
     }
-    void Post(WPARAM key) const { PostMessageW(window_, WM_KEYDOWN, key, 1); }
+    void LeaveMenu() const {
+        SendMessageW(window_, WM_CANCELMODE, 0, 0);
+        ExpectStatus(kNoUser);
+    }
     void ExpectStatus(const std::wstring& text) const {
         if (!WaitUntil([&] { return Status() == text; }, kProcessLimit))
             ADD_FAILURE() << "the status bar shows: " << ToUtf8(Status());
@@ -153,15 +170,12 @@ TEST_P(TourRights, CommandWithoutARightDoesNothing) {
 TEST_P(TourRights, HelpOfTheCommandStandsInTheStatusBar) {
     TourProgram tour(Test().database);
     tour.ExpectEnabled(kNobody);
-    Press(tour.Form(L"FrmLogon"), L"CMDCAN");
-    tour.ExpectStatus(L"Chưa đăng nhập");
-    tour.OpenMenu(L'h');
-    tour.ExpectStatus(L"Đăng nhập bằng tên và mật khẩu");
-    tour.Post(VK_END);
-    tour.ExpectStatus(L"Kết thúc chương trình");
-    tour.Post(VK_ESCAPE); // the popup
-    tour.Post(VK_ESCAPE); // the bar
-    tour.ExpectStatus(L"Chưa đăng nhập");
+    const HWND logon = tour.Form(L"FrmLogon");
+    Press(logon, L"CMDCAN");
+    WaitClosed(logon);
+    tour.ExpectHelp(L'h', {}, L"Đăng nhập bằng tên và mật khẩu");
+    tour.ExpectHelp(L'h', {VK_END}, L"Kết thúc chương trình");
+    tour.LeaveMenu();
     EXPECT_EQ(tour.Quit(), 1u);
 }
 
