@@ -36,7 +36,8 @@ struct ItemState {
     bool disabled = false;
     bool checked = false;
     bool isDefault = false;
-    bool hovered = false; // on the menu bar, no popup open
+    bool hovered = false;  // on the menu bar, no popup open
+    bool inactive = false; // on the menu bar of a window that is not the active one
     bool hideMnemonics = false;
 };
 

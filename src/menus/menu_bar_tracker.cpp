@@ -18,7 +18,7 @@ bool IsButtonDown(UINT message) {
 int ItemUnderMouse(const WndCoolMenu& window, HMENU bar) {
     POINT mouse;
     if (window.MainPopedIndex() != L"-1" || IsIconic(window.hWnd) ||
-        !IsWindowEnabled(window.hWnd) || !GetCursorPos(&mouse))
+        GetForegroundWindow() != window.hWnd || !GetCursorPos(&mouse))
         return WndCoolMenu::kNoItem;
     return MenuItemFromPoint(window.hWnd, bar, mouse);
 }

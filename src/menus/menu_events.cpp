@@ -31,6 +31,7 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
     result.checked = (state & ODS_CHECKED) != 0;
     result.isDefault = (state & ODS_DEFAULT) != 0 || IsDefaultItem(data);
     result.hovered = (state & ODS_HOTLIGHT) != 0;
+    result.inactive = (state & ODS_INACTIVE) != 0;
     result.hideMnemonics = (state & ODS_NOACCEL) != 0;
     return result;
 }

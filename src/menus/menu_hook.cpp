@@ -48,6 +48,9 @@ bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
     case WM_NCMOUSELEAVE:
         LeaveMenuBar(entry);
         return false;
+    case WM_NCACTIVATE: // the platform draws the whole bar
+        entry.hoveredItem = WndCoolMenu::kNoItem;
+        return false;
     case WM_DRAWITEM:
         answer = TRUE;
         return message.wParam == 0 &&

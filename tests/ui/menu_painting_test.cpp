@@ -496,9 +496,7 @@ TEST_F(MenuPaintingTest, MenuBarItem) {
 TEST_F(MenuPaintingTest, HighFontIsMadeToFitTheMenuBar) {
     Set(&ICoolMenu::FontSize, 30);
     const auto canvas = Paint(host.Bar(), 0, 0, 120, 20);
-    const auto ink = [](COLORREF color) {
-        return color != System(COLOR_MENUBAR);
-    };
+    const auto ink = [](COLORREF color) { return color != System(COLOR_MENUBAR); };
     EXPECT_EQ(0, canvas->Count({0, 0, 120, 1}, ink)) << "not cut off above";
     EXPECT_LT(0, canvas->Count(canvas->All(), ink));
     EXPECT_EQ(0, canvas->Count({0, 19, 120, 20}, ink)) << "nor below";
