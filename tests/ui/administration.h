@@ -76,20 +76,6 @@ inline void Answer(const std::wstring& text, const std::wstring& title, WORD ans
     WaitForClose(box);
 }
 
-// Closes the platform's message box, which shows an error, and returns its text.
-inline std::wstring ClosePlainMessage() {
-    const HWND box = WaitForTitle(L"VnDesk");
-    EXPECT_EQ(ClassName(box), L"#32770");
-    WaitReady(box);
-    std::wstring text;
-    for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (ClassName(child) != L"Button" && !TextOf(child).empty())
-            text = TextOf(child);
-    PressKey(VK_RETURN);
-    WaitForClose(box);
-    return text;
-}
-
 inline bool IsWhollySelected(HWND form, const wchar_t* textBox) {
     DWORD start = 1, end = 0;
     SendMessageW(Control(form, textBox), EM_GETSEL, reinterpret_cast<WPARAM>(&start),

@@ -11,6 +11,8 @@
 
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
+#include "support/keys.h"
+#include "support/ui_windows.h"
 #include "vndesk_idl.h"
 
 namespace vndesk::test {
@@ -59,6 +61,21 @@ inline long PlayLogon(const std::wstring& connectionString, std::function<void()
     EXPECT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
     user.Finish();
     return code;
+}
+
+// Closes the platform's message box, which shows errors, and returns its text.
+inline std::wstring ClosePlainMessage(const std::wstring& title = L"VnDesk") {
+    const HWND box = title.empty() ? WaitForClass(L"#32770") : WaitForTitle(title);
+    EXPECT_EQ(ClassName(box), L"#32770");
+    EXPECT_EQ(TextOf(box), title);
+    WaitReady(box);
+    std::wstring text;
+    for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (ClassName(child) != L"Button" && !TextOf(child).empty())
+            text = TextOf(child);
+    PressKey(VK_RETURN);
+    WaitForClose(box);
+    return text;
 }
 
 } // namespace vndesk::test

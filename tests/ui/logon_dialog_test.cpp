@@ -49,15 +49,6 @@ void DismissFailure(HWND dialog) {
     EXPECT_EQ(end, TextOf(dialog, L"TxtUser").size());
 }
 
-// The provider's error in the platform's box.
-void DismissPlainMessage() {
-    const HWND box = WaitForTitle(L"VnDesk");
-    EXPECT_EQ(ClassName(box), L"#32770");
-    Sleep(100);
-    PressKey(VK_RETURN);
-    WaitForClose(box);
-}
-
 std::function<void()> Trying(const wchar_t* name, const wchar_t* password) {
     return [name, password] {
         const HWND dialog = Dialog();
@@ -164,7 +155,7 @@ TEST_P(Logon, ApostropheInTheNameShowsTheErrorAndTheNextTryWorks) {
                   const HWND dialog = Dialog();
                   Type(dialog, L"O'Brien", L"abc");
                   PressOk(dialog);
-                  DismissPlainMessage();
+                  ClosePlainMessage();
                   DismissFailure(dialog);
                   TypeText(L"thu");
                   PressKey(VK_RETURN);
@@ -195,7 +186,7 @@ TEST_P(Logon, MissingTableShowsTheErrorAndTheDialogStays) {
                   const HWND dialog = Dialog();
                   Type(dialog, L"thu", L"abc");
                   PressOk(dialog);
-                  DismissPlainMessage();
+                  ClosePlainMessage();
                   DismissFailure(dialog);
                   PressKey(VK_ESCAPE);
               }),
@@ -386,7 +377,7 @@ TEST(LogonWithoutDatabase, ShowsTheConnectionStringThenTheDialogAllTheSame) {
                             const HWND dialog = Dialog();
                             Type(dialog, L"thu", L"abc");
                             PressOk(dialog);
-                            DismissPlainMessage();
+                            ClosePlainMessage();
                             DismissFailure(dialog);
                             PressKey(VK_ESCAPE);
                         }),

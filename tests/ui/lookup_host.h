@@ -282,18 +282,4 @@ inline void CancelPicker() {
     WaitForClose(picker);
 }
 
-// Closes a box of the platform with this title and returns its text.
-inline std::wstring CloseBox(const wchar_t* title) {
-    const HWND box = WaitForTitle(title);
-    EXPECT_EQ(ClassName(box), L"#32770");
-    WaitReady(box);
-    std::wstring text;
-    for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (ClassName(child) != L"Button" && !TextOf(child).empty())
-            text = TextOf(child);
-    PressKey(VK_RETURN);
-    WaitForClose(box);
-    return text;
-}
-
 } // namespace vndesk::test

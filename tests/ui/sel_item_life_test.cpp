@@ -180,9 +180,7 @@ TEST_F(SelItemLife, ObjectReleasedWhileThePickerIsOpenEndsThePickQuietly) {
 }
 
 TEST_F(SelItemLife, HandlerOfChangeMayReleaseTheObject) {
-    host_.sink.onChange = [&] {
-        host_.Drop();
-    };
+    host_.sink.onChange = [&] { host_.Drop(); };
     host_.form.Run([&] {
         TypeCode(L"A1");
         EXPECT_TRUE(WaitUntil([&] { return host_.Changes() == 1; }));
@@ -211,7 +209,7 @@ TEST_F(SelItemLife, FocusGoneToAnotherWindowOfTheProgramIsNoLeaving) {
         });
         WaitReady(host_.form.Window(), L"txtSelID");
         PressKey(VK_TAB);
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số khong co không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số khong co không tồn tại");
         WaitReady(host_.form.Window(), L"txtSelID");
         SetBox(host_.form.Window(), L"txtSelID", L"");
     });
@@ -249,13 +247,13 @@ TEST_F(SelItemLife, TwoPairsOnOneFormTellOneMistakeOnce) {
         // Both boxes hold a code that does not exist.
         host_.form.Do([&] { SetWindowTextW(host_.form.Box(L"TxtOther"), L"sai 2"); });
         TypeCode(L"sai 1");
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số sai 1 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số sai 1 không tồn tại");
         WaitReady(host_.form.Window(), L"txtSelID");
         host_.form.Settle();
         EXPECT_EQ(TopWindows().front(), host_.form.Window());
         TypeText(L"A1");
         PressKey(VK_TAB);
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số sai 2 không tồn tại")
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số sai 2 không tồn tại")
             << "the second Tab leaves the second box";
         WaitReady(host_.form.Window(), L"TxtOther");
         SetBox(host_.form.Window(), L"TxtOther", L"");
@@ -267,7 +265,7 @@ TEST_F(SelItemLife, WithoutAConnectionTheErrorIsShownAndNothingIsFound) {
     host_.form.Run([&] {
         TypeCode(L"A1");
         EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số A1 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số A1 không tồn tại");
         WaitReady(host_.form.Window(), L"txtSelID");
         SetBox(host_.form.Window(), L"txtSelID", L"");
     });

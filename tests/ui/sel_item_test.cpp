@@ -167,7 +167,7 @@ TEST_P(SelItem, UnknownCodeIsToldAndKeepsTheFocus) {
         LeaveCode(L"A1", L"TxtLast");
         Form().Enter(L"txtSelID", L"Ấ'9");
         PressKey(VK_TAB);
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
         WaitReady(Form().Window(), L"txtSelID");
         EXPECT_TRUE(IsWhollySelected(Form().Window(), L"txtSelID"));
         EXPECT_EQ(Form().Text(L"txtSelID"), L"Ấ'9");
@@ -176,7 +176,7 @@ TEST_P(SelItem, UnknownCodeIsToldAndKeepsTheFocus) {
         EXPECT_EQ(Host().Changes(), 1);
         // Each time anew, until the code is one.
         PressKey(VK_TAB);
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
         WaitReady(Form().Window(), L"txtSelID");
         TypeText(L"A2");
         EXPECT_TRUE(WaitUntil([&] { return Form().Text(L"txtSelID") == L"A2"; }));
@@ -232,7 +232,7 @@ TEST_P(SelItem, ApostropheIsFoundAndADoubleQuoteIsNot) {
         // The literals of the library double it like an apostrophe; the engines do not undo it.
         Form().Enter(L"txtSelID", L"Q\"1");
         PressKey(VK_TAB);
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số Q\"1 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Q\"1 không tồn tại");
         WaitReady(Form().Window(), L"txtSelID");
         LeaveCode(L"B'1", L"TxtOther");
     });
@@ -277,7 +277,7 @@ TEST_P(SelItem, TypedCodeThatCannotBeLookedUpShowsTheErrorAndKeepsTheFocus) {
         Form().Enter(L"txtSelID", L"A1");
         PressKey(VK_TAB);
         EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_EQ(CloseBox(L"Thông báo"), L"Mã số A1 không tồn tại");
+        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số A1 không tồn tại");
         WaitReady(Form().Window(), L"txtSelID");
         SetBox(Form().Window(), L"txtSelID", L"");
     });
