@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The platform's message box with an OK button, for errors that come before any form.
+// The platform's message box with an OK button, for errors of the database.
 #pragma once
 
 #include <string>

@@ -168,7 +168,7 @@ private:
         const ErrorState error =
             Trap([&] { Execute(Current(), DeleteUserStatement(name, Current().kind)); });
         if (error) {
-            PlainMessage(error.description);
+            PlainMessage(error.description, L"");
             return;
         }
         auto& rows = users_->Rows();

@@ -106,7 +106,7 @@ TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
         WaitReady(list, L"Lv");
         PressKey(VK_DELETE);
         Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(ClosePlainMessage(L""), L"");
         WaitReady(list, L"Lv");
         EXPECT_EQ(RowCount(list, L"Lv"), 7);
         PressKey(VK_ESCAPE);
@@ -214,7 +214,7 @@ TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsUsers) {
         WaitReady(list, L"Lv");
         PressKey(VK_DELETE);
         Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(ClosePlainMessage(L""), L"");
         WaitReady(list, L"Lv");
         EXPECT_EQ(RowCount(list, L"Lv"), 7);
         PressKey(VK_ESCAPE);
