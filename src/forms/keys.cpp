@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "keys.h"
 
-#include <windows.h>
-
 namespace vndesk {
 
 void ESendKey(long key, long flags) {
@@ -26,6 +24,10 @@ bool EnterAsTab(wchar_t character) {
         return false;
     Gui_Phim(VK_TAB, 0);
     return true;
+}
+
+bool IsDeleteAlone(WPARAM key) {
+    return key == VK_DELETE && GetKeyState(VK_SHIFT) >= 0 && GetKeyState(VK_CONTROL) >= 0;
 }
 
 } // namespace vndesk

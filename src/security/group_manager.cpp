@@ -89,8 +89,7 @@ protected:
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (key != VK_DELETE || control.Name() != L"Lv1" || GetKeyState(VK_SHIFT) < 0 ||
-            GetKeyState(VK_CONTROL) < 0)
+        if (control.Name() != L"Lv1" || !IsDeleteAlone(key))
             return false;
         Delete();
         return true;

@@ -10,6 +10,7 @@
 #include "data/values.h"
 #include "forms/form.h"
 #include "forms/hourglass.h"
+#include "forms/keys.h"
 #include "forms/report_list.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
@@ -89,8 +90,7 @@ protected:
     }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (key != VK_DELETE || control.Name() != L"Lv" || GetKeyState(VK_SHIFT) < 0 ||
-            GetKeyState(VK_CONTROL) < 0)
+        if (control.Name() != L"Lv" || !IsDeleteAlone(key))
             return false;
         Delete();
         return true;

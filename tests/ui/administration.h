@@ -76,6 +76,14 @@ inline void Answer(const std::wstring& text, const std::wstring& title, WORD ans
     WaitForClose(box);
 }
 
+// Opens the user editor from the user list by the letter of a button.
+inline HWND OpenEditor(WORD letter) {
+    PressKey(letter, kAlt);
+    const HWND editor = WaitForForm(L"FrmInput");
+    WaitReady(editor, L"TxtUser");
+    return editor;
+}
+
 inline bool IsWhollySelected(HWND form, const wchar_t* textBox) {
     DWORD start = 1, end = 0;
     SendMessageW(Control(form, textBox), EM_GETSEL, reinterpret_cast<WPARAM>(&start),

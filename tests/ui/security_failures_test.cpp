@@ -34,13 +34,6 @@ private:
 
 INSTANTIATE_ADMINISTRATION(SecurityFailures);
 
-HWND OpenEditor(WORD letter) {
-    PressKey(letter, kAlt);
-    const HWND editor = WaitForForm(L"FrmInput");
-    WaitReady(editor, L"TxtUser");
-    return editor;
-}
-
 void FillNew(HWND editor, const wchar_t* name) {
     SetBox(editor, L"TxtUser", name);
     SendMessageW(Control(editor, L"TxtIdGroup"), CB_SETCURSEL, 0, 0);

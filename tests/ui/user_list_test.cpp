@@ -27,13 +27,6 @@ protected:
 
 INSTANTIATE_ADMINISTRATION(UserList);
 
-HWND OpenEditor(WORD letter) {
-    PressKey(letter, kAlt);
-    const HWND editor = WaitForForm(L"FrmInput");
-    WaitReady(editor, L"TxtUser");
-    return editor;
-}
-
 TEST_P(UserList, ShowsEveryUserInTheOrderOfCodes) {
     const StatementTrace trace;
     Play([&](HWND list) {
