@@ -10,6 +10,7 @@
 #include "data/recordset.h"
 #include "data/values.h"
 #include "forms/form.h"
+#include "forms/hourglass.h"
 #include "forms/item_list.h"
 #include "forms/keys.h"
 #include "group_statements.h"
@@ -103,6 +104,7 @@ private:
     }
 
     void ReadInfo(const std::wstring& source) {
+        const Hourglass waiting;
         Recordset rows;
         if (OpenRecordset(Current(), rows, source) != 0 || CountRecords(rows) == 0)
             return;
@@ -122,6 +124,7 @@ private:
 
     void ViewUser(long code) {
         Trap([&] {
+            const Hourglass waiting;
             const ItemList::Filling filling(*members_);
             members_->Clear();
             Recordset rows;
