@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tour.h"
 
+#include <comdef.h>
+
 #include "host_error.h"
 #include "main_window.h"
 #include "output.h"
@@ -11,7 +13,7 @@ namespace {
 // with horn, which an editor would not show.
 constexpr wchar_t kAboutTitle[] = L"Giíi thiÖu";
 constexpr wchar_t kAboutText[] = L"Ch\u00AD¬ng tr×nh mÉu cña VnDesk.\n\n"
-                                 L"§¨ng nhËp, qu¶n trÞ ng\u00ADêi sö dông, ph©n quyÒn\n"
+                                 L"§¨ng nhËp, qu¶n trÞ ng\u00ADêi sö dông, ph©n quyÒn,\n"
                                  L"t×m kiÕm vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
                                  L"cho ch\u00AD¬ng tr×nh Windows.";
 constexpr wchar_t kNotice[] = L"Th«ng b¸o";
@@ -34,6 +36,8 @@ template <class Steps> void Tour::Try(Steps steps) {
         steps();
     } catch (const HostError& error) {
         ShowError(window_, error);
+    } catch (const _com_error& error) { // a value that is not of its column's type
+        ShowError(window_, {error.Error(), error.ErrorMessage()});
     }
 }
 

@@ -15,7 +15,7 @@ public:
     // Shows the logon dialog. The Code of the user's row, 0 when nobody has logged on.
     long ShowLogon(const std::wstring& connect);
 
-    // The administration: the own password of a user, all users, the groups and their rights. Each
+    // The administration: the password of one user, all users, the groups and their rights. Each
     // returns when its form is closed; what has changed stands in the database.
     void ShowUser(const std::wstring& connect, const std::wstring& userName);
     void UserManager(const std::wstring& connect);
