@@ -7,7 +7,7 @@
 namespace vndesk {
 
 struct UserEditorOptions {
-    // The state of the name, description and group fields; false where a user changes the own
+    // The state of the name, description and group fields; false where users change their own
     // password.
     bool AllowChange = false;
     // False adds a user, true edits the one named OldName.
