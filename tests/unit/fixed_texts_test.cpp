@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the fixed texts show on the screen.
+#include "security/captions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
@@ -60,6 +61,34 @@ constexpr FixedText kAll[] = {
      35},
     {"UserListLastUser", texts::kUserListLastUser,
      L"Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình", 66},
+    {"UserEditorTitle", texts::kUserEditorTitle, L"Thông tin người sử dụng", 23},
+    {"UserEditorName", texts::kUserEditorName, L"&Tên người sử dụng", 18},
+    {"UserEditorDescription", texts::kUserEditorDescription, L"&Diễn giải", 10},
+    {"UserEditorGroup", texts::kUserEditorGroup, L"&Bộ phận", 8},
+    {"UserEditorPassword", texts::kUserEditorPassword, L"&Mật khẩu", 9},
+    {"UserEditorConfirm", texts::kUserEditorConfirm, L"&Nhập lại mật khẩu", 18},
+    {"UserEditorOk", texts::kUserEditorOk, L"Đồn&g ý", 7},
+    {"UserEditorCancel", texts::kUserEditorCancel, L"Bỏ &qua", 7},
+    {"GroupManagerTitle", texts::kGroupManagerTitle, L"Nhóm người sử dụng", 18},
+    {"GroupManagerGroups", texts::kGroupManagerGroups, L"Danh &sách nhóm", 15},
+    {"GroupManagerDetail", texts::kGroupManagerDetail, L"Chi tiết", 8},
+    {"GroupManagerName", texts::kGroupManagerName, L"&Tên nhóm", 9},
+    {"GroupManagerDescription", texts::kGroupManagerDescription, L"&Diễn giải", 10},
+    {"GroupManagerUsers", texts::kGroupManagerUsers, L"&Người sử dụng trong nhóm", 25},
+    {"GroupManagerWrite", texts::kGroupManagerWrite, L"&Ghi", 4},
+    {"GroupManagerDelete", texts::kGroupManagerDelete, L"&Xoá", 4},
+    {"GroupManagerRights", texts::kGroupManagerRights, L"&Quyền...", 9},
+    {"GroupManagerExit", texts::kGroupManagerExit, L"Th&oát", 6},
+    {"PermissionFormTitle", texts::kPermissionFormTitle, L"Phân quyền", 10},
+    {"PermissionBars", texts::kPermissionBars, L"&Thực đơn", 9},
+    {"PermissionCommands", texts::kPermissionCommands, L"&Chức năng được phép", 20},
+    {"PermissionOk", texts::kPermissionOk, L"Đồn&g ý", 7},
+    {"PermissionCancel", texts::kPermissionCancel, L"Bỏ &qua", 7},
+    {"UserListTitle", texts::kUserListTitle, L"Danh sách người sử dụng", 23},
+    {"UserListAdd", texts::kUserListAdd, L"T&hêm...", 8},
+    {"UserListEdit", texts::kUserListEdit, L"&Sửa...", 7},
+    {"UserListDelete", texts::kUserListDelete, L"&Xoá", 4},
+    {"UserListExit", texts::kUserListExit, L"Th&oát", 6},
     {"FindAnd", texts::kFindAnd, L"và", 2},
     {"FindOr", texts::kFindOr, L"hoặc", 4},
     {"PickerTitle", texts::kPickerTitle, L"Chọn từ danh mục", 16},
