@@ -34,9 +34,12 @@ void FillCombo(const Database& database, Combo& combo, const std::wstring& state
         const long selected = combo.ListIndex();
         combo.Clear();
         for (; !rows.Eof(); rows.MoveNext()) {
-            // A row that the list refuses does not keep the others out.
-            Trap([&] { combo.AddItem(NullToText(rows.Value(1L))); });
-            Trap([&] { SetItemDataFrom(combo, combo.NewIndex(), rows.Value(0L)); });
+            // A row that the list refuses does not keep the others out, and leaves its value to
+            // none of them.
+            Trap([&] {
+                combo.AddItem(NullToText(rows.Value(1L)));
+                SetItemDataFrom(combo, combo.NewIndex(), rows.Value(0L));
+            });
         }
         combo.SetListIndex(selected < combo.ListCount() ? selected : 0);
     });
