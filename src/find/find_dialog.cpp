@@ -227,20 +227,24 @@ private:
 
     void ChkVisible(long line) {
         const long field = Fields(line).ListIndex();
-        if (field < 0)
-            return;
-        FillCombo(Current(), Predicates(line), OperatorListStatement(FieldType(field)), L"");
         ShowCue(line, field);
+        if (field >= 0)
+            FillCombo(Current(), Predicates(line), OperatorListStatement(FieldType(field)), L"");
+    }
+
+    const wchar_t* CueFor(long field) {
+        if (field < 0)
+            return L"";
+        if (!info_.FieldRelation.at(static_cast<size_t>(field)).empty())
+            return texts::kFindCueRelation;
+        return FieldType(field) == kDateField ? texts::kFindCueDate : L"";
     }
 
     // What an empty box asks for.
     void ShowCue(long line, long field) {
-        const bool related = !info_.FieldRelation.at(static_cast<size_t>(field)).empty();
-        const wchar_t* cue = related                          ? texts::kFindCueRelation
-                             : FieldType(field) == kDateField ? texts::kFindCueDate
-                                                              : L"";
         const HWND box = At(L"MskValue", line).Window();
-        SendMessageW(box, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(Shown(cue).c_str()));
+        SendMessageW(box, EM_SETCUEBANNER, TRUE,
+                     reinterpret_cast<LPARAM>(Shown(CueFor(field)).c_str()));
         InvalidateRect(box, nullptr, TRUE);
     }
 
