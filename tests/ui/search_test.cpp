@@ -117,6 +117,13 @@ TEST(SearchClassAlone, ConnectionStringIsStoredAndNotOpened) {
     other.Put(L"ConnectionString", L"DSN=other");
     EXPECT_SUCCEEDED(search->put_ActiveConnection(_variant_t(other.Dispatch())));
     EXPECT_EQ(L"DSN=other", Text(connection.Get(L"ConnectionString")));
+    // As hosts pass their variables.
+    _bstr_t text(L"DSN=text");
+    EXPECT_SUCCEEDED(search->put_ActiveConnection(ByRef(text.GetBSTR())));
+    EXPECT_EQ(L"DSN=text", Text(connection.Get(L"ConnectionString")));
+    _variant_t variable(L"DSN=variable");
+    EXPECT_SUCCEEDED(search->put_ActiveConnection(ByRef(variable)));
+    EXPECT_EQ(L"DSN=variable", Text(connection.Get(L"ConnectionString")));
 }
 
 TEST(SearchClassAlone, ValueThatIsNoTextIsRefused) {
