@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <sstream>
 #include <vector>
 
 #include "com/kit/com_error.h"
@@ -202,6 +201,8 @@ TEST_P(ConditionRows, CaseOfVietnameseLettersIsTheEnginesMatter) {
 TEST_P(ConditionRows, ApostrophesAreFound) {
     Expect({{L"Name", 10, L"=", L"John O'Brien", {18}},
             {L"Name", 10, L"LIKE", L"John O'", {18}},
+            {L"Name", 10, L"<>", L"John O'Brien", AllBut({18})},
+            {L"DiaChi", 11, L"=", L"O'x", {}},
             {L"Name", 10, L"IN", L"John O'Brien,Nguyễn Thị Lan", {3, 18}},
             {L"Name", 10, L"=", L"' or 'a'='a", {}},
             {L"Name", 10, L"=", L"'; Delete From KhachHang; --", {}}});
@@ -223,7 +224,11 @@ TEST_P(ConditionRows, PatternsMayHoldWildcards) {
 
 TEST_P(ConditionRows, BalancedParenthesesAreFound) {
     Sample().Execute(L"UPDATE KhachHang SET Name='Kho (cũ)' WHERE MaKH='KH005'");
-    Expect({{L"Name", 10, L"=", L"Kho (cũ)", {5}}, {L"Name", 10, L"=", L"(x)", {}}});
+    Expect({{L"Name", 10, L"=", L"Kho (cũ)", {5}},
+            {L"Name", 10, L"LIKE", L"Kho (cũ)", {5}},
+            {L"Name", 10, L"<>", L"Kho (cũ)", AllBut({5})},
+            {L"Name", 10, L"IN", L"Kho (cũ),John O'Brien", {5, 18}},
+            {L"Name", 10, L"=", L"(x)", {}}});
 }
 
 // The counts of "(" and ")" are made equal at the end of the line, where no bracket may stand.
@@ -256,6 +261,11 @@ TEST_P(ConditionRows, NumberListNeedsItsOperator) {
 TEST_P(ConditionRows, DatesWithOtherSeparatorsMakeNoStatement) {
     ExpectRefused(Line(L"NgayLap", 8, L"=", L"15-1-2004"));
     ExpectRefused(Line(L"NgayLap", 8, L"=", L"15.1.2004"));
+}
+
+// The year in front is taken for the day.
+TEST_P(ConditionRows, DatesThatBeginWithTheYearMakeNoStatement) {
+    ExpectRefused(Line(L"NgayLap", 8, L"=", L"2004/1/15"));
 }
 
 // A field of another type is written without a value.
