@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the fixed texts show on the screen.
 #include "security/captions.h"
+#include "find/captions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
@@ -91,6 +92,18 @@ constexpr FixedText kAll[] = {
     {"UserListExit", texts::kUserListExit, L"Th&oát", 6},
     {"FindAnd", texts::kFindAnd, L"và", 2},
     {"FindOr", texts::kFindOr, L"hoặc", 4},
+    {"FindCueDate", texts::kFindCueDate, L"ngày/tháng/năm", 14},
+    {"FindCueRelation", texts::kFindCueRelation, L"F2: chọn từ danh mục", 20},
+    {"FindHelpTitle", texts::kFindHelpTitle, L"Hướng dẫn tìm kiếm", 18},
+    {"FindHelpText", texts::kFindHelpText,
+     L"Mỗi dòng là một điều kiện: chọn thông tin, cách so sánh rồi nhập giá trị.\n"
+     L"Dòng dưới dùng được khi dòng trên đã đủ và đúng; \"và\", \"hoặc\" nối nó với dòng trên.\n"
+     L"\n"
+     L"- Ngày nhập theo thứ tự ngày/tháng/năm, ví dụ 31/12/2004.\n"
+     L"- Danh sách giá trị cách nhau bằng dấu phẩy, không có dấu cách, ví dụ HN,HP.\n"
+     L"- Ô giá trị của một số thông tin có danh mục: bấm F2 để chọn.\n"
+     L"- Enter hoặc Tab sang ô kế tiếp, Delete bỏ chọn, Esc bỏ qua.",
+     416},
     {"PickerTitle", texts::kPickerTitle, L"Chọn từ danh mục", 16},
     {"PickerDetail", texts::kPickerDetail, L"Danh mục", 8},
     {"PickerSearch", texts::kPickerSearch, L"&Tìm tên", 8},
