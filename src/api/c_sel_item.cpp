@@ -19,9 +19,7 @@ HWND WindowFrom(long handle) {
 } // namespace
 
 SelItem::SelItem() : boxes_(SelectionBoxes::Make()) {
-    boxes_->Change = [this] {
-        Fire(kChange);
-    };
+    boxes_->Change = [this] { Fire(kChange); };
 }
 
 // The boxes may be in the middle of a look-up that outlives this object: they go on alone.

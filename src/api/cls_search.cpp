@@ -101,6 +101,8 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
     return Guard([&] {
         if (!modal)
             throw ComError(E_POINTER);
+        // A call that fails leaves no condition of an earlier one to be taken for its own.
+        result_.clear();
         const HWND owner = OwnerWindow(ownerForm);
         _bstr_t text;
         long state = adStateClosed;

@@ -85,9 +85,7 @@ void DataCombo1::HookEvents() {
         ViewChanged();
         Tell(DISPID_CLICK);
     };
-    core_->onDoubleClick = [this] {
-        Tell(DISPID_DBLCLICK);
-    };
+    core_->onDoubleClick = [this] { Tell(DISPID_DBLCLICK); };
     core_->onKeyDown = [this](short& key, short& shift) {
         Tell(DISPID_KEYDOWN, {ByReference(key), ByReference(shift)});
     };
@@ -97,12 +95,8 @@ void DataCombo1::HookEvents() {
     core_->onKeyUp = [this](short& key, short& shift) {
         Tell(DISPID_KEYUP, {ByReference(key), ByReference(shift)});
     };
-    core_->onFocus = [this](bool has) {
-        OnFocus(has);
-    };
-    core_->onDestroy = [this] {
-        OnCoreDestroyed();
-    };
+    core_->onFocus = [this](bool has) { OnFocus(has); };
+    core_->onDestroy = [this] { OnCoreDestroyed(); };
 }
 
 // Nothing happens in a design, and nothing while the container wants quiet.

@@ -186,9 +186,7 @@ private:
 
     const DataComboClass windowClass_;
     DataCombo* core_ = nullptr;
-    FontLink font_{[this] {
-        OnFontChanged();
-    }};
+    FontLink font_{[this] { OnFontChanged(); }};
     // The font was set or loaded, and does not follow the container's.
     bool ownFont_ = false;
     short backStyle_ = 0;

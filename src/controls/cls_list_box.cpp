@@ -21,12 +21,8 @@ void clsListBox::SetTListBox(Control& control) {
     control_ = &control;
     items_.emplace(control);
     data_.assign(static_cast<size_t>(items_->ListCount()), {});
-    control.onGotFocus = [this] {
-        GotFocus();
-    };
-    control.onLostFocus = [this] {
-        LostFocus();
-    };
+    control.onGotFocus = [this] { GotFocus(); };
+    control.onLostFocus = [this] { LostFocus(); };
 }
 
 ItemList& clsListBox::Items() const {

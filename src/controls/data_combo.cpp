@@ -24,9 +24,7 @@ constexpr UINT kListClosed = WM_APP;
 int users_;
 
 short ShiftState() {
-    const auto held = [](int key, int bit) {
-        return GetKeyState(key) < 0 ? bit : 0;
-    };
+    const auto held = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
     return static_cast<short>(held(VK_SHIFT, 1) | held(VK_CONTROL, 2) | held(VK_MENU, 4));
 }
 

@@ -58,21 +58,11 @@ public:
 
 protected:
     void OnLoad() override {
-        Get(L"lv1IP").onClick = [this] {
-            ItemSelected();
-        };
-        Get(L"lv1IP").onDoubleClick = [this] {
-            Choose();
-        };
-        Get(L"TxtSelH").onChange = [this] {
-            SearchChanged();
-        };
-        Get(L"CmdSel").onClick = [this] {
-            Choose();
-        };
-        Get(L"CmdQuit").onClick = [this] {
-            Unload();
-        };
+        Get(L"lv1IP").onClick = [this] { ItemSelected(); };
+        Get(L"lv1IP").onDoubleClick = [this] { Choose(); };
+        Get(L"TxtSelH").onChange = [this] { SearchChanged(); };
+        Get(L"CmdSel").onClick = [this] { Choose(); };
+        Get(L"CmdQuit").onClick = [this] { Unload(); };
     }
 
     void OnPrepared() override {

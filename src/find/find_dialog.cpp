@@ -166,18 +166,12 @@ private:
     }
 
     void Listen(long line) {
-        Fields(line).onClick = [this, line] {
-            Reporting([&] { FieldChanged(line); });
-        };
-        const auto changed = [this] {
-            Reporting([this] { Refresh(); });
-        };
+        Fields(line).onClick = [this, line] { Reporting([&] { FieldChanged(line); }); };
+        const auto changed = [this] { Reporting([this] { Refresh(); }); };
         Predicates(line).onClick = changed;
         At(L"MskValue", line).onChange = changed;
         if (line > kFirst)
-            Joins(line).onClick = [this] {
-                Reporting([this] { SetEnable(); });
-            };
+            Joins(line).onClick = [this] { Reporting([this] { SetEnable(); }); };
     }
 
     // An error ends the step, and the form goes on.

@@ -12,9 +12,7 @@ CheckList::CheckList(Control& control, std::function<void()> onChecked)
     ListView_SetExtendedListViewStyle(control_.Window(), LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
     LVCOLUMNW column = {};
     SendMessageW(control_.Window(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
-    control_.onNotify = [this](NMHDR& notification) {
-        return OnNotify(notification);
-    };
+    control_.onNotify = [this](NMHDR& notification) { return OnNotify(notification); };
 }
 
 void CheckList::Clear() {

@@ -17,9 +17,7 @@ ReportList::ReportList(Control& control, std::vector<ReportColumn> columns)
         SendMessageW(control_.Window(), LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
     }
     FitColumns();
-    control_.onNotify = [this](NMHDR& notification) {
-        return OnNotify(notification);
-    };
+    control_.onNotify = [this](NMHDR& notification) { return OnNotify(notification); };
 }
 
 void ReportList::FitColumns() {

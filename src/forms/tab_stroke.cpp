@@ -8,7 +8,7 @@ namespace vndesk {
 namespace {
 
 // Some 10 milliseconds each.
-constexpr int kMostLooks = 100;
+constexpr int kMostLooks = 300;
 constexpr int kSteadyLooks = 3;
 
 } // namespace

@@ -51,15 +51,9 @@ protected:
             static_cast<HICON>(LoadImageW(ModuleInstance(), MAKEINTRESOURCEW(kImageLogon),
                                           IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
         Get(L"Image1").SetIcon(picture_.get());
-        Get(L"TxtUser").onChange = [this] {
-            UserChanged();
-        };
-        Get(L"CmdOk").onClick = [this] {
-            LogOn();
-        };
-        Get(L"CMDCAN").onClick = [this] {
-            Cancel();
-        };
+        Get(L"TxtUser").onChange = [this] { UserChanged(); };
+        Get(L"CmdOk").onClick = [this] { LogOn(); };
+        Get(L"CMDCAN").onClick = [this] { Cancel(); };
     }
 
     // Enter moves on like Tab; it never presses the button.

@@ -118,13 +118,9 @@ protected:
         LoadIcons();
         Get(L"Cmd1").tag = L"OK";
         for (size_t i = 0; i < std::size(kButtonNames); ++i)
-            Get(kButtonNames[i]).onClick = [this, i] {
-                Answered(i);
-            };
+            Get(kButtonNames[i]).onClick = [this, i] { Answered(i); };
         for (const wchar_t* name : {L"label4", L"Label5"})
-            Get(name).onMouseDown = [this](int button) {
-                Drag(button);
-            };
+            Get(name).onMouseDown = [this](int button) { Drag(button); };
     }
 
     void OnResize() override {

@@ -73,9 +73,7 @@ protected:
                                  {L"CmdDelete", &GroupManager::Delete},
                                  {L"CmdPms", &GroupManager::ShowRights},
                                  {L"CmdExit", &GroupManager::Unload}});
-        Get(L"txtName").onChange = [this] {
-            CheckWrite();
-        };
+        Get(L"txtName").onChange = [this] { CheckWrite(); };
     }
 
     void OnPrepared() override {

@@ -55,15 +55,9 @@ protected:
     void OnLoad() override {
         bars_.emplace(Get(L"LstMenuBar"));
         commands_.emplace(Get(L"LstSubMenu"), [this] { CommandTicked(); });
-        Get(L"LstMenuBar").onClick = [this] {
-            Reporting([this] { ShowBar(); });
-        };
-        Get(L"CmdOk").onClick = [this] {
-            Confirm();
-        };
-        Get(L"Command1").onClick = [this] {
-            Unload();
-        };
+        Get(L"LstMenuBar").onClick = [this] { Reporting([this] { ShowBar(); }); };
+        Get(L"CmdOk").onClick = [this] { Confirm(); };
+        Get(L"Command1").onClick = [this] { Unload(); };
     }
 
     void OnPrepared() override {

@@ -56,13 +56,9 @@ public:
 
 protected:
     void OnLoad() override {
-        Get(L"TxtUser").onChange = [this] {
-            Get(L"CmdOk").SetEnabled(true);
-        };
+        Get(L"TxtUser").onChange = [this] { Get(L"CmdOk").SetEnabled(true); };
         for (const wchar_t* box : {L"TxtPass", L"txtConfirm"})
-            Get(box).onChange = [this] {
-                passChanged_ = true;
-            };
+            Get(box).onChange = [this] { passChanged_ = true; };
         TieClicks<UserEditor>({{L"CmdOk", &UserEditor::Confirm}, {L"CMDCAN", &UserEditor::Unload}});
     }
 

@@ -75,9 +75,7 @@ protected:
                                        {L"cName", ToUncText(texts::kUserListName, 0), 0.35},
                                        {L"cDes", ToUncText(texts::kUserListDescription, 0), 0.48},
                                        {L"cCode", ToUncText(texts::kUserListCode, 0), 0.17}});
-        users_->onDoubleClick = [this] {
-            Edit();
-        };
+        users_->onDoubleClick = [this] { Edit(); };
         Trap([&] { ReadInfo(); });
         users_->Refresh();
         if (!users_->Rows().empty())

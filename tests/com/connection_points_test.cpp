@@ -91,8 +91,7 @@ private:
     std::vector<std::pair<ComPtr<IConnectionPoint>, DWORD>> connections_;
 };
 
-const Sink::Handler kIgnore = [](DISPID, DISPPARAMS&) {
-};
+const Sink::Handler kIgnore = [](DISPID, DISPPARAMS&) {};
 
 class ConnectionPointTest : public testing::Test {
 protected:

@@ -340,8 +340,7 @@ TEST_P(ClassTest, UnknownNamesAndNumbersAreRefused) {
 
 // A call that should be refused may open a window instead: that is closed and the test fails.
 class NoWindows {
-    DialogDriver user_{[] {
-    }};
+    DialogDriver user_{[] {}};
 };
 
 // Arguments that every method accepts: the call is refused for another one.

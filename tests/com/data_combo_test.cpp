@@ -226,58 +226,19 @@ TEST(DataComboTest, EachLetAsksAndTellsOfItsProperty) {
         DISPID property;
         std::function<HRESULT()> let;
     } kLets[] = {
-        {DISPID_BACKCOLOR,
-         [&] {
-             return combo->put_BackColor(255);
-         }},
-        {DISPID_FORECOLOR,
-         [&] {
-             return combo->put_ForeColor(255);
-         }},
-        {DISPID_ENABLED,
-         [&] {
-             return combo->put_Enabled(VARIANT_FALSE);
-         }},
-        {DISPID_FONT,
-         [&] {
-             return combo->putref_Font(fontObject);
-         }},
-        {DISPID_FONT,
-         [&] {
-             return combo->put_Font(fontObject);
-         }},
-        {DISPID_BACKSTYLE,
-         [&] {
-             return combo->put_BackStyle(1);
-         }},
-        {DISPID_BORDERSTYLE,
-         [&] {
-             return combo->put_BorderStyle(1);
-         }},
-        {DISPID_LISTINDEX,
-         [&] {
-             return combo->put_ListIndex(0);
-         }},
-        {1,
-         [&] {
-             return combo->put_ListIndex1(0);
-         }},
-        {DISPID_TEXT,
-         [&] {
-             return combo->put_Text(_bstr_t(L"Mã"));
-         }},
-        {2,
-         [&] {
-             return combo->put_Value(_bstr_t(L"Code"));
-         }},
-        {3,
-         [&] {
-             return combo->put_ItemData(0, _bstr_t(L"Id"));
-         }},
-        {DISPID_LIST,
-         [&] {
-             return combo->put_List(0, _bstr_t(L"Số"));
-         }},
+        {DISPID_BACKCOLOR, [&] { return combo->put_BackColor(255); }},
+        {DISPID_FORECOLOR, [&] { return combo->put_ForeColor(255); }},
+        {DISPID_ENABLED, [&] { return combo->put_Enabled(VARIANT_FALSE); }},
+        {DISPID_FONT, [&] { return combo->putref_Font(fontObject); }},
+        {DISPID_FONT, [&] { return combo->put_Font(fontObject); }},
+        {DISPID_BACKSTYLE, [&] { return combo->put_BackStyle(1); }},
+        {DISPID_BORDERSTYLE, [&] { return combo->put_BorderStyle(1); }},
+        {DISPID_LISTINDEX, [&] { return combo->put_ListIndex(0); }},
+        {1, [&] { return combo->put_ListIndex1(0); }},
+        {DISPID_TEXT, [&] { return combo->put_Text(_bstr_t(L"Mã")); }},
+        {2, [&] { return combo->put_Value(_bstr_t(L"Code")); }},
+        {3, [&] { return combo->put_ItemData(0, _bstr_t(L"Id")); }},
+        {DISPID_LIST, [&] { return combo->put_List(0, _bstr_t(L"Số")); }},
     };
     const auto persist = As<IPersistStreamInit>(combo);
     for (const auto& entry : kLets) {

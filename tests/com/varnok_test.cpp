@@ -344,9 +344,7 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         auto* self = reinterpret_cast<KeyWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (self && message >= WM_KEYFIRST && message <= WM_KEYLAST) {
-            const auto held = [](int key) {
-                return GetKeyState(key) < 0;
-            };
+            const auto held = [](int key) { return GetKeyState(key) < 0; };
             if (message != WM_CHAR && message != WM_SYSCHAR)
                 self->keys_.push_back(
                     {message, wParam, held(VK_SHIFT), held(VK_CONTROL), held(VK_MENU)});

@@ -46,13 +46,9 @@ protected:
                 combo.AddItem(text);
                 combo.SetItemData(combo.NewIndex(), value);
             }
-            combo.onClick = [this] {
-                ++clicks;
-            };
+            combo.onClick = [this] { ++clicks; };
         }
-        Get(L"CmdOk").onClick = [this] {
-            Unload();
-        };
+        Get(L"CmdOk").onClick = [this] { Unload(); };
     }
     bool OnKeyDown(const vndesk::Control& control, WPARAM) override {
         keysSeen += control.Name() + L" ";
@@ -233,9 +229,7 @@ TEST_F(DataComboTest, ClickTellsOfEveryChangeOfTheSelectionOnce) {
     Combo().AddItem(L"Mã", 0);
     Combo().Clear();
     EXPECT_EQ(3, form_.clicks);
-    Combo().onClick = [] {
-        throw ComError(E_FAIL);
-    };
+    Combo().onClick = [] { throw ComError(E_FAIL); };
     Combo().AddItem(L"x");
     EXPECT_NO_THROW(Combo().SetListIndex(0));
 }
@@ -354,9 +348,7 @@ TEST_F(DataComboTest, HandlersMayChangeKeysAndKeepThem) {
         typed += static_cast<wchar_t>(character);
         character = 'N';
     };
-    Combo().onKeyUp = [&](short& key, short&) {
-        up += key == VK_UP;
-    };
+    Combo().onKeyUp = [&](short& key, short&) { up += key == VK_UP; };
     Play(form_, [&](HWND window) {
         GiveFocus(window, ListOf(window, L"CmbFld"));
         PressKey(VK_DOWN);
@@ -399,9 +391,7 @@ TEST_F(DataComboTest, ListOpensAndAnItemIsChosenWithTheMouse) {
 TEST_F(DataComboTest, WhatIsToldLastIsTheSelectionAfterTheListWasGivenUp) {
     Combo().SetListIndex(0);
     long told = 99;
-    Combo().onClick = [&] {
-        told = Combo().ListIndex();
-    };
+    Combo().onClick = [&] { told = Combo().ListIndex(); };
     Play(form_, [&](HWND window) {
         const HWND list = FindControl(Combo().Window(), L"Cmb1");
         GiveFocus(window, ListOf(window, L"CmbFld"));
@@ -415,9 +405,7 @@ TEST_F(DataComboTest, WhatIsToldLastIsTheSelectionAfterTheListWasGivenUp) {
 
 TEST_F(DataComboTest, DoubleClickIsTold) {
     int doubleClicks = 0;
-    Combo().onDoubleClick = [&] {
-        ++doubleClicks;
-    };
+    Combo().onDoubleClick = [&] { ++doubleClicks; };
     Play(form_, [&](HWND) {
         const HWND list = FindControl(Combo().Window(), L"Cmb1");
         for (int i = 0; i < 3 && !doubleClicks; ++i) {

@@ -44,12 +44,8 @@ public:
 
 protected:
     void OnLoad() override {
-        Get(L"cmdGo").onClick = [this] {
-            ++clicks;
-        };
-        Get(L"cmdTitle").onClick = [this] {
-            Unload();
-        };
+        Get(L"cmdGo").onClick = [this] { ++clicks; };
+        Get(L"cmdTitle").onClick = [this] { Unload(); };
     }
     bool OnKeyPress(wchar_t character) override {
         keys += character;
@@ -230,9 +226,7 @@ TEST(FormKeys, FormSeesTheCharactersBeforeItsControls) {
 TEST(FormKeys, HandlerThatThrowsEndsQuietly) {
     TestForm form;
     form.Load();
-    form.Get(L"cmdGo").onClick = [] {
-        throw ComError(E_FAIL);
-    };
+    form.Get(L"cmdGo").onClick = [] { throw ComError(E_FAIL); };
     Play(form, [](HWND window) {
         PressKey('X', kAlt);
         Sleep(200);

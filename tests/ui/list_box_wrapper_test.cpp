@@ -29,9 +29,7 @@ public:
 
 protected:
     void OnLoad() override {
-        Get(L"cmdClose").onClick = [this] {
-            Unload();
-        };
+        Get(L"cmdClose").onClick = [this] { Unload(); };
     }
 };
 
@@ -192,9 +190,7 @@ TEST_F(ListBoxWrapper, ItemsThatTheListHadBeforeGetEmptyData) {
 TEST_F(ListBoxWrapper, ProgramSelectingTellsTheClickHandler) {
     FillThree();
     int clicks = 0;
-    form_.Get(L"lstItems").onClick = [&] {
-        ++clicks;
-    };
+    form_.Get(L"lstItems").onClick = [&] { ++clicks; };
     items_.SetListIndex(2);
     EXPECT_EQ(clicks, 1);
 }
@@ -204,9 +200,7 @@ class ListBoxChange : public ListBoxWrapper {
 protected:
     int Changes(std::function<void(HWND list)> inTheList) {
         int changes = 0;
-        items_.Change = [&] {
-            ++changes;
-        };
+        items_.Change = [&] { ++changes; };
         DialogDriver user([&] {
             const HWND form = WaitForForm(L"FrmTest");
             WaitForFocus(form, L"txtBefore");

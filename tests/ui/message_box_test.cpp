@@ -18,9 +18,7 @@ HWND Box() {
 
 // Presses a button with the mouse.
 std::function<void()> Clicking(const wchar_t* button) {
-    return [button] {
-        ClickWindow(Control(Box(), button));
-    };
+    return [button] { ClickWindow(Control(Box(), button)); };
 }
 
 std::function<void()> Pressing(WORD key, unsigned modifiers = kNoModifier) {

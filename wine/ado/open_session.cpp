@@ -76,7 +76,7 @@ ConnectionString Read(std::wstring_view text) {
         return ConnectionString(text);
     } catch (const std::invalid_argument&) {
         throw ComError(kBadConnectionString, L"Format of the initialization string does not "
-                                             L"conform to the OLE DB specification.");
+                                             L"conform to OLE DB.");
     }
 }
 

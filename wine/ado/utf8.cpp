@@ -13,9 +13,7 @@ bool IsContinuation(unsigned char byte) {
 
 // One character of more than one byte. `position` moves past what was read.
 char32_t DecodeOne(std::string_view text, std::size_t& position) {
-    const auto byte = [&](std::size_t i) {
-        return static_cast<unsigned char>(text[i]);
-    };
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char lead = byte(position);
     const int more = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC2 ? 1 : 0;
     if (more == 0 || lead >= 0xF5) {
@@ -38,9 +36,7 @@ char32_t DecodeOne(std::string_view text, std::size_t& position) {
 }
 
 void AppendUtf8(std::string& out, char32_t code) {
-    const auto tail = [&](int shift) {
-        out += static_cast<char>(0x80 | (code >> shift & 0x3F));
-    };
+    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | (code >> shift & 0x3F)); };
     if (code < 0x80) {
         out += static_cast<char>(code);
     } else if (code < 0x800) {
