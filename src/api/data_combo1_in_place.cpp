@@ -71,20 +71,21 @@ STDMETHODIMP DataCombo1::UIDeactivate() {
     if (!uiActive_)
         return S_OK;
     uiActive_ = false;
+    // The container may deactivate the control altogether in any of these calls.
+    const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     return Trap([&] {
                ComPtr<IOleInPlaceFrame> frame;
                ComPtr<IOleInPlaceUIWindow> document;
                RECT place, clip;
                OLEINPLACEFRAMEINFO info = {};
                info.cb = sizeof info;
-               if (SUCCEEDED(
-                       inPlaceSite_->GetWindowContext(&frame, &document, &place, &clip, &info))) {
+               if (SUCCEEDED(site->GetWindowContext(&frame, &document, &place, &clip, &info))) {
                    if (document)
                        document->SetActiveObject(nullptr, nullptr);
                    if (frame)
                        frame->SetActiveObject(nullptr, nullptr);
                }
-               inPlaceSite_->OnUIDeactivate(FALSE);
+               site->OnUIDeactivate(FALSE);
            })
         .code;
 }
@@ -94,6 +95,8 @@ void DataCombo1::Deactivate() {
     if (!inPlace_)
         return;
     UIDeactivate();
+    if (!inPlace_)
+        return;
     inPlace_ = false;
     if (core_) {
         ShowWindow(core_->Window(), SW_HIDE);

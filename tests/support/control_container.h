@@ -2,6 +2,7 @@
 // A container for one control, as small as containers can be: a window, the sites that controls
 // talk to, ambient properties. It notes what the control asks of it.
 #pragma once
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -40,6 +41,8 @@ public:
     HRESULT mayActivate = S_OK;
     // Obeys when the control asks for another rectangle.
     bool obeys = true;
+    // What the container does when the control is no longer the active one.
+    std::function<void()> onUIDeactivate;
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
@@ -61,7 +64,11 @@ public:
                                   LPRECT position, LPRECT clip,
                                   LPOLEINPLACEFRAMEINFO info) override;
     STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
-    STDMETHODIMP OnUIDeactivate(BOOL) override { return Note(L"OnUIDeactivate"); }
+    STDMETHODIMP OnUIDeactivate(BOOL) override {
+        if (onUIDeactivate)
+            onUIDeactivate();
+        return Note(L"OnUIDeactivate");
+    }
     STDMETHODIMP OnInPlaceDeactivate() override { return Note(L"OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() override { return S_OK; }
     STDMETHODIMP DeactivateAndUndo() override { return S_OK; }

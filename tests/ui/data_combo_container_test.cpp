@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <algorithm>
+
 #include "data_combo_host.h"
 #include "support/control_container.h"
 #include "support/keys.h"
@@ -247,6 +249,20 @@ TEST_F(DataComboContainerTest, LosesItsListButNotItsMindWithTheHostsWindow) {
         EXPECT_EQ(0, ListCount());
     }
     EXPECT_EQ(0u, combo_.Reset());
+}
+
+TEST_F(DataComboContainerTest, ContainerMayDeactivateItWholeOnceItIsNoLongerActive) {
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_UIACTIVATE));
+    container_.onUIDeactivate = [&] {
+        EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->InPlaceDeactivate());
+    };
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->InPlaceDeactivate());
+    EXPECT_EQ(1,
+              std::count(container_.calls.begin(), container_.calls.end(), L"OnInPlaceDeactivate"));
+    EXPECT_EQ(nullptr, Window());
+    EXPECT_EQ(2, ListCount());
+    EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
+    EXPECT_NE(nullptr, Window());
 }
 
 TEST_F(DataComboContainerTest, ClosingReleasesTheContainer) {
