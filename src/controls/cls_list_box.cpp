@@ -39,7 +39,12 @@ void clsListBox::AddItem(const std::wstring& item, std::optional<long> index) {
         items.AddItem(item);
     if (items.NewIndex() < 0)
         throw std::invalid_argument("the list does not take the item");
-    data_.emplace(data_.begin() + items.NewIndex());
+    const auto place = static_cast<size_t>(items.NewIndex());
+    // Items that the form has added itself have no data: the new one's come last.
+    if (place < data_.size())
+        data_.emplace(data_.begin() + items.NewIndex());
+    else
+        data_.emplace_back();
 }
 
 void clsListBox::RemoveItem(long index) {

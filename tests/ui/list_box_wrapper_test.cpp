@@ -187,6 +187,16 @@ TEST_F(ListBoxWrapper, ItemsThatTheListHadBeforeGetEmptyData) {
     EXPECT_EQ(second.ItemData(2), L"");
 }
 
+TEST_F(ListBoxWrapper, DataComeLastWhereTheFormHasAddedItemsItself) {
+    const HWND list = form_.Get(L"lstItems").Window();
+    for (const wchar_t* text : {L"Bút", L"Áo"})
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    items_.AddItem(L"Cốc");
+    EXPECT_EQ(items_.NewIndex(), 2);
+    EXPECT_EQ(items_.ItemData(0), L"");
+    EXPECT_THROW(items_.ItemData(1), std::out_of_range);
+}
+
 TEST_F(ListBoxWrapper, ProgramSelectingTellsTheClickHandler) {
     FillThree();
     int clicks = 0;
