@@ -2,8 +2,8 @@
 // The item picker as users see it: the list, the search while typing, choosing and cancelling.
 #include "controls/item_picker.h"
 
-#include "catalogue.h"
 #include "data/database.h"
+#include "lookup_host.h"
 #include "support/screenshot.h"
 
 namespace vndesk::test {
@@ -373,13 +373,20 @@ TEST_F(ItemPickerForm, GrowsWithTheFormAndShrinksNoFurtherThanDesigned) {
     });
 }
 
+// Through the registered DLL, which brings the theme that users see.
 TEST_F(ItemPickerForm, Picture) {
-    Pick(catalogue_, L"Select MaKH,Name From KhachHang Order By Name", L"c", [](HWND picker) {
+    LookupHost host(catalogue_.database);
+    EXPECT_SUCCEEDED(
+        host.item->put_SqlName(_bstr_t(L"Select MaKH,Name From KhachHang Where Name")));
+    host.form.Run([&] {
+        host.form.Enter(L"TxtSel", L"c");
+        PressKey(VK_RETURN);
+        const HWND picker = WaitForPicker();
         TypeText(L"ông ty t");
         EXPECT_TRUE(WaitUntil([&] { return TextOf(picker, L"lblCode") == L"Mã số: KH001"; }))
             << "it is " << testing::PrintToString(TextOf(picker, L"lblCode"));
         EXPECT_NE(SaveWindow(picker, L"item-picker"), L"");
-        Leave();
+        CancelPicker();
     });
 }
 
