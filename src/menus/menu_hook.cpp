@@ -97,7 +97,8 @@ void After(WndCoolMenu& entry, const Message& message) {
 } // namespace
 
 LRESULT CALLBACK MenuWindowProc(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
-    const std::shared_ptr<WndCoolMenu> entry = FindCoolMenu(window);
+    std::shared_ptr<WndCoolMenu> entry;
+    Suppress(kRoutine, [&] { entry = FindCoolMenu(window); });
     const Message message = {number, wParam, lParam};
     // Another hook that came later may call this one after the uninstallation.
     if (!entry)
@@ -110,7 +111,11 @@ LRESULT CALLBACK MenuWindowProc(HWND window, UINT number, WPARAM wParam, LPARAM 
     Suppress(kRoutine, [&] { handled = Handle(*entry, message, answer); });
     if (!handled) {
         answer = PassOn(*entry, message);
-        Suppress(kRoutine, [&] { After(*entry, message); });
+        // The host may have uninstalled the window meanwhile.
+        Suppress(kRoutine, [&] {
+            if (FindCoolMenu(window) == entry)
+                After(*entry, message);
+        });
     }
     return answer;
 }

@@ -232,6 +232,21 @@ TEST(MenuInstall, ItemsThatTheHostAddsAsThePopupOpensAreTaken) {
     EXPECT_TRUE(IsDrawn(host.Recent(), 2));
 }
 
+TEST(MenuInstall, HostMayUninstallAsThePopupOpens) {
+    const MenuHost other;
+    MenuHost host;
+    const MenuLines before = Describe(host.Bar());
+    const InstalledMenu stays(other);
+    InstalledMenu menu(host);
+    host.onMessage = [&](UINT message, WPARAM, LPARAM) {
+        if (message == WM_INITMENUPOPUP)
+            menu.Uninstall();
+    };
+    OpenPopup(host, host.File(), 0);
+    EXPECT_EQ(before, Describe(host.Bar())) << "nothing is converted after that";
+    host.onMessage = nullptr;
+}
+
 TEST(MenuInstall, NewCaptionsAndTypesAreKept) {
     const MenuHost host;
     InstalledMenu menu(host);
