@@ -6,6 +6,7 @@
 #include "convert_menu.h"
 #include "gdi.h"
 #include "item_painter.h"
+#include "menu_bar_tracker.h"
 #include "menu_char.h"
 #include "menu_items.h"
 #include "menu_module.h"
@@ -85,7 +86,7 @@ bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
 }
 
 void OnInitMenu(WndCoolMenu& window, HMENU menu) {
-    window.hoveredItem = WndCoolMenu::kNoItem;
+    LeaveMenuBar(window);
     if (menu == GetMenu(window.hWnd) && window.HasMenuHead(menu))
         ConvertMenu(window, menu, true);
 }
