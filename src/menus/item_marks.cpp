@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "item_marks.h"
 
+#include "diagnostics.h"
 #include "gdi.h"
 
 namespace vndesk {
@@ -36,18 +37,21 @@ void DrawPlainMark(HDC dc, const Box& box, Mark mark, Color color, SharedFonts& 
 
 void DrawBoxedMark(HDC dc, const Box& box, Mark mark, const SystemColors& system, bool disabled,
                    SharedFonts& fonts) {
-    const Color line = disabled ? system.grayText : system.windowText;
-    if (mark.radio) {
-        const UniqueBrush inside(CreateSolidBrush(system.window));
-        const UniquePen outline(CreatePen(PS_SOLID, 1, line));
-        const Selected brush(dc, inside.get());
-        const Selected pen(dc, outline.get());
-        Ellipse(dc, box.left, box.top, box.right, box.bottom);
-    } else {
-        Fill(dc, box, system.window);
-        Frame(dc, box, line);
-    }
-    DrawPlainMark(dc, box, mark, line, fonts);
+    // Without its mark the item can still be read and chosen.
+    Suppress(L" ( Draw3DMark )", [&] {
+        const Color line = disabled ? system.grayText : system.windowText;
+        if (mark.radio) {
+            const UniqueBrush inside(CreateSolidBrush(system.window));
+            const UniquePen outline(CreatePen(PS_SOLID, 1, line));
+            const Selected brush(dc, inside.get());
+            const Selected pen(dc, outline.get());
+            Ellipse(dc, box.left, box.top, box.right, box.bottom);
+        } else {
+            Fill(dc, box, system.window);
+            Frame(dc, box, line);
+        }
+        DrawPlainMark(dc, box, mark, line, fonts);
+    });
 }
 
 void DrawArrow(HDC dc, const Box& box, bool rightToLeft, Color color, SharedFonts& fonts) {

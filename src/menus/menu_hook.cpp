@@ -36,6 +36,13 @@ LRESULT PassOn(const WndCoolMenu& entry, const Message& message) {
     return Forward(entry.hWnd, entry.PrevProc, message.number, message.wParam, message.lParam);
 }
 
+// False for a routine that ended with an error.
+template <class Routine> bool Run(const wchar_t* name, Routine&& routine) {
+    bool handled = false;
+    Suppress(name, [&] { handled = routine(); });
+    return handled;
+}
+
 // True when the message is answered and the window's own procedure need not see it.
 bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
     switch (message.number) {
@@ -53,8 +60,10 @@ bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
         return false;
     case WM_DRAWITEM:
         answer = TRUE;
-        return message.wParam == 0 &&
-               OnDrawItem(entry, *reinterpret_cast<const DRAWITEMSTRUCT*>(message.lParam));
+        return message.wParam == 0 && Run(L" OnDrawItem", [&] {
+                   return OnDrawItem(entry,
+                                     *reinterpret_cast<const DRAWITEMSTRUCT*>(message.lParam));
+               });
     case WM_MEASUREITEM:
         answer = TRUE;
         return message.wParam == 0 &&
@@ -63,8 +72,10 @@ bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
         OnPositionChanged(entry);
         return false;
     case WM_MENUSELECT:
-        OnMenuSelect(entry, LOWORD(message.wParam), HIWORD(message.wParam),
-                     reinterpret_cast<HMENU>(message.lParam));
+        Suppress(L" OnMenuSelect", [&] {
+            OnMenuSelect(entry, LOWORD(message.wParam), HIWORD(message.wParam),
+                         reinterpret_cast<HMENU>(message.lParam));
+        });
         return false;
     case WM_MENUCHAR:
         answer = OnMenuChar(LetterOf(entry.hWnd, message.wParam),
