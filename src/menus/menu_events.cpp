@@ -129,7 +129,8 @@ LRESULT OnMenuChar(wchar_t letter, HMENU menu) {
 
 void OnPositionChanged(WndCoolMenu& window) {
     const HMENU menu = GetMenu(window.hWnd);
-    if (window.SCMainMenu == 0 || window.SCMainMenu == reinterpret_cast<LONG_PTR>(menu))
+    // A window without a menu is still watched: its menu may come later.
+    if (!menu || window.SCMainMenu == 0 || window.SCMainMenu == reinterpret_cast<LONG_PTR>(menu))
         return;
     window.SCMainMenu = reinterpret_cast<LONG_PTR>(menu);
     ConvertMenu(window, menu, true);

@@ -329,6 +329,20 @@ TEST(MenuInstall, AnotherMenuOfTheWindowIsTaken) {
     DestroyMenu(other);
 }
 
+TEST(MenuInstall, MenuThatComesLaterIsTaken) {
+    const MenuHost host;
+    const HMENU bar = host.Bar();
+    const MenuLines before = Describe(bar);
+    SetMenu(host.Window(), nullptr);
+    InstalledMenu menu(host);
+    SetWindowPos(host.Window(), nullptr, 0, 0, 530, 430, SWP_NOMOVE | SWP_NOZORDER);
+    SetMenu(host.Window(), bar);
+    SetWindowPos(host.Window(), nullptr, 0, 0, 540, 440, SWP_NOMOVE | SWP_NOZORDER);
+    ExpectOwnerDrawn(bar);
+    menu.Uninstall();
+    EXPECT_EQ(before, Describe(bar));
+}
+
 // --- properties ---
 
 TEST(MenuProperties, FreshInstallationHasTheUsualOnes) {
