@@ -134,7 +134,10 @@ STDMETHODIMP CoolMenu::ForeColor(long handle, VARIANT value, long* result) {
         ClearedOut(result);
         Property(
             handle, value,
-            [](WndCoolMenu& window, const VARIANT& given) { window.SetForeColor(ToColor(given)); },
+            [](WndCoolMenu& window, const VARIANT& given) {
+                window.SetForeColor(ToColor(given));
+                RemeasureMenus(window); // the menu bar shows it at once
+            },
             [&](const WndCoolMenu& window) { *result = static_cast<long>(window.ForeColor()); });
     });
 }

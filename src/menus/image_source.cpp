@@ -61,7 +61,7 @@ HIMAGELIST ImageSource::Handle() const {
         if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_NEUTRAL, &id)) &&
             SUCCEEDED(object_->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_PROPERTYGET, &none,
                                       &value, nullptr, nullptr)))
-            list = ToHandle(value);
+            Trap([&] { list = ToHandle(value); }); // what is no number is no image list
     }
     return IsImageList(list) ? list : nullptr;
 }

@@ -61,7 +61,7 @@ void DrawArrow(HDC dc, const Box& box, bool rightToLeft, Color color, SharedFont
 
 wchar_t SystemSign(UINT command) {
     for (const Sign& sign : kSigns)
-        if (sign.command == (command & 0xFFF0))
+        if (sign.command == (command & ~0xFu))
             return sign.glyph;
     return 0;
 }

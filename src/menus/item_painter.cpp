@@ -160,7 +160,7 @@ void PaintBarCaption(const Painting& paint) {
     const Selected font(paint.dc, FontOf(paint.window, paint.data, false));
     const UniqueFont fitted = FittedFont(paint.dc, paint.item.Height() - 2);
     const Selected smaller(paint.dc, fitted ? fitted.get() : GetCurrentObject(paint.dc, OBJ_FONT));
-    PaintCaption(paint, paint.data.sMenuText, paint.item, DT_CENTER);
+    PaintCaption(paint, TextPart(paint.data.sMenuText), paint.item, DT_CENTER);
 }
 
 void PaintTexts(const Painting& paint) {
