@@ -37,6 +37,19 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
     return result;
 }
 
+// The item that WM_MENUSELECT means: popups by position, others by command, which another menu may
+// have too.
+const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
+    if (popup)
+        return DataOf(menu, ReadItemNumber(menu, item, true));
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, static_cast<UINT>(i), true));
+        if (data && LOWORD(data->id) == item && !data->bTrueSub)
+            return data;
+    }
+    return nullptr;
+}
+
 wchar_t UpperCase(wchar_t letter) {
     CharUpperBuffW(&letter, 1);
     return letter;
@@ -111,7 +124,7 @@ void OnMenuSelect(WndCoolMenu& window, UINT item, UINT flags, HMENU menu) {
         window.SetMainPopedIndex(kNone);
         return;
     }
-    const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, item, (flags & MF_POPUP) != 0));
+    const CMyItemData* data = SelectedItem(menu, item, (flags & MF_POPUP) != 0);
     if (!data || !window.HelpObj)
         return;
     // Copies: the host may uninstall the window while it is told.

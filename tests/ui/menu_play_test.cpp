@@ -247,6 +247,20 @@ TEST(MenuPlay, HostMayUninstallWhileItIsTold) {
     EXPECT_EQ(2, host.Seen(WM_MENUSELECT)) << "the window's own procedure hears of both";
 }
 
+TEST(MenuPlay, CommandOfTwoMenusIsToldFromWhereTheUserIs) {
+    const MenuHost host;
+    std::vector<std::wstring> told;
+    ASSERT_TRUE(InstallMenus(
+        host.Window(),
+        [&](const std::wstring&, const std::wstring& help, bool) { told.push_back(help); }, {}));
+    // The menu bar and its first popup both have it.
+    for (const HMENU menu : {host.Bar(), host.File()})
+        SendMessageW(host.Window(), WM_MENUSELECT, MAKEWPARAM(kExit, 0),
+                     reinterpret_cast<LPARAM>(menu));
+    EXPECT_EQ((std::vector<std::wstring>{L"Kết thúc", L"Kết thúc chương trình"}), told);
+    UninstallMenus(host.Window());
+}
+
 TEST(MenuPlay, OpenPopupIsKnownByItsIndex) {
     MenuHost host;
     ASSERT_TRUE(InstallMenus(host.Window(), {}, {}));
