@@ -110,6 +110,19 @@ TEST(MenuInstall, SecondInstallOfAWindowIsADuplicateKey) {
     EXPECT_EQ(before, Describe(host.Bar()));
 }
 
+TEST(MenuInstall, SecondInstallReplacesTheProcedureBeforeItsError) {
+    const MenuHost host;
+    const InstalledMenu menu(host);
+    const LONG_PTR hook = host.Procedure();
+    // Somebody else's procedure stands in front now.
+    SetWindowLongPtrW(host.Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DefWindowProcW));
+    ASSERT_NE(hook, host.Procedure());
+    VARIANT_BOOL done = VARIANT_TRUE;
+    EXPECT_HR(kDuplicateKeyError, menu->Install(host.Handle(), InstalledMenu::Missing(),
+                                                InstalledMenu::Missing(), &done));
+    EXPECT_EQ(hook, host.Procedure());
+}
+
 TEST(MenuInstall, AnythingButAHelpCallBackIsRefused) {
     const MenuHost host;
     const LONG_PTR procedure = host.Procedure();
