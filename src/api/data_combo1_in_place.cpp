@@ -37,7 +37,9 @@ void DataCombo1::ActivateInPlace() {
         Deactivate();
         throw ComError(failed.code, failed.description);
     }
-    site_->ShowObject();
+    // The container may have taken its site back meanwhile.
+    if (site_)
+        site_->ShowObject();
 }
 
 void DataCombo1::UIActivate(bool takeFocus) {

@@ -241,7 +241,8 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        Raise(self.onFocus, message == WM_SETFOCUS);
+        if (IsWindow(window))
+            Raise(self.onFocus, message == WM_SETFOCUS);
         return result;
     }
     case WM_LBUTTONDOWN:

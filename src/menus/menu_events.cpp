@@ -146,7 +146,11 @@ void OnPositionChanged(WndCoolMenu& window) {
     if (!menu || window.SCMainMenu == 0 || window.SCMainMenu == reinterpret_cast<LONG_PTR>(menu))
         return;
     window.SCMainMenu = reinterpret_cast<LONG_PTR>(menu);
+    const bool isNew = !window.HasMenuHead(menu);
     ConvertMenu(window, menu, true);
+    // The bar has been laid out before its items were ours.
+    if (isNew)
+        DrawMenuBar(window.hWnd);
 }
 
 } // namespace vndesk

@@ -65,6 +65,23 @@ std::wstring ValueOf(IDataCombo1* combo) {
             value.length()};
 }
 
+// The font is an object of its own, which tells the control of its changes.
+ComPtr<IFont> FontOf(IDataCombo1* combo) {
+    ComPtr<IFontDisp> given;
+    ComPtr<IFont> font;
+    EXPECT_SUCCEEDED(combo->get_Font(&given));
+    EXPECT_SUCCEEDED(given.As(&font));
+    return font;
+}
+void MakeBold(IDataCombo1* combo) {
+    EXPECT_SUCCEEDED(FontOf(combo)->put_Bold(TRUE));
+}
+bool IsBold(IDataCombo1* combo) {
+    BOOL bold = FALSE;
+    EXPECT_SUCCEEDED(FontOf(combo)->get_Bold(&bold));
+    return bold != FALSE;
+}
+
 class DataComboAtlTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -225,6 +242,7 @@ TEST_F(DataComboAtlTest, IsStoredAndReadBackWhileShown) {
     VnColor color = 0;
     EXPECT_SUCCEEDED(other.Combo()->get_BackColor(&color));
     EXPECT_EQ(0xC0FFFF, color);
+    EXPECT_TRUE(IsBold(other.Combo()));
     EXPECT_EQ(L"", ValueOf(other.Combo()));
 
     ComPtr<IPersistStreamInit> stream, otherStream;
@@ -233,11 +251,20 @@ TEST_F(DataComboAtlTest, IsStoredAndReadBackWhileShown) {
     ASSERT_SUCCEEDED(otherPersist.As(&otherStream));
     ASSERT_SUCCEEDED(CreateStreamOnHGlobal(nullptr, TRUE, &memory));
     EXPECT_SUCCEEDED(atl_.Combo()->put_BackColor(0xFFC0C0));
+    // A font of its own: the bag has handed on the one of the first control.
+    ComPtr<IFont> plain;
+    ComPtr<IFontDisp> plainFont;
+    EXPECT_SUCCEEDED(FontOf(other.Combo())->Clone(&plain));
+    EXPECT_SUCCEEDED(plain->put_Bold(FALSE));
+    EXPECT_SUCCEEDED(plain.As(&plainFont));
+    EXPECT_SUCCEEDED(other.Combo()->putref_Font(plainFont.Get()));
+    EXPECT_FALSE(IsBold(other.Combo()));
     EXPECT_SUCCEEDED(stream->Save(memory.Get(), TRUE));
     EXPECT_SUCCEEDED(memory->Seek({}, STREAM_SEEK_SET, nullptr));
     EXPECT_SUCCEEDED(otherStream->Load(memory.Get()));
     EXPECT_SUCCEEDED(other.Combo()->get_BackColor(&color));
     EXPECT_EQ(0xFFC0C0, color);
+    EXPECT_TRUE(IsBold(other.Combo()));
 }
 
 TEST(DataComboAtlLeakTest, HundredControlsLeaveNothingBehind) {
@@ -250,10 +277,15 @@ TEST(DataComboAtlLeakTest, HundredControlsLeaveNothingBehind) {
         missing.scode = DISP_E_PARAMNOTFOUND;
         EXPECT_SUCCEEDED(atl.Combo()->AddItem(_bstr_t(L"Ngày sinh"), missing));
         EXPECT_SUCCEEDED(atl.Combo()->put_ItemData(0, _bstr_t(L"BirthDay")));
+        ClickSink sink(atl.Combo());
         EXPECT_SUCCEEDED(atl.Combo()->put_ListIndex(0));
+        EXPECT_EQ(1, sink.clicks);
+        sink.StayConnected();
+        MakeBold(atl.Combo());
         EXPECT_SUCCEEDED(atl.Combo()->put_BackColor(0x00FFFF));
         UpdateWindow(host.Frame());
         EXPECT_EQ(0u, atl.Destroy()) << "nobody holds the control any more";
+        EXPECT_EQ(1u, sink.references) << "nor does it hold its sink";
     };
     for (int i = 0; i < 10; ++i)
         round();

@@ -16,40 +16,6 @@ namespace {
 using Microsoft::WRL::ComPtr;
 using Calls = std::vector<std::wstring>;
 
-// Counts the clicks; on the stack.
-class ClickSink final : public IDispatch {
-public:
-    explicit ClickSink(IDataCombo1* combo) {
-        ComPtr<IConnectionPointContainer> container;
-        EXPECT_SUCCEEDED(combo->QueryInterface(IID_PPV_ARGS(&container)));
-        EXPECT_SUCCEEDED(container->FindConnectionPoint(__uuidof(DDataCombo1Events), &point_));
-        EXPECT_SUCCEEDED(point_->Advise(this, &cookie_));
-    }
-    ~ClickSink() { point_->Unadvise(cookie_); }
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch;
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) override {
-        clicks += event == DISPID_CLICK;
-        return S_OK;
-    }
-    int clicks = 0;
-
-private:
-    ComPtr<IConnectionPoint> point_;
-    DWORD cookie_ = 0;
-};
-
 class DataComboContainerTest : public testing::Test {
 protected:
     void SetUp() override {

@@ -5,6 +5,7 @@
 #include <comutil.h>
 #include <gtest/gtest.h>
 #include <ocidl.h>
+#include <olectl.h>
 #include <wrl/client.h>
 
 #include <atomic>
@@ -55,6 +56,48 @@ inline bool TabLeads(HWND dialog, HWND from, HWND to, unsigned modifiers = kNoMo
     }
     return false;
 }
+
+// Counts the clicks and who holds it; on the stack.
+class ClickSink final : public IDispatch {
+public:
+    explicit ClickSink(IDataCombo1* combo) {
+        Microsoft::WRL::ComPtr<IConnectionPointContainer> container;
+        EXPECT_SUCCEEDED(combo->QueryInterface(IID_PPV_ARGS(&container)));
+        EXPECT_SUCCEEDED(container->FindConnectionPoint(__uuidof(DDataCombo1Events), &point_));
+        EXPECT_SUCCEEDED(point_->Advise(this, &cookie_));
+    }
+    ~ClickSink() {
+        if (point_)
+            point_->Unadvise(cookie_);
+    }
+    // Leaves it to the control to let the sink go.
+    void StayConnected() { point_.Reset(); }
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        const bool known = iid == IID_IUnknown || iid == IID_IDispatch;
+        *object = known ? this : nullptr;
+        references += known;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+    STDMETHODIMP_(ULONG) Release() override { return --references; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) override {
+        clicks += event == DISPID_CLICK;
+        return S_OK;
+    }
+    int clicks = 0;
+    ULONG references = 1;
+
+private:
+    Microsoft::WRL::ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+};
 
 class HostWindow {
 public:
