@@ -5,19 +5,10 @@
 
 #include "com/kit/com_error.h"
 #include "controls/combo_picture.h"
+#include "controls/ole_color.h"
 #include "data_combo1.h"
 
 namespace vndesk {
-
-namespace {
-
-COLORREF Translated(OLE_COLOR color) {
-    COLORREF result = 0;
-    OleTranslateColor(color, nullptr, &result);
-    return result;
-}
-
-} // namespace
 
 STDMETHODIMP DataCombo1::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc,
                               LPCRECTL bounds, LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR),

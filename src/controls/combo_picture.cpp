@@ -12,19 +12,6 @@ namespace {
 
 constexpr int kTextMargin = 2;
 
-// Everything that is set on the device context while this lives is undone.
-class SavedDc {
-public:
-    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
-    ~SavedDc() { RestoreDC(dc_, state_); }
-    SavedDc(const SavedDc&) = delete;
-    SavedDc& operator=(const SavedDc&) = delete;
-
-private:
-    HDC dc_;
-    int state_;
-};
-
 using UniqueTheme = UniqueHandle<HTHEME, CloseThemeData>;
 
 // Frame, background and button. `place` becomes the inside, left of the button.

@@ -12,6 +12,7 @@
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"
 #include "forms/window_name.h"
+#include "ole_color.h"
 
 namespace vndesk {
 
@@ -26,11 +27,6 @@ int users_;
 short ShiftState() {
     const auto held = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
     return static_cast<short>(held(VK_SHIFT, 1) | held(VK_CONTROL, 2) | held(VK_MENU, 4));
-}
-
-COLORREF Translated(OLE_COLOR color) {
-    COLORREF result = 0;
-    return SUCCEEDED(OleTranslateColor(color, nullptr, &result)) ? result : 0;
 }
 
 void CheckColor(OLE_COLOR color) {

@@ -36,4 +36,17 @@ private:
     HGDIOBJ previous_;
 };
 
+// Everything that is set on the device context while this lives is undone.
+class SavedDc {
+public:
+    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
+    ~SavedDc() { RestoreDC(dc_, state_); }
+    SavedDc(const SavedDc&) = delete;
+    SavedDc& operator=(const SavedDc&) = delete;
+
+private:
+    HDC dc_;
+    int state_;
+};
+
 } // namespace vndesk

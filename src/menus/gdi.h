@@ -20,19 +20,6 @@ inline Box ToBox(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-// The device context as it was, whatever was selected meanwhile.
-class SavedDc {
-public:
-    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
-    ~SavedDc() { RestoreDC(dc_, state_); }
-    SavedDc(const SavedDc&) = delete;
-    SavedDc& operator=(const SavedDc&) = delete;
-
-private:
-    HDC dc_;
-    int state_;
-};
-
 inline void Fill(HDC dc, const Box& box, Color color) {
     const UniqueBrush brush(CreateSolidBrush(color));
     const RECT rect = ToRect(box);
