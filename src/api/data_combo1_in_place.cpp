@@ -9,6 +9,24 @@
 
 namespace vndesk {
 
+namespace {
+
+// Where a container has the control.
+struct WindowContext {
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    RECT place = {};
+    RECT clip = {};
+
+    HRESULT Get(IOleInPlaceSite& site) {
+        OLEINPLACEFRAMEINFO info = {};
+        info.cb = sizeof info;
+        return site.GetWindowContext(&frame, &document, &place, &clip, &info);
+    }
+};
+
+} // namespace
+
 void DataCombo1::ActivateInPlace() {
     if (inPlace_)
         return;
@@ -21,16 +39,12 @@ void DataCombo1::ActivateInPlace() {
     inPlace_ = true;
     const ErrorState failed = Trap([&] {
         HWND parent = nullptr;
-        ComPtr<IOleInPlaceFrame> frame;
-        ComPtr<IOleInPlaceUIWindow> document;
-        RECT place = {}, clip = {};
-        OLEINPLACEFRAMEINFO info = {};
-        info.cb = sizeof info;
+        WindowContext context;
         CheckHr(site->GetWindow(&parent));
-        CheckHr(site->GetWindowContext(&frame, &document, &place, &clip, &info));
+        CheckHr(context.Get(*site.Get()));
         if (!SetParent(core.Window(), parent))
             throw ComError(HRESULT_FROM_WIN32(GetLastError()));
-        Place(place, &clip);
+        Place(context.place, &context.clip);
         ShowWindow(core.Window(), SW_SHOWNA);
     });
     if (failed) {
@@ -48,21 +62,16 @@ void DataCombo1::UIActivate(bool takeFocus) {
     if (!uiActive_) {
         uiActive_ = true;
         inPlaceSite_->OnUIActivate();
-        ComPtr<IOleInPlaceFrame> frame;
-        ComPtr<IOleInPlaceUIWindow> document;
-        RECT place, clip;
-        OLEINPLACEFRAMEINFO info = {};
-        info.cb = sizeof info;
-        if (inPlaceSite_ &&
-            SUCCEEDED(inPlaceSite_->GetWindowContext(&frame, &document, &place, &clip, &info))) {
+        WindowContext context;
+        if (inPlaceSite_ && SUCCEEDED(context.Get(*inPlaceSite_.Get()))) {
             for (IOleInPlaceUIWindow* const holder :
-                 {static_cast<IOleInPlaceUIWindow*>(frame.Get()), document.Get()})
+                 {static_cast<IOleInPlaceUIWindow*>(context.frame.Get()), context.document.Get()})
                 if (holder)
                     holder->SetActiveObject(this, L"DataCombo1");
-            if (frame)
-                frame->SetBorderSpace(nullptr);
-            if (document)
-                document->SetBorderSpace(nullptr);
+            if (context.frame)
+                context.frame->SetBorderSpace(nullptr);
+            if (context.document)
+                context.document->SetBorderSpace(nullptr);
         }
     }
     if (takeFocus && !IsChild(window, GetFocus()))
@@ -76,16 +85,12 @@ STDMETHODIMP DataCombo1::UIDeactivate() {
     // The container may deactivate the control altogether in any of these calls.
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     return Trap([&] {
-               ComPtr<IOleInPlaceFrame> frame;
-               ComPtr<IOleInPlaceUIWindow> document;
-               RECT place, clip;
-               OLEINPLACEFRAMEINFO info = {};
-               info.cb = sizeof info;
-               if (SUCCEEDED(site->GetWindowContext(&frame, &document, &place, &clip, &info))) {
-                   if (document)
-                       document->SetActiveObject(nullptr, nullptr);
-                   if (frame)
-                       frame->SetActiveObject(nullptr, nullptr);
+               WindowContext context;
+               if (SUCCEEDED(context.Get(*site.Get()))) {
+                   if (context.document)
+                       context.document->SetActiveObject(nullptr, nullptr);
+                   if (context.frame)
+                       context.frame->SetActiveObject(nullptr, nullptr);
                }
                site->OnUIDeactivate(FALSE);
            })
@@ -159,14 +164,9 @@ void DataCombo1::FollowHeight() {
     RECT now;
     GetWindowRect(core_->Window(), &now);
     MapWindowPoints(nullptr, GetParent(core_->Window()), reinterpret_cast<POINT*>(&now), 2);
-    RECT placed = {};
-    RECT clip = {};
-    ComPtr<IOleInPlaceFrame> frame;
-    ComPtr<IOleInPlaceUIWindow> document;
-    OLEINPLACEFRAMEINFO info = {};
-    info.cb = sizeof info;
-    if (FAILED(inPlaceSite_->GetWindowContext(&frame, &document, &placed, &clip, &info)) ||
-        placed.bottom - placed.top == now.bottom - now.top)
+    WindowContext context;
+    if (FAILED(context.Get(*inPlaceSite_.Get())) ||
+        context.place.bottom - context.place.top == now.bottom - now.top)
         return;
     placing_ = true;
     inPlaceSite_->OnPosRectChange(&now);

@@ -182,8 +182,8 @@ template <class Visit> void ForEachItem(HWND window, Visit&& visit) {
     for (const HMENU menu : menus)
         for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
             const auto position = static_cast<UINT>(i);
-            const CMyItemData* data = FindItemData(ReadItemNumber(menu, position, true));
-            if (data && data->menu == menu && data->window == window)
+            const CMyItemData* data = FindItemData(menu, ReadItemNumber(menu, position, true));
+            if (data && data->window == window)
                 Suppress(kRoutine, [&] { visit(*data, position); });
         }
 }

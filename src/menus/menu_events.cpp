@@ -18,12 +18,6 @@ namespace {
 
 constexpr wchar_t kNone[] = L"-1";
 
-// Items of others may hold any number: the menu tells them from ours.
-CMyItemData* DataOf(HMENU menu, ULONG_PTR number) {
-    CMyItemData* data = FindItemData(number);
-    return data && data->menu == menu ? data : nullptr;
-}
-
 ItemState StateOf(const CMyItemData& data, UINT state) {
     ItemState result;
     result.menuBar = data.bMainMenu;
@@ -41,9 +35,10 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
 // have too.
 const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
     if (popup)
-        return DataOf(menu, ReadItemNumber(menu, item, true));
+        return FindItemData(menu, ReadItemNumber(menu, item, true));
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-        const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, static_cast<UINT>(i), true));
+        const CMyItemData* data =
+            FindItemData(menu, ReadItemNumber(menu, static_cast<UINT>(i), true));
         if (data && LOWORD(data->id) == item && !data->bTrueSub)
             return data;
     }
@@ -60,7 +55,7 @@ std::vector<LetterItem> LetterItems(HMENU menu) {
     std::vector<LetterItem> items(static_cast<std::size_t>(std::max(0, GetMenuItemCount(menu))));
     for (std::size_t i = 0; i < items.size(); ++i) {
         const auto position = static_cast<UINT>(i);
-        const CMyItemData* data = DataOf(menu, ReadItemNumber(menu, position, true));
+        const CMyItemData* data = FindItemData(menu, ReadItemNumber(menu, position, true));
         if (!data || (data->fType & MFT_SEPARATOR))
             continue;
         const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
@@ -88,7 +83,7 @@ bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
     if (drawn.CtlType != ODT_MENU)
         return false;
     const auto menu = reinterpret_cast<HMENU>(drawn.hwndItem);
-    const CMyItemData* data = DataOf(menu, drawn.itemData);
+    const CMyItemData* data = FindItemData(menu, drawn.itemData);
     if (!data || data->id != drawn.itemID)
         return false;
     PaintItem(drawn.hDC, ToBox(drawn.rcItem), window, *data, StateOf(*data, drawn.itemState));

@@ -47,4 +47,9 @@ CMyItemData* FindItemData(ULONG_PTR number) {
     return current && number != 0 ? current->items.Item(std::to_wstring(number)) : nullptr;
 }
 
+CMyItemData* FindItemData(HMENU menu, ULONG_PTR number) {
+    CMyItemData* data = FindItemData(number);
+    return data && data->menu == menu ? data : nullptr;
+}
+
 } // namespace vndesk

@@ -41,5 +41,8 @@ std::shared_ptr<WndCoolMenu> FindCoolMenu(HWND window);
 
 // The data of an item by the number that stands in it; null for items of others.
 CMyItemData* FindItemData(ULONG_PTR number);
+// The same where the menu is known: items of others may hold any number, the menu tells them from
+// ours.
+CMyItemData* FindItemData(HMENU menu, ULONG_PTR number);
 
 } // namespace vndesk
