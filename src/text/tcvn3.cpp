@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The one conversion that allocates; everything else of tcvn3.h is inline.
 #include "text/tcvn3.h"
 
+#include <stdexcept>
+
 namespace vndesk {
+
+void ConvertText(wchar_t* out, const wchar_t* in, std::size_t length, long mode) {
+    if (length > kMaxConvertLength)
+        throw std::overflow_error("text is too long to convert");
+    ConvertUnits(out, in, length, mode);
+}
 
 std::wstring ToUncText(std::wstring_view text, long mode) {
     std::wstring result(text);

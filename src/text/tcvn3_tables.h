@@ -74,29 +74,23 @@ constexpr std::array<char16_t, 256> MakeDecodeTable() {
 
 inline constexpr std::array<char16_t, 256> kDecode = MakeDecodeTable();
 
-// The Vietnamese letters live in U+0000..U+01FF and U+1E00..U+1EFF; both ranges are stored one
-// after the other. 0 marks a character that has no TCVN3 code.
-inline constexpr std::size_t kLowRange = 0x200;
-inline constexpr char32_t kHighStart = 0x1E00;
-inline constexpr std::size_t kEncodeSize = kLowRange + 0x100;
-inline constexpr std::size_t kNoEntry = kEncodeSize;
+// The codes and letters that are changed lie between these.
+inline constexpr char16_t kFirstCode = 0xA1;
+inline constexpr char16_t kLastCode = 0xFE;
+inline constexpr char16_t kFirstLetter = 0x00C0;
+inline constexpr char16_t kLastLetter = 0x1EF9;
 
-constexpr std::size_t EncodeIndex(char32_t ch) {
-    if (ch < kLowRange)
-        return ch;
-    if (ch >= kHighStart && ch < kHighStart + 0x100)
-        return kLowRange + (ch - kHighStart);
-    return kNoEntry;
-}
-
-// The spare last entry stays 0 and serves every character outside both ranges.
-constexpr std::array<std::uint8_t, kEncodeSize + 1> MakeEncodeTable() {
-    std::array<std::uint8_t, kEncodeSize + 1> table{};
+// One entry for every character up to the last Vietnamese letter, most of them the character itself: 15 KB,
+// of which text touches a few hundred bytes, for a look-up without a branch.
+constexpr std::array<char16_t, kLastLetter + 1> MakeEncodeTable() {
+    std::array<char16_t, kLastLetter + 1> table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<char16_t>(i);
     for (std::size_t i = kPairCount; i-- > 0;)
-        table[EncodeIndex(kPairs[i].letter)] = kPairs[i].code;
+        table[kPairs[i].letter] = kPairs[i].code;
     return table;
 }
 
-inline constexpr std::array<std::uint8_t, kEncodeSize + 1> kEncode = MakeEncodeTable();
+inline constexpr std::array<char16_t, kLastLetter + 1> kEncode = MakeEncodeTable();
 
 } // namespace vndesk::tcvn3
