@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Text conversion beside its physical limit (moving the characters without mapping them) and the C library's
+// own converter. Runs natively: 16-bit characters here are what hosts pass on Windows.
+#include "kit/benchmark.h"
+#include "text/tcvn3_units.h"
+
+#include <emmintrin.h>
+#include <iconv.h>
+
+#include <cstdio>
+#include <cstring>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace bench;
+using namespace vndesk;
+
+// Words of ordinary prose; about a fifth of the letters are not ASCII.
+constexpr const char16_t* kWords[] = {
+    u"công", u"ty", u"trách", u"nhiệm", u"hữu", u"hạn", u"người", u"sử", u"dụng", u"mật", u"khẩu", u"không",
+    u"hợp", u"lệ", u"danh", u"mục", u"khách", u"hàng", u"đã", u"bị", u"xoá", u"phiếu", u"nhập", u"kho", u"xuất",
+    u"ngày", u"tháng", u"năm", u"số", u"tiền", u"bằng", u"chữ", u"kế", u"toán", u"trưởng", u"thủ", u"quỹ",
+    u"lập", u"biểu", u"trong", u"tất", u"cả", u"các", u"trường", u"cho", u"phép", u"chọn", u"theo", u"nhóm",
+    u"quyền", u"chi", u"nhánh", u"thanh", u"xuân", u"in", u"ra", u"giao", u"nhanh", u"ban", u"sau", u"mua"};
+
+// Words in random order: a text that repeats is learnt by the branch predictor.
+std::u16string Prose(std::size_t length) {
+    std::mt19937 random(20);
+    std::u16string text;
+    while (text.size() < length) {
+        text += kWords[random() % std::size(kWords)];
+        text += u' ';
+    }
+    text.resize(length);
+    return text;
+}
+
+void Widen(char16_t* out, const unsigned char* in, std::size_t length) {
+    std::size_t i = 0;
+    for (const __m128i zero = _mm_setzero_si128(); i + 16 <= length; i += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + i));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), _mm_unpacklo_epi8(bytes, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i + 8), _mm_unpackhi_epi8(bytes, zero));
+    }
+    for (; i < length; ++i)
+        out[i] = in[i];
+}
+
+void Narrow(unsigned char* out, const char16_t* in, std::size_t length) {
+    std::size_t i = 0;
+    for (; i + 16 <= length; i += 16) {
+        const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + i));
+        const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + i + 8));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), _mm_packus_epi16(low, high));
+    }
+    for (; i < length; ++i)
+        out[i] = static_cast<unsigned char>(in[i]);
+}
+
+class Iconv {
+public:
+    Iconv(const char* to, const char* from) : handle_(iconv_open(to, from)) {
+        if (handle_ == reinterpret_cast<iconv_t>(-1))
+            throw std::runtime_error("the C library has no TCVN5712-1");
+    }
+    Iconv(const Iconv&) = delete;
+    ~Iconv() { iconv_close(handle_); }
+    void Convert(const void* in, std::size_t inBytes, void* out, std::size_t outBytes) {
+        auto* from = const_cast<char*>(static_cast<const char*>(in));
+        auto* to = static_cast<char*>(out);
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(handle_, &from, &inBytes, &to, &outBytes) == static_cast<std::size_t>(-1))
+            throw std::runtime_error("the C library could not convert the text");
+        // It holds the last letter back for a combining mark.
+        iconv(handle_, nullptr, nullptr, &to, &outBytes);
+    }
+
+private:
+    iconv_t handle_;
+};
+
+void Measure(Report& report, std::size_t length, double decodeLimit, double decodeFaster, double encodeLimit,
+             double encodeFaster) {
+    const std::u16string unicode = Prose(length);
+    std::u16string tcvn(length, u'\0');
+    ConvertUnits(tcvn.data(), unicode.data(), length, kToTcvn3);
+    std::vector<unsigned char> bytes(length);
+    Narrow(bytes.data(), tcvn.data(), length);
+    std::u16string out(length, u'\0');
+    std::vector<unsigned char> narrow(length * 4 + 64);
+    std::vector<char16_t> wide(length + 64);
+    ConvertUnits(out.data(), tcvn.data(), length, kToUnicode);
+    if (out != unicode)
+        throw std::runtime_error("the round trip has changed the text");
+
+    const std::string size = std::to_string(length) + " characters";
+    const Work decode = Each([&] {
+        ConvertUnits(out.data(), tcvn.data(), length, kToUnicode);
+        Keep(out[0]);
+    });
+    const Work encode = Each([&] {
+        ConvertUnits(out.data(), unicode.data(), length, kToTcvn3);
+        Keep(out[0]);
+    });
+    const Work widen = Each([&] {
+        Widen(out.data(), bytes.data(), length);
+        Keep(out[0]);
+    });
+    const Work narrowing = Each([&] {
+        Narrow(narrow.data(), unicode.data(), length);
+        Keep(narrow[0]);
+    });
+    Iconv fromTcvn("UTF-16LE", "TCVN5712-1");
+    Iconv toTcvn("TCVN5712-1", "UTF-16LE");
+    const Work iconvDecode = Each([&] {
+        fromTcvn.Convert(bytes.data(), length, wide.data(), wide.size() * 2);
+        Keep(wide[0]);
+    });
+    const Work iconvEncode = Each([&] {
+        toTcvn.Convert(unicode.data(), length * 2, narrow.data(), narrow.size());
+        Keep(narrow[0]);
+    });
+    report.Compare({"TCVN3 to Unicode, " + size, "widening without mapping", Target::AtMost, decodeLimit, decode,
+                    widen});
+    report.Compare({"TCVN3 to Unicode, " + size, "iconv", Target::Faster, decodeFaster, decode, iconvDecode});
+    report.Compare({"Unicode to TCVN3, " + size, "narrowing without mapping", Target::AtMost, encodeLimit, encode,
+                    narrowing});
+    report.Compare({"Unicode to TCVN3, " + size, "iconv", Target::Faster, encodeFaster, encode, iconvEncode});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        Report report("text", argc, argv);
+        Measure(report, 20, 2.3, 15, 3, 9);
+        Measure(report, 32000, 4, 30, 6, 18);
+        return report.Finish();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "text_bench: %s\n", error.what());
+        return 1;
+    }
+}
