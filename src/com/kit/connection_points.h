@@ -94,11 +94,8 @@ public:
     }
 
     STDMETHODIMP GetClassInfo(ITypeInfo** type) override {
-        return this->Guard([&] {
-            ITypeInfo*& result = ClearedOut(type);
-            result = TypeInfoOf(__uuidof(Class));
-            result->AddRef();
-        });
+        return this->Guard(
+            [&] { CheckHr(TypeOf(__uuidof(Class)).info.CopyTo(&ClearedOut(type))); });
     }
 
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override {

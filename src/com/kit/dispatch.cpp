@@ -20,28 +20,6 @@ VARIANT* Target(VARIANT* argument) {
     return argument;
 }
 
-// The type behind a pointer parameter, or VT_EMPTY when the platform's call serves it well.
-VARTYPE ReferredType(const ELEMDESC& parameter) {
-    if (parameter.tdesc.vt != VT_PTR)
-        return VT_EMPTY;
-    switch (const VARTYPE type = parameter.tdesc.lptdesc->vt) {
-    case VT_BSTR:
-    case VT_BOOL:
-    case VT_I2:
-    case VT_I4:
-    case VT_R4:
-    case VT_R8:
-    case VT_CY:
-    case VT_DATE:
-    case VT_UI1:
-        return type;
-    case VT_INT:
-        return VT_I4;
-    default:
-        return VT_EMPTY;
-    }
-}
-
 // One argument brought to its declared type for the length of a call.
 class Coerced {
 public:
@@ -107,51 +85,6 @@ private:
     _variant_t value_;
 };
 
-// The function's description for as long as it is looked at.
-class FunctionDescription {
-public:
-    FunctionDescription(ITypeInfo* type, DISPID member, WORD flags) : type_(type) {
-        // Walked, not asked for by member: of a dual interface the platforms count that index from
-        // different functions, with those of IDispatch or without.
-        for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &description_)); ++i) {
-            if (description_->memid == member && (description_->invkind & flags))
-                return;
-            type->ReleaseFuncDesc(description_);
-            description_ = nullptr;
-        }
-        description_ = nullptr;
-    }
-
-    ~FunctionDescription() {
-        if (description_)
-            type_->ReleaseFuncDesc(description_);
-    }
-
-    FunctionDescription(const FunctionDescription&) = delete;
-    FunctionDescription& operator=(const FunctionDescription&) = delete;
-
-    const FUNCDESC* operator->() const { return description_; }
-    const FUNCDESC& operator*() const { return *description_; }
-    explicit operator bool() const { return description_ != nullptr; }
-
-private:
-    ITypeInfo* type_;
-    FUNCDESC* description_ = nullptr;
-};
-
-// How many arguments a call may have. A property without parameters may have some: they go to what
-// it returns.
-UINT MostArguments(const FUNCDESC& function) {
-    if (function.invkind != INVOKE_FUNC || function.cParamsOpt < 0)
-        return UINT_MAX;
-    UINT count = 0;
-    for (SHORT i = 0; i < function.cParams; ++i)
-        if (!(function.lprgelemdescParam[i].paramdesc.wParamFlags &
-              (PARAMFLAG_FRETVAL | PARAMFLAG_FLCID)))
-            ++count;
-    return count;
-}
-
 // The parameter that an argument is for. Named arguments stand first and carry their parameter's
 // place (a property's new value a negative number); the others follow, the last one first.
 UINT PositionOf(const DISPPARAMS& parameters, UINT argument) {
@@ -162,26 +95,26 @@ UINT PositionOf(const DISPPARAMS& parameters, UINT argument) {
 
 } // namespace
 
-HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags,
+HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WORD flags,
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                       UINT* badArgument) noexcept {
     try {
         // The platform raises what it finds pending: an error left by an earlier call must not
         // count.
         SetErrorInfo(0, nullptr);
-        const FunctionDescription function(type, member, flags);
+        const Member* member = type.members.Find(id, flags);
         // The platforms name different errors.
-        if (!function)
+        if (!member)
             return DISP_E_MEMBERNOTFOUND;
         std::vector<std::unique_ptr<Coerced>> coerced;
         // The platform's call may overlook what is too much.
-        if (parameters->cArgs > MostArguments(*function))
+        if (parameters->cArgs > member->mostArguments)
             return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < parameters->cArgs; ++i) {
             const UINT position = PositionOf(*parameters, i);
-            if (position >= static_cast<UINT>(function->cParams))
+            if (position >= member->referred.size())
                 continue;
-            const VARTYPE wanted = ReferredType(function->lprgelemdescParam[position]);
+            const VARTYPE wanted = member->referred[position];
             VARIANT* argument = &parameters->rgvarg[i];
             if (wanted == VT_EMPTY || V_VT(argument) == VT_ERROR ||
                 V_VT(argument) == (VT_BYREF | wanted))
@@ -195,7 +128,7 @@ HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags
             }
         }
         const HRESULT called =
-            type->Invoke(instance, member, flags, parameters, result, exception, badArgument);
+            type.info->Invoke(instance, id, flags, parameters, result, exception, badArgument);
         if (SUCCEEDED(called))
             for (const auto& argument : coerced)
                 argument->WriteBack();

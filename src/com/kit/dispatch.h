@@ -5,23 +5,31 @@
 
 #include <windows.h>
 #include <oaidl.h>
+#include <wrl/client.h>
 
 #include "com_error.h"
 #include "com_object.h"
+#include "member_table.h"
 
 namespace vndesk {
 
-// The type description of one of the module's interfaces or classes. Loaded once from the module's
-// own resource, so that it works before registration; borrowed, valid until ReleaseTypeInfos.
-ITypeInfo* TypeInfoOf(REFGUID guid);
+// The description of one of the module's interfaces or classes. Loaded once from the module's own
+// resource, so that it works before registration; valid until ReleaseTypes.
+struct TypeDescription {
+    GUID guid;
+    Microsoft::WRL::ComPtr<ITypeInfo> info;
+    MemberTable members;
+};
 
-// Drops what TypeInfoOf keeps. Called when COM asks whether the DLL may go.
-void ReleaseTypeInfos() noexcept;
+const TypeDescription& TypeOf(REFGUID guid);
+
+// Drops what TypeOf keeps. Called when COM asks whether the DLL may go.
+void ReleaseTypes() noexcept;
 
 // Calls through the type library after bringing by-reference arguments to the declared type.
 // Scripts pass a variable as VARIANT* and numbers where text is expected; the platform's own call
 // refuses both. What the method writes goes back to the caller's variable.
-HRESULT InvokeCoerced(ITypeInfo* type, void* instance, DISPID member, WORD flags,
+HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WORD flags,
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                       UINT* badArgument) noexcept;
 
@@ -43,10 +51,7 @@ public:
         *type = nullptr;
         if (index != 0)
             return DISP_E_BADINDEX;
-        return Guard([&] {
-            *type = TypeInfoOf(__uuidof(Dual));
-            (*type)->AddRef();
-        });
+        return Guard([&] { CheckHr(TypeOf(__uuidof(Dual)).info.CopyTo(type)); });
     }
 
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
@@ -56,8 +61,9 @@ public:
         if (!names || !ids || count == 0)
             return E_INVALIDARG;
         HRESULT found = S_OK;
-        const HRESULT loaded = Guard(
-            [&] { found = DispGetIDsOfNames(TypeInfoOf(__uuidof(Dual)), names, count, ids); });
+        const HRESULT loaded = Guard([&] {
+            found = DispGetIDsOfNames(TypeOf(__uuidof(Dual)).info.Get(), names, count, ids);
+        });
         return FAILED(loaded) ? loaded : found;
     }
 
@@ -67,11 +73,11 @@ public:
             return DISP_E_UNKNOWNINTERFACE;
         if (!parameters)
             return E_POINTER;
-        ITypeInfo* type = nullptr;
-        const HRESULT loaded = Guard([&] { type = TypeInfoOf(__uuidof(Dual)); });
+        const TypeDescription* type = nullptr;
+        const HRESULT loaded = Guard([&] { type = &TypeOf(__uuidof(Dual)); });
         if (FAILED(loaded))
             return loaded;
-        return InvokeCoerced(type, static_cast<Dual*>(this), member, flags, parameters, result,
+        return InvokeCoerced(*type, static_cast<Dual*>(this), member, flags, parameters, result,
                              exception, badArgument);
     }
 

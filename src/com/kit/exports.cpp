@@ -27,7 +27,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
 STDAPI DllCanUnloadNow() {
     if (ModuleLock::Count() > 0)
         return S_FALSE;
-    ReleaseTypeInfos();
+    ReleaseTypes();
     return S_OK;
 }
 

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// What the coercing layer must know of an interface's members, read from the type library once:
+// asking for a function's description costs as much as the whole call.
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include <vector>
+
+namespace vndesk {
+
+struct Member {
+    DISPID id;
+    WORD kind;          // one INVOKE_ flag
+    UINT mostArguments; // UINT_MAX: as many as the host likes
+    // Of each parameter the type behind the pointer, or VT_EMPTY where the platform's call serves
+    // it well.
+    std::vector<VARTYPE> referred;
+};
+
+class MemberTable {
+public:
+    explicit MemberTable(ITypeInfo* type);
+
+    // The member that a call with these flags means, or null.
+    const Member* Find(DISPID id, WORD flags) const;
+
+private:
+    std::vector<Member> members_; // by id
+};
+
+} // namespace vndesk
