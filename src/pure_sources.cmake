@@ -2,6 +2,7 @@
 # Sources without windows.h outside src/text, relative to src/, one per line: they are built and
 # tested natively too. A name whose file is not there is skipped.
 set(VNDESK_PURE_SOURCES
+    controls/name_search.cpp
     controls/select_statements.cpp
     data/date_text.cpp
     data/literals.cpp

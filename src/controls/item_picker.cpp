@@ -44,6 +44,8 @@ constexpr ControlSpec kControls[] = {
 constexpr FormSpec kForm = {
     L"FmSelHang", texts::kPickerTitle, 6300, 6015, FormBorder::Sizable, false, kControls};
 
+constexpr UINT_PTR kIndexTimer = 1;
+
 bool MovesTheList(WPARAM key) {
     return key == VK_DOWN || key == VK_UP || key == VK_NEXT || key == VK_PRIOR;
 }
@@ -80,6 +82,17 @@ protected:
         else
             Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
         Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
+        // Comes when everything is painted and no key waits.
+        SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
+    }
+
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_TIMER && wParam == kIndexTimer) {
+            KillTimer(Window(), kIndexTimer);
+            names_.Index();
+            return 0;
+        }
+        return Form::OnMessage(message, wParam, lParam);
     }
 
     // Enter moves on like Tab; it never presses a button.

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Names in the order of a list, searched by their beginning from the top. Names and beginnings come
-// upper-cased, in one block of memory: a search through 100,000 of them is over before the user has
-// let the key go.
+// Names in the order of a list, searched by their beginning: the first one of the list counts.
+// Names and beginnings come upper-cased, in one block of memory.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,29 +13,27 @@ namespace vndesk {
 
 class NameSearch {
 public:
-    void Clear() {
-        letters_.clear();
-        ends_.clear();
-    }
+    void Clear();
+    void Add(std::wstring_view name);
 
-    void Add(std::wstring_view name) {
-        letters_.append(name);
-        ends_.push_back(letters_.size());
-    }
+    // Sorts the names. Before, Find looks at one after the other: some milliseconds for 100,000.
+    // Afterwards it takes microseconds, but sorting takes a blink, so it is for the time when the
+    // list is on the screen.
+    void Index();
 
     // The position of the first name with this beginning, or -1.
-    long Find(std::wstring_view beginning) const {
-        const std::wstring_view letters = letters_;
-        size_t start = 0;
-        for (size_t i = 0; i < ends_.size(); start = ends_[i++])
-            if (letters.substr(start, ends_[i] - start).starts_with(beginning))
-                return static_cast<long>(i);
-        return -1;
-    }
+    long Find(std::wstring_view beginning) const;
 
 private:
+    std::size_t Count() const { return ends_.size(); }
+    std::wstring_view Name(std::size_t position) const;
+    long FirstOf(std::size_t begin, std::size_t end) const;
+
     std::wstring letters_;
-    std::vector<size_t> ends_;
+    std::vector<std::size_t> ends_;
+    // Positions in the order of their names, behind the tree of their minimums: node n has the
+    // children 2n and 2n + 1, its leaves are the second half. Empty until Index.
+    std::vector<std::uint32_t> sorted_;
 };
 
 } // namespace vndesk

@@ -1,28 +1,39 @@
 // SPDX-License-Identifier: MIT
-// The search for the first name with a beginning.
+// The search for the first name with a beginning, one name after the other and in the index.
 #include "controls/name_search.h"
 
 #include <gtest/gtest.h>
+
+#include <random>
+#include <string>
 
 using namespace vndesk;
 
 namespace {
 
-NameSearch Names(std::initializer_list<const wchar_t*> names) {
-    NameSearch search;
-    for (const wchar_t* name : names)
-        search.Add(name);
-    return search;
-}
+class NameSearchTest : public testing::TestWithParam<bool> {
+protected:
+    NameSearch Names(std::initializer_list<const wchar_t*> names) {
+        NameSearch search;
+        for (const wchar_t* name : names)
+            search.Add(name);
+        if (GetParam())
+            search.Index();
+        return search;
+    }
+};
 
-TEST(NameSearch, FirstNameWithTheBeginningIsFoundFromTheTop) {
+INSTANTIATE_TEST_SUITE_P(NameSearch, NameSearchTest, testing::Bool(),
+                         [](const auto& info) { return info.param ? "Indexed" : "OneByOne"; });
+
+TEST_P(NameSearchTest, FirstNameWithTheBeginningIsFoundFromTheTop) {
     const NameSearch names = Names({L"CA", L"ABC", L"ABD", L"AB"});
     EXPECT_EQ(names.Find(L"A"), 1);
     EXPECT_EQ(names.Find(L"ABD"), 2);
     EXPECT_EQ(names.Find(L"CA"), 0);
 }
 
-TEST(NameSearch, TextInsideANameOrLongerThanItIsNotFound) {
+TEST_P(NameSearchTest, TextInsideANameOrLongerThanItIsNotFound) {
     const NameSearch names = Names({L"CA", L"ABC"});
     EXPECT_EQ(names.Find(L"B"), -1);
     EXPECT_EQ(names.Find(L"CAB"), -1);
@@ -31,12 +42,12 @@ TEST(NameSearch, TextInsideANameOrLongerThanItIsNotFound) {
     EXPECT_EQ(names.Find(L"ABCD"), -1);
 }
 
-TEST(NameSearch, EmptyBeginningFindsTheFirstName) {
+TEST_P(NameSearchTest, EmptyBeginningFindsTheFirstName) {
     EXPECT_EQ(Names({L"", L"A"}).Find(L""), 0);
     EXPECT_EQ(Names({L"B", L"A"}).Find(L""), 0);
 }
 
-TEST(NameSearch, NothingIsFoundAmongNoNames) {
+TEST_P(NameSearchTest, NothingIsFoundAmongNoNames) {
     NameSearch names;
     EXPECT_EQ(names.Find(L""), -1);
     names.Add(L"A");
@@ -46,10 +57,38 @@ TEST(NameSearch, NothingIsFoundAmongNoNames) {
     EXPECT_EQ(names.Find(L"B"), 0);
 }
 
-TEST(NameSearch, EmptyNamesKeepTheirPlaces) {
+TEST_P(NameSearchTest, EmptyNamesKeepTheirPlaces) {
     const NameSearch names = Names({L"", L"", L"A", L"", L"B"});
     EXPECT_EQ(names.Find(L"A"), 2);
     EXPECT_EQ(names.Find(L"B"), 4);
+}
+
+TEST(NameSearch, NameAddedToAnIndexIsFound) {
+    NameSearch names;
+    names.Add(L"B");
+    names.Index();
+    names.Add(L"A");
+    EXPECT_EQ(names.Find(L"A"), 1);
+    names.Index();
+    EXPECT_EQ(names.Find(L"A"), 1);
+}
+
+TEST(NameSearch, IndexFindsWhatALookAtEveryNameFinds) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 50; ++round) {
+        NameSearch plain;
+        for (unsigned i = random() % 200; i > 0; --i) {
+            std::wstring name;
+            for (unsigned length = random() % 6; length > 0; --length)
+                name += static_cast<wchar_t>(L'A' + random() % 3);
+            plain.Add(name);
+        }
+        NameSearch indexed = plain;
+        indexed.Index();
+        for (const wchar_t* beginning :
+             {L"", L"A", L"B", L"C", L"D", L"AB", L"BA", L"CCC", L"ABCA", L"@"})
+            EXPECT_EQ(indexed.Find(beginning), plain.Find(beginning)) << round << ' ' << beginning;
+    }
 }
 
 } // namespace
