@@ -29,7 +29,7 @@ void Recordset::Check(HRESULT code) {
 void Recordset::Create(const Database& database) {
     CLSID clsid;
     CheckHr(CLSIDFromProgID(L"ADODB.Recordset", &clsid));
-    fields_.Reset();
+    ForgetFields();
     recordset_.Reset();
     CheckHr(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&recordset_)));
     Check(recordset_->putref_ActiveConnection(database.connection.Get()));
@@ -42,7 +42,7 @@ void Recordset::Open(const std::wstring& statement) {
 }
 
 void Recordset::Close() {
-    fields_.Reset();
+    ForgetFields();
     Check(Ado().Close());
 }
 
@@ -62,30 +62,46 @@ void Recordset::MoveLast() {
     Check(Ado().MoveLast());
 }
 
+void Recordset::ForgetFields() {
+    columns_.clear();
+    fields_.Reset();
+}
+
 ComPtr<Fields> Recordset::AllFields() {
     if (!fields_)
         Check(Ado().get_Fields(&fields_));
     return fields_;
 }
 
-_variant_t Recordset::Value(const _variant_t& item) {
+ComPtr<Field> Recordset::FieldOf(const _variant_t& item) {
     ComPtr<Field> field;
-    _variant_t value;
     CheckCall(AllFields()->get_Item(item, &field), fields_.Get(), __uuidof(Fields));
-    CheckCall(field->get_Value(&value), field.Get(), __uuidof(Field));
+    return field;
+}
+
+_variant_t Recordset::Value(Field& field) {
+    _variant_t value;
+    CheckCall(field.get_Value(&value), &field, __uuidof(Field));
     return value;
 }
 
 _variant_t Recordset::Value(long index) {
-    return Value(_variant_t(index));
+    if (index < 0)
+        return Value(*FieldOf(_variant_t(index)).Get());
+    const auto column = static_cast<size_t>(index);
+    if (column >= columns_.size())
+        columns_.resize(column + 1);
+    if (!columns_[column])
+        columns_[column] = FieldOf(_variant_t(index));
+    return Value(*columns_[column].Get());
 }
+
 _variant_t Recordset::Value(const wchar_t* name) {
-    return Value(_variant_t(name));
+    return Value(*FieldOf(_variant_t(name)).Get());
 }
 
 std::wstring Recordset::FieldName(long index) {
-    ComPtr<Field> field;
-    CheckCall(AllFields()->get_Item(_variant_t(index), &field), fields_.Get(), __uuidof(Fields));
+    const ComPtr<Field> field = FieldOf(_variant_t(index));
     _bstr_t name;
     CheckCall(field->get_Name(name.GetAddress()), field.Get(), __uuidof(Field));
     return {static_cast<const wchar_t*>(name), name.length()};

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ado.h"
 #include "database.h"
@@ -38,12 +39,15 @@ public:
 private:
     _Recordset& Ado();
     void Check(HRESULT code);
-    _variant_t Value(const _variant_t& item);
     ComPtr<Fields> AllFields();
+    ComPtr<Field> FieldOf(const _variant_t& item);
+    _variant_t Value(Field& field);
+    void ForgetFields();
 
     AdoRecordset recordset_;
-    // Asked for once: every value goes through it.
+    // Asked for once: every value goes through them, and a column's field follows the current row.
     ComPtr<Fields> fields_;
+    std::vector<ComPtr<Field>> columns_;
 };
 
 // Opens a new record set on a statement. A failure is shown in a plain message with the provider's
