@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Text conversion beside its physical limit (moving the characters without mapping them) and the C library's
-// own converter. Runs natively: 16-bit characters here are what hosts pass on Windows.
+// Text conversion beside its physical limit (moving the characters without mapping them) and the C
+// library's own converter. Runs natively: 16-bit characters here are what hosts pass on Windows.
 #include "kit/benchmark.h"
 #include "text/tcvn3_units.h"
 
@@ -21,11 +21,13 @@ using namespace vndesk;
 
 // Words of ordinary prose; about a fifth of the letters are not ASCII.
 constexpr const char16_t* kWords[] = {
-    u"công", u"ty", u"trách", u"nhiệm", u"hữu", u"hạn", u"người", u"sử", u"dụng", u"mật", u"khẩu", u"không",
-    u"hợp", u"lệ", u"danh", u"mục", u"khách", u"hàng", u"đã", u"bị", u"xoá", u"phiếu", u"nhập", u"kho", u"xuất",
-    u"ngày", u"tháng", u"năm", u"số", u"tiền", u"bằng", u"chữ", u"kế", u"toán", u"trưởng", u"thủ", u"quỹ",
-    u"lập", u"biểu", u"trong", u"tất", u"cả", u"các", u"trường", u"cho", u"phép", u"chọn", u"theo", u"nhóm",
-    u"quyền", u"chi", u"nhánh", u"thanh", u"xuân", u"in", u"ra", u"giao", u"nhanh", u"ban", u"sau", u"mua"};
+    u"công", u"ty",   u"trách", u"nhiệm", u"hữu",   u"hạn",  u"người", u"sử",     u"dụng",
+    u"mật",  u"khẩu", u"không", u"hợp",   u"lệ",    u"danh", u"mục",   u"khách",  u"hàng",
+    u"đã",   u"bị",   u"xoá",   u"phiếu", u"nhập",  u"kho",  u"xuất",  u"ngày",   u"tháng",
+    u"năm",  u"số",   u"tiền",  u"bằng",  u"chữ",   u"kế",   u"toán",  u"trưởng", u"thủ",
+    u"quỹ",  u"lập",  u"biểu",  u"trong", u"tất",   u"cả",   u"các",   u"trường", u"cho",
+    u"phép", u"chọn", u"theo",  u"nhóm",  u"quyền", u"chi",  u"nhánh", u"thanh",  u"xuân",
+    u"in",   u"ra",   u"giao",  u"nhanh", u"ban",   u"sau",  u"mua"};
 
 // Words in random order: a text that repeats is learnt by the branch predictor.
 std::u16string Prose(std::size_t length) {
@@ -83,8 +85,8 @@ private:
     iconv_t handle_;
 };
 
-void Measure(Report& report, std::size_t length, double decodeLimit, double decodeFaster, double encodeLimit,
-             double encodeFaster) {
+void Measure(Report& report, std::size_t length, double decodeLimit, double decodeFaster,
+             double encodeLimit, double encodeFaster) {
     const std::u16string unicode = Prose(length);
     std::u16string tcvn(length, u'\0');
     ConvertUnits(tcvn.data(), unicode.data(), length, kToTcvn3);
@@ -124,12 +126,14 @@ void Measure(Report& report, std::size_t length, double decodeLimit, double deco
         toTcvn.Convert(unicode.data(), length * 2, narrow.data(), narrow.size());
         Keep(narrow[0]);
     });
-    report.Compare({"TCVN3 to Unicode, " + size, "widening without mapping", Target::AtMost, decodeLimit, decode,
-                    widen});
-    report.Compare({"TCVN3 to Unicode, " + size, "iconv", Target::Faster, decodeFaster, decode, iconvDecode});
-    report.Compare({"Unicode to TCVN3, " + size, "narrowing without mapping", Target::AtMost, encodeLimit, encode,
-                    narrowing});
-    report.Compare({"Unicode to TCVN3, " + size, "iconv", Target::Faster, encodeFaster, encode, iconvEncode});
+    report.Compare({"TCVN3 to Unicode, " + size, "widening without mapping", Target::AtMost,
+                    decodeLimit, decode, widen});
+    report.Compare(
+        {"TCVN3 to Unicode, " + size, "iconv", Target::Faster, decodeFaster, decode, iconvDecode});
+    report.Compare({"Unicode to TCVN3, " + size, "narrowing without mapping", Target::AtMost,
+                    encodeLimit, encode, narrowing});
+    report.Compare(
+        {"Unicode to TCVN3, " + size, "iconv", Target::Faster, encodeFaster, encode, iconvEncode});
 }
 
 } // namespace

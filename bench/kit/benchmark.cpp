@@ -23,7 +23,8 @@ std::size_t Calibrate(const Work& work) {
         const double taken = work(times);
         if (taken >= kSlice)
             return times;
-        times = taken < kSlice / 100 ? times * 10 : static_cast<std::size_t>(times * kSlice / taken * 1.2) + 1;
+        times = taken < kSlice / 100 ? times * 10
+                                     : static_cast<std::size_t>(times * kSlice / taken * 1.2) + 1;
     }
     return times;
 }
@@ -57,13 +58,14 @@ std::string Quoted(const std::string& text) {
 
 double Now() {
     using namespace std::chrono;
-    return static_cast<double>(duration_cast<nanoseconds>(steady_clock::now().time_since_epoch()).count());
+    return static_cast<double>(
+        duration_cast<nanoseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 Report::Report(std::string program, int argc, char** argv) : program_(std::move(program)) {
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--json") == 0)
-            json_ = true;
+        if (std::strcmp(argv[i], "--both") == 0)
+            both_ = true;
         else
             filter_ = argv[i];
     }
@@ -82,8 +84,8 @@ void Report::Compare(Comparison comparison) {
         ratios.push_back(comparison.kind == Target::Faster ? theirs.back() / ours.back()
                                                            : ours.back() / theirs.back());
     }
-    rows_.push_back({comparison.area, comparison.peer, comparison.kind, comparison.target, Median(ours),
-                     Median(theirs), Median(ratios)});
+    rows_.push_back({comparison.area, comparison.peer, comparison.kind, comparison.target,
+                     Median(ours), Median(theirs), Median(ratios)});
 }
 
 void Report::Note(Figure figure) {
@@ -91,48 +93,61 @@ void Report::Note(Figure figure) {
         figures_.push_back(std::move(figure));
 }
 
-int Report::Finish() {
-    if (json_) {
-        std::printf("{\"program\": %s, \"rows\": [", Quoted(program_).c_str());
-        const char* comma = "";
-        for (const Row& row : rows_) {
-            std::printf("%s\n  {\"area\": %s, \"peer\": %s, \"ns\": %.2f, \"peer_ns\": %.2f, \"ratio\": %.3f",
-                        comma, Quoted(row.area).c_str(), Quoted(row.peer).c_str(), row.ours, row.theirs,
-                        row.ratio);
-            if (row.kind != Target::Nothing)
-                std::printf(", \"%s\": %g, \"reached\": %s",
-                            row.kind == Target::AtMost ? "at_most" : "times_faster", row.target,
-                            Reached(row.kind, row.target, row.ratio) ? "true" : "false");
-            std::printf("}");
-            comma = ",";
-        }
-        for (const Figure& figure : figures_) {
-            std::printf("%s\n  {\"area\": %s, \"unit\": %s, \"value\": %.3f, \"limit\": %g}", comma,
-                        Quoted(figure.area).c_str(), Quoted(figure.unit).c_str(), figure.value, figure.limit);
-            comma = ",";
-        }
-        std::printf("\n]}\n");
-        return 0;
+void Report::PrintJson() const {
+    std::printf("{\"program\": %s, \"rows\": [", Quoted(program_).c_str());
+    const char* comma = "";
+    for (const Row& row : rows_) {
+        std::printf(
+            "%s\n  {\"area\": %s, \"peer\": %s, \"ns\": %.2f, \"peer_ns\": %.2f, \"ratio\": %.3f",
+            comma, Quoted(row.area).c_str(), Quoted(row.peer).c_str(), row.ours, row.theirs,
+            row.ratio);
+        if (row.kind != Target::Nothing)
+            std::printf(", \"%s\": %g, \"reached\": %s",
+                        row.kind == Target::AtMost ? "at_most" : "times_faster", row.target,
+                        Reached(row.kind, row.target, row.ratio) ? "true" : "false");
+        std::printf("}");
+        comma = ",";
     }
-    std::printf("| %s | here | limit or peer | there | ratio | target |\n|---|---|---|---|---|---|\n",
-                program_.c_str());
+    for (const Figure& figure : figures_) {
+        std::printf("%s\n  {\"area\": %s, \"unit\": %s, \"value\": %.3f, \"limit\": %g}", comma,
+                    Quoted(figure.area).c_str(), Quoted(figure.unit).c_str(), figure.value,
+                    figure.limit);
+        comma = ",";
+    }
+    std::printf("\n]}\n");
+}
+
+void Report::PrintTable(const char* margin) const {
+    std::printf(
+        "%s| %s | here | limit or peer | there | ratio | target |\n%s|---|---|---|---|---|---|\n",
+        margin, program_.c_str(), margin);
     for (const Row& row : rows_) {
         char target[48] = "";
         if (row.kind == Target::AtMost)
             std::snprintf(target, sizeof target, "at most %.4g", row.target);
         else if (row.kind == Target::Faster)
             std::snprintf(target, sizeof target, "at least %.4g times faster", row.target);
-        std::printf("| %s | %s | %s | %s | %.2f | %s%s |\n", row.area.c_str(), Duration(row.ours).c_str(),
-                    row.peer.c_str(), Duration(row.theirs).c_str(), row.ratio, target,
-                    row.kind == Target::Nothing || Reached(row.kind, row.target, row.ratio) ? ""
-                                                                                            : ": not reached");
+        const bool missed =
+            row.kind != Target::Nothing && !Reached(row.kind, row.target, row.ratio);
+        std::printf("%s| %s | %s | %s | %s | %.2f | %s%s |\n", margin, row.area.c_str(),
+                    Duration(row.ours).c_str(), row.peer.c_str(), Duration(row.theirs).c_str(),
+                    row.ratio, target, missed ? ": not reached" : "");
     }
     for (const Figure& figure : figures_) {
-        std::printf("| %s | %.5g %s | | | | ", figure.area.c_str(), figure.value, figure.unit.c_str());
+        std::printf("%s| %s | %.7g %s | | | | ", margin, figure.area.c_str(), figure.value,
+                    figure.unit.c_str());
         if (figure.limit > 0)
-            std::printf("at most %.5g%s", figure.limit, figure.value <= figure.limit ? "" : ": not reached");
+            std::printf("at most %.7g%s", figure.limit,
+                        figure.value <= figure.limit ? "" : ": not reached");
         std::printf(" |\n");
     }
+}
+
+int Report::Finish() const {
+    // Behind a mark the table may share a file with the JSON.
+    PrintTable(both_ ? "# " : "");
+    if (both_)
+        PrintJson();
     return 0;
 }
 

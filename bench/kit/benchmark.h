@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bench programs' clock and table: every case stands beside the limit or peer that it is compared with,
-// both run in turns within one process, and medians of many rounds are compared.
+// The bench programs' clock and table: every case stands beside the limit or peer that it is
+// compared with, both run in turns within one process, and medians of many rounds are compared.
 #pragma once
 
 #include <chrono>
@@ -28,7 +28,8 @@ template <class Body> Work Each(Body body) {
 }
 
 // Only the body counts, not what prepares it and cleans up after it.
-template <class Before, class Body, class After> Work Between(Before before, Body body, After after) {
+template <class Before, class Body, class After>
+Work Between(Before before, Body body, After after) {
     return [=](std::size_t times) mutable {
         double total = 0;
         for (std::size_t i = 0; i < times; ++i) {
@@ -81,8 +82,8 @@ public:
 
     void Compare(Comparison comparison);
     void Note(Figure figure);
-    // Prints the table, or JSON after --json; 0 for main to return.
-    int Finish();
+    // Prints the table, after --both also JSON; 0 for main to return.
+    int Finish() const;
 
 private:
     struct Row {
@@ -90,8 +91,11 @@ private:
         Target kind;
         double target, ours, theirs, ratio;
     };
+    void PrintTable(const char* margin) const;
+    void PrintJson() const;
+
     std::string program_, filter_;
-    bool json_ = false;
+    bool both_ = false;
     std::vector<Row> rows_;
     std::vector<Figure> figures_;
 };

@@ -80,8 +80,8 @@ inline constexpr char16_t kLastCode = 0xFE;
 inline constexpr char16_t kFirstLetter = 0x00C0;
 inline constexpr char16_t kLastLetter = 0x1EF9;
 
-// One entry for every character up to the last Vietnamese letter, most of them the character itself: 15 KB,
-// of which text touches a few hundred bytes, for a look-up without a branch.
+// One entry for every character up to the last Vietnamese letter, most of them the character
+// itself: 15 KB, of which text touches a few hundred bytes, for a look-up without a branch.
 constexpr std::array<char16_t, kLastLetter + 1> MakeEncodeTable() {
     std::array<char16_t, kLastLetter + 1> table{};
     for (std::size_t i = 0; i < table.size(); ++i)

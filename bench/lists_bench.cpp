@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// Filling and searching lists beside the controls' own messages, and virtual lists beside their
+// data.
+#include "controls/name_search.h"
+#include "forms/form.h"
+#include "forms/item_list.h"
+#include "forms/report_list.h"
+#include "kit/benchmark.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdio>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace bench;
+using namespace vndesk;
+
+std::vector<std::wstring> Names(std::size_t count) {
+    static constexpr const wchar_t* kParts[] = {L"NGUYỄN", L"TRẦN", L"LÊ",   L"PHẠM", L"HOÀNG",
+                                                L"VĂN",    L"THỊ",  L"HƯNG", L"LAN",  L"ĐỨC",
+                                                L"MINH",   L"ÁNH",  L"VŨ",   L"BÙI"};
+    std::mt19937 random(3);
+    std::vector<std::wstring> names;
+    for (std::size_t i = 0; i < count; ++i) {
+        std::wstring name = kParts[random() % std::size(kParts)];
+        for (int part = 0; part < 2; ++part)
+            name.append(L" ").append(kParts[random() % std::size(kParts)]);
+        names.push_back(name + L' ' + std::to_wstring(i));
+    }
+    return names;
+}
+
+constexpr ControlSpec kControls[] = {
+    {ControlKind::ListBoxW, L"List", L"", {0, 0, 4000, 4000}},
+    {ControlKind::ComboBoxW, L"Combo", L"", {0, 4200, 4000, 4000}},
+    {ControlKind::ListView, L"Report", L"", {4200, 0, 4000, 4000}},
+};
+constexpr FormSpec kForm = {L"Bench", L"Bench", 9000, 9000, FormBorder::Sizable, false, kControls};
+
+class Lists final : public Form {
+public:
+    Lists() : Form(kForm) { Load(); }
+    Control& Named(const wchar_t* name) { return Get(name); }
+};
+
+void MeasureFilling(Report& report, Lists& form, const wchar_t* name, UINT add, UINT reset,
+                    const std::vector<std::wstring>& names) {
+    Control& control = form.Named(name);
+    const HWND window = control.Window();
+    ItemList items(control);
+    const std::string size = std::to_string(names.size()) + " rows";
+    report.Compare({(add == LB_ADDSTRING ? "list box filled, " : "combo filled, ") + size,
+                    "the control's messages, redraw off",
+                    names.size() == 100000 ? Target::AtMost : Target::Nothing, 1.1,
+                    Between([&] { items.Clear(); },
+                            [&] {
+                                const ItemList::Filling filling(items);
+                                for (const std::wstring& text : names)
+                                    items.AddItem(text);
+                            },
+                            [] {}),
+                    Between([=] { SendMessageW(window, reset, 0, 0); },
+                            [&names, window, add] {
+                                SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+                                for (const std::wstring& text : names)
+                                    SendMessageW(window, add, 0,
+                                                 reinterpret_cast<LPARAM>(text.c_str()));
+                                SendMessageW(window, WM_SETREDRAW, TRUE, 0);
+                            },
+                            [] {}),
+                    9});
+}
+
+void MeasureSearch(Report& report, Lists& form, const std::vector<std::wstring>& names) {
+    const HWND list = form.Named(L"List").Window();
+    NameSearch search;
+    for (const std::wstring& name : names)
+        search.Add(name);
+    const std::string size = std::to_string(names.size()) + " rows";
+    NameSearch unsorted = search;
+    report.Compare({"names sorted for the search, " + size, "copying them", Target::Nothing, 0,
+                    Between([&] { search = unsorted; }, [&] { search.Index(); }, [] {}), Each([&] {
+                        const std::vector<std::wstring> copy = names;
+                        Keep(copy[0]);
+                    }),
+                    9});
+    // Not there: the list must look at all of them.
+    const std::wstring missing = L"VŨ HƯNG ÁNH X";
+    report.Compare({"name searched by its beginning, " + size, "LB_FINDSTRING", Target::Nothing, 0,
+                    Each([&] { Keep(search.Find(missing)); }), Each([&] {
+                        Keep(SendMessageW(list, LB_FINDSTRING, static_cast<WPARAM>(-1),
+                                          reinterpret_cast<LPARAM>(missing.c_str())));
+                    }),
+                    9});
+    const double begin = Now();
+    constexpr int kTimes = 10000;
+    for (int i = 0; i < kTimes; ++i)
+        Keep(search.Find(missing));
+    report.Note({"the same, one key", "us", (Now() - begin) / kTimes / 1e3,
+                 names.size() == 100000 ? 10.0 : 0});
+}
+
+void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>& names) {
+    const HWND window = form.Named(L"Report").Window();
+    ReportList list(form.Named(L"Report"),
+                    {{L"a", L"Tên", 0.4}, {L"b", L"Diễn giải", 0.4}, {L"c", L"Mã", 0.2}});
+    const std::string size = std::to_string(names.size()) + " rows";
+    std::vector<ReportRow> plain;
+    const auto fill = [&](std::vector<ReportRow>& rows) {
+        for (std::size_t i = 0; i < names.size(); ++i)
+            rows.push_back({L"T" + std::to_wstring(i), {names[i], names[i], L"1"}});
+    };
+    report.Compare({"report list filled and painted, " + size, "rows copied, virtual list painted",
+                    names.size() == 100000 ? Target::AtMost : Target::Nothing, 2,
+                    Between([&] { list.Rows().clear(); },
+                            [&] {
+                                fill(list.Rows());
+                                list.Refresh();
+                                UpdateWindow(window);
+                            },
+                            [] {}),
+                    Between([&] { plain.clear(); },
+                            [&] {
+                                fill(plain);
+                                SendMessageW(window, LVM_SETITEMCOUNT, plain.size(), 0);
+                                InvalidateRect(window, nullptr, TRUE);
+                                UpdateWindow(window);
+                            },
+                            [] {}),
+                    9});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CoInitialize(nullptr);
+    int code = 1;
+    try {
+        Report report("lists", argc, argv);
+        Lists form;
+        ShowWindow(GetParent(form.Named(L"List").Window()), SW_SHOW);
+        for (const std::size_t count : {1000, 10000, 100000}) {
+            const auto names = Names(count);
+            MeasureFilling(report, form, L"Combo", CB_ADDSTRING, CB_RESETCONTENT, names);
+            MeasureFilling(report, form, L"List", LB_ADDSTRING, LB_RESETCONTENT, names);
+            MeasureSearch(report, form, names);
+            MeasureReport(report, form, names);
+        }
+        code = report.Finish();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "lists_bench: %s\n", error.what());
+    }
+    CoUninitialize();
+    return code;
+}
