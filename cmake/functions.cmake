@@ -25,13 +25,13 @@ function(existing_sources result folder)
     set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# put_into_dist(target [subfolder]): a stripped copy of the result in dist/<arch>/.
+# put_into_dist(target [subfolder]): a copy of the result in dist/<arch>/, stripped for Windows.
 function(put_into_dist target)
     set(folder "${VNDESK_DIST}")
     if(ARGN)
         string(APPEND folder "/${ARGN}")
     endif()
-    if(CMAKE_STRIP AND NOT MSVC AND NOT CMAKE_BUILD_TYPE STREQUAL Debug)
+    if(CMAKE_STRIP AND WIN32 AND NOT MSVC AND NOT CMAKE_BUILD_TYPE STREQUAL Debug)
         set(copy ${CMAKE_STRIP} -o "${folder}/$<TARGET_FILE_NAME:${target}>" $<TARGET_FILE:${target}>)
     else()
         set(copy ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:${target}> "${folder}/")

@@ -31,6 +31,20 @@ else()
     add_link_options(-Wl,--gc-sections)
 endif()
 
+if(NOT WIN32 AND NOT MSVC)
+    option(VNDESK_SANITIZE "Native code stops at every wrong access to memory, leak and undefined step" ON)
+    if(VNDESK_SANITIZE)
+        set(checks -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+        if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+            # The counters by which the fuzz targets find new ways through the code.
+            list(APPEND checks -fsanitize=fuzzer-no-link)
+        endif()
+        add_compile_options(${checks} -fno-omit-frame-pointer)
+        add_compile_definitions(_GLIBCXX_ASSERTIONS)
+        add_link_options(${checks})
+    endif()
+endif()
+
 if(WIN32)
     # Windows 7 is the oldest system served.
     target_compile_definitions(vndesk_options INTERFACE
