@@ -35,6 +35,19 @@ TEST(AdoDialect, OnlyAsciiLettersOfNamesAreFolded) {
               TranslateStatement(L"Select [Đơn Vị] From t", kPostgres));
 }
 
+TEST(AdoDialect, WhatIsRewrittenStaysApart) {
+    // Two names, two texts: side by side the engine would read one.
+    EXPECT_EQ(L"Select \"a\" \"b\", \"q\" \"c\" From t",
+              TranslateStatement(L"Select [a][b], \"q\"[c] From t", kPostgres));
+    EXPECT_EQ(L"Name='x' 'y'", TranslateStatement(L"Name='x'N'y'", kSqlite));
+    EXPECT_EQ(L"d between DATE '2020-01-02'and DATE '2020-01-03'",
+              TranslateStatement(L"d between#1/2/2020#and#1/3/2020#", kPostgres));
+    EXPECT_EQ(L"x '2020-01-02'", TranslateStatement(L"x#1/2/2020#", kSqlite)) << "no blob";
+    // What nobody touches stays as it is.
+    EXPECT_EQ(L"Select x'00', 'a''b', [a][b]",
+              TranslateStatement(L"Select x'00', 'a''b', [a][b]", kSqlite));
+}
+
 TEST(AdoDialect, NationalText) {
     EXPECT_EQ(L"Select 'Người', 'O''B\\n'",
               TranslateStatement(L"Select N'Người', n'O''B\\n'", kPostgres));

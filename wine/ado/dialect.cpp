@@ -40,8 +40,6 @@ std::wstring Bracket(std::wstring_view name) {
 
 // The inside of a bracketed name, put between the engine's own quotes.
 std::wstring TranslateName(std::wstring_view bracketed, const Dialect& dialect) {
-    if (!dialect.openName)
-        return std::wstring(bracketed);
     const std::wstring_view inner = bracketed.substr(1, bracketed.size() - 2);
     std::wstring name(1, dialect.openName);
     for (std::size_t i = 0; i < inner.size(); ++i) {
@@ -55,10 +53,10 @@ std::wstring TranslateName(std::wstring_view bracketed, const Dialect& dialect) 
     return name + dialect.closeName;
 }
 
-std::wstring TranslateDate(std::wstring_view literal, DateStyle style) {
+std::optional<std::wstring> TranslateDate(std::wstring_view literal, DateStyle style) {
     const std::optional<DateValue> date = ParseDateLiteral(literal.substr(1, literal.size() - 2));
     if (!date || style == DateStyle::Native)
-        return std::wstring(literal);
+        return std::nullopt;
     const std::wstring text = L"'" + IsoText(*date) + L"'";
     const bool timeOnly = date->year == 0;
     switch (style) {
@@ -71,23 +69,41 @@ std::wstring TranslateDate(std::wstring_view literal, DateStyle style) {
     }
 }
 
+// The token as the engine spells it; nothing when that is how it is written.
+std::optional<std::wstring> Translate(const Token& token, const Dialect& dialect) {
+    switch (token.kind) {
+    case TokenKind::Bracketed:
+        return dialect.openName ? std::optional(TranslateName(token.text, dialect)) : std::nullopt;
+    case TokenKind::NationalText:
+        return dialect.nationalText ? std::nullopt
+                                    : std::optional(std::wstring(token.text.substr(1)));
+    case TokenKind::Date:
+        return TranslateDate(token.text, dialect.dates);
+    case TokenKind::Unclosed: // the engine says best what is wrong with it
+    default:
+        return std::nullopt;
+    }
+}
+
+// Whether texts that end and begin so are read as one: 'a''b', "a""b", andDATE, x'2020'.
+bool RunTogether(wchar_t last, wchar_t first) {
+    const bool quote = first == L'\'' || first == L'"' || first == L'`';
+    return (quote && last == first) || (IsWordPart(last) && (IsWordPart(first) || first == L'\''));
+}
+
+// What was rewritten is kept apart from its neighbours: [a][b] are two names in any quotes.
 std::wstring Join(const std::vector<Token>& tokens, const Dialect& dialect) {
     std::wstring statement;
-    for (const auto& [kind, text] : tokens)
-        switch (kind) {
-        case TokenKind::Bracketed:
-            statement += TranslateName(text, dialect);
-            break;
-        case TokenKind::NationalText:
-            statement += dialect.nationalText ? text : text.substr(1);
-            break;
-        case TokenKind::Date:
-            statement += TranslateDate(text, dialect.dates);
-            break;
-        case TokenKind::Unclosed: // the engine says best what is wrong with it
-        default:
-            statement += text;
-        }
+    bool lastRewritten = false;
+    for (const Token& token : tokens) {
+        const std::optional<std::wstring> rewritten = Translate(token, dialect);
+        const std::wstring_view text = rewritten ? std::wstring_view(*rewritten) : token.text;
+        if ((rewritten || lastRewritten) && !statement.empty() &&
+            RunTogether(statement.back(), text.front()))
+            statement += L' ';
+        statement += text;
+        lastRewritten = rewritten.has_value();
+    }
     return statement;
 }
 

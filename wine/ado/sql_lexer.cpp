@@ -21,10 +21,6 @@ bool IsLetter(wchar_t ch) {
     return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z') || ch == L'_' || ch > 0xA0;
 }
 
-bool IsWordPart(wchar_t ch) {
-    return IsLetter(ch) || IsDigit(ch) || ch == L'$' || ch == L'@';
-}
-
 class Lexer {
 public:
     explicit Lexer(std::wstring_view text) : text_(text) {}
@@ -123,6 +119,10 @@ private:
 };
 
 } // namespace
+
+bool IsWordPart(wchar_t ch) {
+    return IsLetter(ch) || IsDigit(ch) || ch == L'$' || ch == L'@';
+}
 
 std::vector<Token> ReadTokens(std::wstring_view statement) {
     return Lexer(statement).Run();

@@ -24,6 +24,9 @@ struct Token {
     std::wstring_view text;
 };
 
+// Whether a name, a keyword or a number may hold the character.
+bool IsWordPart(wchar_t ch);
+
 // The texts of all tokens joined give the statement again.
 std::vector<Token> ReadTokens(std::wstring_view statement);
 
