@@ -34,6 +34,14 @@ TEST(AdoDate, LiteralTimes) {
     EXPECT_EQ(L"2020-01-02 15:04:00", Literal(L" 1/2/2020 3:04 PM "));
     EXPECT_EQ(L"00:30:00", Literal(L"12:30 AM"));
     EXPECT_EQ(L"12:30:00", Literal(L"12:30 pm"));
+    EXPECT_EQ(L"2020-01-02 15:00:00", Literal(L"1/2/2020 3 PM"));
+    EXPECT_EQ(L"00:00:00", Literal(L"12AM"));
+    EXPECT_EQ(L"00:30:00", Literal(L"0:30 am"));
+}
+
+TEST(AdoDate, BlanksInLiteralsDoNotMatter) {
+    EXPECT_EQ(L"2020-01-02", Literal(L" 1 / 2 / 2020 "));
+    EXPECT_EQ(L"2020-01-02 03:04:05", Literal(L"1/2/2020  3 : 04 : 05"));
 }
 
 TEST(AdoDate, WhatIsNoLiteral) {

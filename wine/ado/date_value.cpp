@@ -49,6 +49,15 @@ public:
         return true;
     }
 
+    // Blanks around it do not matter.
+    bool TakeSeparator(char ch) {
+        SkipBlanks();
+        const bool taken = Take(ch);
+        if (taken)
+            SkipBlanks();
+        return taken;
+    }
+
     bool TakeEither(char first, char second) { return Take(first) || Take(second); }
 
     void SkipBlanks() {
@@ -80,7 +89,7 @@ private:
     std::size_t position_ = 0;
 };
 
-template <class Char> bool ReadTime(Scanner<Char>& scanner, DateValue& date) {
+bool ReadIsoTime(Scanner<char>& scanner, DateValue& date) {
     if (!scanner.Number(date.hour) || !scanner.Take(':') || !scanner.Number(date.minute))
         return false;
     if (scanner.Take(':') && !scanner.Number(date.second))
@@ -89,14 +98,21 @@ template <class Char> bool ReadTime(Scanner<Char>& scanner, DateValue& date) {
     return true;
 }
 
-// "AM" and "PM" after a time.
-bool ReadHalfOfDay(Scanner<wchar_t>& scanner, DateValue& date) {
+// As users type it: AM or PM may follow, and with it the hour may stand alone.
+bool ReadLiteralTime(Scanner<wchar_t>& scanner, DateValue& date) {
+    if (!scanner.Number(date.hour))
+        return false;
+    const bool minutes = scanner.TakeSeparator(':');
+    if (minutes && (!scanner.Number(date.minute) ||
+                    (scanner.TakeSeparator(':') && !scanner.Number(date.second))))
+        return false;
+    date.hasTime = true;
     scanner.SkipBlanks();
     const bool morning = scanner.TakeEither('A', 'a');
     const bool evening = !morning && scanner.TakeEither('P', 'p');
     if (!morning && !evening)
-        return true;
-    if (!scanner.TakeEither('M', 'm') || date.hour < 1 || date.hour > 12)
+        return minutes;
+    if (!scanner.TakeEither('M', 'm') || date.hour > 12)
         return false;
     date.hour = date.hour % 12 + (evening ? 12 : 0);
     return true;
@@ -106,11 +122,12 @@ bool ReadLiteralDate(Scanner<wchar_t>& scanner, DateValue& date) {
     int first, second, third, firstDigits, thirdDigits;
     if (!scanner.Number(first, firstDigits))
         return false;
+    scanner.SkipBlanks();
     const char separator = scanner.Next();
     if (separator != '/' && separator != '-' && separator != '.')
         return false;
-    if (!scanner.Take(separator) || !scanner.Number(second) || !scanner.Take(separator) ||
-        !scanner.Number(third, thirdDigits))
+    if (!scanner.TakeSeparator(separator) || !scanner.Number(second) ||
+        !scanner.TakeSeparator(separator) || !scanner.Number(third, thirdDigits))
         return false;
     if (firstDigits == 4) {
         date.year = first;
@@ -154,7 +171,7 @@ std::optional<DateValue> ParseDateLiteral(std::wstring_view text) {
         scanner.Return(start);
         date = {};
     }
-    if (!scanner.AtEnd() && (!ReadTime(scanner, date) || !ReadHalfOfDay(scanner, date)))
+    if (!scanner.AtEnd() && !ReadLiteralTime(scanner, date))
         return std::nullopt;
     scanner.SkipBlanks();
     if (!scanner.AtEnd() || !IsTime(date) || (date.year == 0 && !date.hasTime))
@@ -180,7 +197,7 @@ std::optional<DateValue> ParseIsoDate(std::string_view text) {
         if (!scanner.TakeEither(' ', 'T'))
             return std::nullopt;
     }
-    if (!ReadTime(scanner, date) || !IsTime(date))
+    if (!ReadIsoTime(scanner, date) || !IsTime(date))
         return std::nullopt;
     int dropped;
     if (scanner.Take('.') && !scanner.Number(dropped))
