@@ -41,6 +41,14 @@ TEST(AdoConnectionString, EmptyItemsDoNotMatter) {
     EXPECT_TRUE(ConnectionString(L"").Items().empty());
 }
 
+TEST(AdoConnectionString, OfAKeyGivenTwiceTheLastCounts) {
+    ConnectionString string(L"a=1;A=2");
+    EXPECT_EQ(L"2", string.Value(L"a"));
+    string.Set(L"a", L"3");
+    EXPECT_EQ(L"3", string.Value(L"a"));
+    EXPECT_EQ(2u, string.Items().size());
+}
+
 TEST(AdoConnectionString, WhatIsNone) {
     EXPECT_THROW(ConnectionString(L"junk"), std::invalid_argument);
     EXPECT_THROW(ConnectionString(L"a=1;junk;b=2"), std::invalid_argument);

@@ -90,27 +90,28 @@ ConnectionString::ConnectionString(std::wstring_view text) {
     }
 }
 
+std::size_t ConnectionString::Find(std::wstring_view key) const {
+    for (std::size_t i = items_.size(); i-- > 0;)
+        if (EqualsIgnoringCase(items_[i].key, key))
+            return i;
+    return items_.size();
+}
+
 std::wstring_view ConnectionString::Value(std::wstring_view key) const {
-    for (auto item = items_.rbegin(); item != items_.rend(); ++item)
-        if (EqualsIgnoringCase(item->key, key))
-            return item->value;
-    return {};
+    const std::size_t i = Find(key);
+    return i < items_.size() ? std::wstring_view(items_[i].value) : std::wstring_view();
 }
 
 bool ConnectionString::Has(std::wstring_view key) const {
-    for (const ConnectionItem& item : items_)
-        if (EqualsIgnoringCase(item.key, key))
-            return true;
-    return false;
+    return Find(key) < items_.size();
 }
 
 void ConnectionString::Set(std::wstring_view key, std::wstring_view value) {
-    for (ConnectionItem& item : items_)
-        if (EqualsIgnoringCase(item.key, key)) {
-            item.value = value;
-            return;
-        }
-    items_.push_back({std::wstring(key), std::wstring(value)});
+    const std::size_t i = Find(key);
+    if (i < items_.size())
+        items_[i].value = value;
+    else
+        items_.push_back({std::wstring(key), std::wstring(value)});
 }
 
 std::wstring_view TrimProvider(std::wstring_view provider) {

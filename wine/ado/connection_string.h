@@ -2,6 +2,7 @@
 // Connection strings: reading them, and turning what hosts write into what ODBC reads.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,9 @@ public:
     const std::vector<ConnectionItem>& Items() const { return items_; }
 
 private:
+    // The last one with the key; the number of items when there is none.
+    std::size_t Find(std::wstring_view key) const;
+
     std::vector<ConnectionItem> items_;
 };
 
