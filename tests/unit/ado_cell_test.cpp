@@ -14,7 +14,7 @@ TEST(AdoCell, Integers) {
     EXPECT_EQ(-5, ParseInteger("-5"));
     EXPECT_EQ(7, ParseInteger("+7"));
     EXPECT_EQ(9223372036854775807, ParseInteger("9223372036854775807"));
-    for (const char* text : {"", "abc", "1.5", " 1", "1 ", "9223372036854775808", "-", "+"})
+    for (const char* text : {"", "abc", "1.5", " 1", "1 ", "9223372036854775808", "-", "+", "+-5"})
         EXPECT_FALSE(ParseInteger(text)) << text;
 }
 
@@ -24,7 +24,7 @@ TEST(AdoCell, Doubles) {
     EXPECT_EQ(1e300, ParseDouble("1.0e+300"));
     EXPECT_EQ(.5, ParseDouble(".5"));
     EXPECT_EQ(5000000000.0, ParseDouble("5000000000"));
-    for (const char* text : {"", "abc", "1,5", "nan", "inf", "-inf", "1e999", "0x10", "."})
+    for (const char* text : {"", "abc", "1,5", "nan", "inf", "-inf", "1e999", "0x10", ".", "+-1"})
         EXPECT_FALSE(ParseDouble(text)) << text;
 }
 
@@ -44,6 +44,13 @@ TEST(AdoCell, Utf8BothWays) {
     EXPECT_EQ("\xF0\x9F\x98\x80", ToUtf8(L"\U0001F600"));
     EXPECT_EQ("Ng\xC6\xB0\xE1\xBB\x9Di", ToUtf8(L"Người"));
     EXPECT_EQ(std::wstring(L"a\0b", 3), FromUtf8(std::string_view("a\0b", 3)));
+}
+
+TEST(AdoCell, WhatIsNoCharacterIsWrittenAsReplacement) {
+    EXPECT_EQ("\xEF\xBF\xBDx", ToUtf8(std::wstring{static_cast<wchar_t>(0xD800), L'x'}));
+    if (sizeof(wchar_t) == 4) {
+        EXPECT_EQ("\xEF\xBF\xBD", ToUtf8(std::wstring(1, static_cast<wchar_t>(0x110000))));
+    }
 }
 
 TEST(AdoCell, BrokenUtf8BecomesReplacementCharacters) {

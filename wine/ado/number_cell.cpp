@@ -8,7 +8,8 @@ namespace vndesk::ado {
 namespace {
 
 template <class Number> std::optional<Number> Parse(std::string_view text) {
-    if (!text.empty() && text.front() == '+')
+    // The standard function reads a minus, but no plus.
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     Number value{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

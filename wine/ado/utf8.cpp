@@ -87,9 +87,9 @@ std::string ToUtf8(std::wstring_view text) {
         if (sizeof(wchar_t) == 2)
             code &= 0xFFFF;
         const bool high = code >= 0xD800 && code < 0xDC00;
-        if (high && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00)
-            code = 0x10000 + ((code - 0xD800) << 10) + ((text[++i] & 0xFFFF) - 0xDC00);
-        else if (code >= 0xD800 && code < 0xE000)
+        if (high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000)
+            code = 0x10000 + ((code - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+        else if ((code >= 0xD800 && code < 0xE000) || code > 0x10FFFF)
             code = kReplacement;
         AppendUtf8(bytes, code);
     }
