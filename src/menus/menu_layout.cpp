@@ -58,7 +58,7 @@ ItemLayout LayoutItem(const Box& item, const LayoutOptions& options, const MenuM
     layout.image.right = std::min(item.left + frame, item.right);
     layout.picture = Centred(layout.image, metrics.imageSize);
 
-    const int arrow = metrics.imageSize - Scaled(kArrowRoom, metrics);
+    const int arrow = std::max(0, metrics.imageSize - Scaled(kArrowRoom, metrics));
     layout.arrow = {std::max(item.left, item.right - arrow), item.top, item.right, item.bottom};
     layout.text = {std::min(layout.image.right + Scaled(kTextGap, metrics), layout.arrow.left),
                    item.top, layout.arrow.left, item.bottom};
@@ -75,7 +75,7 @@ ItemLayout LayoutItem(const Box& item, const LayoutOptions& options, const MenuM
     if (options.rightToLeft)
         for (Box* box : {&layout.image, &layout.picture, &layout.text, &layout.shortcut,
                          &layout.arrow, &layout.selection})
-            if (box->Width() > 0)
+            if (box != &layout.shortcut || options.shortcutWidth > 0)
                 *box = Mirrored(*box, item);
     return layout;
 }

@@ -121,6 +121,14 @@ TEST(MenuLayout, NarrowItemHasNoNegativePieces) {
     }
 }
 
+TEST(MenuLayout, WithoutPicturesTheArrowStaysInside) {
+    MenuMetrics metrics = At(96);
+    metrics.imageSize = 0;
+    const ItemLayout layout = LayoutItem(kItem, {}, metrics);
+    EXPECT_EQ(kItem.right, layout.arrow.left);
+    EXPECT_EQ(kItem.right, layout.text.right);
+}
+
 TEST(MenuLayout, SeparatorLineIsTheMiddleLessOne) {
     EXPECT_EQ(40 + 11 - 1, SeparatorLine(kItem));
     EXPECT_EQ(9, SeparatorLine({0, 0, 10, 20}));
