@@ -1,11 +1,13 @@
 # SPDX-License-Identifier: MIT
 # The commands of the project; what they do is in scripts/.
-.PHONY: build test demo format check-format bench installer setup setup-x86 clean
+.PHONY: build test fuzz demo format check-format bench installer setup setup-x86 clean
 
 build:
 	@scripts/build
 test:
 	@scripts/test
+fuzz:
+	@scripts/build native && scripts/fuzz
 demo: build
 	@scripts/demo
 format:
