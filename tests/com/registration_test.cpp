@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "registered_dll.h"
+#include "registry_edit.h"
 #include "support/check_hr.h"
 #include "support/temp_dir.h"
 #include "support/text.h"
@@ -38,33 +39,6 @@ std::wstring Under(const std::wstring& key) {
 
 std::wstring Join(const std::wstring& key, const wchar_t* rest) {
     return Under(key + L"\\" + rest);
-}
-
-void SetText(HKEY root, const std::wstring& key, const wchar_t* name, const std::wstring& text,
-             REGSAM view = 0) {
-    HKEY opened = nullptr;
-    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(root, key.c_str(), 0, nullptr, 0, KEY_WRITE | view,
-                                             nullptr, &opened, nullptr));
-    EXPECT_EQ(ERROR_SUCCESS,
-              RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                             static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
-    RegCloseKey(opened);
-}
-
-// By full names: below an opened key the other view is not kept.
-void DeleteTree(HKEY root, const std::wstring& key, REGSAM view = 0) {
-    for (;;) {
-        HKEY opened = nullptr;
-        wchar_t name[256];
-        if (RegOpenKeyExW(root, key.c_str(), 0, KEY_READ | view, &opened) != ERROR_SUCCESS)
-            return;
-        const LSTATUS found = RegEnumKeyW(opened, 0, name, 256);
-        RegCloseKey(opened);
-        if (found != ERROR_SUCCESS)
-            break;
-        DeleteTree(root, key + L"\\" + name, view);
-    }
-    EXPECT_EQ(ERROR_SUCCESS, RegDeleteKeyExW(root, key.c_str(), view, 0)) << ToUtf8(key);
 }
 
 // All classes of the machine: some ten thousand keys, so not for every test.
