@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// The version stands in project() of CMakeLists.txt; what is written by hand elsewhere agrees with
+// it.
+#include <gtest/gtest.h>
+
+#include "documents.h"
+#include "vndesk_version.h"
+
+using namespace vndesk::test;
+
+namespace {
+
+// The text between two marks; empty where they are not.
+std::string Between(const std::string& text, const std::string& before, const std::string& after) {
+    const std::size_t at = text.find(before);
+    if (at == std::string::npos)
+        return {};
+    const std::size_t start = at + before.size();
+    return text.substr(start, text.find(after, start) - start);
+}
+
+} // namespace
+
+TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
+    const std::string version = VNDESK_SHORT_VERSION;
+    EXPECT_EQ(version, Between(ReadSource("CMakeLists.txt"), "project(VnDesk VERSION ", " "));
+    const std::string idl = ReadSource("src/com/vndesk.idl");
+    EXPECT_EQ(version, Between(idl, "version(", ")"));
+    EXPECT_EQ(version, Between(idl, "helpstring(\"VnDesk ", ":"));
+    // The newest entry comes first; a date or a word may follow.
+    const std::string newest = Between(ReadSource("CHANGELOG.md"), "\n## ", "\n");
+    EXPECT_EQ(version, newest.substr(0, newest.find_first_of(", ")));
+    EXPECT_EQ(version, Between(ReadSource("README.md"), "reference to \"VnDesk ", "\""));
+    EXPECT_EQ(version + ".0.0", VNDESK_VERSION);
+}
+
+TEST(Version, IsWrittenIntoNoResourceByHand) {
+    for (const char* resource :
+         {"src/com/vndesk.rc", "wine/ado/adobridge.rc", "tools/check/check.rc"})
+        for (const std::string& line : Lines(ReadSource(resource)))
+            if (line.find("VERSION ") == 0 || line.find("FILEVERSION") == 0 ||
+                line.find("PRODUCTVERSION") == 0 || line.find("\"FileVersion\"") != line.npos ||
+                line.find("\"ProductVersion\"") != line.npos) {
+                EXPECT_NE(std::string::npos, line.find("VNDESK_")) << resource << ": " << line;
+            }
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// vndesk-check: tells in plain words whether VnDesk can be used on this machine, and what is wrong.
+#include <windows.h>
+
+#include "com/kit/com_error.h"
+#include "machine.h"
+#include "options.h"
+#include "probes.h"
+#include "report.h"
+#include "vndesk_version.h"
+
+namespace {
+
+using namespace vndesk::check;
+
+// A console gets Unicode, a file or pipe UTF-8.
+void Print(DWORD stream, const std::wstring& text) {
+    const HANDLE output = GetStdHandle(stream);
+    DWORD mode = 0, written = 0;
+    if (GetConsoleMode(output, &mode) &&
+        WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
+        return;
+    const int length = static_cast<int>(text.size());
+    std::string bytes(
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
+                        static_cast<int>(bytes.size()), nullptr, nullptr);
+    WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+Language UserLanguage() {
+    return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_VIETNAMESE ? Language::Vietnamese
+                                                                        : Language::English;
+}
+
+Findings Check() {
+    Findings findings;
+    const OwnTypeLibrary own = ReadOwnTypeLibrary();
+    ProbeSystem(findings);
+    const std::wstring library = ProbeRegistration(own, findings);
+    ProbeTypeLibrary(own, library, findings);
+    ProbeAdo(findings);
+    ProbeOdbc(findings);
+    ProbeControls(findings);
+    ProbeFonts(findings);
+    return findings;
+}
+
+int Run(const Options& options, Language language) {
+    // The library's objects live in a single-threaded apartment.
+    vndesk::CheckHr(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    const Findings findings = Check();
+    CoUninitialize();
+    const auto report = options.json ? JsonReport : TextReport;
+    Print(STD_OUTPUT_HANDLE, report(findings, {VNDESK_WIDE_VERSION, kBits}, language));
+    return ExitCode(findings);
+}
+
+} // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    const Options options = ParseOptions({argv + 1, argv + argc});
+    const Language language = options.language.value_or(UserLanguage());
+    const std::wstring usage = FrameOf(language).usage;
+    if (!options.wrong.empty()) {
+        Print(STD_ERROR_HANDLE, L"vndesk-check: " + options.wrong + L"?\n\n" + usage);
+        return kCouldNotCheck;
+    }
+    if (options.action == Action::Help) {
+        Print(STD_OUTPUT_HANDLE, usage);
+        return 0;
+    }
+    if (options.action == Action::Version) {
+        Print(STD_OUTPUT_HANDLE, L"vndesk-check " VNDESK_WIDE_VERSION L"\n");
+        return 0;
+    }
+    int code = kCouldNotCheck;
+    const vndesk::ErrorState error = vndesk::Trap([&] { code = Run(options, language); });
+    if (error)
+        Print(STD_ERROR_HANDLE, L"vndesk-check: " + ErrorText(error.code) + L"\n");
+    return code;
+}

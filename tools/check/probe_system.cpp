@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The system: its name and bitness, Wine, the ANSI code page.
+#include "probes.h"
+
+#include "machine.h"
+
+namespace vndesk::check {
+
+namespace {
+
+int SystemBits() {
+    SYSTEM_INFO info = {};
+    GetNativeSystemInfo(&info);
+    return info.wProcessorArchitecture == PROCESSOR_ARCHITECTURE_INTEL ? 32 : 64;
+}
+
+// GetVersionEx tells programs without a manifest of the newest system an older number.
+std::wstring SystemName() {
+    const auto version = reinterpret_cast<LONG(WINAPI*)(OSVERSIONINFOW*)>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion"));
+    OSVERSIONINFOW info = {};
+    info.dwOSVersionInfoSize = sizeof info;
+    if (!version || version(&info) != 0)
+        return L"Windows";
+    return L"Windows " + std::to_wstring(info.dwMajorVersion) + L"." +
+           std::to_wstring(info.dwMinorVersion) + L"." + std::to_wstring(info.dwBuildNumber);
+}
+
+} // namespace
+
+void ProbeSystem(Findings& findings) {
+    findings.push_back({Id::System, {kBitsText, SystemName(), std::to_wstring(SystemBits())}});
+    if (const std::wstring wine = WineVersion(); !wine.empty())
+        findings.push_back({Id::Wine, {wine}});
+    const UINT codePage = GetACP();
+    findings.push_back(
+        {codePage == CP_UTF8 ? Id::CodePageUtf8 : Id::CodePage, {std::to_wstring(codePage)}});
+}
+
+} // namespace vndesk::check
