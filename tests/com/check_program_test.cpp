@@ -108,7 +108,7 @@ TEST_F(CheckProgramTest, FindsNothingWrongWhereTheLibraryIsRegistered) {
     EXPECT_TRUE(found.Has(RunningUnderWine() ? L"ado-bridge" : L"ado-ready"));
 }
 
-TEST_F(CheckProgramTest, SaysTheSameInBothLanguages) {
+TEST(CheckProgramOutputTest, SaysTheSameInBothLanguages) {
     const Printed english = RunCheck({L"--en"}), vietnamese = RunCheck({L"--vi"});
     EXPECT_EQ(0u, english.code);
     EXPECT_EQ(0u, vietnamese.code);
@@ -118,7 +118,7 @@ TEST_F(CheckProgramTest, SaysTheSameInBothLanguages) {
     EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"\nVnDesk dùng được.\n"));
 }
 
-TEST_F(CheckProgramTest, TellsItsVersionItsUsageAndWhatItDoesNotUnderstand) {
+TEST(CheckProgramOutputTest, TellsItsVersionItsUsageAndWhatItDoesNotUnderstand) {
     const Printed version = RunCheck({L"--version"});
     EXPECT_EQ(0u, version.code);
     EXPECT_EQ(L"vndesk-check " VNDESK_WIDE_VERSION L"\n", version.text);
@@ -203,6 +203,31 @@ TEST_F(CheckProgramTest, TellsThatTheFileIsNoLibrary) {
     EXPECT_EQ((Names{L"library-not-a-library", L"type-library-not-loaded"}), found.bad);
     EXPECT_EQ(text, found.Values(L"library-not-a-library").at(0));
     EXPECT_EQ(text, found.Values(L"type-library-not-loaded").at(0));
+}
+
+// Writes one more than there is into the first part of the file's version.
+void RaiseVersion(const std::wstring& path) {
+    std::fstream file(std::filesystem::path(path), std::ios::in | std::ios::out | std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    // VS_FIXEDFILEINFO: signature, version of the structure, then the file's, its low word first.
+    const size_t at = bytes.find(std::string("\xBD\x04\xEF\xFE\x00\x00\x01\x00", 8));
+    ASSERT_NE(std::string::npos, at);
+    file.seekp(static_cast<std::streamoff>(at + 10));
+    file.put(static_cast<char>(bytes[at + 10] + 1));
+    EXPECT_TRUE(file.good());
+}
+
+TEST_F(CheckProgramTest, TellsThatTheLibraryHasAnotherVersion) {
+    const std::wstring newer = CopyOfDll();
+    RaiseVersion(newer);
+    ServeAllClassesFrom(newer);
+    SetText(HKEY_LOCAL_MACHINE, TypeLibraryKey(), nullptr, newer);
+    const Found found;
+    EXPECT_EQ(1u, found.code);
+    EXPECT_EQ(Names{L"library-version-differs"}, found.bad);
+    const std::wstring version = found.Values(L"library-version-differs").at(0);
+    EXPECT_EQ(std::stoi(VNDESK_WIDE_VERSION) + 1, std::stoi(version)) << ToUtf8(version);
+    EXPECT_EQ(VNDESK_WIDE_VERSION, found.Values(L"library-version-differs").at(1));
 }
 
 TEST_F(CheckProgramTest, TellsEachDamagedEntry) {
@@ -290,14 +315,47 @@ TEST_F(CheckProgramTest, TellsAnAdoThatDoesNotServe) {
         EXPECT_EQ(2u, found.code);
         EXPECT_TRUE(found.bad.count(L"ado-missing"));
         EXPECT_EQ(L"ADODB.Connection", found.Values(L"ado-missing").at(0));
+        // Without the bridge providers would be needed.
+        EXPECT_TRUE(found.Has(L"provider-no-jet"));
+        EXPECT_TRUE(found.Has(L"provider-no-sql-server"));
+        EXPECT_EQ(L"MSDASQL", found.Values(L"providers-present").at(1));
     }
+    const std::wstring odbc = RegistryText(HKEY_LOCAL_MACHINE, Under(L"MSDASQL\\CLSID"));
+    Replace(HKEY_LOCAL_MACHINE, Under(L"CLSID\\" + odbc + L"\\InprocServer32"),
+            folder_.File(L"msdasql.dll"));
     wchar_t wines[MAX_PATH];
     ExpandEnvironmentStringsW(L"%CommonProgramFiles%\\System\\ADO\\msado15.dll", wines, MAX_PATH);
     SetText(HKEY_LOCAL_MACHINE, server, nullptr, wines);
     const Found found;
     EXPECT_EQ(2u, found.code);
-    EXPECT_TRUE(found.bad.count(L"ado-bridge-missing"));
+    EXPECT_EQ((Names{L"ado-bridge-missing", L"provider-broken", L"provider-none"}), found.bad);
     EXPECT_EQ(wines, found.Values(L"ado-bridge-missing").at(0));
+}
+
+// Fonts and theme of a new program; other systems keep them elsewhere.
+TEST_F(CheckProgramTest, TellsAFontWithoutVietnameseLettersAndAThemeSwitchedOff) {
+    if (!RunningUnderWine())
+        GTEST_SKIP() << "fonts can be exchanged for a test under Wine only";
+    const std::wstring fonts = L"Software\\Wine\\Fonts\\Replacements";
+    const std::wstring theme = L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager";
+    const std::wstring active = RegistryText(HKEY_CURRENT_USER, theme, L"ThemeActive");
+    AtEnd([=] {
+        RegDeleteKeyValueW(HKEY_CURRENT_USER, fonts.c_str(), L"Arial");
+        if (active.empty())
+            RegDeleteKeyValueW(HKEY_CURRENT_USER, theme.c_str(), L"ThemeActive");
+        else
+            SetText(HKEY_CURRENT_USER, theme, L"ThemeActive", active);
+    });
+    SetText(HKEY_CURRENT_USER, fonts, L"Arial", L"Marlett");
+    SetText(HKEY_CURRENT_USER, theme, L"ThemeActive", L"0");
+    const Found found;
+    EXPECT_EQ(1u, found.code);
+    EXPECT_EQ(Names{L"font-no-vietnamese"}, found.bad);
+    const auto values = found.Values(L"font-no-vietnamese");
+    EXPECT_EQ(L"Arial", values.at(0));
+    EXPECT_EQ(L"134", values.at(3));
+    EXPECT_NE(L"", values.at(4));
+    EXPECT_TRUE(found.Has(L"theme-off"));
 }
 
 // --- versions ---

@@ -125,6 +125,15 @@ TEST_F(RegistrationFreeTest, EveryClassIsFoundByIdentifierAndByName) {
     }
 }
 
+TEST_F(RegistrationFreeTest, GoesBeforeTheLibraryThatIsRegistered) {
+    ASSERT_SUCCEEDED(DllExport<DllMoment>("DllRegisterServer")());
+    ComPtr<IDispatch> registered = classes_[0].Create();
+    EXPECT_PRED2(SameFile, dll_, FileOf(registered.Get()));
+    const ActivationContext::Active active(*context_);
+    ComPtr<IDispatch> own = classes_[0].Create();
+    EXPECT_PRED2(SameFile, copy_, FileOf(own.Get()));
+}
+
 TEST_F(RegistrationFreeTest, TypeLibraryIsLoadedByItsIdentifier) {
     const ActivationContext::Active active(*context_);
     ComPtr<ITypeLib> library;
