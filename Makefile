@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # The commands of the project; what they do is in scripts/.
-.PHONY: build test fuzz demo format check-format bench installer setup setup-x86 clean
+.PHONY: build test fuzz demo reference format check-format bench installer setup setup-x86 clean
 
 build:
 	@scripts/build
@@ -10,6 +10,8 @@ fuzz:
 	@scripts/build native && scripts/fuzz
 demo: build
 	@scripts/demo
+reference:
+	@scripts/reference
 format:
 	@scripts/format
 check-format:

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// The documents point to what is there: files, headings, pictures, members of the classes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "reference/idl.h"
+#include "tree.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Target {
+    std::string path; // empty for the page itself
+    std::string heading;
+};
+
+// The targets of [text](target) that are no addresses on the net.
+std::vector<Target> RelativeLinks(const docs::Page& page) {
+    static const std::regex link(R"(\]\(([^)\s]+)\))");
+    std::vector<Target> targets;
+    for (std::sregex_iterator at(page.prose.begin(), page.prose.end(), link), end; at != end;
+         ++at) {
+        const std::string target = (*at)[1];
+        if (target.find("://") != std::string::npos)
+            continue;
+        const std::size_t mark = target.find('#');
+        targets.push_back(
+            {target.substr(0, mark), mark == std::string::npos ? "" : target.substr(mark + 1)});
+    }
+    return targets;
+}
+
+// The names by which the headings of a page are linked to: lower case, blanks as dashes, without
+// signs.
+std::set<std::string> Headings(const std::string& prose) {
+    std::set<std::string> names;
+    std::istringstream lines(prose);
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with("#"))
+            continue;
+        std::string name;
+        for (char ch : line.substr(line.find_first_not_of("# "))) {
+            const auto byte = static_cast<unsigned char>(ch);
+            if (ch == ' ')
+                name += '-';
+            else if (std::isalnum(byte) || ch == '-' || ch == '_' || byte >= 0x80)
+                name += static_cast<char>(std::tolower(byte));
+        }
+        names.insert(name);
+    }
+    return names;
+}
+
+fs::path Resolved(const docs::Page& page, const Target& target) {
+    return (target.path.empty() ? page.file : page.file.parent_path() / target.path)
+        .lexically_normal();
+}
+
+TEST(DocumentTest, LinksLeadToFilesAndHeadings) {
+    ASSERT_LT(10u, docs::AllPages().size());
+    for (const docs::Page& page : docs::AllPages())
+        for (const Target& target : RelativeLinks(page)) {
+            const fs::path file = Resolved(page, target);
+            EXPECT_TRUE(fs::exists(file)) << page.name << ": " << target.path;
+            if (target.heading.empty() || !fs::exists(file))
+                continue;
+            const auto found = std::find_if(
+                docs::AllPages().begin(), docs::AllPages().end(),
+                [&](const docs::Page& other) { return other.file.lexically_normal() == file; });
+            ASSERT_NE(docs::AllPages().end(), found) << page.name << ": " << target.path;
+            EXPECT_TRUE(Headings(found->prose).contains(target.heading))
+                << page.name << ": " << found->name << " has no heading #" << target.heading;
+        }
+}
+
+TEST(DocumentTest, EveryPictureIsShownSomewhere) {
+    std::set<fs::path> shown;
+    for (const docs::Page& page : docs::AllPages())
+        for (const Target& target : RelativeLinks(page))
+            shown.insert(Resolved(page, target));
+    int pictures = 0;
+    for (const auto& entry : fs::directory_iterator(docs::Root() / "docs" / "img")) {
+        ++pictures;
+        EXPECT_TRUE(shown.contains(entry.path().lexically_normal()))
+            << entry.path().filename() << " is in no document";
+    }
+    EXPECT_LT(20, pictures);
+}
+
+// A reader who starts at either of these finds every document.
+TEST(DocumentTest, EveryDocumentIsInTheIndex) {
+    for (const char* folder : {"docs", "docs/getting-started"}) {
+        std::set<fs::path> linked;
+        for (const docs::Page& page : docs::AllPages())
+            if (page.name == "docs/README.md" || page.name == "docs/reference/README.md")
+                for (const Target& target : RelativeLinks(page))
+                    linked.insert(Resolved(page, target));
+        if (!fs::exists(docs::Root() / folder))
+            continue;
+        for (const auto& entry : fs::directory_iterator(docs::Root() / folder))
+            if (entry.path().extension() == ".md" && entry.path().filename() != "README.md") {
+                EXPECT_TRUE(linked.contains(entry.path().lexically_normal()))
+                    << "docs/README.md does not name " << entry.path().filename();
+            }
+    }
+}
+
+// --- names of members ---
+
+using Members = std::map<std::string, std::set<std::string>>;
+
+Members MembersOfClasses() {
+    const reference::Library library =
+        reference::ReadIdl(docs::ReadFile(docs::Root() / "src/com/vndesk.idl"));
+    Members members;
+    for (const reference::Type& type : library.types) {
+        if (type.kind != "coclass")
+            continue;
+        for (const std::string& name : {type.defaultInterface, type.events})
+            if (const reference::Type* part = library.Find(name))
+                for (const reference::Member& member : part->members)
+                    members[type.name].insert(member.name);
+    }
+    return members;
+}
+
+// In documents and in samples alike: "VnDesk.clsLogon", "clsLogon.ShowLogon".
+TEST(DocumentTest, ClassesAndMembersNamedInTextsExist) {
+    const Members members = MembersOfClasses();
+    std::string classes;
+    for (const auto& [name, unused] : members)
+        classes += (classes.empty() ? "" : "|") + name;
+    const std::regex product(R"(\bVnDesk\.(\w+))");
+    const std::regex member("\\b(" + classes + R"()\.(\w+))");
+    const std::set<std::string> files = {"h", "cpp", "md", "bas", "vbs"};
+    int named = 0;
+    for (const docs::Page& page : docs::AllPages()) {
+        for (std::sregex_iterator at(page.text.begin(), page.text.end(), product), end; at != end;
+             ++at) {
+            const bool type = members.contains((*at)[1]) || (*at)[1] == "Buttons" ||
+                              (*at)[1] == "IconValue" || (*at)[1] == "REGToolRootTypes";
+            EXPECT_TRUE(type) << page.name << ": there is no " << at->str();
+            ++named;
+        }
+        for (std::sregex_iterator at(page.text.begin(), page.text.end(), member), end; at != end;
+             ++at)
+            if (!files.contains((*at)[2])) {
+                EXPECT_TRUE(members.at((*at)[1]).contains((*at)[2]))
+                    << page.name << ": there is no " << at->str();
+                ++named;
+            }
+    }
+    EXPECT_LT(30, named);
+}
+
+} // namespace
