@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// The statements in docs/database.md are those that the library runs.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "controls/select_statements.h"
+#include "data/statements.h"
+#include "find/catalogue.h"
+#include "logon/logon_statement.h"
+#include "security/group_statements.h"
+#include "security/permissions.h"
+#include "security/user_statements.h"
+#include "tree.h"
+
+using namespace vndesk;
+
+namespace {
+
+constexpr DatabaseKind kJet = DatabaseKind::Jet;
+
+// What the page writes for it: values, made with v and 7, are "…".
+std::string AsDocumented(const std::wstring& statement) {
+    std::string text;
+    for (wchar_t ch : statement)
+        text += static_cast<char>(ch);
+    static const std::regex value("'v ?%?'|\\bv\\b|\\b7\\b");
+    return std::regex_replace(text, value, "…");
+}
+
+TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
+    const UserFields user = {L"v", L"v", 7, 7.0};
+    const std::wstring groups = L"[Groups]", order = std::wstring(L" Order By ") + kCatalogueOrder;
+    const std::wstring statements[] = {
+        LogonStatement(L"v", 7, kJet),
+        UserNamedStatement(L"v", kJet),
+        LoadUserStatement(L"v", kJet),
+        InsertUserStatement(user, kJet),
+        OtherUserNamedStatement(L"v", L"v", kJet),
+        UpdateUserStatement(user, L"v", kJet),
+        kUserListStatement,
+        LastValueStatement(L"User", L"Code"),
+        UsersAfterStatement(7),
+        UserWithCodeStatement(L"7"),
+        DeleteUserStatement(L"v", kJet),
+        GroupStatement(groups, 7),
+        GroupMembersStatement(7),
+        LastValueStatement(L"Groups", L"Name"),
+        InsertGroupStatement(groups, L"v", L"v", kJet),
+        LastValueStatement(groups, L"Code"),
+        UpdateGroupStatement(groups, 7, L"v", L"v", kJet),
+        DeleteGroupsStatement(groups, L"v"),
+        GroupRightsStatement(7),
+        MenuCommandsStatement(7),
+        WriteRightsStatement({L"v", L"v"}, {7, 7}, 7),
+        FieldListStatement(L"v") + order,
+        FieldInfoStatement(L"v") + order,
+        OperatorListStatement(7),
+        LookUpStatement(L"v", L"v", kJet),
+    };
+    const std::string page = docs::ReadFile(docs::Root() / "docs/database.md");
+    for (const std::wstring& statement : statements)
+        EXPECT_NE(std::string::npos, page.find("`" + AsDocumented(statement) + "`"))
+            << AsDocumented(statement);
+}
+
+} // namespace
