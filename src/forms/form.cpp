@@ -142,7 +142,10 @@ bool Form::PreviewKey(const MSG& message) {
 
 void Form::Unload() {
     unloading_ = true;
-    if (!modal_)
+    if (modal_)
+        // A press that another program sends does not wake the loop.
+        PostMessageW(window_, WM_NULL, 0, 0);
+    else
         Destroy();
 }
 
