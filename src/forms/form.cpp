@@ -130,7 +130,7 @@ bool Form::PreviewKey(const MSG& message) {
     if (message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && code == VK_F10))
         if (const Control* control = FromWindow(message.hwnd))
             Fire([&] { handled = OnKeyDown(*control, message.wParam); });
-    if (handled)
+    if (handled || MoveFromButton(message))
         return true;
     // The dialog keeps Enter and Escape for itself before they become characters.
     if (message.message == WM_KEYDOWN && (code == VK_RETURN || code == VK_ESCAPE))
@@ -138,6 +138,20 @@ bool Form::PreviewKey(const MSG& message) {
     else if (message.message == WM_CHAR && code != kEnter && code != kEscape)
         Fire([&] { handled = OnKeyPress(code); });
     return handled;
+}
+
+// Arrows lead from a button where Tab does. The dialog would take them to the next window whatever
+// it is, and a label with the keyboard leaves the user without one.
+bool Form::MoveFromButton(const MSG& message) {
+    const bool forward = message.wParam == VK_RIGHT || message.wParam == VK_DOWN;
+    const bool back = message.wParam == VK_LEFT || message.wParam == VK_UP;
+    if (message.message != WM_KEYDOWN || !(forward || back))
+        return false;
+    const Control* control = FromWindow(message.hwnd);
+    if (!control || control->Kind() != ControlKind::CommandButtonW)
+        return false;
+    SendMessageW(window_, WM_NEXTDLGCTL, back, FALSE);
+    return true;
 }
 
 void Form::Unload() {

@@ -107,6 +107,7 @@ private:
     void CreateFormWindow();
     void RunLoop();
     bool PreviewKey(const MSG& message);
+    bool MoveFromButton(const MSG& message);
     void OnCommand(int id, int notification);
     bool OnMouseDown(int button, POINT point);
     HBRUSH OnControlColor(HDC dc, HWND control);
