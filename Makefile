@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # The commands of the project; what they do is in scripts/.
-.PHONY: build test fuzz demo reference format check-format bench installer setup setup-x86 clean
+.PHONY: build test fuzz soak reliability demo reference format check-format bench installer setup setup-x86 clean
 
 build:
 	@scripts/build
@@ -12,6 +12,9 @@ demo: build
 	@scripts/demo
 reference:
 	@scripts/reference
+# Long runs: random use for half an hour; what make test does in short.
+soak reliability: build
+	@scripts/$@
 format:
 	@scripts/format
 check-format:

@@ -8,7 +8,7 @@ namespace vndesk::test {
 namespace {
 
 // Faster input overtakes focus changes that the receiving thread has still to make.
-constexpr DWORD kPause = 50;
+constexpr DWORD kPause = kKeyPause;
 
 void Send(INPUT& input) {
     if (SendInput(1, &input, sizeof input) != 1)
@@ -43,10 +43,11 @@ DWORD ExtendedFlag(WORD virtualKey) {
     return 0;
 }
 
-void SendMouse(DWORD flags) {
+void SendMouse(DWORD flags, DWORD data = 0) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
     Send(input);
     Sleep(kPause / 2);
 }
@@ -91,11 +92,11 @@ void PressKey(WORD virtualKey, unsigned modifiers) {
     Sleep(kPause);
 }
 
-void TypeText(std::wstring_view text) {
+void TypeText(std::wstring_view text, DWORD pause) {
     for (const wchar_t c : text) {
         SendKey(0, c, KEYEVENTF_UNICODE);
         SendKey(0, c, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
-        Sleep(kPause);
+        Sleep(pause);
     }
 }
 
@@ -106,6 +107,14 @@ void MoveMouseTo(POINT point) {
 
 void ClickAt(POINT point) {
     Click(point, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, 1);
+}
+
+void RightClickAt(POINT point) {
+    Click(point, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP, 1);
+}
+
+void TurnWheel(int clicks) {
+    SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(clicks * WHEEL_DELTA));
 }
 
 void ClickWindow(HWND window) {

@@ -9,10 +9,12 @@ namespace vndesk::test {
 
 enum Modifiers : unsigned { kNoModifier = 0, kShift = 1, kControl = 2, kAlt = 4 };
 
-// One key by its virtual code, down and up, then a pause of 50 ms.
+// One key by its virtual code, down and up, then a pause.
 void PressKey(WORD virtualKey, unsigned modifiers = kNoModifier);
-// Letters as Unicode input: Vietnamese text needs no keyboard layout.
-void TypeText(std::wstring_view text);
+// Letters as Unicode input: Vietnamese text needs no keyboard layout. Where no letter moves the
+// focus, they may come faster than single keys.
+constexpr DWORD kKeyPause = 50;
+void TypeText(std::wstring_view text, DWORD pause = kKeyPause);
 
 // The middle of a window; makes sure first that no other window lies above that point.
 void ClickWindow(HWND window);
@@ -20,6 +22,9 @@ void DoubleClickWindow(HWND window);
 void RightClickWindow(HWND window);
 // A point of the screen.
 void ClickAt(POINT point);
+void RightClickAt(POINT point);
+// Where the mouse stands; down when negative.
+void TurnWheel(int clicks);
 void MoveMouseTo(POINT point);
 
 } // namespace vndesk::test
