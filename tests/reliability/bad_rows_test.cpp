@@ -11,7 +11,8 @@ protected:
     // Opens every form that reads the tables, looks at all rows and writes nothing.
     void LookAtEverything() const {
         LogOn(L"Admin", L"abc");
-        PlayUsers([](Walker& walker, HWND list) {
+        PlayUsers([&](Walker& walker, HWND list) {
+            EXPECT_EQ(RowCount(list, L"Lv"), Count(L"\"user\""));
             for (int row = 0; row < RowCount(list, L"Lv"); ++row) {
                 SelectRow(list, L"Lv", row);
                 if (const HWND editor = walker.Open(list, L"CmdEdit", L"FrmInput"))
@@ -19,7 +20,8 @@ protected:
             }
             walker.Leave(list, L"CmdExit");
         });
-        PlayGroups([](Walker& walker, HWND groups) {
+        PlayGroups([&](Walker& walker, HWND groups) {
+            EXPECT_EQ(ListCount(groups, L"Lv1"), Count(L"groups"));
             PostKey(groups, L"Lv1", VK_HOME);
             for (int row = 0; row == 0 || row < ListCount(groups, L"Lv1"); ++row) {
                 if (row > 0)
@@ -27,6 +29,7 @@ protected:
                 const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
                 if (!rights)
                     continue;
+                EXPECT_EQ(ListCount(rights, L"LstMenuBar"), Count(L"menu"));
                 for (int bar = 1; bar < ListCount(rights, L"LstMenuBar"); ++bar)
                     Next(walker, rights, bar);
                 walker.Leave(rights, L"Command1");
@@ -66,6 +69,10 @@ protected:
         EXPECT_SUCCEEDED(search->Show(&modal, Missing()));
         user.Finish();
         EXPECT_EQ(ResultOf(*search.Get()), L"");
+    }
+
+    int Count(const wchar_t* table) const {
+        return std::stoi(Test().Read(std::wstring(L"select count(*) from ") + table));
     }
 
     std::wstring Everything() const {

@@ -197,8 +197,9 @@ void FillUser(HWND form, const std::wstring& name) {
     if (IsEnabled(form, L"TxtUser"))
         ReplaceText(Control(form, L"TxtUser"), name);
     if (IsEnabled(form, L"TxtIdGroup")) {
-        Focus(Control(form, L"TxtPass"));
-        PressKey(VK_TAB, kShift);
+        // By way of another box: a second click on one box in short time is a double click.
+        Focus(Control(form, L"TxtDes"));
+        PressKey(VK_TAB);
         PressKey(VK_DOWN);
     }
     ReplaceText(Control(form, L"TxtPass"), L"abc");
