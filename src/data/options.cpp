@@ -15,8 +15,12 @@ namespace {
 // A look-up that failed counts as found: the update after it tells what is wrong with the table.
 bool IsThere(const Database& database, OptionName name) {
     Recordset rows;
-    const long error = OpenRecordset(database, rows, FindOptionStatement(name, database.kind));
-    return error != 0 || CountRecords(rows) >= 1;
+    bool there = true;
+    Trap([&] {
+        if (OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) == 0)
+            there = !rows.Eof();
+    });
+    return there;
 }
 
 } // namespace

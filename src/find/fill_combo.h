@@ -33,14 +33,20 @@ void FillCombo(const Database& database, Combo& combo, const std::wstring& state
             return;
         const long selected = combo.ListIndex();
         combo.Clear();
-        for (; !rows.Eof(); rows.MoveNext()) {
-            // A row that the list refuses does not keep the others out, and leaves its value to
-            // none of them.
-            Trap([&] {
-                combo.AddItem(NullToText(rows.Value(1L)));
-                SetItemDataFrom(combo, combo.NewIndex(), rows.Value(0L));
-            });
-        }
+        // Up to a row that cannot be read: an item without its value would be worse than none, and
+        // the items stand for the rows by their places.
+        Trap([&] {
+            for (; !rows.Eof(); rows.MoveNext()) {
+                const _variant_t text = rows.Value(1L);
+                const _variant_t value = rows.Value(0L);
+                // A row that the list refuses does not keep the others out, and leaves its value
+                // to none of them.
+                Trap([&] {
+                    combo.AddItem(NullToText(text));
+                    SetItemDataFrom(combo, combo.NewIndex(), value);
+                });
+            }
+        });
         combo.SetListIndex(selected < combo.ListCount() ? selected : 0);
     });
 }

@@ -134,12 +134,17 @@ private:
     }
 
     void ViewInfo(long code) {
+        std::wstring name, description;
         Trap([&] {
             Recordset group;
             OpenRecordset(Current(), group, GroupStatement(tableName_, code));
-            Get(L"txtName").SetText(NullToText(group.Value(L"Name")));
-            Get(L"TxtDesc").SetText(NullToText(group.Value(L"Des")));
+            name = NullToText(group.Value(L"Name"));
+            description = NullToText(group.Value(L"Des"));
         });
+        // Empty when they cannot be read: what another group has left here must not be written to
+        // this one.
+        Get(L"txtName").SetText(name);
+        Get(L"TxtDesc").SetText(description);
     }
 
     // The details of a new group: its name is the number after the largest name.

@@ -66,7 +66,11 @@ protected:
         if (bars_->ListCount() == 0)
             return;
         pms_.assign(static_cast<size_t>(bars_->ListCount()) + 1, 0);
-        Trap([&] { ReadPms(); });
+        bool known = false;
+        // Rights that are not known would be written back as none.
+        if (const ErrorState error = Trap([&] { known = ReadPms(); }))
+            PlainMessage(error.description);
+        Get(L"CmdOk").SetEnabled(known);
         // The first bar stands open, ready for the keyboard.
         bars_->SetListIndex(0);
         Reporting([this] { ShowBar(); });
@@ -94,17 +98,23 @@ private:
             addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
     }
 
-    void ReadPms() {
+    // False when the rights cannot be read, which has been told.
+    bool ReadPms() {
         Recordset group;
         if (OpenRecordset(Current(), group, GroupRightsStatement(groupCode_)) != 0)
-            return;
+            return false;
+        // A group that is gone has no rights, and none are written.
+        if (group.Eof())
+            return true;
         Get(L"LblTitle")
             .SetCaption(ToUncText(texts::kPermissionGroupIs, 0) + NullToText(group.Value(L"Name")) +
                         L"-" + NullToText(group.Value(L"Des")));
+        // Nothing is granted in a bar without a column.
+        const long columns = group.FieldCount();
         for (size_t k = 0; k + 1 < pms_.size(); ++k)
-            Trap([&] {
-                pms_[k] = NullToInteger(group.Value(kFirstMaskColumn + static_cast<long>(k)));
-            });
+            if (const long column = kFirstMaskColumn + static_cast<long>(k); column < columns)
+                pms_[k] = NullToInteger(group.Value(column));
+        return true;
     }
 
     void ShowBar() {
@@ -114,12 +124,23 @@ private:
         const long id = bars_->ItemData(index);
         if (id != static_cast<short>(id))
             throw std::overflow_error("menu bar numbers have 16 bits");
-        commands_->Clear();
-        ReadInf(MenuCommandsStatement(static_cast<short>(id)),
-                [this](const std::wstring& text, long code) { commands_->AddItem(text, code); });
+        ReadCommands(static_cast<short>(id));
         commands_->SelectFirst();
         for (long i = 0; i < commands_->Count(); ++i)
             commands_->SetChecked(i, IsGranted(Mask(index), static_cast<size_t>(i)));
+    }
+
+    // All of a bar's commands or none: each tick makes the bar's mask anew from the commands shown.
+    void ReadCommands(short barId) {
+        commands_->Clear();
+        try {
+            ReadInf(MenuCommandsStatement(barId), [this](const std::wstring& text, long code) {
+                commands_->AddItem(text, code);
+            });
+        } catch (...) {
+            commands_->Clear();
+            throw;
+        }
     }
 
     long& Mask(long bar) { return pms_.at(static_cast<size_t>(bar)); }

@@ -138,11 +138,13 @@ private:
         // Its rows are not needed; a failure to read the user is told before the check.
         if (options_.EditMode)
             OpenRecordset(Current(), edited, LoadUserStatement(options_.OldName, kind));
-        OpenRecordset(Current(), taken,
-                      options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
-                                        : UserNamedStatement(name, kind));
+        const long error =
+            OpenRecordset(Current(), taken,
+                          options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
+                                            : UserNamedStatement(name, kind));
         bool done = false;
-        if (CountRecords(taken) > 0) {
+        // What is open and yet cannot be read ends the form: the name may be taken.
+        if (error == 0 && !taken.Eof()) {
             Tell(texts::kUserExists, title);
         } else if (!CheckPass()) {
             Tell(texts::kUserBadPassword, title);

@@ -105,6 +105,19 @@ private:
             users_->Rows().push_back(RowOf(rows));
     }
 
+    // Without those that are shown already: the code before reads as 0 when it cannot be read.
+    void AppendNew(const std::wstring& statement) {
+        auto& rows = users_->Rows();
+        const auto shown = static_cast<std::ptrdiff_t>(rows.size());
+        // As many as can be read.
+        Trap([&] { Append(statement); });
+        const auto isShown = [&](const ReportRow& row) {
+            return std::any_of(rows.begin(), rows.begin() + shown,
+                               [&](const ReportRow& other) { return other.key == row.key; });
+        };
+        rows.erase(std::remove_if(rows.begin() + shown, rows.end(), isShown), rows.end());
+    }
+
     void ReadInfo() {
         const Hourglass waiting;
         Append(kUserListStatement);
@@ -120,7 +133,7 @@ private:
         ShowUserEditor({.AllowChange = true, .EditMode = false, .OldName = {}});
         const long after = LastValue(Current(), L"User", L"Code");
         if (after > before) {
-            Append(UsersAfterStatement(before));
+            AppendNew(UsersAfterStatement(before));
             users_->Refresh();
             users_->Select(static_cast<long>(users_->Rows().size()) - 1);
         }
