@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "faulty_ado.h"
+
+#include <atomic>
+
+#include "ado/recordset_refused.h"
+#include "ado/session_source.h"
+#include "support/check_hr.h"
+
+namespace vndesk::test {
+
+namespace {
+
+using ado::AdoObject;
+
+std::vector<std::string> calls;
+size_t failing = 0;
+Fault kind = Fault::Once;
+int writes = 0;
+std::atomic<long> objects{0};
+
+enum class Verdict { Pass, Fail, RunAndFail };
+
+Verdict Next(const char* name) {
+    calls.push_back(name);
+    if (failing == 0 || calls.size() < failing ||
+        (calls.size() > failing && kind != Fault::FromThenOn))
+        return Verdict::Pass;
+    return kind == Fault::Unconfirmed ? Verdict::RunAndFail : Verdict::Fail;
+}
+
+// A wrapper of one interface: counts itself, and lets its calls through or not.
+template <class Derived, class Base, class Interface> class Faulty : public Base {
+public:
+    explicit Faulty(ComPtr<Interface> inner) : inner_(std::move(inner)) { ++objects; }
+    ~Faulty() override { --objects; }
+
+protected:
+    template <class Call> HRESULT Pass(const char* name, Call call) {
+        const Verdict verdict = Next(name);
+        if (verdict != Verdict::Fail) {
+            const HRESULT result = call();
+            if (verdict == Verdict::Pass || FAILED(result))
+                return result;
+        }
+        return this->Guard([&] { throw ComError(E_FAIL, L"This call fails on purpose."); });
+    }
+
+    // For calls whose result is an object with calls of its own.
+    template <class Wrapper, class Part, class Call>
+    HRESULT PassPart(const char* name, Part** part, Call call) {
+        *part = nullptr;
+        return Pass(name, [&] {
+            ComPtr<Part> inner;
+            const HRESULT result = call(&inner);
+            if (inner)
+                *part = MakeCom<Wrapper>(inner).Detach();
+            return result;
+        });
+    }
+
+    const ComPtr<Interface> inner_;
+};
+
+class FaultyField final
+    : public Faulty<FaultyField, AdoObject<FaultyField, Field, InterfaceList<Field20, _ADO>>,
+                    Field> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Field";
+    using Faulty::Faulty;
+
+    STDMETHODIMP get_Name(BSTR* name) override {
+        return Pass("Field.Name", [&] { return inner_->get_Name(name); });
+    }
+    STDMETHODIMP get_Value(VARIANT* value) override {
+        return Pass("Field.Value", [&] { return inner_->get_Value(value); });
+    }
+
+    ADO_REFUSED(get_Type, DataTypeEnum*)
+    ADO_REFUSED(get_DefinedSize, ADO_LONGPTR*)
+    ADO_REFUSED(get_Properties, Properties**)
+    ADO_REFUSED(get_ActualSize, ADO_LONGPTR*)
+    ADO_REFUSED(get_Attributes, LONG*)
+    ADO_REFUSED(put_Attributes, LONG)
+    ADO_REFUSED(put_DefinedSize, ADO_LONGPTR)
+    ADO_REFUSED(put_Type, DataTypeEnum)
+    ADO_REFUSED(put_Value, VARIANT)
+    ADO_REFUSED(get_Precision, unsigned char*)
+    ADO_REFUSED(put_Precision, unsigned char)
+    ADO_REFUSED(get_NumericScale, unsigned char*)
+    ADO_REFUSED(put_NumericScale, unsigned char)
+    ADO_REFUSED(AppendChunk, VARIANT)
+    ADO_REFUSED(GetChunk, LONG, VARIANT*)
+    ADO_REFUSED(get_OriginalValue, VARIANT*)
+    ADO_REFUSED(get_UnderlyingValue, VARIANT*)
+    ADO_REFUSED(get_DataFormat, IUnknown**)
+    ADO_REFUSED(putref_DataFormat, IUnknown*)
+    ADO_REFUSED(get_Status, LONG*)
+};
+
+class FaultyFields final
+    : public Faulty<FaultyFields,
+                    AdoObject<FaultyFields, Fields, InterfaceList<Fields20, Fields15, _Collection>>,
+                    Fields> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Fields";
+    using Faulty::Faulty;
+
+    STDMETHODIMP get_Count(LONG* count) override {
+        return Pass("Fields.Count", [&] { return inner_->get_Count(count); });
+    }
+    STDMETHODIMP get_Item(VARIANT index, Field** field) override {
+        return PassPart<FaultyField>("Fields.Item", field,
+                                     [&](Field** part) { return inner_->get_Item(index, part); });
+    }
+
+    ADO_REFUSED(_NewEnum, IUnknown**)
+    ADO_REFUSED(Refresh)
+    ADO_REFUSED(_Append, BSTR, DataTypeEnum, ADO_LONGPTR, FieldAttributeEnum)
+    ADO_REFUSED(Delete, VARIANT)
+    ADO_REFUSED(Append, BSTR, DataTypeEnum, ADO_LONGPTR, FieldAttributeEnum, VARIANT)
+    ADO_REFUSED(Update)
+    ADO_REFUSED(Resync, ResyncEnum)
+    ADO_REFUSED(CancelUpdate)
+};
+
+class FaultyRecordset final
+    : public Faulty<FaultyRecordset, ado::RecordsetRefused<FaultyRecordset>, _Recordset> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Recordset";
+    using Faulty::Faulty;
+
+    STDMETHODIMP putref_ActiveConnection(IDispatch* connection) override {
+        return Pass("Recordset.ActiveConnection",
+                    [&] { return inner_->putref_ActiveConnection(connection); });
+    }
+    STDMETHODIMP Open(VARIANT source, VARIANT connection, CursorTypeEnum cursorType,
+                      LockTypeEnum lockType, LONG options) override {
+        return Pass("Recordset.Open", [&] {
+            return inner_->Open(source, connection, cursorType, lockType, options);
+        });
+    }
+    STDMETHODIMP Close() override {
+        return Pass("Recordset.Close", [&] { return inner_->Close(); });
+    }
+    STDMETHODIMP get_EOF(VARIANT_BOOL* eof) override {
+        return Pass("Recordset.EOF", [&] { return inner_->get_EOF(eof); });
+    }
+    STDMETHODIMP MoveFirst() override {
+        return Pass("Recordset.MoveFirst", [&] { return inner_->MoveFirst(); });
+    }
+    STDMETHODIMP MoveNext() override {
+        return Pass("Recordset.MoveNext", [&] { return inner_->MoveNext(); });
+    }
+    STDMETHODIMP MoveLast() override {
+        return Pass("Recordset.MoveLast", [&] { return inner_->MoveLast(); });
+    }
+    STDMETHODIMP get_Fields(Fields** fields) override {
+        return PassPart<FaultyFields>("Recordset.Fields", fields,
+                                      [&](Fields** part) { return inner_->get_Fields(part); });
+    }
+
+    ADO_REFUSED(MovePrevious)
+    ADO_REFUSED(put_ActiveConnection, VARIANT)
+    ADO_REFUSED(get_ActiveConnection, VARIANT*)
+    ADO_REFUSED(get_BOF, VARIANT_BOOL*)
+    ADO_REFUSED(get_CursorType, CursorTypeEnum*)
+    ADO_REFUSED(put_CursorType, CursorTypeEnum)
+    ADO_REFUSED(get_LockType, LockTypeEnum*)
+    ADO_REFUSED(put_LockType, LockTypeEnum)
+    ADO_REFUSED(get_RecordCount, ADO_LONGPTR*)
+    ADO_REFUSED(putref_Source, IDispatch*)
+    ADO_REFUSED(put_Source, BSTR)
+    ADO_REFUSED(get_Source, VARIANT*)
+    ADO_REFUSED(get_State, LONG*)
+    ADO_REFUSED(GetRows, LONG, VARIANT, VARIANT, VARIANT*)
+};
+
+class FaultyConnection final
+    : public Faulty<FaultyConnection,
+                    AdoObject<FaultyConnection, _Connection, InterfaceList<Connection15, _ADO>>,
+                    _Connection> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Connection";
+    using Faulty::Faulty;
+
+    // The record set inside a wrapper asks for the session behind its connection.
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        return iid == __uuidof(ado::ISessionSource) ? inner_->QueryInterface(iid, object)
+                                                    : AdoObject::QueryInterface(iid, object);
+    }
+
+    STDMETHODIMP get_ConnectionString(BSTR* text) override {
+        return Pass("Connection.ConnectionString",
+                    [&] { return inner_->get_ConnectionString(text); });
+    }
+    STDMETHODIMP put_ConnectionString(BSTR text) override {
+        return Pass("Connection.ConnectionString",
+                    [&] { return inner_->put_ConnectionString(text); });
+    }
+    STDMETHODIMP put_Provider(BSTR name) override {
+        return Pass("Connection.Provider", [&] { return inner_->put_Provider(name); });
+    }
+    STDMETHODIMP Open(BSTR text, BSTR user, BSTR password, LONG options) override {
+        return Pass("Connection.Open", [&] { return inner_->Open(text, user, password, options); });
+    }
+    STDMETHODIMP Close() override {
+        return Pass("Connection.Close", [&] { return inner_->Close(); });
+    }
+    STDMETHODIMP get_State(LONG* state) override {
+        return Pass("Connection.State", [&] { return inner_->get_State(state); });
+    }
+    STDMETHODIMP Execute(BSTR command, VARIANT* affected, LONG options,
+                         _Recordset** rows) override {
+        return Pass("Connection.Execute", [&] {
+            const HRESULT result = inner_->Execute(command, affected, options, rows);
+            writes += SUCCEEDED(result);
+            return result;
+        });
+    }
+
+    ADO_REFUSED(get_Provider, BSTR*)
+    ADO_REFUSED(get_Errors, Errors**)
+    ADO_REFUSED(BeginTrans, LONG*)
+    ADO_REFUSED(CommitTrans)
+    ADO_REFUSED(RollbackTrans)
+    ADO_REFUSED(get_Properties, Properties**)
+    ADO_REFUSED(get_CommandTimeout, LONG*)
+    ADO_REFUSED(put_CommandTimeout, LONG)
+    ADO_REFUSED(get_ConnectionTimeout, LONG*)
+    ADO_REFUSED(put_ConnectionTimeout, LONG)
+    ADO_REFUSED(get_Version, BSTR*)
+    ADO_REFUSED(get_DefaultDatabase, BSTR*)
+    ADO_REFUSED(put_DefaultDatabase, BSTR)
+    ADO_REFUSED(get_IsolationLevel, IsolationLevelEnum*)
+    ADO_REFUSED(put_IsolationLevel, IsolationLevelEnum)
+    ADO_REFUSED(get_Attributes, LONG*)
+    ADO_REFUSED(put_Attributes, LONG)
+    ADO_REFUSED(get_CursorLocation, CursorLocationEnum*)
+    ADO_REFUSED(put_CursorLocation, CursorLocationEnum)
+    ADO_REFUSED(get_Mode, ConnectModeEnum*)
+    ADO_REFUSED(put_Mode, ConnectModeEnum)
+    ADO_REFUSED(OpenSchema, SchemaEnum, VARIANT, VARIANT, _Recordset**)
+    ADO_REFUSED(Cancel)
+};
+
+// Makes wrappers around the objects of the class that was registered before.
+template <class Wrapper, class Interface> class Factory final : public ComObject<IClassFactory> {
+public:
+    Factory(const char* name, ComPtr<IClassFactory> inner)
+        : name_(name), inner_(std::move(inner)) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+        *object = nullptr;
+        if (Next(name_) == Verdict::Fail)
+            return E_FAIL;
+        ComPtr<Interface> inner;
+        const HRESULT created = inner_->CreateInstance(outer, IID_PPV_ARGS(&inner));
+        return FAILED(created) ? created : MakeCom<Wrapper>(inner)->QueryInterface(iid, object);
+    }
+    STDMETHODIMP LockServer(BOOL lock) override { return inner_->LockServer(lock); }
+
+private:
+    const char* const name_;
+    const ComPtr<IClassFactory> inner_;
+};
+
+template <class Wrapper, class Interface> DWORD Replace(const char* name) {
+    CLSID clsid;
+    ComPtr<IClassFactory> inner;
+    DWORD cookie = 0;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(Wrapper::kProgId, &clsid));
+    EXPECT_SUCCEEDED(CoGetClassObject(clsid, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&inner)));
+    EXPECT_SUCCEEDED(CoRegisterClassObject(clsid,
+                                           MakeCom<Factory<Wrapper, Interface>>(name, inner).Get(),
+                                           CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie));
+    return cookie;
+}
+
+} // namespace
+
+FaultyAdo::FaultyAdo()
+    : cookies_{Replace<FaultyConnection, _Connection>("new Connection"),
+               Replace<FaultyRecordset, _Recordset>("new Recordset")} {
+    Begin();
+}
+
+FaultyAdo::~FaultyAdo() {
+    for (const DWORD cookie : cookies_)
+        CoRevokeClassObject(cookie);
+}
+
+void FaultyAdo::Begin(size_t call, Fault fault) {
+    calls.clear();
+    writes = 0;
+    failing = call;
+    kind = fault;
+}
+
+const std::vector<std::string>& FaultyAdo::Calls() const {
+    return calls;
+}
+int FaultyAdo::Writes() const {
+    return writes;
+}
+long FaultyAdo::Objects() const {
+    return objects;
+}
+
+} // namespace vndesk::test

@@ -1,0 +1,407 @@
+// SPDX-License-Identifier: MIT
+#include "uses.h"
+
+#include "com/kit/com_error.h"
+#include "data/options.h"
+#include "ui/lookup_host.h"
+#include "ui/search.h"
+
+namespace vndesk::test {
+
+namespace {
+
+constexpr OptionName kStoredOption = {L"BaoCao", L"SoDongMoiTrang"};
+constexpr OptionName kNewOption = {L"BaoCao", L"Moi"};
+
+// --- What the host calls ---
+
+using Call = std::function<std::wstring(const SampleDatabase&, const std::wstring&)>;
+
+template <class Operation> Call OnLogon(Operation operation) {
+    return [operation](const SampleDatabase&, const std::wstring& connection) {
+        _bstr_t connect(connection.c_str());
+        return operation(*CreateLogon().Get(), &connect.GetBSTR());
+    };
+}
+
+const Call kShowLogon = OnLogon([](ILogon& logon, BSTR* connect) {
+    long code = -1;
+    EXPECT_SUCCEEDED(logon.ShowLogon(connect, &code));
+    return L"user " + std::to_wstring(code);
+});
+const Call kUserManager = OnLogon([](ILogon& logon, BSTR* connect) {
+    EXPECT_SUCCEEDED(logon.UserManager(connect));
+    return std::wstring();
+});
+const Call kShowUser = OnLogon([](ILogon& logon, BSTR* connect) {
+    _bstr_t name(L"Admin");
+    EXPECT_SUCCEEDED(logon.ShowUser(connect, &name.GetBSTR()));
+    return std::wstring();
+});
+const Call kShowGroup = OnLogon([](ILogon& logon, BSTR* connect) {
+    EXPECT_SUCCEEDED(logon.ShowGroup(connect));
+    return std::wstring();
+});
+
+// The properties of clsSearch may raise what ADO says; the host then has no condition either.
+std::wstring SearchByClass(const SampleDatabase&, const std::wstring& connection) {
+    const auto search = CreateSearch();
+    if (FAILED(search->put_ActiveConnection(_variant_t(connection.c_str()))))
+        return L"";
+    EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(L"KhachHang")));
+    long modal = 1;
+    const HRESULT shown = search->Show(&modal, Missing());
+    const std::wstring result = ResultOf(*search.Get());
+    EXPECT_TRUE(SUCCEEDED(shown) || result.empty());
+    return result;
+}
+
+std::wstring SearchAtOnce(const SampleDatabase&, const std::wstring& connection) {
+    CLSID clsid;
+    ComPtr<IVarnok> varnok;
+    _bstr_t condition;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.Varnok", &clsid));
+    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&varnok)));
+    EXPECT_SUCCEEDED(varnok->FindShow(_variant_t(connection.c_str()), _bstr_t(L"KhachHang"),
+                                      condition.GetAddress()));
+    return {static_cast<const wchar_t*>(condition) ? static_cast<const wchar_t*>(condition) : L"",
+            condition.length()};
+}
+
+void ServeMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+// The boxes of a host's form, one of which the user fills and leaves; what is then chosen.
+template <class Fill> Call InBoxes(Fill fill) {
+    return [fill](const SampleDatabase& database, const std::wstring& connection) {
+        LookupHost host(database);
+        EXPECT_SUCCEEDED(host.item->put_ActiveConnection(_variant_t(connection.c_str())));
+        EXPECT_SUCCEEDED(
+            host.item->put_SqlName(_bstr_t(L"Select Code,Name From TinhThanh Where Name")));
+        EXPECT_SUCCEEDED(
+            host.item->put_SqlID(_bstr_t(L"Select Code,Name From TinhThanh Where Code")));
+        fill(host.form);
+        ServeMessages();
+        return Read(host.item, &ISelItem::get_SelID) + L" " +
+               Read(host.item, &ISelItem::get_SelName);
+    };
+}
+
+const Call kPickByName = InBoxes([](LookupForm& form) {
+    const HWND box = form.Box(L"TxtSel");
+    SetFocus(box);
+    SetWindowTextW(box, L"H");
+    SendMessageW(box, WM_KEYDOWN, VK_RETURN, 0);
+});
+const Call kEnterCode = InBoxes([](LookupForm& form) {
+    SetFocus(form.Box(L"txtSelID"));
+    SetWindowTextW(form.Box(L"txtSelID"), L"HP");
+    SetFocus(form.Box(L"TxtOther"));
+});
+
+template <class Body> Call OnOptions(Body body) {
+    return [body](const SampleDatabase&, const std::wstring& connection) {
+        Database opened = OpenConnection(connection);
+        std::wstring answer = body(opened);
+        CloseConnection(opened);
+        return answer;
+    };
+}
+
+template <class Body> std::wstring Answered(Body write) {
+    return write() == 0 ? L"written" : L"refused";
+}
+
+// --- What the user does ---
+
+void FillUser(HWND editor, const wchar_t* name) {
+    SetBox(editor, L"TxtUser", name);
+    if (ListTexts(FindControl(editor, L"TxtIdGroup")).size() == 2)
+        ChooseItem(editor, L"TxtIdGroup", 0);
+    SetBox(editor, L"TxtPass", L"abc");
+    SetBox(editor, L"txtConfirm", L"abc");
+}
+
+std::function<void(HWND)> Pressing(const wchar_t* button) {
+    return [button](HWND form) { Press(form, button); };
+}
+
+// A row or an item that could not be read is not chosen.
+std::function<void(HWND)> OnFirstUser(const wchar_t* button) {
+    return [button](HWND list) {
+        if (RowCount(list, L"Lv") == 0)
+            return;
+        SelectRow(list, L"Lv", 0);
+        Press(list, button);
+    };
+}
+
+bool HasGroups(HWND groups, size_t count) {
+    return ListTexts(FindControl(groups, L"Lv1")).size() == count;
+}
+
+void ChooseSecondGroup(HWND groups) {
+    if (HasGroups(groups, 2))
+        ChooseItem(groups, L"Lv1", 1);
+}
+
+std::function<void(HWND)> OnSecondGroup(const wchar_t* button) {
+    return [button](HWND groups) {
+        if (HasGroups(groups, 2))
+            Press(groups, button);
+    };
+}
+
+void TickSecondCommand(HWND rights) {
+    const HWND list = FindControl(rights, L"LstSubMenu");
+    if (RowCount(rights, L"LstSubMenu") == 2)
+        ListView_SetCheckState(list, 1, TRUE);
+}
+
+void WriteTickedRights(HWND rights) {
+    if (Ticks(rights, L"LstSubMenu") == L"11")
+        Press(rights, L"CmdOk");
+}
+
+void GoDown(HWND form, const wchar_t* combo, int items) {
+    for (int i = 0; i < items; ++i)
+        SendMessageW(ListOf(form, combo), WM_KEYDOWN, VK_DOWN, 0);
+}
+
+void FindCode(HWND form) {
+    GoDown(form, L"CmbPredicate(0)", 1);
+    SetBox(form, L"MskValue(0)", L"KH001");
+    Press(form, L"CmdOk");
+}
+
+void LookUpProvince(HWND form) {
+    GoDown(form, L"CmbFld(0)", 2);
+    GoDown(form, L"CmbPredicate(0)", 1);
+    PostMessageW(FindControl(form, L"MskValue(0)"), WM_KEYDOWN, VK_F2, 0);
+}
+
+void ChooseFirstItem(HWND picker) {
+    if (ListTexts(FindControl(picker, L"lv1IP")).empty())
+        return;
+    ChooseItem(picker, L"lv1IP", 0);
+    Press(picker, L"CmdSel");
+}
+
+std::vector<Use> MakeUses() {
+    std::vector<Use> uses;
+    uses.push_back({"Logon",
+                    {{L"FrmLogon",
+                      [](HWND form) {
+                          SetBox(form, L"TxtUser", L"Admin");
+                          SetBox(form, L"TxtPass", L"abc");
+                          Press(form, L"CmdOk");
+                      }}},
+                    kShowLogon,
+                    L"user 3",
+                    L"user 0"});
+    uses.push_back(
+        {"UserAdded",
+         {{L"FrmMenu", Pressing(L"CmdAdd")},
+          {L"FrmInput",
+           [](HWND editor) {
+               FillUser(editor, L"moi");
+               Press(editor, L"CmdOk");
+           }}},
+         kUserManager,
+         L"",
+         L"",
+         L"select count(*) from \"user\" where name='moi' and idgroup=1 and password=1401",
+         L"1"});
+    uses.push_back({"NameTaken",
+                    {{L"FrmMenu", Pressing(L"CmdAdd")},
+                     {L"FrmInput",
+                      [](HWND editor) {
+                          FillUser(editor, L"Admin");
+                          Press(editor, L"CmdOk");
+                      }}},
+                    kUserManager,
+                    L"",
+                    L""});
+    uses.back().writesUnchecked = true;
+    uses.push_back({"UserEdited",
+                    {{L"FrmMenu", OnFirstUser(L"CmdEdit")},
+                     {L"FrmInput",
+                      [](HWND editor) {
+                          SetBox(editor, L"TxtDes", L"khac");
+                          Press(editor, L"CmdOk");
+                      }}},
+                    kUserManager,
+                    L"",
+                    L"",
+                    L"select \"dec\" from \"user\" where code=1",
+                    L"khac"});
+    uses.push_back({"UserDeleted",
+                    {{L"FrmMenu", OnFirstUser(L"CmdDel")}},
+                    kUserManager,
+                    L"",
+                    L"",
+                    L"select count(*) from \"user\" where code=1",
+                    L"0"});
+    uses.push_back({"PasswordChanged",
+                    {{L"FrmInput",
+                      [](HWND editor) {
+                          SetBox(editor, L"TxtPass", L"ab");
+                          SetBox(editor, L"txtConfirm", L"AB");
+                          Press(editor, L"CmdOk");
+                      }}},
+                    kShowUser,
+                    L"",
+                    L"",
+                    L"select password from \"user\" where code=3",
+                    L"329.0"});
+    uses.push_back({"GroupAdded",
+                    {{L"FmGrp", Pressing(L"CmdAdd")},
+                     {L"FmGrp",
+                      [](HWND groups) {
+                          SetBox(groups, L"txtName", L"moi");
+                          SetBox(groups, L"TxtDesc", L"them");
+                          Press(groups, L"CmdWrite");
+                      }}},
+                    kShowGroup,
+                    L"",
+                    L"",
+                    L"select des from groups where name='moi'",
+                    L"them "});
+    uses.back().asksAfterWriting = true;
+    uses.push_back({"GroupEdited",
+                    {{L"FmGrp", ChooseSecondGroup},
+                     {L"FmGrp",
+                      [](HWND groups) {
+                          if (HasGroups(groups, 2)) {
+                              SetBox(groups, L"TxtDesc", L"khac");
+                              Press(groups, L"CmdWrite");
+                          }
+                      }}},
+                    kShowGroup,
+                    L"",
+                    L"",
+                    L"select name || des from groups where code=2",
+                    L"Kế toánkhac "});
+    uses.push_back({"GroupDeleted",
+                    {{L"FmGrp", ChooseSecondGroup}, {L"FmGrp", OnSecondGroup(L"CmdDelete")}},
+                    kShowGroup,
+                    L"",
+                    L"",
+                    L"select count(*) from groups",
+                    L"1"});
+    uses.back().tellsNoFailedWrite = true;
+    uses.push_back({"RightsWritten",
+                    {{L"FmGrp", ChooseSecondGroup},
+                     {L"FmGrp", OnSecondGroup(L"CmdPms")},
+                     {L"FrPms", TickSecondCommand},
+                     {L"FrPms", WriteTickedRights}},
+                    kShowGroup,
+                    L"",
+                    L"",
+                    L"select p1 || ' ' || p2 || ' ' || p3 from groups where code=2",
+                    L"3 48 31"});
+    uses.push_back({"Search", {{L"FrmFind", FindCode}}, SearchByClass, L"(MaKH  =  'KH001')", L""});
+    uses.back().raisesTheFirst = true;
+    uses.push_back({"FindShowWithPicker",
+                    {{L"FrmFind", LookUpProvince},
+                     {L"FmSelHang", ChooseFirstItem},
+                     {L"FrmFind", Pressing(L"CmdOk")}},
+                    SearchAtOnce,
+                    L"(MaTinh  =  'HN')",
+                    L""});
+    uses.push_back(
+        {"ItemPicked", {{L"FmSelHang", ChooseFirstItem}}, kPickByName, L"HN Hà Nội", L" "});
+    uses.push_back({"CodeEntered", {}, kEnterCode, L"HP Hải Phòng", L" "});
+    uses.push_back({"SettingRead",
+                    {},
+                    OnOptions([](const Database& database) {
+                        return GetOption(database, kStoredOption, L"thay");
+                    }),
+                    L"40",
+                    L"thay"});
+    uses.push_back({"SettingChanged",
+                    {},
+                    OnOptions([](const Database& database) {
+                        return Answered(
+                            [&] { return SetOption(database, kStoredOption, L"50", L"", false); });
+                    }),
+                    L"written",
+                    L"refused",
+                    L"select keyvalue from options where keyname='SoDongMoiTrang'",
+                    L"50"});
+    uses.push_back({"SettingAdded",
+                    {},
+                    OnOptions([](const Database& database) {
+                        return Answered(
+                            [&] { return SetOption(database, kNewOption, L"50", L"", false); });
+                    }),
+                    L"written",
+                    L"refused",
+                    L"select keyvalue from options where keyname='Moi'",
+                    L"50"});
+    uses.back().mayUpdateNothing = true;
+    return uses;
+}
+
+} // namespace
+
+const std::vector<Use>& AllUses() {
+    static const std::vector<Use> uses = MakeUses();
+    return uses;
+}
+
+bool Played::TellsMoreThan(const Played& other) const {
+    return std::any_of(messages.begin(), messages.end(), [&](const std::wstring& message) {
+        return std::count(messages.begin(), messages.end(), message) >
+               std::count(other.messages.begin(), other.messages.end(), message);
+    });
+}
+
+Played Play(const Use& use, const SampleDatabase& database, const std::function<void()>& meanwhile,
+            const std::wstring& connection) {
+    std::vector<Step> steps = use.steps;
+    if (meanwhile && steps.empty())
+        meanwhile();
+    else if (meanwhile)
+        steps.back().act = [&, act = steps.back().act](HWND form) {
+            meanwhile();
+            act(form);
+        };
+    const Player player(steps);
+    Played played;
+    played.answer =
+        use.call(database, connection.empty() ? database.ConnectionString() : connection);
+    played.messages = player.Messages();
+    EXPECT_TRUE(player.EverythingClosed());
+    EXPECT_TRUE(TopWindows().empty());
+    return played;
+}
+
+void MakeSmall(const SampleDatabase& database) {
+    for (const wchar_t* statement :
+         {L"delete from \"user\" where code not in (1,3)", L"delete from groups where code>2",
+          L"delete from menu where id>2", L"delete from submenu where id not in (1,2,5)",
+          L"delete from lstfld where code>30", L"delete from operator where code not in (1,16,17)",
+          L"delete from tinhthanh where code not in ('HN','HP')",
+          L"delete from options where keyname<>'SoDongMoiTrang'"})
+        database.Execute(statement);
+}
+
+std::wstring Contents(const SampleDatabase& database) {
+    std::wstring text;
+    for (const wchar_t* table : {L"\"user\"", L"groups", L"options"})
+        for (const auto& row :
+             database.Query(std::wstring(L"select * from ") + table + L" order by 1,2")) {
+            for (const auto& cell : row)
+                text += cell.value_or(L"(null)") + L"|";
+            text += L"\n";
+        }
+    return text;
+}
+
+} // namespace vndesk::test
