@@ -4,6 +4,7 @@
 #include <comutil.h>
 
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
 
 namespace vndesk {
 
@@ -82,8 +83,7 @@ STDMETHODIMP SelItem::get_ActiveConnection(VARIANT* connection) {
 
 STDMETHODIMP SelItem::put_ActiveConnection(VARIANT connection) {
     return Guard([&] {
-        _variant_t text;
-        CheckHr(VariantCopyInd(&text, &connection));
+        _variant_t text = Resolved(connection);
         CheckHr(VariantChangeType(&text, &text, 0, VT_BSTR));
         boxes_->connectionString = FromBstr(V_BSTR(&text));
     });

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
 #include "menus/cool_menu.h"
 #include "menus/menu_module.h"
 
@@ -23,8 +24,8 @@ bool IsGiven(const VARIANT& value) {
 }
 
 _variant_t ConvertTo(VARTYPE type, const VARIANT& value) {
-    _variant_t result;
-    CheckHr(VariantChangeType(&result, const_cast<VARIANT*>(&value), 0, type));
+    _variant_t result = Resolved(value);
+    CheckHr(VariantChangeType(&result, &result, 0, type));
     return result;
 }
 
@@ -53,8 +54,7 @@ VARIANT_BOOL FromBool(bool value) {
 
 // What a host gives as HelpObj: a HelpCallBack object, or nothing.
 MenuHelp ToHelp(const VARIANT& value) {
-    _variant_t given;
-    CheckHr(VariantCopyInd(&given, const_cast<VARIANT*>(&value)));
+    const _variant_t given = Resolved(value);
     if (!IsGiven(given) || given.vt == VT_NULL)
         return {};
     if (given.vt != VT_DISPATCH && given.vt != VT_UNKNOWN)

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
 #include "data/database.h"
 #include "find/find_dialog.h"
 #include "logon/session.h"
@@ -15,7 +16,8 @@ namespace vndesk {
 namespace {
 
 // A window handle out of a number of whatever type.
-HWND ToWindow(_variant_t number) {
+HWND ToWindow(const _variant_t& given) {
+    _variant_t number = Resolved(given);
     CheckHr(VariantChangeType(&number, &number, 0, VT_I8));
     return reinterpret_cast<HWND>(static_cast<LONG_PTR>(number.llVal));
 }
@@ -34,8 +36,7 @@ HWND WindowOfForm(IDispatch* form) {
 }
 
 HWND OwnerWindow(const VARIANT& ownerForm) {
-    _variant_t owner;
-    CheckHr(VariantCopyInd(&owner, const_cast<VARIANT*>(&ownerForm)));
+    const _variant_t owner = Resolved(ownerForm);
     switch (owner.vt) {
     case VT_ERROR: // left out
     case VT_EMPTY:
@@ -78,8 +79,8 @@ STDMETHODIMP Search::get_ActiveConnection(VARIANT* value) {
 
 STDMETHODIMP Search::put_ActiveConnection(VARIANT value) {
     return Guard([&] {
-        _variant_t text;
-        CheckHr(VariantChangeType(&text, &value, 0, VT_BSTR));
+        _variant_t text = Resolved(value);
+        CheckHr(VariantChangeType(&text, &text, 0, VT_BSTR));
         CheckConnection(Connection().put_ConnectionString(text.bstrVal));
     });
 }

@@ -24,8 +24,16 @@ template <class Read> BSTR ReadName(Read read) {
     return ToBstr(name);
 }
 
+// A path beyond the platform's limit names no file; not every platform survives the attempt.
+std::wstring Path(BSTR text) {
+    constexpr size_t kLongest = 32767;
+    constexpr wchar_t kNoFile[] = L"?";
+    std::wstring path = FromBstr(text);
+    return path.size() <= kLongest ? path : kNoFile;
+}
+
 long Copy(BSTR existing, BSTR target, BOOL failIfExists) {
-    return ::CopyFileW(FromBstr(existing).c_str(), FromBstr(target).c_str(), failIfExists);
+    return ::CopyFileW(Path(existing).c_str(), Path(target).c_str(), failIfExists);
 }
 
 } // namespace
@@ -59,7 +67,7 @@ STDMETHODIMP Varnok::WinHelp(long window, BSTR helpFile, long command, long data
         // Window handles fit into 32 bits and are sign-extended.
         const auto owner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
         SetOut(done, [&] {
-            return ::WinHelpW(owner, FromBstr(helpFile).c_str(), static_cast<UINT>(command),
+            return ::WinHelpW(owner, Path(helpFile).c_str(), static_cast<UINT>(command),
                               static_cast<ULONG_PTR>(static_cast<LONG_PTR>(data)));
         });
     });
@@ -68,7 +76,7 @@ STDMETHODIMP Varnok::WinHelp(long window, BSTR helpFile, long command, long data
 STDMETHODIMP Varnok::WriteRegA(BSTR section, BSTR key, BSTR value, BSTR fileName) {
     return Guard([&] {
         WritePrivateProfileStringW(FromBstr(section).c_str(), FromBstr(key).c_str(),
-                                   FromBstr(value).c_str(), FromBstr(fileName).c_str());
+                                   FromBstr(value).c_str(), Path(fileName).c_str());
     });
 }
 
@@ -77,7 +85,7 @@ STDMETHODIMP Varnok::ReadRegVlA(BSTR section, BSTR key, BSTR fileName, BSTR* val
         BSTR& result = ClearedOut(value);
         wchar_t text[kBuffer] = L"";
         GetPrivateProfileStringW(FromBstr(section).c_str(), FromBstr(key).c_str(), L"", text,
-                                 kBuffer, FromBstr(fileName).c_str());
+                                 kBuffer, Path(fileName).c_str());
         result = ToBstr(text);
     });
 }

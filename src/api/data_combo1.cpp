@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
 #include "controls/himetric.h"
 #include "forms/theme_scope.h"
 
@@ -22,8 +23,7 @@ constexpr DISPID kItemData = 3;
 std::optional<long> PlaceFrom(const VARIANT& index) {
     if (V_VT(&index) == VT_ERROR && V_ERROR(&index) == DISP_E_PARAMNOTFOUND)
         return std::nullopt;
-    _variant_t number;
-    CheckHr(VariantCopyInd(&number, const_cast<VARIANT*>(&index)));
+    _variant_t number = Resolved(index);
     if (V_VT(&number) == VT_EMPTY)
         return std::nullopt;
     if (FAILED(VariantChangeType(&number, &number, 0, VT_I4)))

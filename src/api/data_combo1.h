@@ -158,8 +158,6 @@ private:
     // What a property's let does around its work: asks the container, tells it afterwards.
     template <class Work> HRESULT Let(DISPID property, Work&& work) {
         return Guard([&] {
-            // A handler may let the host's last reference go.
-            const ComPtr<IDataCombo1> keepAlive(this);
             RequestEdit(property);
             work();
             Changed(property);

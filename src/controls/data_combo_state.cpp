@@ -5,6 +5,7 @@
 #include <olectl.h>
 
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
 #include "font_link.h"
 
 namespace vndesk {
@@ -24,7 +25,7 @@ bool IsColor(OLE_COLOR color) {
 _variant_t ReadProperty(IPropertyBag* bag, IErrorLog* errors, const wchar_t* name, VARTYPE type) {
     _variant_t value;
     V_VT(&value) = type; // bags convert to what is asked for
-    if (FAILED(bag->Read(name, &value, errors)) ||
+    if (FAILED(bag->Read(name, &value, errors)) || !IsSound(value) ||
         FAILED(VariantChangeType(&value, &value, 0, type)))
         value.Clear();
     return value;

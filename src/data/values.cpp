@@ -4,14 +4,16 @@
 #include <comutil.h>
 #include <oleauto.h>
 
+#include "com/kit/variant.h"
+
 namespace vndesk {
 
 namespace {
 
 // In the invariant locale, so that the same row reads the same on every machine.
 bool Convert(const VARIANT& value, VARTYPE type, _variant_t& result) {
-    return SUCCEEDED(
-        VariantChangeTypeEx(&result, const_cast<VARIANT*>(&value), LOCALE_INVARIANT, 0, type));
+    return IsSound(value) && SUCCEEDED(VariantChangeTypeEx(&result, const_cast<VARIANT*>(&value),
+                                                           LOCALE_INVARIANT, 0, type));
 }
 
 } // namespace

@@ -4,20 +4,20 @@
 #include <comutil.h>
 
 #include "com/kit/com_error.h"
+#include "com/kit/variant.h"
 
 namespace vndesk {
 
 namespace {
 
 // Image lists are memory, not window handles: 32-bit numbers are not sign-extended.
-HIMAGELIST ToHandle(const VARIANT& value) {
+HIMAGELIST ToHandle(const VARIANT& given) {
+    _variant_t value = Resolved(given);
     _variant_t number;
     ULONG_PTR handle = 0;
-    if (SUCCEEDED(
-            VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_INVARIANT, 0, VT_I4)))
+    if (SUCCEEDED(VariantChangeTypeEx(&number, &value, LOCALE_INVARIANT, 0, VT_I4)))
         handle = static_cast<ULONG>(V_I4(&number));
-    else if (SUCCEEDED(VariantChangeTypeEx(&number, const_cast<VARIANT*>(&value), LOCALE_INVARIANT,
-                                           0, VT_I8)))
+    else if (SUCCEEDED(VariantChangeTypeEx(&number, &value, LOCALE_INVARIANT, 0, VT_I8)))
         handle = static_cast<ULONG_PTR>(V_I8(&number));
     else
         throw ComError(DISP_E_TYPEMISMATCH, L"An ImageList object or handle is needed.");
@@ -32,8 +32,7 @@ bool IsImageList(HIMAGELIST list) {
 } // namespace
 
 ImageSource::ImageSource(const VARIANT& value) {
-    _variant_t source;
-    CheckHr(VariantCopyInd(&source, const_cast<VARIANT*>(&value)));
+    const _variant_t source = Resolved(value);
     switch (source.vt) {
     case VT_EMPTY:
     case VT_NULL:

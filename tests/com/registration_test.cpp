@@ -8,6 +8,7 @@
 #include "registry_edit.h"
 #include "support/check_hr.h"
 #include "support/temp_dir.h"
+#include "support/reliability.h"
 #include "support/text.h"
 
 namespace {
@@ -161,6 +162,19 @@ TEST_F(RegistrationTest, RegisteringTwiceChangesNothing) {
     EXPECT_SUCCEEDED(Register());
     EXPECT_SUCCEEDED(Register());
     ExpectSame(before_, OwnTree());
+}
+
+TEST_F(RegistrationTest, RegisteringAgainAndAgainChangesNothing) {
+    const int rounds = Rounds(5, 100);
+    for (int i = 0; i < rounds; ++i)
+        EXPECT_SUCCEEDED(Register());
+    ExpectSame(before_, OwnTree());
+    for (int i = 0; i < rounds; ++i) {
+        EXPECT_SUCCEEDED(Unregister());
+        EXPECT_SUCCEEDED(Register());
+    }
+    ExpectSame(before_, OwnTree());
+    TellFigures(2 * rounds, " registrations");
 }
 
 TEST_F(RegistrationTest, UnregisteringTakesOutOwnKeysOnly) {

@@ -15,5 +15,7 @@ struct HeapUse {
     size_t bytes = 0;
 };
 HeapUse HeapInUse();
+// Memory that the process has for itself alone, heaps and stacks included.
+size_t PrivateBytes();
 
 } // namespace vndesk::test

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: MIT
-// A host that runs for weeks: each dialog opened and closed 200 times in one process gives back
-// what it took.
+// A host that runs for weeks: dialogs opened and closed, and classes created, again and again in
+// one process give back what they took.
 #include "host.h"
 #include "leaks.h"
 
+#include "support/reliability.h"
 #include "support/sample_database.h"
+#include "support/text.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
 namespace {
 
 constexpr int kWarmUp = 20;
-constexpr int kRounds = 200;
+
+int DialogRounds() {
+    return Rounds(200, 1000);
+}
 
 // Closes whatever form of the library shows up, from inside its own modal loop.
 class CloseEachForm {
@@ -33,7 +38,7 @@ TEST(Leaks, MessageBoxesGiveEverythingBack) {
     const CloseEachForm closing;
     const auto logon = CreateLogon();
     long icon = 0;
-    ExpectFlat("message boxes", kWarmUp, kRounds, [&] {
+    ExpectFlat("message boxes", kWarmUp, DialogRounds(), [&] {
         icon = (icon + 16) % 80;
         _bstr_t text(L"Kh«ng thÓ ghi d÷ liÖu vµo b¶ng");
         _bstr_t title(L"");
@@ -48,10 +53,32 @@ TEST(Leaks, LogonDialogsGiveEverythingBack) {
     const CloseEachForm closing;
     const SampleDatabase database = SampleDatabase::Embedded();
     const auto logon = CreateLogon();
-    ExpectFlat("logon dialogs", kWarmUp, kRounds, [&] {
+    ExpectFlat("logon dialogs", kWarmUp, DialogRounds(), [&] {
         _bstr_t connect(database.ConnectionString().c_str());
         long code = -1;
         ASSERT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
+    });
+}
+
+class ClassLeaks : public testing::TestWithParam<const wchar_t*> {};
+INSTANTIATE_TEST_SUITE_P(Classes, ClassLeaks,
+                         testing::Values(L"clsLogon", L"Varnok", L"clsRegistry", L"DataCombo1",
+                                         L"cSelItem", L"clsSearch", L"clsCoolMenu",
+                                         L"HelpCallBack"),
+                         [](const auto& info) { return ToUtf8(info.param); });
+
+TEST_P(ClassLeaks, ObjectsGiveEverythingBack) {
+    CLSID clsid;
+    ASSERT_SUCCEEDED(CLSIDFromProgID((std::wstring(L"VnDesk.") + GetParam()).c_str(), &clsid));
+    ExpectNothingKept(ToUtf8(GetParam()).c_str(), kWarmUp, Rounds(200, 1000), [&] {
+        Microsoft::WRL::ComPtr<IDispatch> object;
+        ASSERT_SUCCEEDED(
+            CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)));
+        auto* name = const_cast<LPOLESTR>(L"NoSuchMember");
+        DISPID id;
+        EXPECT_HR(DISP_E_UNKNOWNNAME,
+                  object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_NEUTRAL, &id));
+        EXPECT_EQ(0u, object.Reset());
     });
 }
 

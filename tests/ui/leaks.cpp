@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
 #include "forms/form_window.h"
 #include "support/leak_probe.h"
+#include "support/reliability.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
@@ -109,11 +112,52 @@ private:
     ULONG_PTR cookie_ = 0;
 };
 
-long HeapGrowth(int rounds, const std::function<void()>& round) {
-    const size_t before = HeapInUse().bytes;
-    for (int i = 0; i < rounds; ++i)
-        round();
-    return static_cast<long>(HeapInUse().bytes - before);
+// What is in use after each twentieth of the rounds.
+constexpr int kSamples = 20;
+using Series = std::array<double, kSamples + 1>;
+
+// The median of the slopes between all pairs: a lump that the heap takes once does not bend it, as
+// it would bend a line of least squares.
+double SlopeOf(const Series& use, double roundsBetween) {
+    std::vector<double> slopes;
+    for (size_t i = 0; i < use.size(); ++i)
+        for (size_t k = i + 1; k < use.size(); ++k)
+            slopes.push_back((use[k] - use[i]) / (static_cast<double>(k - i) * roundsBetween));
+    std::nth_element(slopes.begin(), slopes.begin() + slopes.size() / 2, slopes.end());
+    return slopes[slopes.size() / 2];
+}
+
+// Bytes a round.
+struct Slopes {
+    double heap = 0, memory = 0;
+};
+
+Slopes Measure(int rounds, const std::function<void()>& round) {
+    Series heap = {}, memory = {};
+    int done = 0;
+    for (int sample = 0; sample <= kSamples; ++sample) {
+        for (; done < rounds * sample / kSamples; ++done)
+            round();
+        heap[static_cast<size_t>(sample)] = static_cast<double>(HeapInUse().bytes);
+        memory[static_cast<size_t>(sample)] = static_cast<double>(PrivateBytes());
+    }
+    const double between = static_cast<double>(rounds) / kSamples;
+    return {SlopeOf(heap, between), SlopeOf(memory, between)};
+}
+
+Slopes ExpectSameObjects(const char* what, int rounds, const std::function<void()>& round) {
+    const long gdi = GdiObjects();
+    const long user = UserObjects();
+    const Slopes slopes = Measure(rounds, round);
+    EXPECT_EQ(GdiObjects(), gdi) << what;
+    EXPECT_EQ(UserObjects(), user) << what;
+    return slopes;
+}
+
+void Tell(const char* what, int rounds, const Slopes& slopes, const Slopes& platform) {
+    TellFigures(what, ", ", rounds, " rounds; bytes a round: heap ", slopes.heap, " (platform ",
+                platform.heap, "), private memory ", slopes.memory, " (platform ", platform.memory,
+                ")");
 }
 
 } // namespace
@@ -121,21 +165,26 @@ long HeapGrowth(int rounds, const std::function<void()>& round) {
 void ExpectFlat(const char* what, int warmUp, int rounds, const std::function<void()>& round) {
     for (int i = 0; i < warmUp; ++i)
         round();
-    const long gdi = GdiObjects();
-    const long user = UserObjects();
-    const long growth = HeapGrowth(rounds, round);
-    EXPECT_EQ(GdiObjects(), gdi) << what;
-    EXPECT_EQ(UserObjects(), user) << what;
+    const Slopes slopes = ExpectSameObjects(what, rounds, round);
 
     Record(round);
     ASSERT_FALSE(recorded.empty()) << what;
     const LibraryTheme theme;
-    HeapGrowth(warmUp, MakeBareTwin);
-    const long platform = HeapGrowth(rounds, MakeBareTwin);
-    const long tolerance = rounds * kToleratedBytes + platform / 4;
-    EXPECT_LE(growth, platform + tolerance) << what << ", the platform alone: " << platform;
-    testing::Test::RecordProperty("growth", static_cast<int>(growth));
-    testing::Test::RecordProperty("platform", static_cast<int>(platform));
+    for (int i = 0; i < warmUp; ++i)
+        MakeBareTwin();
+    const Slopes platform = Measure(rounds, MakeBareTwin);
+    EXPECT_LE(slopes.heap, platform.heap * 1.25 + kToleratedBytes)
+        << what << ", the platform alone: " << platform.heap;
+    Tell(what, rounds, slopes, platform);
+}
+
+void ExpectNothingKept(const char* what, int warmUp, int rounds,
+                       const std::function<void()>& round) {
+    for (int i = 0; i < warmUp; ++i)
+        round();
+    const Slopes slopes = ExpectSameObjects(what, rounds, round);
+    EXPECT_LE(slopes.heap, kToleratedBytes) << what;
+    Tell(what, rounds, slopes, {});
 }
 
 } // namespace vndesk::test

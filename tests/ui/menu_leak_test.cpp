@@ -1,34 +1,24 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus that are installed and opened again and again give back what they took.
+#include "leaks.h"
 #include "menu_host.h"
 
-#include "support/leak_probe.h"
+#include "support/reliability.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
 namespace {
 
 constexpr int kWarmUp = 30;
-constexpr int kRounds = 500;
-// A leaked object a round is far more.
-constexpr long kToleratedBytes = kRounds * 8;
 
-void ExpectNothingKept(const std::function<void()>& round) {
-    for (int i = 0; i < kWarmUp; ++i)
-        round();
-    const long gdi = GdiObjects(), user = UserObjects();
-    const auto heap = static_cast<long>(HeapInUse().bytes);
-    for (int i = 0; i < kRounds; ++i)
-        round();
-    EXPECT_GE(kToleratedBytes, static_cast<long>(HeapInUse().bytes) - heap);
-    EXPECT_EQ(gdi, GdiObjects());
-    EXPECT_EQ(user, UserObjects());
+int MenuRounds() {
+    return Rounds(500, 1000);
 }
 
 TEST(MenuLeaks, InstallingGivesEverythingBack) {
     const Pictures pictures;
     const MenuHost host;
-    ExpectNothingKept([&] {
+    ExpectNothingKept("menu installations", kWarmUp, MenuRounds(), [&] {
         const InstalledMenu menu(host, InstalledMenu::Missing(), pictures.Handle());
         long size;
         EXPECT_SUCCEEDED(menu->FontSize(host.Handle(), _variant_t(11L), &size));
@@ -53,13 +43,13 @@ TEST(MenuLeaks, PopupsGiveEverythingBack) {
             AppendMenuW(host.Recent(), MF_STRING, 700, L"&3 Hồ sơ | mới");
         }
     };
-    ExpectNothingKept([&] {
+    ExpectNothingKept("popups", kWarmUp, MenuRounds(), [&] {
         SendMessageW(host.Window(), WM_SYSCOMMAND, SC_KEYMENU, 't');
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
             DispatchMessageW(&message);
     });
-    EXPECT_LE(kWarmUp + kRounds, idle);
+    EXPECT_LE(kWarmUp + MenuRounds(), idle);
     host.onMessage = nullptr;
 }
 

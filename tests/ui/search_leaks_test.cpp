@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The find dialog opened and closed 100 times in one process.
+// The find dialog opened and closed again and again in one process.
 #include "search.h"
 
 #include "leaks.h"
+#include "support/reliability.h"
 
 namespace vndesk::test {
 namespace {
@@ -33,9 +34,20 @@ TEST(SearchLeaks, FindDialogsGiveEverythingBack) {
     const auto search = CreateSearch();
     EXPECT_SUCCEEDED(search->put_ActiveConnection(_variant_t(database.ConnectionString().c_str())));
     EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(L"KhachHang")));
-    ExpectFlat("find dialogs", 5, 100, [&] {
+    ExpectFlat("find dialogs", 5, Rounds(100, 1000), [&] {
         long modal = 1;
         ASSERT_SUCCEEDED(search->Show(&modal, Missing()));
+    });
+}
+
+TEST(SearchLeaks, SearchesInOneCallGiveEverythingBack) {
+    const Closing closing;
+    const SampleDatabase database = SampleDatabase::Embedded();
+    const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
+    ExpectFlat("searches in one call", 5, Rounds(20, 1000), [&] {
+        const auto condition =
+            varnok.Call(L"FindShow", {database.ConnectionString().c_str(), L"KhachHang"});
+        EXPECT_EQ(_bstr_t(L""), _bstr_t(condition)) << "the dialog was cancelled";
     });
 }
 

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The administration forms opened and closed 100 times in one process.
+// The administration forms opened and closed again and again in one process.
 #include "administration.h"
 
 #include "leaks.h"
+#include "support/reliability.h"
 
 namespace vndesk::test {
 namespace {
 
 constexpr int kWarmUp = 15;
-constexpr int kRounds = 100;
+
+int FormRounds() {
+    return Rounds(100, 1000);
+}
 
 // What a user does in each round: from the first form to the second by a button, and out of both.
 struct Walk {
@@ -69,12 +73,12 @@ protected:
         const SampleDatabase database = SampleDatabase::Embedded();
         const auto logon = CreateLogon();
         Walking::secondForms = 0;
-        ExpectFlat(what, kWarmUp, kRounds, [&] {
+        ExpectFlat(what, kWarmUp, FormRounds(), [&] {
             _bstr_t connect(database.ConnectionString().c_str());
             ASSERT_SUCCEEDED(operation(*logon.Get(), &connect.GetBSTR()));
         });
         // One more round is recorded.
-        EXPECT_EQ(Walking::secondForms, walk.second ? kWarmUp + kRounds + 1 : 0);
+        EXPECT_EQ(Walking::secondForms, walk.second ? kWarmUp + FormRounds() + 1 : 0);
     }
 };
 

@@ -2,12 +2,13 @@
 #include "ado/ado_object.h"
 
 #include "ado/ado_error.h"
+#include "com/kit/variant.h"
 
 namespace vndesk::ado {
 
 Argument::Argument(const VARIANT& given) {
     VariantInit(&value_);
-    CheckHr(VariantCopyInd(&value_, const_cast<VARIANT*>(&given)));
+    value_ = Resolved(given).Detach();
 }
 
 bool Argument::IsMissing() const {

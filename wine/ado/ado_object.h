@@ -37,7 +37,7 @@ protected:
     }
 
     // Guard for getters: refuses a null pointer and clears what it points to first.
-    template <class Out, class Body> static HRESULT Get(Out* out, Body&& body) noexcept {
+    template <class Out, class Body> HRESULT Get(Out* out, Body&& body) noexcept {
         if (!out)
             return E_POINTER;
         *out = Out();
@@ -45,7 +45,7 @@ protected:
     }
 
     // `member` may carry its accessor's prefix.
-    static HRESULT Refuse(std::wstring member) noexcept {
+    HRESULT Refuse(std::wstring member) noexcept {
         return Base::Guard([&] {
             for (const std::wstring prefix : {L"get_", L"put_", L"putref_"})
                 if (member.rfind(prefix, 0) == 0)

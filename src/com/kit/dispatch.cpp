@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "variant.h"
+
 namespace vndesk {
 
 namespace {
@@ -93,6 +95,13 @@ UINT PositionOf(const DISPPARAMS& parameters, UINT argument) {
                : parameters.cArgs - 1 - argument;
 }
 
+// What is said to be there is there.
+bool IsList(const DISPPARAMS& parameters) {
+    return (parameters.cArgs == 0 || parameters.rgvarg) &&
+           (parameters.cNamedArgs == 0 || parameters.rgdispidNamedArgs) &&
+           parameters.cNamedArgs <= parameters.cArgs;
+}
+
 } // namespace
 
 HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WORD flags,
@@ -106,11 +115,19 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
         // The platforms name different errors.
         if (!member)
             return DISP_E_MEMBERNOTFOUND;
+        if (!IsList(*parameters))
+            return E_INVALIDARG;
         std::vector<std::unique_ptr<Coerced>> coerced;
         // The platform's call may overlook what is too much.
         if (parameters->cArgs > member->mostArguments)
             return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < parameters->cArgs; ++i) {
+            // The platform's conversions follow every reference.
+            if (!IsSound(parameters->rgvarg[i])) {
+                if (badArgument)
+                    *badArgument = i;
+                return DISP_E_TYPEMISMATCH;
+            }
             const UINT position = PositionOf(*parameters, i);
             if (position >= member->referred.size())
                 continue;

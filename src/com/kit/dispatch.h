@@ -92,8 +92,10 @@ protected:
         return ComObject<Dual, ISupportErrorInfo, Others...>::Find(iid);
     }
 
-    // The one way out of a method: no exception passes, every error gets a description.
-    template <class Body> static HRESULT Guard(Body&& body) noexcept {
+    // The one way out of a method: no exception passes, every error gets a description. A method
+    // may run the host's code, which may let the object go: it stays until the method returns.
+    template <class Body> HRESULT Guard(Body&& body) noexcept {
+        const ComPtr<IUnknown> keepAlive(static_cast<Dual*>(this));
         try {
             body();
             return S_OK;

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+// Hosts with more than one thread: apartments of their own, calls marshalled by COM, and calls that
+// break COM's rules and come straight from another thread.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "registered_dll.h"
+#include "support/check_hr.h"
+#include "support/late_bound.h"
+#include "support/reliability.h"
+#include "support/text.h"
+#include "support/ui_windows.h"
+#include "vndesk_idl.h"
+
+namespace {
+
+using namespace vndesk::test;
+
+constexpr int kThreads = 4;
+
+class Apartment {
+public:
+    explicit Apartment(DWORD kind) { EXPECT_SUCCEEDED(CoInitializeEx(nullptr, kind)); }
+    ~Apartment() { CoUninitialize(); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
+// Runs the work in threads of their own while this one serves its apartment.
+void InThreads(int count, DWORD kind, const std::function<void()>& work) {
+    std::atomic<int> running{count};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < count; ++i)
+        threads.emplace_back([&] {
+            {
+                const Apartment apartment(kind);
+                try {
+                    work();
+                } catch (const std::exception& error) {
+                    ADD_FAILURE() << error.what();
+                }
+            }
+            --running;
+        });
+    EXPECT_TRUE(PumpUntil([&] { return running == 0; }, 100000));
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(Threads, EachApartmentMakesObjectsOfItsOwn) {
+    const int rounds = Rounds(50, 1000);
+    ASSERT_HR(S_OK, CanUnloadNow());
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+        for (int i = 0; i < rounds; ++i)
+            for (const RegisteredClass& entry : RegisteredClasses()) {
+                const LateBound object(entry.Create().Get());
+                EXPECT_HR(DISP_E_UNKNOWNNAME, object.TryCall(L"NoSuchMember").hr);
+            }
+    });
+    EXPECT_HR(S_OK, CanUnloadNow());
+}
+
+TEST(Threads, ObjectsOfAThreadWithoutWindowsWorkInTheApartmentThatComGivesThem) {
+    InThreads(kThreads, COINIT_MULTITHREADED, [] {
+        const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
+        for (int i = 0; i < 20; ++i)
+            EXPECT_EQ(_bstr_t(L"1.234,5"), _bstr_t(varnok.Call(L"CvNStr", {1234.5})));
+    });
+}
+
+// The interface of an object of this thread, marshalled to another one.
+class Marshalled {
+public:
+    explicit Marshalled(IUnknown* object) {
+        EXPECT_SUCCEEDED(CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object, &stream_));
+    }
+    LateBound Get() {
+        ComPtr<IDispatch> object;
+        EXPECT_SUCCEEDED(CoGetInterfaceAndReleaseStream(stream_, IID_PPV_ARGS(&object)));
+        return LateBound(object.Get());
+    }
+
+private:
+    IStream* stream_ = nullptr;
+};
+
+TEST(Threads, MarshalledCallsRunInTheObjectsOwnThread) {
+    for (const DWORD kind : {DWORD{COINIT_APARTMENTTHREADED}, DWORD{COINIT_MULTITHREADED}}) {
+        const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
+        Marshalled marshalled(varnok.Dispatch());
+        InThreads(1, kind, [&] {
+            const LateBound proxy = marshalled.Get();
+            for (int i = 0; i < 50; ++i) {
+                EXPECT_EQ(_bstr_t(L"b"), _bstr_t(proxy.Call(L"Mid1", {L"abc", 2L})));
+                EXPECT_HR(DISP_E_TYPEMISMATCH, proxy.TryCall(L"Mid1", {L"abc", L"x"}).hr);
+            }
+        });
+    }
+    EXPECT_HR(S_OK, CanUnloadNow());
+}
+
+// COM forbids it; references and plain functions survive it all the same.
+TEST(Threads, UnmarshalledCallsOfOtherThreadsDoNoHarm) {
+    const int rounds = Rounds(500, 10000);
+    const ComPtr<IDispatch> object = LateBound::Create(L"VnDesk.Varnok").Dispatch();
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+        const LateBound varnok(object.Get());
+        for (int i = 0; i < rounds; ++i) {
+            EXPECT_EQ(_bstr_t(L"+"), _bstr_t(varnok.Call(L"Sign", {L"+5"})));
+            EXPECT_FAILED(varnok.TryCall(L"Mid1", {L"abc", L"x"}).hr);
+        }
+    });
+    EXPECT_TRUE(static_cast<bool>(object));
+}
+
+TEST(Threads, EachThreadShowsFormsOfItsOwn) {
+    const int rounds = Rounds(10, 250);
+    std::atomic<int> answered{0};
+    std::atomic<bool> over{false};
+    std::thread user([&] {
+        while (!over) {
+            for (const HWND window : TopWindows())
+                PostMessageW(window, WM_CLOSE, 0, 0);
+            Sleep(5);
+        }
+    });
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+        const LateBound logon = LateBound::Create(L"VnDesk.clsLogon");
+        const LateBound combo = LateBound::Create(L"VnDesk.DataCombo1");
+        for (int i = 0; i < rounds; ++i) {
+            EXPECT_EQ(_bstr_t(L""), _bstr_t(logon.Call(L"MgBox", {L"abc", 0L, L"t", 64L})));
+            EXPECT_EQ(0, long{_variant_t(logon.Call(L"ShowLogon", {L"Driver={none}"}))});
+            combo.Call(L"AddItem", {L"abc"});
+            ++answered;
+        }
+    });
+    over = true;
+    user.join();
+    EXPECT_EQ(kThreads * rounds, answered);
+    EXPECT_HR(S_OK, CanUnloadNow());
+}
+
+} // namespace
