@@ -160,6 +160,7 @@ TEST_P(HostileArguments, EveryValueInEveryPlaceEndsInAnAnswer) {
 }
 
 TEST_P(HostileArguments, SenselessListsOfArgumentsAreRefused) {
+    const ClosesWindows closer;
     const ComPtr<IDispatch> object = GetParam().Create();
     for (const Method& method : GetParam().methods) {
         if (method.Arguments() == 0)

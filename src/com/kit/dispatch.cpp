@@ -5,6 +5,7 @@
 #include <oleauto.h>
 #include <comutil.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -95,11 +96,20 @@ UINT PositionOf(const DISPPARAMS& parameters, UINT argument) {
                : parameters.cArgs - 1 - argument;
 }
 
-// What is said to be there is there.
-bool IsList(const DISPPARAMS& parameters) {
-    return (parameters.cArgs == 0 || parameters.rgvarg) &&
-           (parameters.cNamedArgs == 0 || parameters.rgdispidNamedArgs) &&
-           parameters.cNamedArgs <= parameters.cArgs;
+// What is said to be there is there, and each parameter is named once at most.
+HRESULT CheckList(const DISPPARAMS& parameters, const FUNCDESC& function) {
+    if ((parameters.cArgs > 0 && !parameters.rgvarg) ||
+        (parameters.cNamedArgs > 0 && !parameters.rgdispidNamedArgs) ||
+        parameters.cNamedArgs > parameters.cArgs)
+        return E_INVALIDARG;
+    const DISPID* const names = parameters.rgdispidNamedArgs;
+    for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
+        if (names[i] != DISPID_PROPERTYPUT && (names[i] < 0 || names[i] >= function.cParams))
+            return DISP_E_PARAMNOTFOUND;
+        if (std::find(names, names + i, names[i]) != names + i)
+            return E_INVALIDARG;
+    }
+    return S_OK;
 }
 
 } // namespace
@@ -115,8 +125,7 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
         // The platforms name different errors.
         if (!member)
             return DISP_E_MEMBERNOTFOUND;
-        if (!IsList(*parameters))
-            return E_INVALIDARG;
+        CheckHr(CheckList(*parameters, *function));
         std::vector<std::unique_ptr<Coerced>> coerced;
         // The platform's call may overlook what is too much.
         if (parameters->cArgs > member->mostArguments)

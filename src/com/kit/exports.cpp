@@ -5,17 +5,39 @@
 
 #include <olectl.h>
 
+#include <cstddef>
+
 #include "class_factory.h"
 #include "dispatch.h"
 #include "module.h"
 #include "registration.h"
 
+#ifdef __GLIBCXX__
+// The run-time keeps 70 KB for exceptions when memory is short, and leaves them behind when its DLL
+// goes unless it is told.
+namespace __gnu_cxx {
+void __freeres();
+}
+#endif
+
 using namespace vndesk;
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+namespace {
+
+void FreeRunTime() {
+#ifdef __GLIBCXX__
+    __gnu_cxx::__freeres();
+#endif
+}
+
+} // namespace
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {
         SetModuleInstance(instance);
         DisableThreadLibraryCalls(instance);
+    } else if (reason == DLL_PROCESS_DETACH && !processEnds) {
+        FreeRunTime();
     }
     return TRUE;
 }
