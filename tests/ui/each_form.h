@@ -16,6 +16,10 @@ struct EachForm {
     std::function<HRESULT(BSTR* connect)> open;
 };
 
+inline void PrintTo(const EachForm& form, std::ostream* out) {
+    *out << form.name;
+}
+
 inline const std::vector<EachForm>& EveryForm() {
     static const auto logon = [](auto call) {
         return [call](BSTR* connect) { return call(*CreateLogon().Get(), connect); };
@@ -78,11 +82,11 @@ inline const std::vector<EachForm>& EveryForm() {
          {L"FmSelHang"},
          [](BSTR* connect) {
              const auto item = CreateSelItem();
-             const HWND box = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 5, 5, 90, 24,
+             const HWND box = CreateWindowExW(0, L"EDIT", L"H", WS_CHILD | WS_VISIBLE, 5, 5, 90, 24,
                                               GetActiveWindow(), nullptr, nullptr, nullptr);
              EXPECT_SUCCEEDED(item->SetTextSel(HandleOf(box)));
              EXPECT_SUCCEEDED(
-                 item->put_SqlName(_bstr_t(L"Select MaKH,Name From KhachHang Where Name")));
+                 item->put_SqlName(_bstr_t(L"Select Code,Name From TinhThanh Where Name")));
              EXPECT_SUCCEEDED(item->put_ActiveConnection(_variant_t(*connect)));
              SendMessageW(box, WM_KEYDOWN, VK_RETURN, 0);
              DestroyWindow(box);
