@@ -149,6 +149,7 @@ TEST_P(HostileHost, EndOfTheUsersSessionIsNotRefused) {
 }
 
 TEST_P(HostileHost, ObjectsAndLibraryLetGoMeanwhileStayUntilTheCallReturns) {
+    const HostWindow host;
     Open([&](HWND) { CoFreeUnusedLibrariesEx(0, 0); });
     ExpectNextFormWorks();
 }
