@@ -68,10 +68,11 @@ stop_display() {
     wait "$display_pid" 2>/dev/null
 }
 
-# wine_environment ARCH: what every program in the prefix of that architecture is given.
+# wine_environment ARCH: what every program in a prefix of that architecture is given. VNDESK_PREFIX names
+# another prefix than the project's own, in which nothing gets registered (scripts/setup-prefix).
 wine_environment() {
     arch=$1
-    export WINEPREFIX=$build/prefix-$arch
+    export WINEPREFIX=$build/prefix-${VNDESK_PREFIX:-$arch}
     # Hints about the machine (no Bluetooth, no Vulkan) are no one's business here.
     export WINEDEBUG=${WINEDEBUG:-fixme-all,err-winediag,err-ntoskrnl,err-vulkan}
     # No download prompts for .NET and HTML, no menu entries in the user's home.
@@ -124,10 +125,11 @@ end_wine() {
 # One private display at a time per prefix: Wine's desktop belongs to the first display it saw.
 lock_prefix() {
     mkdir -p "$build"
-    exec {prefix_lock}>"$build/prefix-$arch.lock" ||
+    local name=${WINEPREFIX##*/}
+    exec {prefix_lock}>"$WINEPREFIX.lock" ||
         die "cannot write to $build: make clean as the user who built here"
     flock -n "$prefix_lock" && return
-    say "${0##*/}: waiting for another program in the $arch prefix"
-    flock -w "${VNDESK_LOCK_TIMEOUT:-1800}" "$prefix_lock" || die "the $arch prefix is still in use"
+    say "${0##*/}: waiting for another program in $name"
+    flock -w "${VNDESK_LOCK_TIMEOUT:-1800}" "$prefix_lock" || die "$name is still in use"
 }
 unlock_prefix() { exec {prefix_lock}>&-; }
