@@ -19,8 +19,9 @@ constexpr const char* kNoise[] = {
     // a
     // running uninstaller cannot delete itself.
     "\\AppData\\Local\\Temp\\",
-    // The list of data sources is made by the first program that loads the ODBC manager.
+    // The first program that loads the ODBC manager copies the machine's drivers and data sources.
     "\\ODBC\\ODBC.INI",
+    "\\ODBC\\ODBCINST.INI",
 };
 
 bool IsNoise(const std::string& place) {

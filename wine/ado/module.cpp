@@ -16,8 +16,6 @@ constexpr CLSID kConnectionClass = {
     0x00000514, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
 constexpr CLSID kRecordsetClass = {
     0x00000535, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
-constexpr GUID kTypeLibrary = {
-    0x5B1C6F5E, 0x0F0A, 0x4C1E, {0x9D, 0x0E, 0x6A, 0x2F, 0x4B, 0x7C, 0x8D, 0x31}};
 
 constexpr ClassEntry kClasses[] = {
     {&kConnectionClass, L"ADODB.Connection", L"ADODB.Connection",
@@ -60,6 +58,8 @@ void RestoreWineAdo() {
 
 } // namespace
 
-const ModuleInfo moduleInfo = {kClasses, &kTypeLibrary, MayRegister, RestoreWineAdo};
+// The interfaces are ADO's, and Wine describes them by its own type library: ours is for late
+// binding only.
+const ModuleInfo moduleInfo = {kClasses, nullptr, MayRegister, RestoreWineAdo};
 
 } // namespace vndesk

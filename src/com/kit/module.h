@@ -29,7 +29,7 @@ struct ClassEntry {
 
 struct ModuleInfo {
     std::span<const ClassEntry> classes;
-    const GUID* typeLibrary;
+    const GUID* typeLibrary; // to be registered; null where the system has one of its own
     // Says whether this machine may register the module; `reason` is shown to whoever asked.
     bool (*mayRegister)(std::wstring& reason);
     // Runs after unregistration: gives back what registration had replaced.

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 #include <oleauto.h>
+#include <shlwapi.h>
 
 #include <string>
 
@@ -113,7 +114,8 @@ private:
         Set(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
         Set(key + L"\\ProgID", nullptr, versioned);
         Set(key + L"\\VersionIndependentProgID", nullptr, entry.progId);
-        Set(key + L"\\TypeLib", nullptr, GuidText(*moduleInfo.typeLibrary));
+        if (moduleInfo.typeLibrary)
+            Set(key + L"\\TypeLib", nullptr, GuidText(*moduleInfo.typeLibrary));
         Set(key + L"\\Programmable", nullptr, L"");
         if (entry.control)
             RegisterControl(key, *entry.control);
@@ -142,9 +144,11 @@ private:
         if (!server.empty() && lstrcmpiW(server.c_str(), ModulePath().c_str()) != 0)
             return;
         Delete(key);
-        // Class identifiers are kept apart for 32 and 64 bits, names are not: the other DLL may
-        // still need them.
-        if (!Read(key + L"\\InprocServer32", kOtherView).empty())
+        // Class identifiers are kept apart for 32 and 64 bits, names are not: our DLL of the other
+        // kind may still need them.
+        const std::wstring other = Read(key + L"\\InprocServer32", kOtherView);
+        if (lstrcmpiW(PathFindFileNameW(other.c_str()), PathFindFileNameW(ModulePath().c_str())) ==
+            0)
             return;
         for (const wchar_t* suffix : {L"", L".1"})
             if (Read(entry.progId + std::wstring(suffix) + L"\\CLSID", 0) == GuidText(*entry.clsid))
@@ -152,6 +156,8 @@ private:
     }
 
     void RegisterTypeLibrary() const {
+        if (!moduleInfo.typeLibrary)
+            return;
         ComPtr<ITypeLib> library;
         CheckHr(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library));
         std::wstring path = ModulePath();
@@ -161,6 +167,8 @@ private:
     }
 
     void UnregisterTypeLibrary() const {
+        if (!moduleInfo.typeLibrary)
+            return;
         const GUID& guid = *moduleInfo.typeLibrary;
         // Missing, another copy's, or (not every platform keeps type libraries per user) all
         // users'.
