@@ -4,7 +4,7 @@ Var hasX64    ; 1 where the 64-bit library serves
 Var isAdmin   ; 1 with an administrator's rights
 Var scope     ; machine or user
 Var createdFolder ; the topmost folder that the installation had to make
-Var failed    ; the file or DLL at which something failed
+Var failed    ; the file or DLL at which something failed; empty when all went well
 
 ; Ends with a message (also to be read in a log of a silent run) and an exit code.
 !macro Fail code text
@@ -47,8 +47,9 @@ Function ${un}UseScope
 FunctionEnd
 
 ; Walks a list of files ($R0) of the folder $R1: calls the function $R9 with each line in $R2, folders end
-; with a backslash. An error of the function ends the walk and is left set.
+; with a backslash. Where the function leaves the error flag set, the walk ends, and $failed names the file.
 Function ${un}WalkList
+    StrCpy $failed ""
     ClearErrors
     FileOpen $R8 $R0 r
     ${If} ${Errors}
@@ -64,6 +65,7 @@ Function ${un}WalkList
         ${${un}TrimNewLines} $R2 $R2
         StrCpy $R3 $R2 "" -1
         StrCpy $R4 $R2 "" -4
+        ClearErrors
         Call $R9
         ${If} ${Errors}
             StrCpy $failed "$R1\$R2"
@@ -81,9 +83,8 @@ Function ${un}TryToWrite
             SetFileAttributes "$R1\$R2" NORMAL
             ClearErrors
             FileOpen $R7 "$R1\$R2" a
-            ${IfNot} ${Errors}
-                FileClose $R7
-            ${EndIf}
+            ; Without a file this does nothing, and the error stays.
+            FileClose $R7
         ${EndIf}
     ${EndIf}
 FunctionEnd
@@ -116,8 +117,9 @@ Function ${un}RemoveFolders
 FunctionEnd
 
 ; regsvr32 of the right bitness for the DLL $R1\<$R3>\$R4, with the DLL's own way to register for one user
-; or for all; $R5: "" or /u. Sets the error flag when it fails.
+; or for all; $R5: "" or /u. What is not there is not registered.
 Function ${un}RunRegSvr
+    StrCpy $failed ""
     ${IfNot} ${FileExists} "$R1\$R3\$R4"
         Return
     ${EndIf}
@@ -134,7 +136,6 @@ Function ${un}RunRegSvr
     ${If} ${Errors}
     ${OrIf} $R8 <> 0
         StrCpy $failed "$R3\$R4 (regsvr32: $R8)"
-        SetErrors
     ${EndIf}
 FunctionEnd
 
@@ -160,21 +161,24 @@ FunctionEnd
     Call ${un}RunRegSvr
 !macroend
 
-; Errors are gathered in $R2: what can be taken back is.
+; What can be taken back is, and $R2 names what could not.
+!macro UnregisterOne un folder arch dll
+    !insertmacro RegSvr "${un}" /u "${folder}" ${arch} ${dll}
+    ${If} $failed != ""
+        StrCpy $R2 $failed
+    ${EndIf}
+!macroend
 !macro UnregisterAll un folder
     StrCpy $R2 ""
-    !insertmacro RegSvr "${un}" /u "${folder}" x64 adobridge.dll
-    !insertmacro NoteFailure
-    !insertmacro RegSvr "${un}" /u "${folder}" x86 adobridge.dll
-    !insertmacro NoteFailure
-    !insertmacro RegSvr "${un}" /u "${folder}" x64 vndesk.dll
-    !insertmacro NoteFailure
-    !insertmacro RegSvr "${un}" /u "${folder}" x86 vndesk.dll
-    !insertmacro NoteFailure
-!macroend
-!macro NoteFailure
-    ${If} ${Errors}
-        StrCpy $R2 $failed
-        ClearErrors
+    !insertmacro UnregisterOne "${un}" "${folder}" x64 adobridge.dll
+    !insertmacro UnregisterOne "${un}" "${folder}" x86 adobridge.dll
+    !insertmacro UnregisterOne "${un}" "${folder}" x64 vndesk.dll
+    !insertmacro UnregisterOne "${un}" "${folder}" x86 vndesk.dll
+    ${If} $scope == user
+        ; A user need not have had these at all.
+        DeleteRegKey /ifempty HKCU "Software\Classes\CLSID"
+        DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node\CLSID"
+        DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node"
     ${EndIf}
+    StrCpy $failed $R2
 !macroend

@@ -33,7 +33,6 @@ again:
 FunctionEnd
 
 Function FindInUse
-    StrCpy $failed ""
     ${Walk} TryToWrite "$INSTDIR" "${NEW_LIST}"
     ${If} $failed == ""
         ${Walk} TryToWrite "$INSTDIR" "${OLD_LIST}"
@@ -46,23 +45,23 @@ Function FindInUse
     ${AndIf} $otherFolder != ""
         ${Walk} TryToWrite "$otherFolder" "$otherFolder\installed.txt"
     ${EndIf}
-    ClearErrors
 FunctionEnd
 
 Function SetFilesAside
     Call FindCreatedFolder
-    StrCpy $failed "$INSTDIR"
+    StrCpy $step files
     RMDir /r "${ASIDE}"
     ClearErrors
     CreateDirectory "${ASIDE}"
-    StrCpy $step files
-    ${IfNot} ${Errors}
+    ${If} ${Errors}
+        StrCpy $failed "$INSTDIR"
+    ${Else}
         ${Walk} SetOneAside "$INSTDIR" "${NEW_LIST}"
-        ${IfNot} ${Errors}
+        ${If} $failed == ""
             ${Walk} SetOneAside "$INSTDIR" "${OLD_LIST}"
         ${EndIf}
     ${EndIf}
-    ${If} ${Errors}
+    ${If} $failed != ""
         ${Fail} ${EXIT_FILES} "$(FilesFailed)"
     ${EndIf}
 FunctionEnd
@@ -70,6 +69,9 @@ FunctionEnd
 Function SetOneAside
     ${If} $R3 == "\"
         CreateDirectory "${ASIDE}\$R2"
+    ${ElseIf} ${FileExists} "$R1\$R2\*.*"
+        ; A folder in a file's place is not ours.
+        SetErrors
     ${ElseIf} ${FileExists} "$R1\$R2"
         Rename "$R1\$R2" "${ASIDE}\$R2"
     ${EndIf}
@@ -122,7 +124,7 @@ FunctionEnd
 
 !macro RegisterOne arch dll
     !insertmacro RegSvr "" "" "$INSTDIR" ${arch} ${dll}
-    ${If} ${Errors}
+    ${If} $failed != ""
         ${Fail} ${EXIT_REGISTRATION} "$(RegistrationFailed)"
     ${EndIf}
 !macroend
@@ -168,14 +170,18 @@ Function RemoveOldFiles
     RMDir /r "${ASIDE}"
 FunctionEnd
 
-; Its own uninstaller takes care that nothing of the new one goes.
+; Its own uninstaller takes care that nothing of the new one goes. A copy of it can be waited for and deletes
+; the original too.
 !macro RemoveInstallation folder scope
     ${If} "${folder}" != ""
     ${AndIf} "${folder}" != $INSTDIR
+        StrCpy $0 1
         ClearErrors
-        ExecWait '"${folder}\uninstall.exe" /S ${scope} _?=${folder}' $0
-        ${If} ${Errors}
-        ${OrIf} $0 <> 0
+        CopyFiles /SILENT "${folder}\uninstall.exe" "$PLUGINSDIR\uninstall.exe"
+        ${IfNot} ${Errors}
+            ExecWait '"$PLUGINSDIR\uninstall.exe" /S ${scope} _?=${folder}' $0
+        ${EndIf}
+        ${If} $0 <> 0
             StrCpy $failed "${folder}"
             SetErrorLevel ${EXIT_OTHER_INSTALLATION}
             MessageBox MB_OK|MB_ICONEXCLAMATION "$(OtherStays)" /SD IDOK

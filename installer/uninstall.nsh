@@ -30,16 +30,21 @@ Function un.FindScope
 FunctionEnd
 
 Section "un.VnDesk"
+    InitPluginsDir
     Call un.CheckInUse
     SetOutPath $TEMP
     !insertmacro UnregisterAll "un." "$INSTDIR"
-    StrCpy $failed $R2
+    StrCpy $1 $failed
     ReadRegStr $0 SHCTX "${ENTRY}" "InstallLocation"
     ${If} $0 == $INSTDIR
         ReadRegStr $createdFolder SHCTX "${ENTRY}" "CreatedFolder"
         DeleteRegKey SHCTX "${ENTRY}"
+        DeleteRegKey /ifempty HKCU "${ENTRIES}"
     ${EndIf}
-    Call un.RemoveFiles
+    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\installed.txt"
+    ${un.Walk} DeleteOne "$INSTDIR" "$PLUGINSDIR\installed.txt"
+    Call un.RemoveFolders
+    StrCpy $failed $1
     ${If} $failed != ""
         SetErrorLevel ${EXIT_REGISTRATION}
         MessageBox MB_OK|MB_ICONEXCLAMATION "$(UnregistrationFailed)" /SD IDOK
@@ -48,24 +53,10 @@ SectionEnd
 
 Function un.CheckInUse
 again:
-    StrCpy $failed ""
     ${un.Walk} TryToWrite "$INSTDIR" "$INSTDIR\installed.txt"
     ${If} $failed != ""
         MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(InUse)" /SD IDCANCEL IDRETRY again
         SetErrorLevel ${EXIT_IN_USE}
         Abort
     ${EndIf}
-FunctionEnd
-
-; With _?= the uninstaller runs in its place and cannot be deleted, but moved out of the way.
-Function un.RemoveFiles
-    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\installed.txt"
-    ${un.Walk} DeleteOne "$INSTDIR" "$PLUGINSDIR\installed.txt"
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-        GetTempFileName $0
-        Delete $0
-        Rename "$INSTDIR\uninstall.exe" $0
-        Delete /REBOOTOK $0
-    ${EndIf}
-    Call un.RemoveFolders
 FunctionEnd

@@ -21,7 +21,8 @@ ShowUninstDetails nevershow
 !define PRODUCT "VnDesk"
 !define PUBLISHER "The VnDesk makers"
 ; The entry under "Add or remove programs", which also says where the installation is.
-!define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${PRODUCT}"
+!define ENTRIES "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define ENTRY "${ENTRIES}\${PRODUCT}"
 
 !define EXIT_NO_RIGHTS 3
 !define EXIT_IN_USE 4

@@ -1,37 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Installing, repairing and removing, in a Wine prefix where the library has never been. After each
-// test the registry and the disk must be what they were before the first.
-#include <gtest/gtest.h>
-
-#include "setup.h"
-#include "snapshot.h"
-#include "support/text.h"
+// Installing and removing, in a Wine prefix where the library has never been.
+#include "install_fixture.h"
 
 namespace {
 
 using namespace vndesk::test;
-
-// The state before anything was installed.
-const Snapshot& Pristine() {
-    static const Snapshot snapshot = TakeSnapshot();
-    return snapshot;
-}
-
-class InstallTest : public testing::Test {
-protected:
-    void SetUp() override {
-        // COM's part in the registry of a new user is made when it is first used.
-        Pristine();
-    }
-    void TearDown() override {
-        EXPECT_EQ("", Differences(Pristine(), TakeSnapshot())) << "left behind";
-    }
-};
-
-void ExpectWorks(const std::wstring& folder) {
-    EXPECT_EQ("", CreateClasses(folder, L"x86"));
-    EXPECT_EQ("", CreateClasses(folder, L"x64"));
-}
+using testing::HasSubstr;
 
 TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
     ASSERT_EQ(kDone, RunSetup(L""));
@@ -39,8 +13,68 @@ TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
     for (const std::wstring& name : InstalledNames(folder))
         EXPECT_TRUE(FileExists(folder + L"\\" + name)) << ToUtf8(name);
     ExpectWorks(folder);
+
+    const Scope& entry = AllUsers();
+    EXPECT_EQ(L"VnDesk", EntryText(entry, L"DisplayName"));
+    EXPECT_EQ(L"1.0", EntryText(entry, L"DisplayVersion"));
+    EXPECT_EQ(L"The VnDesk makers", EntryText(entry, L"Publisher"));
+    EXPECT_EQ(folder, EntryText(entry, L"InstallLocation"));
+    EXPECT_EQ(folder + L"\\uninstall.exe", EntryText(entry, L"DisplayIcon"));
+    EXPECT_EQ(L'"' + folder + L"\\uninstall.exe\" /AllUsers", EntryText(entry, L"UninstallString"));
+    ULONGLONG bytes = 0;
+    for (const std::wstring& name : InstalledNames(folder))
+        if (!name.ends_with(L'\\'))
+            bytes += ReadText(folder + L"\\" + name).size();
+    EXPECT_NEAR(static_cast<double>(bytes) / 1024, EntryNumber(entry, L"EstimatedSize"), 200);
+
     RemoveAsTheSystemDoes(AllUsers());
-    EXPECT_FALSE(FileExists(folder));
+}
+
+// Wine does not let a user's classes be found, so that they can only be read here.
+TEST_F(InstallTest, InstallsForOneUserWithoutTouchingTheOthers) {
+    ASSERT_EQ(kDone, RunSetup(L"/CurrentUser"));
+    const std::wstring folder = CurrentUser().defaultFolder;
+    const Snapshot installed = TakeSnapshot();
+    for (const char* view : {"", "Wow6432Node\\"}) {
+        const std::string arch = *view ? "x86" : "x64";
+        const auto server = installed.find("HKCU\\Software\\Classes\\" + std::string(view) +
+                                           "CLSID\\" + kVarnokClass + "\\InprocServer32|@");
+        ASSERT_NE(installed.end(), server) << arch;
+        EXPECT_THAT(server->second, HasSubstr("VnDesk\\\\" + arch + "\\\\vndesk.dll"));
+    }
+    const std::string changes = Differences(Pristine(), installed);
+    for (const char* place : {"HKLM\\Software\\Classes\\CLSID", "HKLM\\Software\\Classes\\VnDesk",
+                              "HKLM\\Software\\Wow6432Node\\Classes\\CLSID", "ADODB",
+                              "HKLM\\Software\\Microsoft", "C:\\Program Files"})
+        EXPECT_EQ(std::string::npos, changes.find(place)) << place;
+    EXPECT_EQ(folder, EntryText(CurrentUser(), L"InstallLocation"));
+    EXPECT_EQ(L"", EntryText(AllUsers(), L"InstallLocation"));
+
+    EXPECT_EQ(kDone, RunUninstaller(folder));
+}
+
+TEST_F(InstallTest, AFolderMayHaveSpacesAndVietnameseLetters) {
+    const std::wstring folder = L"C:\\Phần mềm của tôi\\Bàn làm việc";
+    ASSERT_EQ(kDone, RunSetup(L"/D=" + folder));
+    ExpectWorks(folder);
+    EXPECT_EQ(folder, EntryText(AllUsers(), L"InstallLocation"));
+    RemoveAsTheSystemDoes(AllUsers());
+    EXPECT_FALSE(FileExists(L"C:\\Phần mềm của tôi")) << "made by the setup";
+}
+
+TEST_F(InstallTest, FilesOfOthersStay) {
+    const std::wstring folder = L"C:\\Shared";
+    ASSERT_EQ(kDone, RunSetup(L"/D=" + folder));
+    WriteText(folder + L"\\docs\\mine.txt", "mine");
+    EXPECT_EQ(kDone, RunUninstaller(folder));
+    EXPECT_EQ("mine", ReadText(folder + L"\\docs\\mine.txt"));
+    DeleteFileW((folder + L"\\docs\\mine.txt").c_str());
+    RemoveDirectoryW((folder + L"\\docs").c_str());
+    RemoveDirectoryW(folder.c_str());
+}
+
+TEST_F(InstallTest, RefusesTwoScopes) {
+    EXPECT_EQ(kArguments, RunSetup(L"/AllUsers /CurrentUser"));
 }
 
 } // namespace

@@ -79,7 +79,12 @@ DWORD RunSetup(const std::wstring& words) {
 }
 
 DWORD RunUninstaller(const std::wstring& folder) {
-    return RunLine(L'"' + folder + L"\\uninstall.exe\" /S _?=" + folder);
+    // A program that runs cannot be deleted: a copy can do it, and can be waited for.
+    const TempDir scratch;
+    const std::wstring copy = scratch.File(L"uninstall.exe");
+    if (!CopyFileW((folder + L"\\uninstall.exe").c_str(), copy.c_str(), TRUE))
+        Fail(L"no uninstaller in " + folder);
+    return RunLine(L'"' + copy + L"\" /S _?=" + folder);
 }
 
 void RemoveAsTheSystemDoes(const Scope& scope) {
@@ -98,6 +103,17 @@ std::wstring EntryText(const Scope& scope, const wchar_t* name) {
     wchar_t text[1024] = L"";
     ReadEntry(scope, name, RRF_RT_REG_SZ, text, sizeof text);
     return text;
+}
+
+void SetEntryText(const Scope& scope, const wchar_t* name, const std::wstring& text) {
+    HKEY key = nullptr;
+    LSTATUS status = RegOpenKeyExW(scope.root, kEntry, 0, KEY_WRITE | KEY_WOW64_64KEY, &key);
+    if (status == ERROR_SUCCESS)
+        status = RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                                static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    RegCloseKey(key);
+    if (status != ERROR_SUCCESS)
+        Fail(L"the entry cannot be changed");
 }
 
 DWORD EntryNumber(const Scope& scope, const wchar_t* name) {

@@ -40,6 +40,7 @@ void RemoveAsTheSystemDoes(const Scope& scope);
 
 // Values of the entry under "Add or remove programs"; empty and 0 when they are not there.
 std::wstring EntryText(const Scope& scope, const wchar_t* name);
+void SetEntryText(const Scope& scope, const wchar_t* name, const std::wstring& text);
 DWORD EntryNumber(const Scope& scope, const wchar_t* name);
 
 // The lines of the list that the uninstaller goes by.

@@ -73,7 +73,7 @@ void AddRegistry(Snapshot& snapshot, HKEY root, const std::string& name) {
             Add(snapshot, key, "");
         } else if (line.starts_with("\"") || line.starts_with("@")) {
             const size_t end = line.starts_with("@") ? 1 : line.find("\"=") + 1;
-            Add(snapshot, key + "|" + line.substr(0, end), line.substr(end));
+            Add(snapshot, key + "|" + line.substr(0, end), line.substr(end + 1));
         }
     }
 }
