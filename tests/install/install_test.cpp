@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Installing and removing, in a Wine prefix where the library has never been.
+#include <algorithm>
+
 #include "install_fixture.h"
 
 namespace {
@@ -30,17 +32,24 @@ TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
     RemoveAsTheSystemDoes(AllUsers());
 }
 
-// Wine does not let a user's classes be found, so that they can only be read here.
+// Wine does not let a user's classes be found, so that they can only be read here. It keeps them in
+// one view, where those registered last stand, and type libraries with those of all users.
 TEST_F(InstallTest, InstallsForOneUserWithoutTouchingTheOthers) {
     ASSERT_EQ(kDone, RunSetup(L"/CurrentUser"));
     const std::wstring folder = CurrentUser().defaultFolder;
     const Snapshot installed = TakeSnapshot();
-    for (const char* view : {"", "Wow6432Node\\"}) {
-        const std::string arch = *view ? "x86" : "x64";
-        const auto server = installed.find("HKCU\\Software\\Classes\\" + std::string(view) +
-                                           "CLSID\\" + kVarnokClass + "\\InprocServer32|@");
-        ASSERT_NE(installed.end(), server) << arch;
-        EXPECT_THAT(server->second, HasSubstr("VnDesk\\\\" + arch + "\\\\vndesk.dll"));
+    const auto server = installed.find("HKCU\\Software\\Classes\\CLSID\\" +
+                                       std::string(kVarnokClass) + "\\InprocServer32|@");
+    ASSERT_NE(installed.end(), server);
+    EXPECT_THAT(server->second, HasSubstr("VnDesk\\\\x64\\\\vndesk.dll"));
+    for (const char* bits : {"32", "64"}) {
+        const auto library =
+            std::find_if(installed.begin(), installed.end(), [&](const auto& item) {
+                return item.first.ends_with(std::string("\\1.0\\0\\win") + bits + "|@") &&
+                       item.second.find("vndesk.dll") != std::string::npos;
+            });
+        ASSERT_NE(installed.end(), library) << bits;
+        EXPECT_THAT(library->second, HasSubstr("AppData\\\\Local\\\\Programs")) << bits;
     }
     const std::string changes = Differences(Pristine(), installed);
     for (const char* place : {"HKLM\\Software\\Classes\\CLSID", "HKLM\\Software\\Classes\\VnDesk",

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Running the setup where an installation is already.
+#include <algorithm>
+
 #include "install_fixture.h"
 
 namespace {

@@ -138,6 +138,12 @@ private:
             Set(key + L"\\Implemented Categories\\" + GuidText(*category), nullptr, L"");
     }
 
+    // Whether the class is registered with this copy of the DLL.
+    bool Serves(const ClassEntry& entry) const {
+        return lstrcmpiW(Read(ClassKey(entry) + L"\\InprocServer32", 0).c_str(),
+                         ModulePath().c_str()) == 0;
+    }
+
     void UnregisterClass(const ClassEntry& entry) const {
         const std::wstring key = ClassKey(entry);
         const std::wstring server = Read(key + L"\\InprocServer32", 0);
@@ -170,10 +176,16 @@ private:
         if (!moduleInfo.typeLibrary)
             return;
         const GUID& guid = *moduleInfo.typeLibrary;
-        // Missing, another copy's, or (not every platform keeps type libraries per user) all
-        // users'.
-        const std::wstring file =
-            Read(L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform, 0);
+        const std::wstring key = L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform;
+        std::wstring file = Read(key, 0);
+        // Not every platform keeps type libraries per user. Among those of all users it is this
+        // user's unless they have the DLL's classes too.
+        if (file.empty() && hive_ == Hive::User) {
+            const Registrar machine(Hive::Machine);
+            if (!machine.Serves(moduleInfo.classes.front()))
+                file = machine.Read(key, 0);
+        }
+        // Missing, or another copy's.
         if (lstrcmpiW(file.c_str(), ModulePath().c_str()) != 0)
             return;
         hive_ == Hive::Machine ? UnRegisterTypeLib(guid, 1, 0, LOCALE_NEUTRAL, kSystem)
