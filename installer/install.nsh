@@ -78,17 +78,15 @@ Function SetOneAside
 FunctionEnd
 
 Function PutOneBack
-    ${If} ${FileExists} "${ASIDE}\$R2"
-        ${If} $R3 == "\"
-            CreateDirectory "$R1\$R2"
-        ${Else}
-            Rename "${ASIDE}\$R2" "$R1\$R2"
-        ${EndIf}
+    ${If} $R3 == "\"
+        CreateDirectory "$R1\$R2"
+    ${ElseIf} ${FileExists} "${ASIDE}\$R2"
+        Rename "${ASIDE}\$R2" "$R1\$R2"
     ${EndIf}
     ClearErrors
 FunctionEnd
 
-Function DeleteOldFolder
+Function DeleteEmptyFolder
     ${If} $R3 == "\"
         RMDir "$R1\$R2"
     ${EndIf}
@@ -146,7 +144,10 @@ Function WriteEntry
     ${If} $scope == machine
         StrCpy $0 "/AllUsers"
     ${EndIf}
-    ${GetSize} "$INSTDIR" "/S=0K" $1 $2 $3
+    ${GetSize} "$INSTDIR" "/S=0B" $1 $2 $3
+    ${GetSize} "${ASIDE}" "/S=0B" $2 $3 $4
+    IntOp $1 $1 - $2
+    IntOp $1 $1 / 1024
     WriteRegStr SHCTX "${ENTRY}" "DisplayName" "${PRODUCT}"
     WriteRegStr SHCTX "${ENTRY}" "DisplayVersion" "${VERSION}"
     WriteRegStr SHCTX "${ENTRY}" "Publisher" "${PUBLISHER}"
@@ -166,7 +167,7 @@ Function WriteEntry
 FunctionEnd
 
 Function RemoveOldFiles
-    ${Walk} DeleteOldFolder "$INSTDIR" "${OLD_LIST}"
+    ${Walk} DeleteEmptyFolder "$INSTDIR" "${OLD_LIST}"
     RMDir /r "${ASIDE}"
 FunctionEnd
 
@@ -209,6 +210,8 @@ Function RollBack
     ${Walk} DeleteOne "$INSTDIR" "${NEW_LIST}"
     ${Walk} PutOneBack "$INSTDIR" "${OLD_LIST}"
     ${Walk} PutOneBack "$INSTDIR" "${NEW_LIST}"
+    ${Walk} DeleteEmptyFolder "$INSTDIR" "${OLD_LIST}"
+    ${Walk} DeleteEmptyFolder "$INSTDIR" "${NEW_LIST}"
     RMDir /r "${ASIDE}"
     ${If} $previousFolder != ""
         !insertmacro RegSvr "" "" "$previousFolder" x86 vndesk.dll
