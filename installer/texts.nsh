@@ -9,6 +9,9 @@
 ${Text} Caption "${PRODUCT} ${VERSION} Setup" "Cài đặt ${PRODUCT} ${VERSION}"
 ${Text} UninstallCaption "Uninstall ${PRODUCT}" "Gỡ bỏ ${PRODUCT}"
 
+${Text} WelcomeText "${PRODUCT} is a library for programs with Vietnamese users.$\r$\n$\r$\nClose the programs that use it before you go on.$\r$\n$\r$\n$_CLICK" \
+    "${PRODUCT} là thư viện cho các chương trình có người dùng Việt Nam.$\r$\n$\r$\nHãy đóng các chương trình đang dùng thư viện trước khi tiếp tục.$\r$\n$\r$\n$_CLICK"
+
 ${Text} ScopeTitle "Choose Users" "Chọn người dùng"
 ${Text} ScopeSubtitle "Choose for whom ${PRODUCT} is installed." "Chọn người sẽ dùng ${PRODUCT}."
 ${Text} ScopeQuestion "Programs of all users of this computer, or only your own, can use the library." \

@@ -48,7 +48,9 @@ VIAddVersionKey /LANG=0 LegalCopyright "MIT License"
 !define MUI_UNICON "${SOURCES}/src/forms/images/emblem.ico"
 !define MUI_ABORTWARNING
 !define MUI_LANGDLL_ALWAYSSHOW
-!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_LANGDLL_WINDOWTITLE "${PRODUCT} ${VERSION}"
+!define MUI_LANGDLL_INFO "Language / Ngôn ngữ:"
+!define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
 
 !include common.nsh
 !include scope.nsh

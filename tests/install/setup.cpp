@@ -88,9 +88,9 @@ DWORD RunUninstaller(const std::wstring& folder) {
 }
 
 void RemoveAsTheSystemDoes(const Scope& scope) {
-    const std::wstring folder = EntryText(scope, L"InstallLocation");
+    // A copy of the program does the work, and the topmost folder is the last thing to go.
+    const std::wstring folder = EntryText(scope, L"CreatedFolder");
     RunLine(EntryText(scope, L"QuietUninstallString"));
-    // A copy of the program does the work, and the folder is the last thing to go.
     const ULONGLONG end = GetTickCount64() + kLimit;
     while (FileExists(folder)) {
         if (GetTickCount64() > end)
