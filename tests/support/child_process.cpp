@@ -26,7 +26,7 @@ ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::ws
     for (const std::wstring& word : words)
         line += (line.empty() ? L"" : L" ") + Quoted(word);
     if (output.empty()) {
-        Start(line, GetStdHandle(STD_OUTPUT_HANDLE));
+        Start(line, GetStdHandle(STD_OUTPUT_HANDLE), GetStdHandle(STD_ERROR_HANDLE));
         return;
     }
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
@@ -34,17 +34,17 @@ ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::ws
                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         Fail(L"cannot write " + output);
-    Start(line, file);
+    Start(line, file, file);
     CloseHandle(file);
 }
 
-void ChildProcess::Start(std::wstring line, HANDLE output) {
+void ChildProcess::Start(std::wstring line, HANDLE output, HANDLE errors) {
     STARTUPINFOW start = {};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
     start.hStdOutput = output;
-    start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    start.hStdError = errors;
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
                         &process_))
         Fail(L"cannot start " + line + L": error " + std::to_wstring(GetLastError()));

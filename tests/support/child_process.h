@@ -10,8 +10,8 @@ namespace vndesk::test {
 
 class ChildProcess {
 public:
-    // The program and its arguments. It writes to our own output, or to a file. Throws when it
-    // cannot be started.
+    // The program and its arguments. It writes to our own output, or everything to a file. Throws
+    // when it cannot be started.
     explicit ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output = {});
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
@@ -23,7 +23,7 @@ public:
     DWORD ExitCode(DWORD milliseconds);
 
 private:
-    void Start(std::wstring line, HANDLE output);
+    void Start(std::wstring line, HANDLE output, HANDLE errors);
 
     PROCESS_INFORMATION process_ = {};
 };

@@ -14,7 +14,7 @@ constexpr DWORD kProcessLimit = 30000;
 
 class HostProcess {
 public:
-    // A program of the folder above the tests, with its arguments.
+    // A program of the folder above the tests, or of the system by its path, with its arguments.
     explicit HostProcess(const wchar_t* program, std::vector<std::wstring> arguments,
                          const std::wstring& output = {})
         : process_(Words(program, std::move(arguments)), output) {}
@@ -47,6 +47,10 @@ private:
 
     static std::vector<std::wstring> Words(const wchar_t* program,
                                            std::vector<std::wstring> arguments) {
+        if (wcschr(program, L'\\')) {
+            arguments.insert(arguments.begin(), program);
+            return arguments;
+        }
         wchar_t path[MAX_PATH] = L"";
         GetModuleFileNameW(nullptr, path, MAX_PATH);
         const std::wstring folder(path, std::wstring_view(path).rfind(L'\\'));
@@ -75,6 +79,23 @@ inline void PostKey(HWND form, const wchar_t* control, WORD key, int times = 1) 
 
 inline void WaitClosed(HWND form) {
     WaitForClose(form, kProcessLimit);
+}
+
+// An item of one of a form's data combos, by its place.
+inline void ChooseItem(HWND form, const wchar_t* combo, int index) {
+    const HWND list = Control(Control(form, combo, kProcessLimit), L"Cmb1");
+    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+}
+
+// The first line of the search dialog; field and operator by their places.
+inline void FillSearch(HWND form, int field, int predicate, const wchar_t* value) {
+    ChooseItem(form, L"CmbFld(0)", field);
+    ChooseItem(form, L"CmbPredicate(0)", predicate);
+    SetBox(form, L"MskValue(0)", value);
+    if (!WaitUntil([=] { return IsEnabled(form, L"CmdOk"); }, kProcessLimit))
+        Fail(L"CmdOk stays disabled");
 }
 
 // A group by its place in the list of the group manager, and its name there.

@@ -254,22 +254,11 @@ TEST_P(TourRights, ListsOfTheMenuShowTheirRows) {
 
 class TourSearch : public Administration {
 protected:
-    static void ChooseItem(HWND form, const wchar_t* combo, int index) {
-        const HWND list = Control(Control(form, combo), L"Cmb1");
-        SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(list));
-    }
-
     // Opens the dialog and fills its first line; fields and operators by their places.
     static HWND FillIn(const TourProgram& tour, WORD command, int field, int predicate,
                        const wchar_t* value) {
         const HWND form = tour.Open(command, L"FrmFind");
-        ChooseItem(form, L"CmbFld(0)", field);
-        ChooseItem(form, L"CmbPredicate(0)", predicate);
-        SetBox(form, L"MskValue(0)", value);
-        if (!WaitUntil([=] { return IsEnabled(form, L"CmdOk"); }, kProcessLimit))
-            Fail(L"CmdOk stays disabled");
+        FillSearch(form, field, predicate, value);
         return form;
     }
 

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// The sample hosts that can run here: each prints the same lines, follows the rights of the user's
+// group and leaves in the database what its user has entered.
+#include <sstream>
+
+#include "support/env.h"
+#include "ui/host_process.h"
+
+namespace vndesk::test {
+namespace {
+
+struct Sample {
+    const char* name;
+    const wchar_t* program; // empty for the system's script host
+    const wchar_t* script;  // below samples/; empty for a program
+};
+
+void PrintTo(const Sample& sample, std::ostream* stream) {
+    *stream << sample.name;
+}
+
+constexpr Sample kSamples[] = {
+    {"Cpp", L"vnhost.exe", L""},
+    {"VBScript", L"vnscript.exe", L"vbscript\\host.vbs"},
+    {"JScript", L"vnscript.exe", L"jscript\\host.js"},
+    {"CscriptVBScript", L"", L"vbscript\\host.vbs"},
+    {"CscriptJScript", L"", L"jscript\\host.js"},
+};
+
+// Wine's cscript loses letters that its console's code page lacks: nothing behind the first one
+// counts.
+std::wstring PlainStart(const std::wstring& line) {
+    return line.substr(0, std::find_if(line.begin(), line.end(), [](wchar_t c) {
+                              return c > 126;
+                          }) - line.begin());
+}
+
+class SampleHosts : public testing::TestWithParam<Sample> {
+protected:
+    void Start() {
+        const Sample& sample = GetParam();
+        std::wstring program = sample.program;
+        std::vector<std::wstring> arguments;
+        if (program.empty()) {
+            wchar_t folder[MAX_PATH] = L"";
+            GetSystemDirectoryW(folder, MAX_PATH);
+            program = folder + std::wstring(L"\\cscript.exe");
+            arguments = {L"//nologo"};
+        }
+        if (*sample.script)
+            arguments.push_back(SourceDir() + L"\\samples\\" + sample.script);
+        arguments.push_back(database_.ConnectionString());
+        process_ = std::make_unique<HostProcess>(program.c_str(), arguments, Output());
+    }
+
+    HWND Form(const wchar_t* name) const { return process_->Form(name, kProcessStart); }
+    HWND Open(HWND form, const wchar_t* button, const wchar_t* opens) const {
+        Press(form, button);
+        return process_->Form(opens);
+    }
+    void Leave(HWND form, const wchar_t* button) const {
+        Press(form, button);
+        WaitClosed(form);
+    }
+
+    void LogOn(const wchar_t* name, const wchar_t* password) const {
+        const HWND logon = Form(L"FrmLogon");
+        SetBox(logon, L"TxtUser", name);
+        SetBox(logon, L"TxtPass", password);
+        Leave(logon, L"CmdOk");
+    }
+    void AnswerQuestion(const wchar_t* button) const {
+        const HWND box = Form(L"MessageBox");
+        EXPECT_EQ(TextOf(box, L"Message"), L"Bạn đã xem xong chưa?");
+        Leave(box, button);
+    }
+
+    // How the program ends, and what it has printed until then.
+    void ExpectEnd(DWORD code, const Lines& expected) {
+        EXPECT_EQ(process_->ExitCode(), code);
+        const Lines printed = Printed();
+        ASSERT_EQ(printed.size(), expected.size()) << testing::PrintToString(printed);
+        for (size_t i = 0; i < expected.size(); ++i)
+            EXPECT_TRUE(IsCscript() ? printed[i].starts_with(PlainStart(expected[i]))
+                                    : printed[i] == expected[i])
+                << ToUtf8(printed[i]) << "\ninstead of\n"
+                << ToUtf8(expected[i]);
+    }
+    void ExpectError(const std::wstring& start) {
+        EXPECT_EQ(process_->ExitCode(), 2u);
+        const Lines printed = Printed();
+        ASSERT_FALSE(printed.empty());
+        EXPECT_TRUE(printed.back().starts_with(start)) << ToUtf8(printed.back());
+    }
+
+    const SampleDatabase database_ = SampleDatabase::Embedded();
+
+private:
+    static bool IsCscript() { return !*GetParam().program; }
+    Lines Printed() const {
+        Lines lines;
+        std::wistringstream text(IsCscript() ? AnsiFile(Output()) : ReadUtf8File(Output()));
+        for (std::wstring line; std::getline(text, line);) {
+            line.resize(std::min(line.find(L'\r'), line.size()));
+            lines.push_back(line);
+        }
+        return lines;
+    }
+    static std::wstring AnsiFile(const std::wstring& path) {
+        std::wstring text;
+        if (FILE* file = _wfopen(path.c_str(), L"rb")) {
+            for (int c; (c = fgetc(file)) != EOF;)
+                text += static_cast<wchar_t>(c);
+            fclose(file);
+        }
+        return text;
+    }
+    std::wstring Output() const { return folder_.File(L"output.txt"); }
+
+    TempDir folder_;
+    std::unique_ptr<HostProcess> process_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Hosts, SampleHosts, testing::ValuesIn(kSamples),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// The storekeeper may administer but not search, until he gives his group that right.
+TEST_P(SampleHosts, GoThroughTheFiveSteps) {
+    Start();
+    LogOn(L"Lê Quốc Việt", L"KhoHang1");
+
+    const HWND users = Form(L"FrmMenu");
+    const HWND editor = Open(users, L"CmdAdd", L"FrmInput");
+    SetBox(editor, L"TxtUser", L"Lý Thị Đào");
+    SetBox(editor, L"TxtPass", L"abc");
+    SetBox(editor, L"txtConfirm", L"abc");
+    SendMessageW(Control(editor, L"TxtIdGroup"), CB_SETCURSEL, 0, 0);
+    Leave(editor, L"CmdOk");
+    Leave(users, L"CmdExit");
+
+    const HWND groups = Form(L"FmGrp");
+    SelectGroup(groups, 3, L"Kho");
+    const HWND rights = Open(groups, L"CmdPms", L"FrPms");
+    ToggleRight(rights, 1, 0, L"100000");
+    Leave(rights, L"CmdOk");
+    Leave(groups, L"CmdExit");
+
+    const HWND search = Form(L"FrmFind");
+    FillSearch(search, 2, 0, L"HP");
+    Leave(search, L"CmdOk");
+    AnswerQuestion(L"Cmd1");
+
+    ExpectEnd(0,
+              {L"1. Logon", L"   user 4", L"2. Rights", L"   1 Đổi mật khẩu", L"   2 Người sử dụng",
+               L"   3 Nhóm người sử dụng", L"   11 Tồn kho", L"3. Administration",
+               L"   user list closed", L"   group manager closed", L"4. Search",
+               L"   (MaTinh  =  'HP')", L"   KH004 Siêu thị Thành Đạt 76.400.000,5",
+               L"   KH005 Trần Quang Vinh 450.000", L"   KH028 Cửa hàng Ước Mơ 8.340.000,25",
+               L"   3 rows", L"5. Message", L"   yes"});
+    EXPECT_EQ(database_.ScalarText(L"select idgroup from \"user\" where name='Lý Thị Đào'"), L"1");
+    EXPECT_EQ(database_.ScalarText(L"select p2 from groups where code=5"), L"1");
+}
+
+TEST_P(SampleHosts, WithoutRightsTheUserOnlyAnswersTheMessage) {
+    Start();
+    LogOn(L"Khách", L"");
+    AnswerQuestion(L"Cmd2");
+    ExpectEnd(0, {L"1. Logon", L"   user 7", L"2. Rights", L"   11 Tồn kho", L"3. Administration",
+                  L"   user list not allowed", L"   group manager not allowed", L"4. Search",
+                  L"   not allowed", L"5. Message", L"   no"});
+}
+
+TEST_P(SampleHosts, EndAfterARefusedLogon) {
+    Start();
+    const HWND logon = Form(L"FrmLogon");
+    SetBox(logon, L"TxtUser", L"Admin");
+    SetBox(logon, L"TxtPass", L"sai");
+    Leave(Open(logon, L"CmdOk", L"MessageBox"), L"Cmd1");
+    Leave(logon, L"CMDCAN");
+    ExpectEnd(1, {L"1. Logon", L"   nobody has logged on"});
+}
+
+TEST_P(SampleHosts, TellWhatTheDatabaseRefuses) {
+    database_.Execute(L"drop table menu");
+    Start();
+    LogOn(L"Admin", L"abc");
+    ExpectError(L"Error 0x80040E37: "); // the driver's own words follow
+}
+
+} // namespace
+} // namespace vndesk::test
