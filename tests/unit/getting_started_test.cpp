@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The pages for beginners quote the samples: what they show is what stands there. The samples' files
-// have the form that their languages' tools read.
+// The pages for beginners quote the samples: what they show is what stands there. The samples'
+// files have the form that their languages' tools read.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -103,10 +103,12 @@ TEST(GettingStarted, PagesQuoteTheSamplesFiveStepsAsTheyAre) {
 TEST(GettingStarted, EachPageIsInTheIndex) {
     const std::string index = Read(Root() / "docs/getting-started/README.md");
     for (const Page& page : kPages)
-        EXPECT_NE(index.find("(" + std::string(page.name) + ".md)"), std::string::npos) << page.name;
+        EXPECT_NE(index.find("(" + std::string(page.name) + ".md)"), std::string::npos)
+            << page.name;
 }
 
-// Visual Basic, the script host and older PowerShells take bytes for letters of the system's code page.
+// Visual Basic, the script host and older PowerShells take bytes for letters of the system's code
+// page.
 TEST(Samples, FilesOfToolsWithCodePagesAreAscii) {
     for (const char* file :
          {"vb6/frmMain.frm", "vb6/modRights.bas", "vb6/VnHost.vbp", "vba/VnDeskHost.bas",
@@ -128,15 +130,15 @@ TEST(Samples, FilesOfVisualBasicHaveTheLineEndsOfWindows) {
 
 // A message of the samples in every language is the same TCVN3 text.
 TEST(Samples, PrintTheSameLinesInEveryLanguage) {
-    const char* const files[] = {"vbscript/host.vbs", "jscript/host.js",     "cpp/host.cpp",
-                                 "vb6/frmMain.frm",   "vba/VnDeskHost.bas",  "powershell/host.ps1",
+    const char* const files[] = {"vbscript/host.vbs", "jscript/host.js",    "cpp/host.cpp",
+                                 "vb6/frmMain.frm",   "vba/VnDeskHost.bas", "powershell/host.ps1",
                                  "csharp/Program.cs", "delphi/VnHost.dpr"};
     for (const char* file : files) {
         const std::string text = Read(Root() / "samples" / file);
         size_t place = 0;
-        for (const char* line : {"1. Logon", "nobody has logged on", "user ", "2. Rights",
-                                 "3. Administration", "user list closed", "group manager closed",
-                                 "4. Search"}) {
+        for (const char* line :
+             {"1. Logon", "nobody has logged on", "user ", "2. Rights", "3. Administration",
+              "user list closed", "group manager closed", "4. Search"}) {
             const size_t found = text.find(line, place);
             EXPECT_NE(found, std::string::npos) << file << " does not print " << line;
             place = found == std::string::npos ? place : found;
