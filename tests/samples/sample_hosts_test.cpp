@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The sample hosts that can run here: each prints the same lines, follows the rights of the user's
-// group and leaves in the database what its user has entered.
+// group and leaves in the database what its user has entered. Where the library is not registered
+// yet, the setup program comes first, and the scripts are those that it brings.
 #include <sstream>
 
+#include "install/setup.h"
 #include "support/env.h"
 #include "ui/host_process.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 struct Sample {
     const char* name;
-    const wchar_t* program; // empty for the system's script host
+    const wchar_t* program; // beside the tests, or below dist/; empty for the system's script host
     const wchar_t* script;  // below samples/; empty for a program
 };
 
@@ -23,9 +25,31 @@ constexpr Sample kSamples[] = {
     {"Cpp", L"vnhost.exe", L""},
     {"VBScript", L"vnscript.exe", L"vbscript\\host.vbs"},
     {"JScript", L"vnscript.exe", L"jscript\\host.js"},
+};
+constexpr Sample kOtherWays[] = {
     {"CscriptVBScript", L"", L"vbscript\\host.vbs"},
     {"CscriptJScript", L"", L"jscript\\host.js"},
+#ifndef _WIN64
+    // The setup program has registered both DLLs.
+    {"Cpp64", L"x64\\vnhost.exe", L""},
+    {"VBScript64", L"x64\\vnscript.exe", L"vbscript\\host.vbs"},
+#endif
 };
+
+class Installation : public testing::Environment {
+    void SetUp() override {
+        if (!EnvironmentText(L"VNDESK_PREFIX").empty())
+            ASSERT_EQ(RunSetup(L""), static_cast<DWORD>(kDone));
+    }
+};
+const testing::Environment* const kInstallation =
+    testing::AddGlobalTestEnvironment(new Installation);
+
+// Where the scripts are: in the installation, else in the sources.
+std::wstring ScriptFolder() {
+    const std::wstring installed = EntryText(AllUsers(), L"InstallLocation");
+    return (installed.empty() ? SourceDir() : installed) + L"\\samples\\";
+}
 
 // Wine's cscript loses letters that its console's code page lacks: nothing behind the first one
 // counts.
@@ -40,15 +64,17 @@ protected:
     void Start() {
         const Sample& sample = GetParam();
         std::wstring program = sample.program;
+        if (program.find(L'\\') != std::wstring::npos)
+            program = SourceDir() + L"\\dist\\" + program;
         std::vector<std::wstring> arguments;
-        if (program.empty()) {
+        if (IsCscript()) {
             wchar_t folder[MAX_PATH] = L"";
             GetSystemDirectoryW(folder, MAX_PATH);
             program = folder + std::wstring(L"\\cscript.exe");
             arguments = {L"//nologo"};
         }
         if (*sample.script)
-            arguments.push_back(SourceDir() + L"\\samples\\" + sample.script);
+            arguments.push_back(ScriptFolder() + sample.script);
         arguments.push_back(database_.ConnectionString());
         process_ = std::make_unique<HostProcess>(program.c_str(), arguments, Output());
     }
@@ -121,11 +147,18 @@ private:
     std::unique_ptr<HostProcess> process_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Hosts, SampleHosts, testing::ValuesIn(kSamples),
-                         [](const auto& info) { return std::string(info.param.name); });
+std::string NameOf(const testing::TestParamInfo<Sample>& info) {
+    return info.param.name;
+}
+
+class EveryWay : public SampleHosts {};
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleHosts, testing::ValuesIn(kSamples), NameOf);
+INSTANTIATE_TEST_SUITE_P(Samples, EveryWay, testing::ValuesIn(kSamples), NameOf);
+INSTANTIATE_TEST_SUITE_P(Ways, EveryWay, testing::ValuesIn(kOtherWays), NameOf);
 
 // The storekeeper may administer but not search, until he gives his group that right.
-TEST_P(SampleHosts, GoThroughTheFiveSteps) {
+TEST_P(EveryWay, GoThroughTheFiveSteps) {
     Start();
     LogOn(L"Lê Quốc Việt", L"KhoHang1");
 
