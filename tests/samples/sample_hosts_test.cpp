@@ -2,6 +2,9 @@
 // The sample hosts that can run here: each prints the same lines, follows the rights of the user's
 // group and leaves in the database what its user has entered. Where the library is not registered
 // yet, the setup program comes first, and the scripts are those that it brings.
+#include <windows.h>
+#include <tlhelp32.h>
+
 #include <sstream>
 
 #include "install/setup.h"
@@ -219,6 +222,48 @@ TEST_P(SampleHosts, TellWhatTheDatabaseRefuses) {
     LogOn(L"Admin", L"abc");
     ExpectError(L"Error 0x80040E37: "); // the driver's own words follow
 }
+
+#ifndef _WIN64
+// What a newcomer on Windows starts. Jet's part is played by the bridge, so the database is there
+// already.
+DWORD ChildOf(DWORD parent) {
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W process = {};
+    process.dwSize = sizeof process;
+    DWORD child = 0;
+    for (BOOL more = Process32FirstW(snapshot, &process); more && !child;
+         more = Process32NextW(snapshot, &process))
+        if (process.th32ParentProcessID == parent)
+            child = process.th32ProcessID;
+    CloseHandle(snapshot);
+    return child;
+}
+
+TEST(StartFile, RunsTheScriptOnTheUsersSampleDatabase) {
+    const SampleDatabase database = SampleDatabase::Embedded();
+    const TempDir folder;
+    CopyFileW(database.File().c_str(), folder.File(L"vndesk-sample.mdb").c_str(), TRUE);
+    const std::wstring profile = EnvironmentText(L"USERPROFILE");
+    SetEnvironmentVariableW(L"USERPROFILE", folder.Path().c_str());
+    ChildProcess command({L"C:\\windows\\system32\\cmd.exe", L"/c", ScriptFolder() + L"start.cmd"},
+                         folder.File(L"output.txt"));
+    SetEnvironmentVariableW(L"USERPROFILE", profile.c_str());
+    DWORD script = 0;
+    ASSERT_TRUE(WaitUntil([&] { return (script = ChildOf(command.Id())) != 0; }, kProcessStart));
+    WatchProcess(script);
+    const HWND logon = WaitForForm(L"FrmLogon", kProcessStart);
+    SetBox(logon, L"TxtUser", L"Khách");
+    Press(logon, L"CmdOk");
+    const HWND box = WaitForForm(L"MessageBox", kProcessLimit);
+    Press(box, L"Cmd1");
+    WaitClosed(box);
+    WatchProcess(0);
+    command.ExitCode(kProcessLimit);
+    const std::wstring printed = ReadUtf8File(folder.File(L"output.txt"));
+    EXPECT_NE(printed.find(L"   user 7\r\n"), std::wstring::npos) << ToUtf8(printed);
+    EXPECT_NE(printed.find(L"   yes\r\n"), std::wstring::npos) << ToUtf8(printed);
+}
+#endif
 
 } // namespace
 } // namespace vndesk::test
