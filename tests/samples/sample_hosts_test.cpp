@@ -41,8 +41,9 @@ constexpr Sample kOtherWays[] = {
 
 class Installation : public testing::Environment {
     void SetUp() override {
-        if (!EnvironmentText(L"VNDESK_PREFIX").empty())
+        if (!EnvironmentText(L"VNDESK_PREFIX").empty()) {
             ASSERT_EQ(RunSetup(L""), static_cast<DWORD>(kDone));
+        }
     }
 };
 const testing::Environment* const kInstallation =
