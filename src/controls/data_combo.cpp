@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 #include "com/kit/com_error.h"
@@ -22,6 +23,8 @@ constexpr int kListId = 1;
 constexpr int kDroppedItems = 12;
 constexpr UINT kListClosed = WM_APP;
 
+// Hosts may have forms in several threads.
+std::mutex mutex_;
 int users_;
 
 short ShiftState() {
@@ -45,6 +48,7 @@ void Raise(std::function<void(Parameters...)> handler, Arguments&&... arguments)
 } // namespace
 
 DataComboClass::DataComboClass() {
+    const std::lock_guard hold(mutex_);
     if (users_++ > 0)
         return;
     WNDCLASSEXW description = {};
@@ -57,6 +61,7 @@ DataComboClass::DataComboClass() {
 }
 
 DataComboClass::~DataComboClass() {
+    const std::lock_guard hold(mutex_);
     if (--users_ == 0)
         UnregisterClassW(kDataComboClass, ModuleInstance());
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "form_window.h"
 
+#include <mutex>
+
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"
 
@@ -8,6 +10,8 @@ namespace vndesk {
 
 namespace {
 
+// Hosts may have forms in several threads.
+std::mutex mutex_;
 int users_;
 
 // A dialog template without controls, naming the class in place of the platform's.
@@ -21,6 +25,7 @@ struct EmptyTemplate {
 } // namespace
 
 FormClass::FormClass(WNDPROC procedure) {
+    const std::lock_guard hold(mutex_);
     if (users_++ > 0)
         return;
     WNDCLASSEXW description = {};
@@ -36,6 +41,7 @@ FormClass::FormClass(WNDPROC procedure) {
 }
 
 FormClass::~FormClass() {
+    const std::lock_guard hold(mutex_);
     if (--users_ == 0)
         UnregisterClassW(kFormClass, ModuleInstance());
 }
