@@ -97,14 +97,15 @@ UINT PositionOf(const DISPPARAMS& parameters, UINT argument) {
 }
 
 // What is said to be there is there, and each parameter is named once at most.
-HRESULT CheckList(const DISPPARAMS& parameters, const FUNCDESC& function) {
+HRESULT CheckList(const DISPPARAMS& parameters, const Member& member) {
     if ((parameters.cArgs > 0 && !parameters.rgvarg) ||
         (parameters.cNamedArgs > 0 && !parameters.rgdispidNamedArgs) ||
         parameters.cNamedArgs > parameters.cArgs)
         return E_INVALIDARG;
     const DISPID* const names = parameters.rgdispidNamedArgs;
     for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
-        if (names[i] != DISPID_PROPERTYPUT && (names[i] < 0 || names[i] >= function.cParams))
+        if (names[i] != DISPID_PROPERTYPUT &&
+            (names[i] < 0 || static_cast<size_t>(names[i]) >= member.referred.size()))
             return DISP_E_PARAMNOTFOUND;
         if (std::find(names, names + i, names[i]) != names + i)
             return E_INVALIDARG;
@@ -125,7 +126,7 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
         // The platforms name different errors.
         if (!member)
             return DISP_E_MEMBERNOTFOUND;
-        CheckHr(CheckList(*parameters, *function));
+        CheckHr(CheckList(*parameters, *member));
         std::vector<std::unique_ptr<Coerced>> coerced;
         // The platform's call may overlook what is too much.
         if (parameters->cArgs > member->mostArguments)
