@@ -36,11 +36,6 @@ std::vector<std::wstring> Split(const std::wstring& text, wchar_t mark) {
     return parts;
 }
 
-std::wstring Trimmed(std::wstring text) {
-    text.erase(text.find_last_not_of(L' ') + 1);
-    return text;
-}
-
 bool Overlap(const Write& a, const Write& b) {
     return a.begin <= b.end && b.begin <= a.end;
 }
