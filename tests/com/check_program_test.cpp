@@ -41,7 +41,7 @@ Printed RunCheck(std::vector<std::wstring> words) {
     const TempDir folder;
     const std::wstring output = folder.File(L"output.txt");
     words.insert(words.begin(), BesideTests(L"vndesk-check.exe"));
-    ChildProcess program(words, output);
+    ChildProcess program(words, output, ChildProcess::Errors::ToOurs);
     const DWORD code = program.ExitCode(kLimit);
     return {code, ReadUtf8File(output)};
 }

@@ -21,7 +21,8 @@ std::wstring Quoted(const std::wstring& word) {
 
 } // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output) {
+ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output,
+                           Errors errors) {
     std::wstring line;
     for (const std::wstring& word : words)
         line += (line.empty() ? L"" : L" ") + Quoted(word);
@@ -34,7 +35,7 @@ ChildProcess::ChildProcess(const std::vector<std::wstring>& words, const std::ws
                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         Fail(L"cannot write " + output);
-    Start(line, file, file);
+    Start(line, file, errors == Errors::ToTheFile ? file : GetStdHandle(STD_ERROR_HANDLE));
     CloseHandle(file);
 }
 

@@ -10,9 +10,12 @@ namespace vndesk::test {
 
 class ChildProcess {
 public:
-    // The program and its arguments. It writes to our own output, or everything to a file. Throws
-    // when it cannot be started.
-    explicit ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output = {});
+    enum class Errors { ToTheFile, ToOurs };
+
+    // The program and its arguments. It writes to our own output, or to a file. Throws when it
+    // cannot be started.
+    explicit ChildProcess(const std::vector<std::wstring>& words, const std::wstring& output = {},
+                          Errors errors = Errors::ToTheFile);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;

@@ -94,8 +94,10 @@ public:
     }
 
     STDMETHODIMP GetClassInfo(ITypeInfo** type) override {
-        return this->Guard(
-            [&] { CheckHr(TypeOf(__uuidof(Class)).info.CopyTo(&ClearedOut(type))); });
+        return this->Guard([&] {
+            ITypeInfo*& result = ClearedOut(type);
+            CheckHr(TypeOf(__uuidof(Class)).info.CopyTo(&result));
+        });
     }
 
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override {
