@@ -140,10 +140,14 @@ Function WriteEntry
     StrCpy $failed "$INSTDIR\uninstall.exe"
     ClearErrors
     WriteUninstaller "$INSTDIR\uninstall.exe"
+    ${If} ${Errors}
+        ${Fail} ${EXIT_FILES} "$(FilesFailed)"
+    ${EndIf}
     StrCpy $0 "/CurrentUser"
     ${If} $scope == machine
         StrCpy $0 "/AllUsers"
     ${EndIf}
+    ; This clears the error flag.
     ${GetSize} "$INSTDIR" "/S=0B" $1 $2 $3
     ${GetSize} "${ASIDE}" "/S=0B" $2 $3 $4
     IntOp $1 $1 - $2
@@ -206,6 +210,9 @@ Function RollBack
     ${EndIf}
     ${If} $step == registration
         !insertmacro UnregisterAll "" "$INSTDIR"
+        ${If} $previousFolder == ""
+            DeleteRegKey SHCTX "${ENTRY}"
+        ${EndIf}
     ${EndIf}
     ${Walk} DeleteOne "$INSTDIR" "${NEW_LIST}"
     ${Walk} PutOneBack "$INSTDIR" "${OLD_LIST}"
@@ -219,5 +226,8 @@ Function RollBack
         !insertmacro RegSvr "" "" "$previousFolder" x86 adobridge.dll
         !insertmacro RegSvr "" "" "$previousFolder" x64 adobridge.dll
     ${EndIf}
-    Call RemoveFolders
+    ; A folder that was there before stays, even if it is empty.
+    ${If} $createdFolder != ""
+        Call RemoveFolders
+    ${EndIf}
 FunctionEnd
