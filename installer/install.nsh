@@ -16,6 +16,10 @@ Function CheckOtherInstallation
     ${AndIf} $isAdmin != 1
         ${Fail} ${EXIT_OTHER_INSTALLATION} "$(MachineStands)"
     ${EndIf}
+    ; One list and one uninstaller cannot serve both.
+    ${If} $otherFolder == $INSTDIR
+        ${Fail} ${EXIT_OTHER_INSTALLATION} "$(SameFolder)"
+    ${EndIf}
     MessageBox MB_OKCANCEL|MB_ICONINFORMATION "$(OtherGoes)" /SD IDOK IDOK go
     SetErrorLevel 1
     Abort

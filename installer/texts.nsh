@@ -42,6 +42,8 @@ ${Text} UnregistrationFailed "The registration could not be taken back:$\r$\n$fa
     "Không hủy đăng ký được:$\r$\n$failed"
 ${Text} MachineStands "${PRODUCT} is installed for all users already:$\r$\n$otherFolder$\r$\n$\r$\nAn administrator has to remove it first." \
     "${PRODUCT} đã được cài đặt cho mọi người dùng:$\r$\n$otherFolder$\r$\n$\r$\nNgười quản trị phải gỡ bỏ bản đó trước."
+${Text} SameFolder "${PRODUCT} is installed in this folder for other users than you have chosen:$\r$\n$otherFolder$\r$\n$\r$\nChoose another folder." \
+    "${PRODUCT} đã được cài đặt trong thư mục này cho nhóm người dùng khác với lựa chọn của bạn:$\r$\n$otherFolder$\r$\n$\r$\nHãy chọn thư mục khác."
 ${Text} OtherGoes "${PRODUCT} is installed for other users of this computer than you have chosen:$\r$\n$otherFolder$\r$\n$\r$\nThat installation will be removed." \
     "${PRODUCT} đã được cài đặt cho nhóm người dùng khác với lựa chọn của bạn:$\r$\n$otherFolder$\r$\n$\r$\nBản đó sẽ được gỡ bỏ."
 ${Text} OtherStays "${PRODUCT} is installed, but an earlier installation could not be removed:$\r$\n$failed" \

@@ -79,4 +79,12 @@ TEST_F(InstallTest, TheOtherScopeIsRemoved) {
     EXPECT_EQ(kDone, RunUninstaller(CurrentUser().defaultFolder));
 }
 
+TEST_F(InstallTest, TheOtherScopeKeepsItsFolder) {
+    ASSERT_EQ(kDone, RunSetup(L"/AllUsers"));
+    const Snapshot installed = TakeSnapshot();
+    EXPECT_EQ(kOtherInstallation, RunSetup(L"/CurrentUser /D=" + kFolder));
+    EXPECT_EQ("", Differences(installed, TakeSnapshot()));
+    EXPECT_EQ(kDone, RunUninstaller(kFolder));
+}
+
 } // namespace
