@@ -39,7 +39,7 @@ ${Text} FilesFailed "This cannot be written:$\r$\n$failed$\r$\n$\r$\nEverything 
 ${Text} RegistrationFailed "The library could not be registered:$\r$\n$failed$\r$\n$\r$\nEverything is as it was before." \
     "Không đăng ký được thư viện:$\r$\n$failed$\r$\n$\r$\nMọi thứ đã trở lại như trước."
 ${Text} UnregistrationFailed "The registration could not be taken back:$\r$\n$failed" \
-    "Không hủy đăng ký được:$\r$\n$failed"
+    "Không huỷ đăng ký được:$\r$\n$failed"
 ${Text} MachineStands "${PRODUCT} is installed for all users already:$\r$\n$otherFolder$\r$\n$\r$\nAn administrator has to remove it first." \
     "${PRODUCT} đã được cài đặt cho mọi người dùng:$\r$\n$otherFolder$\r$\n$\r$\nNgười quản trị phải gỡ bỏ bản đó trước."
 ${Text} SameFolder "${PRODUCT} is installed in this folder for other users than you have chosen:$\r$\n$otherFolder$\r$\n$\r$\nChoose another folder." \
