@@ -3,7 +3,6 @@
 
 #include <shlobj.h>
 
-#include <fstream>
 #include <sstream>
 
 #include "support/child_process.h"
@@ -90,6 +89,8 @@ DWORD RunUninstaller(const std::wstring& folder) {
 void RemoveAsTheSystemDoes(const Scope& scope) {
     // A copy of the program does the work, and the topmost folder is the last thing to go.
     const std::wstring folder = EntryText(scope, L"CreatedFolder");
+    if (folder.empty())
+        Fail(L"the setup has not made the folder");
     RunLine(EntryText(scope, L"QuietUninstallString"));
     const ULONGLONG end = GetTickCount64() + kLimit;
     while (FileExists(folder)) {

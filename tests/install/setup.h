@@ -35,7 +35,7 @@ DWORD RunSetup(const std::wstring& words);
 DWORD RunUninstaller(const std::wstring& folder);
 
 // Runs the line that "Add or remove programs" has for removing without questions, and waits until
-// the entry has gone.
+// the topmost folder that the setup had made has gone.
 void RemoveAsTheSystemDoes(const Scope& scope);
 
 // Values of the entry under "Add or remove programs"; empty and 0 when they are not there.

@@ -12,12 +12,10 @@
 namespace vndesk::test {
 namespace {
 
-// What Wine changes by itself when programs run, each with the reason. Matched anywhere in the
-// place.
+// What Wine changes by itself when programs run, each with the reason. Matched anywhere in a place.
 constexpr const char* kNoise[] = {
     // Our own scratch folders, and those that setup programs leave to the next start of the system:
-    // a
-    // running uninstaller cannot delete itself.
+    // a running uninstaller cannot delete itself.
     "\\AppData\\Local\\Temp\\",
     // The first program that loads the ODBC manager copies the machine's drivers and data sources.
     "\\ODBC\\ODBC.INI",
