@@ -15,14 +15,14 @@ $Yes = '6' # MgBox gives the number of the button as text
 function Read-Row([string] $Statement) {
     $database = New-Object -ComObject ADODB.Connection
     try {
-        $database.Open($Connect)
+        [void]$database.Open($Connect) # what a call hands back would be taken for a row
         $records = $database.Execute($Statement)
         while (-not $records.EOF) {
             $row = foreach ($i in 0..($records.Fields.Count - 1)) { $records.Fields.Item($i).Value }
             , @($row)
-            $records.MoveNext()
+            [void]$records.MoveNext()
         }
-        $database.Close()
+        [void]$database.Close()
     }
     finally {
         [void][Runtime.InteropServices.Marshal]::FinalReleaseComObject($database)
