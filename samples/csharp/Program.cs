@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // VnHost CONNECTION-STRING: a whole host in C#: logon, rights, administration, search, message box.
-// Late bound (dynamic): it needs no interop assembly and compiles for .NET Framework 4.8 and for .NET 6 or later.
+// Late bound (dynamic): it needs no interop assembly and compiles for .NET Framework 4.8 and for .NET 5 or later.
 // Exit code 0 when somebody has logged on, 1 when nobody has, 2 after an error.
 using System;
 using System.Collections.Generic;
