@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // vnplay NAME PASSWORD PROGRAM ARGUMENTS...: plays the tour on the keyboard. The user types a wrong
 // password, is refused, types the right one and looks around. Then the administrator logs on, adds
-// a user, gives and takes rights, searches customers and changes the own password, and the first
+// a user, gives and takes rights, searches customers and changes his own password, and the first
 // user finds what has changed. Each step is printed and leaves a picture in the out folder. The
 // exit code is the program's; 1 when something did not show up.
 #include <windows.h>
