@@ -23,8 +23,10 @@ setup:
 	@scripts/setup
 setup-x86:
 	@scripts/setup-x86
-bench installer: build
-	@scripts/$@
+bench: build
+	@scripts/bench
+installer:
+	@scripts/installer
 # The Debian root of 32-bit Wine is kept: it does not depend on the sources.
 clean:
 	@scripts/clean

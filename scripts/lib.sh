@@ -6,6 +6,9 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 scripts=$root/scripts
 build=$root/build
 
+# Without a symbolizer the sanitizers of native programs take the one of binutils.
+export ASAN_OPTIONS=allow_addr2line=1
+
 say() { printf '%s\n' "$*" >&2; }
 die() {
     say "${0##*/}: $*"

@@ -2,6 +2,7 @@
 #include "kit/benchmark.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 

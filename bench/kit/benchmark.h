@@ -3,7 +3,6 @@
 // compared with, both run in turns within one process, and medians of many rounds are compared.
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string>

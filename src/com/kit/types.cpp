@@ -5,8 +5,6 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include <memory>
-
 #include "dispatch.h"
 #include "module.h"
 
