@@ -2,7 +2,7 @@
 ' Makes a Jet 4.0 database from jet.sql:  C:\Windows\SysWOW64\cscript load_jet.vbs host.mdb
 ' (the 32-bit script host: the Jet provider exists for 32-bit programs only).
 Option Explicit
-Dim target, here, fso, stream, lines, line, statement, catalog, connection, connectString, count
+Dim target, partial, here, fso, stream, lines, line, statement, catalog, connection, connectString, count
 
 If WScript.Arguments.Count <> 1 Then
     WScript.Echo "usage: cscript load_jet.vbs NEW.mdb"
@@ -10,6 +10,13 @@ If WScript.Arguments.Count <> 1 Then
 End If
 Set fso = CreateObject("Scripting.FileSystemObject")
 target = fso.GetAbsolutePathName(WScript.Arguments(0))
+If fso.FileExists(target) Then
+    WScript.Echo target & " is there already"
+    WScript.Quit 1
+End If
+' Only a whole database gets the name.
+partial = target & ".partial"
+If fso.FileExists(partial) Then fso.DeleteFile partial
 here = fso.GetParentFolderName(WScript.ScriptFullName)
 
 ' TextStream knows no UTF-8, ADODB.Stream does.
@@ -21,7 +28,7 @@ stream.LoadFromFile fso.BuildPath(here, "jet.sql")
 lines = Split(Replace(stream.ReadText, vbCr, ""), vbLf)
 stream.Close
 
-connectString = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" & target & ";Jet OLEDB:Engine Type=5"
+connectString = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" & partial & ";Jet OLEDB:Engine Type=5"
 Set catalog = CreateObject("ADOX.Catalog")
 Set connection = catalog.Create(connectString)
 
@@ -35,4 +42,7 @@ For Each line In lines
     End If
 Next
 connection.Close
+Set connection = Nothing
+Set catalog = Nothing
+fso.MoveFile partial, target
 WScript.Echo count & " statements -> " & target
