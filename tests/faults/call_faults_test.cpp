@@ -8,18 +8,13 @@
 #include <algorithm>
 
 #include "faulty_ado.h"
-#include "support/env.h"
-#include "support/leak_probe.h"
+#include "kept_database.h"
+#include "support/reliability.h"
 #include "support/text.h"
-#include "uses.h"
 
 namespace vndesk::test {
 namespace {
 
-// What Wine's own controls and message boxes keep, far below a form: the newer Wine of the 32-bit
-// tests counts its heap in lumps (see ui/leaks.cpp). Device contexts come and go with Wine's cache.
-constexpr long kToleratedBytes = sizeof(void*) == 8 ? 1024 : 8192; // a fault
-constexpr long kToleratedGdi = 8;                                  // a use, however many faults
 constexpr size_t kSomeCalls = 5; // of a use, without VNDESK_RELIABILITY=full
 
 const char* NameOf(Fault fault) {
@@ -47,15 +42,9 @@ bool IsTold(const std::string& call) {
 
 class CallFaults : public testing::TestWithParam<Use> {
 protected:
-    CallFaults() {
-        MakeSmall(database_);
-        CopyFileW(database_.File().c_str(), Kept().c_str(), FALSE);
-        before_ = Contents(database_);
-    }
-
     Played PlayWith(size_t call, Fault fault = Fault::Once) {
         ado_.Begin(call, fault);
-        const Played played = Play(GetParam(), database_);
+        const Played played = Play(GetParam(), database_.Sample());
         EXPECT_EQ(ado_.Objects(), 0);
         return played;
     }
@@ -67,12 +56,12 @@ protected:
         calls_ = ado_.Calls();
         EXPECT_EQ(well_.answer, use.answer);
         if (use.probe) {
-            EXPECT_EQ(database_.ScalarText(use.probe), use.probed);
+            EXPECT_EQ(database_.Sample().ScalarText(use.probe), use.probed);
             EXPECT_EQ(ado_.Writes(), 1);
         }
-        after_ = Contents(database_);
-        EXPECT_EQ(after_ != before_, use.probe != nullptr);
-        Restore();
+        after_ = database_.Now();
+        EXPECT_EQ(after_ != database_.Before(), use.probe != nullptr);
+        database_.Restore();
     }
 
     void PlayBadly(size_t call, Fault fault) {
@@ -84,14 +73,14 @@ protected:
         EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
             << ToUtf8(played.answer);
         const bool written = ado_.Writes() > 0;
-        const std::wstring now = Contents(database_);
-        if (now != before_) {
+        const std::wstring now = database_.Now();
+        if (now != database_.Before()) {
             EXPECT_TRUE(written);
             if (use.writesUnchecked)
                 EXPECT_TRUE(IsTold(name) && fault == Fault::Once);
             else
                 EXPECT_EQ(now, after_);
-            Restore();
+            database_.Restore();
         } else if (written) {
             EXPECT_TRUE(use.mayUpdateNothing);
         }
@@ -107,10 +96,6 @@ protected:
         return std::find(calls_.begin(), end, "Connection.Execute") != end;
     }
 
-    void Restore() const {
-        EXPECT_TRUE(CopyFileW(Kept().c_str(), database_.File().c_str(), FALSE));
-    }
-
     // Some of the calls, spread over the use; all of them, and all that write, when asked.
     bool IsTried(size_t call, Fault fault) const {
         if (calls_.at(call - 1) == "Connection.Execute")
@@ -119,19 +104,15 @@ protected:
             return false;
         const size_t stride = std::max<size_t>(1, calls_.size() / kSomeCalls);
         const size_t offset = fault == Fault::Once ? 0 : stride / 2;
-        return full_ || call % stride == offset % stride;
+        return FullRun() || call % stride == offset % stride;
     }
 
     FaultyAdo ado_;
-    const SampleDatabase database_ = SampleDatabase::Embedded();
-    const bool full_ = EnvironmentText(L"VNDESK_RELIABILITY") == L"full";
-    std::wstring before_, after_;
+    const KeptDatabase database_;
+    std::wstring after_;
     Played well_;
     std::vector<std::string> calls_; // of the use when all goes well
     int faults_ = 0;
-
-private:
-    std::wstring Kept() const { return database_.File() + L".kept"; }
 };
 
 TEST_P(CallFaults, LeaveTheDatabaseWholeAndNothingBehind) {
@@ -143,22 +124,14 @@ TEST_P(CallFaults, LeaveTheDatabaseWholeAndNothingBehind) {
             PlayBadly(call, Fault::FromThenOn);
         PlayWell();
     }
-    const long gdi = GdiObjects();
-    const long user = UserObjects();
-    const size_t heap = HeapInUse().bytes;
+    const Holdings before;
     faults_ = 0;
     for (const Fault fault : {Fault::Once, Fault::FromThenOn, Fault::Unconfirmed})
         for (size_t call = 1; call <= calls_.size(); ++call)
             if (IsTried(call, fault))
                 PlayBadly(call, fault);
     PlayWell(); // the counts were taken after one
-    EXPECT_LE(GdiObjects(), gdi + kToleratedGdi);
-    EXPECT_EQ(UserObjects(), user);
-    const auto growth = static_cast<long>(HeapInUse().bytes - heap);
-    EXPECT_LE(growth, faults_ * kToleratedBytes);
-    printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault\n",
-           GetParam().name, static_cast<int>(calls_.size()), faults_,
-           growth / std::max(1, faults_));
+    before.ExpectBack(GetParam().name, calls_.size(), faults_);
 }
 
 INSTANTIATE_TEST_SUITE_P(Uses, CallFaults, testing::ValuesIn(AllUses()),

@@ -5,18 +5,15 @@
 #include <gtest/gtest.h>
 
 #include "data/database.h"
+#include "kept_database.h"
 #include "support/child_process.h"
 #include "support/env.h"
+#include "support/reliability.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
-#include "uses.h"
 
 namespace vndesk::test {
 namespace {
-
-bool TriesAll() {
-    return EnvironmentText(L"VNDESK_RELIABILITY") == L"full";
-}
 
 std::string Bytes(const std::wstring& file) {
     std::string bytes;
@@ -128,21 +125,12 @@ constexpr Harm kHarms[] = {
 class EmbeddedFailures : public testing::TestWithParam<Use> {
 protected:
     EmbeddedFailures() {
-        MakeSmall(database_);
-        CopyFileW(File().c_str(), Kept().c_str(), FALSE);
-        before_ = Contents(database_);
-        well_ = Play(GetParam(), database_);
+        well_ = Play(GetParam(), database_.Sample());
         EXPECT_EQ(well_.answer, GetParam().answer);
-        Restore();
+        database_.Restore();
     }
 
-    void Restore() const { EXPECT_TRUE(CopyFileW(Kept().c_str(), File().c_str(), FALSE)); }
-
-    std::wstring File() const { return database_.File(); }
-    std::wstring Kept() const { return File() + L".kept"; }
-
-    const SampleDatabase database_ = SampleDatabase::Embedded();
-    std::wstring before_;
+    const KeptDatabase database_;
     Played well_;
 };
 
@@ -151,17 +139,17 @@ TEST_P(EmbeddedFailures, AreToldAndLeaveTheFileAsItWas) {
         SCOPED_TRACE(harm.name);
         std::string harmed;
         const auto act = [&] {
-            harm.act(File());
-            harmed = Bytes(File());
+            harm.act(database_.File());
+            harmed = Bytes(database_.File());
         };
         if (harm.beforeTheCall)
             act();
-        const Played played =
-            Play(GetParam(), database_, harm.beforeTheCall ? std::function<void()>() : act);
+        const Played played = Play(GetParam(), database_.Sample(),
+                                   harm.beforeTheCall ? std::function<void()>() : act);
         ExpectTold(GetParam(), well_, played);
-        EXPECT_TRUE(Bytes(File()) == harmed);
-        Restore();
-        EXPECT_EQ(Contents(database_), before_);
+        EXPECT_TRUE(Bytes(database_.File()) == harmed);
+        database_.Restore();
+        EXPECT_EQ(database_.Now(), database_.Before());
     }
 }
 
@@ -169,25 +157,26 @@ class FullDisk : public EmbeddedFailures {};
 
 TEST_P(FullDisk, IsToldAndLeavesTheFileAsItWas) {
     bool full = false;
-    const Played played = Play(GetParam(), database_, [&] { full = FillDisk(File()); });
+    const Played played =
+        Play(GetParam(), database_.Sample(), [&] { full = FillDisk(database_.File()); });
     if (!full)
         GTEST_SKIP() << "the device that is always full cannot be made here: only root can";
     ExpectTold(GetParam(), well_, played);
-    EXPECT_TRUE(Bytes(File()) == Bytes(Kept()));
+    EXPECT_TRUE(Bytes(database_.File()) == Bytes(database_.Kept()));
 }
 
 // The driver waits for a while before it says that the file is locked; here only for a moment.
 TEST_P(EmbeddedFailures, LockByAnotherProgramIsToldAndChangesNothing) {
     const std::wstring connection = L"Provider=MSDASQL;Timeout=20;Extended Properties=\"" +
-                                    database_.OdbcString() + L"\";Mode=Jet OLEDB";
+                                    database_.Sample().OdbcString() + L"\";Mode=Jet OLEDB";
     ASSERT_EQ(KindOf(connection), DatabaseKind::Jet);
     std::unique_ptr<OtherProgram> other;
     const Played played = Play(
-        GetParam(), database_, [&] { other = std::make_unique<OtherProgram>(database_); },
-        connection);
+        GetParam(), database_.Sample(),
+        [&] { other = std::make_unique<OtherProgram>(database_.Sample()); }, connection);
     other.reset();
     ExpectTold(GetParam(), well_, played);
-    EXPECT_EQ(Contents(database_), before_);
+    EXPECT_EQ(database_.Now(), database_.Before());
 }
 
 std::vector<Use> UsesThatWrite() {
@@ -260,7 +249,7 @@ TEST_P(ServerFailures, AreToldAndLeaveTheTablesAsTheyWere) {
     static bool away = false;
     away = !away;
     for (const bool comesBack : {false, true}) {
-        if (comesBack == away && !TriesAll())
+        if (comesBack == away && !FullRun())
             continue;
         SCOPED_TRACE(comesBack ? "killed and started again" : "killed and away");
         const Played played = Play(GetParam(), database, [&] {
@@ -281,7 +270,7 @@ TEST_P(ServerFailures, AreToldAndLeaveTheTablesAsTheyWere) {
 std::vector<Use> UsesOfTheServer() {
     std::vector<Use> uses;
     for (const Use& use : AllUses())
-        if (TriesAll() || use.probe || std::string_view(use.name) == "Logon")
+        if (FullRun() || use.probe || std::string_view(use.name) == "Logon")
             uses.push_back(use);
     return uses;
 }

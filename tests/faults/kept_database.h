@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// A small database in a file, as it was before each use of it, and what a process holds before and
+// after many uses.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/leak_probe.h"
+#include "uses.h"
+
+namespace vndesk::test {
+
+class KeptDatabase {
+public:
+    KeptDatabase() {
+        MakeSmall(database_);
+        CopyFileW(File().c_str(), Kept().c_str(), FALSE);
+        before_ = Contents(database_);
+    }
+
+    const SampleDatabase& Sample() const { return database_; }
+    const std::wstring& Before() const { return before_; }
+    std::wstring Now() const { return Contents(database_); }
+    std::wstring File() const { return database_.File(); }
+    std::wstring Kept() const { return File() + L".kept"; }
+    void Restore() const { EXPECT_TRUE(CopyFileW(Kept().c_str(), File().c_str(), FALSE)); }
+
+private:
+    const SampleDatabase database_ = SampleDatabase::Embedded();
+    std::wstring before_;
+};
+
+// What the process holds. Take it after a warm-up: the first windows of a kind fill caches that
+// stay.
+class Holdings {
+public:
+    // Nothing has stayed since, but what Wine's own controls and message boxes keep far below a
+    // form. Tells the figures.
+    void ExpectBack(const char* use, size_t calls, int faults) const {
+        // The newer Wine of the 32-bit tests counts its heap in lumps (see ui/leaks.cpp).
+        constexpr long kToleratedBytes = sizeof(void*) == 8 ? 1024 : 8192; // a fault
+        // Wine keeps released device contexts, three objects each; the more, the more windows have
+        // ever painted inside one another's messages.
+        constexpr long kToleratedGdi = 8; // however many faults
+        const auto growth = static_cast<long>(HeapInUse().bytes - heap_);
+        const long gdi = GdiObjects() - gdi_;
+        EXPECT_LE(gdi, kToleratedGdi);
+        EXPECT_EQ(UserObjects(), user_);
+        EXPECT_LE(growth, faults * kToleratedBytes);
+        printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault, %ld GDI "
+               "objects more\n",
+               use, static_cast<int>(calls), faults, growth / std::max(1, faults), gdi);
+    }
+
+private:
+    const long gdi_ = GdiObjects();
+    const long user_ = UserObjects();
+    const size_t heap_ = HeapInUse().bytes;
+};
+
+} // namespace vndesk::test

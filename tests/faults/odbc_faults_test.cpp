@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+// The uses again, with faults below the ADO bridge: each of its calls to ODBC fails with or without
+// a word of the driver, loses the connection, works with a remark, or cuts what it reads. What the
+// host is not told of has happened as it should, and nothing stays behind.
+// VNDESK_RELIABILITY=full tries every call in every use, else some of some uses are tried.
+#include <comutil.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "ado/ado_object.h"
+#include "faulty_odbc.h"
+#include "kept_database.h"
+#include "support/check_hr.h"
+#include "support/reliability.h"
+#include "support/text.h"
+
+namespace vndesk::test {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+struct KindOfFault {
+    OdbcFault fault;
+    const char* name;
+    const char* onlyAt; // calls with another start cannot fail in this way; null: all can
+    bool harmless;      // the host gets what it gets without the fault
+};
+
+constexpr KindOfFault kFaults[] = {
+    {OdbcFault::Told, "fails", nullptr, false},
+    {OdbcFault::Silent, "fails without a word", nullptr, false},
+    {OdbcFault::Lost, "loses the connection", nullptr, false},
+    {OdbcFault::Unconfirmed, "works and loses the connection", "SQLE", false},
+    {OdbcFault::Remark, "works with a remark", nullptr, true},
+    {OdbcFault::Truncated, "cuts the cells", "SQLFetchScroll", true},
+};
+
+// A host's own transaction on the library's ADO: both rows or none.
+std::wstring WriteTwice(const SampleDatabase&, const std::wstring& connectionString) {
+    CLSID clsid;
+    ComPtr<_Connection> connection;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(L"ADODB.Connection", &clsid));
+    EXPECT_SUCCEEDED(
+        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&connection)));
+    const auto run = [&](const wchar_t* statement) {
+        ComPtr<_Recordset> rows;
+        return connection->Execute(_bstr_t(statement), nullptr, adCmdText, &rows);
+    };
+    long level = 0;
+    const bool opened =
+        SUCCEEDED(connection->Open(_bstr_t(connectionString.c_str()), _bstr_t(), _bstr_t(), -1));
+    const bool begun = opened && SUCCEEDED(connection->BeginTrans(&level));
+    const bool written =
+        begun && SUCCEEDED(run(L"update [user] set [dec]='mot' where code=1")) &&
+        SUCCEEDED(run(L"insert into groups (code,name,des) values (77,'moi','hai')")) &&
+        SUCCEEDED(connection->CommitTrans());
+    if (begun && !written)
+        connection->RollbackTrans();
+    if (opened)
+        connection->Close();
+    return written ? L"written" : L"refused";
+}
+
+bool IsTriedQuickly(std::string_view use) {
+    return use == "Logon" || use == "UserAdded" || use == "GroupDeleted" ||
+           use == "RightsWritten" || use == "Search";
+}
+
+std::vector<Use> UsesOfOdbc() {
+    std::vector<Use> uses;
+    for (const Use& use : AllUses())
+        if (FullRun() || IsTriedQuickly(use.name))
+            uses.push_back(use);
+    uses.push_back({"Transaction",
+                    {},
+                    WriteTwice,
+                    L"written",
+                    L"refused",
+                    L"select count(*) from groups where code=77",
+                    L"1"});
+    return uses;
+}
+
+constexpr const char* kReadingCall = "SQLGetData";
+
+class OdbcFaults : public testing::TestWithParam<Use> {
+protected:
+    Played PlayWith(size_t call, OdbcFault fault) {
+        odbc_.Begin(call, fault);
+        const Played played = Play(GetParam(), database_.Sample());
+        EXPECT_EQ(odbc_.Held(), 0);
+        EXPECT_TRUE(odbc_.BridgeIsIdle());
+        return played;
+    }
+
+    void PlayWell() {
+        const Use& use = GetParam();
+        well_ = PlayWith(0, OdbcFault::Told);
+        calls_ = odbc_.Calls();
+        EXPECT_EQ(well_.answer, use.answer);
+        if (use.probe) {
+            EXPECT_EQ(database_.Sample().ScalarText(use.probe), use.probed);
+        }
+        after_ = database_.Now();
+        EXPECT_EQ(after_ != database_.Before(), use.probe != nullptr);
+        database_.Restore();
+    }
+
+    void PlayBadly(size_t call, const KindOfFault& kind) {
+        const Use& use = GetParam();
+        const std::string& name = calls_.at(call - 1);
+        SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls_.size()) +
+                     ", " + name + ", " + kind.name);
+        const Played played = PlayWith(call, kind.fault);
+        ++faults_;
+        const std::wstring now = database_.Now();
+        const bool done = played.answer == use.answer && now == after_;
+        const bool passes = kind.fault == OdbcFault::Told || kind.fault == OdbcFault::Silent;
+        if (kind.harmless) {
+            EXPECT_TRUE(done);
+            EXPECT_EQ(played.messages, well_.messages);
+        } else {
+            EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
+                << ToUtf8(played.answer);
+            EXPECT_TRUE(now == after_ || now == database_.Before() ||
+                        (use.writesUnchecked && passes))
+                << ToUtf8(now);
+            const bool refused = played.answer == use.neutral && use.answer != use.neutral;
+            EXPECT_TRUE(done || played.TellsMoreThan(well_) || (refused && TellsTheHost()) ||
+                        (use.tellsNoFailedWrite && name == kWritingCall));
+        }
+        if (now != database_.Before())
+            database_.Restore();
+    }
+
+    // The refusal itself is all that is told.
+    bool TellsTheHost() const { return GetParam().raisesTheFirst || GetParam().steps.empty(); }
+
+    // All calls; or two of them for each fault, other ones for each, and the one that writes.
+    bool IsTried(size_t call, const KindOfFault& kind) const {
+        const std::string& name = calls_.at(call - 1);
+        if (kind.onlyAt && name.rfind(kind.onlyAt, 0) != 0)
+            return false;
+        if (cellByCell_)
+            return name == kReadingCall && (FullRun() || call == lastRead_);
+        if (FullRun())
+            return true;
+        if (kind.onlyAt)
+            return call == lastRead_ || name == kWritingCall;
+        const size_t stride = calls_.size() / 2;
+        return call % stride == stride * (&kind - kFaults + 1) / std::size(kFaults);
+    }
+
+    void PlayAll(bool cellByCell) {
+        cellByCell_ = cellByCell;
+        odbc_.SetForwardOnly(cellByCell);
+        PlayWell();
+        const auto read =
+            std::find(calls_.rbegin(), calls_.rend(), cellByCell ? kReadingCall : "SQLFetchScroll");
+        lastRead_ = static_cast<size_t>(calls_.rend() - read);
+        for (const KindOfFault& kind : kFaults)
+            for (size_t call = 1; call <= calls_.size(); ++call)
+                if (IsTried(call, kind))
+                    PlayBadly(call, kind);
+    }
+
+    FaultyOdbc odbc_;
+    const KeptDatabase database_;
+    std::wstring after_;
+    Played well_;
+    std::vector<std::string> calls_; // of the use when all goes well
+    size_t lastRead_ = 0;            // the last one that brings rows or a cell
+    bool cellByCell_ = false;
+    int faults_ = 0;
+};
+
+TEST_P(OdbcFaults, LeaveTheDatabaseWholeAndNothingBehind) {
+    PlayWell();
+    for (int i = 0; i < 2; ++i) {
+        const size_t stride = std::max<size_t>(2, calls_.size() / 3);
+        for (size_t call = 1; call <= calls_.size(); call += stride)
+            PlayBadly(call, kFaults[2]);
+        PlayWell();
+    }
+    const Holdings before;
+    faults_ = 0;
+    PlayAll(false);
+    const size_t calls = calls_.size();
+    PlayAll(true);
+    before.ExpectBack(GetParam().name, calls, faults_);
+}
+
+INSTANTIATE_TEST_SUITE_P(Uses, OdbcFaults, testing::ValuesIn(UsesOfOdbc()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
+} // namespace vndesk::test
