@@ -32,17 +32,24 @@ Database OpenConnection(std::wstring_view connectionString) {
     Database database;
     database.connectionString = connectionString;
     database.kind = KindOf(connectionString);
-    const ErrorState error = Trap([&] {
-        const auto check = [&](HRESULT code) {
-            CheckCall(code, database.connection.Get(), __uuidof(_Connection));
-        };
+    bool failed = false;
+    const auto step = [&](auto call) {
+        if (Trap([&] { CheckHr(call()); }))
+            failed = true;
+    };
+    step([&] {
         database.connection = NewConnection();
-        if (database.kind == DatabaseKind::Jet)
-            check(database.connection->put_Provider(_bstr_t(kJetProvider)));
-        check(database.connection->Open(_bstr_t(database.connectionString.c_str()), _bstr_t(L""),
-                                        _bstr_t(L""), kAdoUnspecified));
+        return S_OK;
     });
-    if (error)
+    // A provider that is not there does not keep the one that the string names from opening it.
+    if (database.connection && database.kind == DatabaseKind::Jet)
+        step([&] { return database.connection->put_Provider(_bstr_t(kJetProvider)); });
+    if (database.connection)
+        step([&] {
+            return database.connection->Open(_bstr_t(database.connectionString.c_str()),
+                                             _bstr_t(L""), _bstr_t(L""), kAdoUnspecified);
+        });
+    if (failed)
         PlainMessage(database.connectionString, L"");
     return database;
 }
@@ -51,9 +58,9 @@ void Execute(const Database& database, const std::wstring& statement) {
     if (!database.connection)
         throw ComError(E_UNEXPECTED);
     AdoRecordset none;
-    CheckCall(database.connection->Execute(_bstr_t(statement.c_str()), nullptr, adExecuteNoRecords,
-                                           &none),
-              database.connection.Get(), __uuidof(_Connection));
+    CheckCall(
+        database.connection->Execute(_bstr_t(statement.c_str()), nullptr, kAdoUnspecified, &none),
+        database.connection.Get(), __uuidof(_Connection));
 }
 
 void CloseConnection(Database& database) {

@@ -15,12 +15,8 @@ namespace {
 // A look-up that failed counts as found: the update after it tells what is wrong with the table.
 bool IsThere(const Database& database, OptionName name) {
     Recordset rows;
-    bool there = true;
-    Trap([&] {
-        if (OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) == 0)
-            there = !rows.Eof();
-    });
-    return there;
+    return OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) != 0 ||
+           CountRecords(rows) > 0;
 }
 
 } // namespace

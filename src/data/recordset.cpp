@@ -128,12 +128,13 @@ long OpenRecordset(const Database& database, Recordset& recordset, const std::ws
 
 long CountRecords(Recordset& recordset) {
     long count = 0;
+    const auto rewind = [&] { recordset.MoveFirst(); };
+    Trap(rewind);
     Trap([&] {
-        recordset.MoveFirst();
         for (; !recordset.Eof(); recordset.MoveNext())
             ++count;
     });
-    Trap([&] { recordset.MoveFirst(); });
+    Trap(rewind);
     return count;
 }
 

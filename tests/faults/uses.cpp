@@ -334,6 +334,7 @@ std::vector<Use> MakeUses() {
                     L"refused",
                     L"select keyvalue from options where keyname='SoDongMoiTrang'",
                     L"50"});
+    uses.back().addsUncounted = true;
     uses.push_back({"SettingAdded",
                     {},
                     OnOptions([](const Database& database) {

@@ -32,6 +32,8 @@ struct Use {
     // When the statement that asks whether the name is taken is refused, which is told, the user is
     // written: the engine may refuse that too, and says why.
     bool writesUnchecked = false;
+    // Rows that cannot be counted count as none: the setting is added beside the one that is there.
+    bool addsUncounted = false;
     // A look-up that fails leads to the update of a row that is not there.
     bool mayUpdateNothing = false;
 };

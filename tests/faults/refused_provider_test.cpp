@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Opening goes on after a step that fails: a machine without the provider that the library names
+// first may still have the one that the connection string names.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "faulty_ado.h"
+#include "uses.h"
+
+namespace vndesk::test {
+namespace {
+
+TEST(RefusedProvider, StringsOwnProviderIsOpenedAfterTheMessage) {
+    FaultyAdo ado;
+    const SampleDatabase database = SampleDatabase::Embedded();
+    const Use& logon = AllUses().front();
+    ado.Begin();
+    const Played well = Play(logon, database);
+    ASSERT_EQ(well.answer, logon.answer);
+    const auto provider = std::find(ado.Calls().begin(), ado.Calls().end(), "Connection.Provider");
+    ASSERT_NE(provider, ado.Calls().end());
+    ado.Begin(static_cast<size_t>(provider - ado.Calls().begin()) + 1);
+    const Played refused = Play(logon, database);
+    EXPECT_EQ(refused.answer, logon.answer);
+    EXPECT_EQ(refused.messages, std::vector<std::wstring>{database.ConnectionString()});
+    EXPECT_EQ(ado.Objects(), 0);
+}
+
+} // namespace
+} // namespace vndesk::test
