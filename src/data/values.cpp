@@ -4,6 +4,7 @@
 #include <comutil.h>
 #include <oleauto.h>
 
+#include "com/kit/com_error.h"
 #include "com/kit/variant.h"
 
 namespace vndesk {
@@ -33,6 +34,13 @@ long NullToInteger(const VARIANT& value) {
 double NullToDouble(const VARIANT& value) {
     _variant_t number;
     return Convert(value, VT_R8, number) ? V_R8(&number) : 0;
+}
+
+long ToInteger(const VARIANT& value) {
+    _variant_t number;
+    if (!Convert(value, VT_I4, number))
+        throw ComError(DISP_E_TYPEMISMATCH);
+    return V_I4(&number);
 }
 
 } // namespace vndesk

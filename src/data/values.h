@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Column values and other variants turned into what the forms work with. Never fails: what cannot
-// be turned is empty or 0.
+// Column values and other variants turned into what the forms work with.
 #pragma once
 
 #include <windows.h>
@@ -11,9 +10,13 @@
 
 namespace vndesk {
 
-// Null is the empty text; numbers are written with a decimal point in every locale.
+// These never fail: what cannot be turned is empty or 0. Null is the empty text; numbers are
+// written with a decimal point in every locale.
 std::wstring NullToText(const VARIANT& value);
 long NullToInteger(const VARIANT& value);
 double NullToDouble(const VARIANT& value);
+
+// Raises a type mismatch for what is no number of 32 bits, null included.
+long ToInteger(const VARIANT& value);
 
 } // namespace vndesk

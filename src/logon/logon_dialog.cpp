@@ -70,7 +70,7 @@ private:
         Recordset users;
         OpenRecordset(database, users, LogonStatement(TrimBlanks(userText), code, database.kind));
         if (CountRecords(users) > 0) {
-            result = NullToInteger(users.Value(0L));
+            result = ToInteger(users.Value(0L));
             Unload();
             return;
         }

@@ -180,6 +180,27 @@ TEST_P(Logon, FirstColumnIsTheCodeWhateverItIs) {
     EXPECT_EQ(Play(Trying(L"thu", L"abc")), 1);
 }
 
+TEST_P(Logon, CodeThatIsNoNumberLeavesTheDialogOpen) {
+    database_->Execute(L"alter table \"user\" rename to \"olduser\"");
+    for (const wchar_t* code : {L"'abc'", L"null", L"'10000000000'"}) {
+        database_->Execute(L"drop table if exists \"user\"");
+        database_->Execute(L"create table \"user\" as select " + std::wstring(code) +
+                           L" as code, name, password from \"olduser\" where code=901");
+        EXPECT_EQ(Play([] {
+                      const HWND dialog = Dialog();
+                      Type(dialog, L"thu", L"abc");
+                      PressOk(dialog);
+                      // The stroke waits until the click is over.
+                      PressKey(VK_RETURN);
+                      WaitForFocus(dialog, L"CMDCAN");
+                      EXPECT_EQ(TopWindows().front(), dialog);
+                      PressKey(VK_ESCAPE);
+                  }),
+                  0)
+            << ToUtf8(code);
+    }
+}
+
 TEST_P(Logon, MissingTableShowsTheErrorAndTheDialogStays) {
     database_->Execute(L"alter table \"user\" rename to \"olduser\"");
     EXPECT_EQ(Play([] {
