@@ -121,6 +121,8 @@ private:
         const long index = bars_->ListIndex();
         if (index < 0)
             return;
+        // First of all: a tick on commands that stay behind would count for the bar chosen now.
+        commands_->Clear();
         const long id = bars_->ItemData(index);
         if (id != static_cast<short>(id))
             throw std::overflow_error("menu bar numbers have 16 bits");
@@ -132,7 +134,6 @@ private:
 
     // All of a bar's commands or none: each tick makes the bar's mask anew from the commands shown.
     void ReadCommands(short barId) {
-        commands_->Clear();
         try {
             ReadInf(MenuCommandsStatement(barId), [this](const std::wstring& text, long code) {
                 commands_->AddItem(text, code);

@@ -159,6 +159,23 @@ TEST_P(PermissionForm, EmptyMenuReadsNoGroup) {
     });
 }
 
+TEST_P(PermissionForm, BarWithANumberBeyond16BitsShowsNoCommands) {
+    // Behind the others on both engines.
+    Test().database.Execute(L"update menu set id=40000 where id=3");
+    Play(kAccountants, [](HWND rights) {
+        GoToBar(rights, 2);
+        ClosePlainMessage();
+        WaitReady(rights, L"LstMenuBar");
+        EXPECT_TRUE(HasTicks(rights, L""));
+        // Nothing is there to be ticked.
+        PressKey(VK_TAB);
+        WaitReady(rights, L"LstSubMenu");
+        PressKey(VK_SPACE);
+        PressKey('G', kAlt);
+    });
+    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+}
+
 TEST_P(PermissionForm, EmptyMasksCountAsNoRights) {
     Test().database.Execute(L"update groups set p1=null,p2=null where code=2");
     // The server lists a row that was updated last.
