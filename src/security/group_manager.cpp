@@ -218,8 +218,10 @@ private:
     }
 
     // Written without the add button: where there is no group, the details are those of a new one.
+    // It is shown from now on, and what is written next changes it: its code must be the right one.
     void AddedFirst(const std::wstring& name, const std::wstring& description) {
-        AddListItem(*groups_, ItemText(name, description), NewCode());
+        AddListItem(*groups_, ItemText(name, description),
+                    LastValue(Current(), L"Groups", L"Code", Failure::Ignored));
         groups_->SetListIndex(0);
         curCode_ = groups_->ItemData(0);
     }

@@ -72,9 +72,27 @@ protected:
         passChanged_ = false;
     }
 
-    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+    // Enter moves on; a button that it leaves is pressed.
+    bool OnKeyPress(wchar_t character) override {
+        Control* button = character == L'\r' ? FocusedButton() : nullptr;
+        if (!button)
+            return EnterAsTab(character);
+        // A stroke would arrive in whatever window the button opens or leaves.
+        SendMessageW(Window(), WM_NEXTDLGCTL, FALSE, FALSE);
+        const HWND window = button->Window();
+        SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), BN_CLICKED),
+                     reinterpret_cast<LPARAM>(window));
+        return true;
+    }
 
 private:
+    Control* FocusedButton() {
+        for (const wchar_t* name : {L"CmdOk", L"CMDCAN"})
+            if (Get(name).Window() == GetFocus())
+                return &Get(name);
+        return nullptr;
+    }
+
     const Database& Current() const { return CurrentSession().current; }
 
     void ReadDict(const wchar_t* source) {
@@ -84,14 +102,13 @@ private:
         ItemList groups(Get(L"TxtIdGroup"));
         const long selected = groups.ListIndex();
         groups.Clear();
-        Trap([&] {
+        const ErrorState failure = Trap([&] {
             for (; !rows.Eof(); rows.MoveNext())
-                Trap([&] {
-                    AddListItem(groups,
-                                NullToText(rows.Value(1L)) + L"-" + NullToText(rows.Value(2L)),
-                                NullToInteger(rows.Value(0L)));
-                });
+                AddListItem(groups, NullToText(rows.Value(1L)) + L"-" + NullToText(rows.Value(2L)),
+                            NullToInteger(rows.Value(0L)));
         });
+        if (failure)
+            groups.Clear();
         Trap([&] { rows.Close(); });
         groups.SetListIndex(selected);
     }

@@ -249,7 +249,12 @@ TEST_P(GroupManager, EmptyTablePreparesANewGroup) {
         Write(groups);
         EXPECT_EQ(Items(groups), Lines{L"Quản trị-"});
         EXPECT_TRUE(IsSelected(groups, 0));
+        // What is written next changes the same group.
+        SetBox(groups, L"TxtDesc", L"Toàn quyền");
+        Write(groups);
+        EXPECT_EQ(Items(groups), Lines{L"Quản trị-Toàn quyền"});
     });
+    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"1");
     EXPECT_EQ(Test().Read(L"select count(*) from groups where name='Quản trị'"), L"1");
 }
 

@@ -321,10 +321,34 @@ TEST_F(UserEditorForm, OkIsEnabledByTypingANameAndStaysSo) {
 TEST_F(UserEditorForm, EnterMovesOnFromBoxToBox) {
     PlayAdding([](HWND editor) {
         TypeText(L"a");
-        ExpectKeyWalks(
-            editor, VK_RETURN,
-            {L"TxtDes", L"TxtIdGroup", L"TxtPass", L"txtConfirm", L"CmdOk", L"CMDCAN", L"TxtUser"});
+        ExpectKeyWalks(editor, VK_RETURN,
+                       {L"TxtDes", L"TxtIdGroup", L"TxtPass", L"txtConfirm", L"CmdOk"});
         EXPECT_TRUE(IsWindowVisible(editor));
+    });
+}
+
+TEST_F(UserEditorForm, EnterOnAButtonPressesItAndMovesOn) {
+    PlayAdding([](HWND editor) {
+        TypeText(L"a");
+        ExpectKeyWalks(editor, VK_RETURN,
+                       {L"TxtDes", L"TxtIdGroup", L"TxtPass", L"txtConfirm", L"CmdOk"});
+        PressKey(VK_RETURN);
+        Answer(L"Bạn chưa chọn bộ phận.", L"Thông báo");
+        WaitReady(editor, L"TxtIdGroup");
+    });
+}
+
+TEST_F(UserEditorForm, EnterOnCancelLeaves) {
+    test_.PlayUsers([](HWND list) {
+        PressKey('H', kAlt);
+        const HWND editor = WaitForForm(L"FrmInput");
+        WaitReady(editor, L"TxtUser");
+        PressKey(VK_TAB, kShift);
+        WaitReady(editor, L"CMDCAN");
+        PressKey(VK_RETURN);
+        WaitForClose(editor);
+        WaitReady(list, L"Lv");
+        PressKey(VK_ESCAPE);
     });
 }
 
