@@ -223,7 +223,14 @@ STDMETHODIMP DataCombo1::get_Value(BSTR* value) {
 }
 
 STDMETHODIMP DataCombo1::put_Value(BSTR value) {
-    return Let(kValue, [&] { Core().SetValue(FromBstr(value)); });
+    // Without a word also where the container refuses: a value that no item has is no error either.
+    return Guard([&] {
+        Trap([&] {
+            RequestEdit(kValue);
+            Core().SetValue(FromBstr(value));
+            Changed(kValue);
+        });
+    });
 }
 
 STDMETHODIMP DataCombo1::get_ItemData(long index, BSTR* value) {

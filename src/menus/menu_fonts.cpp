@@ -25,7 +25,8 @@ LONG HeightOf(long points, int dpi) {
 
 } // namespace
 
-MenuFonts BuildMenuFonts(HWND window, const std::wstring& name, long points) {
+MenuFonts BuildMenuFonts(HWND window, const std::wstring& name, long size) {
+    const long points = std::clamp(size, kSmallest, kLargest);
     MenuFonts fonts;
     fonts.dpi = DpiOf(window);
     LOGFONTW font = SystemMenuFont();

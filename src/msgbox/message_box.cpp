@@ -24,6 +24,7 @@ using enum ControlKind;
 constexpr TwipsRect kMessagePlace = {840, 600, 2760, 360};
 constexpr TwipsRect kIconPlace = {180, 480, 480, 480};
 constexpr double kStripHeight = 330;
+constexpr wchar_t kLastKey = 0xFF;
 
 // What lies on top stands first. The designed buttons are those of a box whose button number names
 // no set.
@@ -142,7 +143,9 @@ protected:
         if (character <= L' ')
             return false;
         CharUpperBuffW(&character, 1);
-        Gui_Phim(character, 3);
+        // No key has the number of a letter from an input method.
+        if (character <= kLastKey)
+            Gui_Phim(character, 3);
         return true;
     }
 

@@ -266,6 +266,16 @@ TEST(DataComboTest, ContainerMayRefuseAChange) {
     EXPECT_HR(S_FALSE, As<IPersistStreamInit>(combo)->IsDirty());
 }
 
+TEST(DataComboTest, ValueThatTheContainerRefusesIsNoError) {
+    const auto combo = Create();
+    AddItem(combo.Get(), L"Tuổi", L"Age");
+    ChangeSink sink(combo);
+    sink.answer = S_FALSE;
+    EXPECT_HR(S_OK, combo->put_Value(_bstr_t(L"Age")));
+    EXPECT_EQ(-1, Get(combo.Get(), &IDataCombo1::get_ListIndex));
+    EXPECT_TRUE(sink.changed.empty());
+}
+
 TEST(DataComboTest, ChangesOfTheFontObjectAreFollowedAndTold) {
     const auto combo = Create();
     const long before = Height(combo);
