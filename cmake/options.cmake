@@ -50,8 +50,7 @@ if(WIN32)
     target_compile_definitions(vndesk_options INTERFACE
         UNICODE _UNICODE STRICT NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601 NTDDI_VERSION=0x06010000)
     target_link_libraries(vndesk_options INTERFACE
-        ole32 oleaut32 uuid user32 gdi32 advapi32 shell32 shlwapi comctl32 comdlg32 uxtheme msimg32
-        version odbc32 odbccp32)
+        ole32 oleaut32 uuid user32 gdi32 advapi32 shell32 comctl32 uxtheme version odbc32 odbccp32)
     if(MINGW)
         # One DLL needs no runtime DLLs beside it.
         add_link_options(-static)

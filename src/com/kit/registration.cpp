@@ -3,7 +3,6 @@
 
 #include <windows.h>
 #include <oleauto.h>
-#include <shlwapi.h>
 
 #include <string>
 
@@ -35,6 +34,10 @@ std::wstring GuidText(REFGUID guid) {
     wchar_t text[40];
     StringFromGUID2(guid, text, 40);
     return text;
+}
+
+std::wstring FileName(const std::wstring& path) {
+    return path.substr(path.find_last_of(L"\\/") + 1);
 }
 
 std::wstring ClassKey(const ClassEntry& entry) {
@@ -153,8 +156,7 @@ private:
         // Class identifiers are kept apart for 32 and 64 bits, names are not: our DLL of the other
         // kind may still need them.
         const std::wstring other = Read(key + L"\\InprocServer32", kOtherView);
-        if (lstrcmpiW(PathFindFileNameW(other.c_str()), PathFindFileNameW(ModulePath().c_str())) ==
-            0)
+        if (lstrcmpiW(FileName(other).c_str(), FileName(ModulePath()).c_str()) == 0)
             return;
         for (const wchar_t* suffix : {L"", L".1"})
             if (Read(entry.progId + std::wstring(suffix) + L"\\CLSID", 0) == GuidText(*entry.clsid))
