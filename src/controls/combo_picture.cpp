@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "combo_picture.h"
 
-#include <uxtheme.h>
 #include <vssym32.h>
 
+#include "forms/common_controls.h"
 #include "forms/handles.h"
 
 namespace vndesk {
@@ -12,18 +12,21 @@ namespace {
 
 constexpr int kTextMargin = 2;
 
-using UniqueTheme = UniqueHandle<HTHEME, CloseThemeData>;
+void CloseTheme(HTHEME theme) {
+    Controls6().CloseThemeData(theme);
+}
+using UniqueTheme = UniqueHandle<HTHEME, CloseTheme>;
 
 // Frame, background and button. `place` becomes the inside, left of the button.
 void DrawThemed(HTHEME theme, HDC dc, RECT& place, bool enabled) {
-    const bool list = IsThemePartDefined(theme, CP_READONLY, 0) != FALSE;
-    DrawThemeBackground(theme, dc, list ? CP_READONLY : CP_BORDER,
-                        enabled ? CBRO_NORMAL : CBRO_DISABLED, &place, nullptr);
+    const bool list = Controls6().IsThemePartDefined(theme, CP_READONLY, 0) != FALSE;
+    Controls6().DrawThemeBackground(theme, dc, list ? CP_READONLY : CP_BORDER,
+                                    enabled ? CBRO_NORMAL : CBRO_DISABLED, &place, nullptr);
     InflateRect(&place, -GetSystemMetrics(SM_CXBORDER), -GetSystemMetrics(SM_CYBORDER));
     RECT button = place;
     button.left = button.right - GetSystemMetrics(SM_CXVSCROLL);
-    DrawThemeBackground(theme, dc, CP_DROPDOWNBUTTONRIGHT, enabled ? CBXSR_NORMAL : CBXSR_DISABLED,
-                        &button, nullptr);
+    Controls6().DrawThemeBackground(theme, dc, CP_DROPDOWNBUTTONRIGHT,
+                                    enabled ? CBXSR_NORMAL : CBXSR_DISABLED, &button, nullptr);
     place.right = button.left;
 }
 
@@ -51,7 +54,8 @@ void DrawCombo(HDC dc, RECT place, const ComboPicture& picture) {
         SetViewportOrgEx(dc, 0, 0, nullptr);
     }
     IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
-    const UniqueTheme theme(picture.themed ? OpenThemeData(nullptr, L"COMBOBOX") : nullptr);
+    const UniqueTheme theme(picture.themed ? Controls6().OpenThemeData(nullptr, L"COMBOBOX")
+                                           : nullptr);
     if (theme)
         DrawThemed(theme.get(), dc, place, picture.enabled);
     else

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data_combo.h"
 
-#include <commctrl.h>
-#include <uxtheme.h>
 #include <windowsx.h>
 
 #include <cstdlib>
@@ -12,6 +10,7 @@
 
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"
+#include "forms/common_controls.h"
 #include "forms/window_name.h"
 #include "ole_color.h"
 
@@ -109,7 +108,8 @@ void DataCombo::CreateLists() {
     shown_ = CreateList(L"Cmb1", WS_VISIBLE | WS_TABSTOP);
     hidden_ = CreateList(L"Cmb2", 0);
     SendMessageW(shown_.Window(), CB_SETMINVISIBLE, kDroppedItems, 0);
-    if (!SetWindowSubclass(shown_.Window(), ListProcedure, 0, reinterpret_cast<DWORD_PTR>(this)))
+    if (!Controls6().SetWindowSubclass(shown_.Window(), ListProcedure, 0,
+                                       reinterpret_cast<DWORD_PTR>(this)))
         throw ComError(E_OUTOFMEMORY);
     EnableWindow(shown_.Window(), IsWindowEnabled(window_));
     Layout();
@@ -241,7 +241,7 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
     }
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
-        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+        const LRESULT result = Controls6().DefSubclassProc(window, message, wParam, lParam);
         if (IsWindow(window))
             Raise(self.onFocus, message == WM_SETFOCUS);
         return result;
@@ -250,18 +250,18 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
         self.firstClick_ = {static_cast<DWORD>(GetMessageTime()), GetMessagePos()};
         break;
     case WM_LBUTTONDBLCLK: {
-        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+        const LRESULT result = Controls6().DefSubclassProc(window, message, wParam, lParam);
         if (IsWindow(window) && self.firstClick_)
             self.RaiseDoubleClick();
         return result;
     }
     case WM_NCDESTROY:
-        RemoveWindowSubclass(window, ListProcedure, id);
+        Controls6().RemoveWindowSubclass(window, ListProcedure, id);
         break;
     default:
         break;
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return Controls6().DefSubclassProc(window, message, wParam, lParam);
 }
 
 // False when a handler keeps the key from the list.
@@ -293,7 +293,7 @@ HBRUSH DataCombo::OnListColor(HDC dc) {
 // without one.
 void DataCombo::ApplyColors() {
     backBrush_.reset(backColor_ == kBackColor ? nullptr : CreateSolidBrush(Translated(backColor_)));
-    SetWindowTheme(shown_.Window(), Themed() ? nullptr : L"", Themed() ? nullptr : L"");
+    Controls6().SetWindowTheme(shown_.Window(), Themed() ? nullptr : L"", Themed() ? nullptr : L"");
     Refresh();
 }
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "selection_boxes.h"
 
-#include <commctrl.h>
-
 #include "com/kit/com_error.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"
+#include "forms/common_controls.h"
 #include "item_picker.h"
 #include "logon/session.h"
 #include "select_statements.h"
@@ -80,8 +79,8 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
     // stay ANSI under a subclass, and lose letters.
     if (!IsWindowUnicode(newWindow))
         SetWindowLongPtrW(newWindow, GWLP_WNDPROC, GetWindowLongPtrW(newWindow, GWLP_WNDPROC));
-    if (!SetWindowSubclass(newWindow, BoxProcedure, reinterpret_cast<UINT_PTR>(this),
-                           reinterpret_cast<DWORD_PTR>(this)))
+    if (!Controls6().SetWindowSubclass(newWindow, BoxProcedure, reinterpret_cast<UINT_PTR>(this),
+                                       reinterpret_cast<DWORD_PTR>(this)))
         throw ComError(E_FAIL, L"The text box cannot be bound.");
     window = newWindow;
     moveOn.emplace(window);
@@ -90,7 +89,7 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
 void SelectionBoxes::Box::Release() {
     moveOn.reset();
     if (window)
-        RemoveWindowSubclass(window, BoxProcedure, reinterpret_cast<UINT_PTR>(this));
+        Controls6().RemoveWindowSubclass(window, BoxProcedure, reinterpret_cast<UINT_PTR>(this));
     window = nullptr;
 }
 
@@ -120,7 +119,7 @@ LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM 
         else
             self->OnCodeBox(message, wParam);
     });
-    return result ? *result : DefSubclassProc(window, message, wParam, lParam);
+    return result ? *result : Controls6().DefSubclassProc(window, message, wParam, lParam);
 }
 
 std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -128,7 +127,8 @@ std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LP
     case WM_GETDLGCODE:
         // A dialog would press its default button.
         if (IsEnter(reinterpret_cast<const MSG*>(lParam)) && nameBox_.Text() != selName_)
-            return DefSubclassProc(nameBox_.window, message, wParam, lParam) | DLGC_WANTMESSAGE;
+            return Controls6().DefSubclassProc(nameBox_.window, message, wParam, lParam) |
+                   DLGC_WANTMESSAGE;
         return std::nullopt;
     case WM_KEYDOWN:
         swallowEnter_ = wParam == VK_RETURN && nameBox_.Text() != selName_;

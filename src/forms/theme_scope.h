@@ -15,7 +15,7 @@ public:
     ThemeScope& operator=(const ThemeScope&) = delete;
 
 private:
-    HANDLE context_;
+    bool active_;
     ULONG_PTR cookie_ = 0;
 };
 

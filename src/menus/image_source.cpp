@@ -5,6 +5,7 @@
 
 #include "com/kit/com_error.h"
 #include "com/kit/variant.h"
+#include "forms/common_controls.h"
 
 namespace vndesk {
 
@@ -26,7 +27,8 @@ HIMAGELIST ToHandle(const VARIANT& given) {
 
 // A number that the host mistook for an image list must not take the process down.
 bool IsImageList(HIMAGELIST list) {
-    return list && !IsBadReadPtr(list, 2 * sizeof(void*)) && ImageList_GetImageCount(list) > 0;
+    return list && !IsBadReadPtr(list, 2 * sizeof(void*)) &&
+           Controls6().ImageList_GetImageCount(list) > 0;
 }
 
 } // namespace

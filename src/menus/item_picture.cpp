@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "item_picture.h"
 
+#include "forms/common_controls.h"
 #include "gdi.h"
 
 namespace vndesk {
@@ -9,13 +10,13 @@ namespace {
 
 Extent PictureSize(HIMAGELIST list) {
     Extent size;
-    ImageList_GetIconSize(list, &size.width, &size.height);
+    Controls6().ImageList_GetIconSize(list, &size.width, &size.height);
     return size;
 }
 
 // The picture as an icon of the box's size.
 UniqueIcon PictureIcon(HIMAGELIST list, int index, const Box& box) {
-    UniqueIcon icon(ImageList_GetIcon(list, index, ILD_TRANSPARENT));
+    UniqueIcon icon(Controls6().ImageList_GetIcon(list, index, ILD_TRANSPARENT));
     if (icon && PictureSize(list) != Extent{box.Width(), box.Height()})
         if (const auto scaled =
                 static_cast<HICON>(CopyImage(icon.get(), IMAGE_ICON, box.Width(), box.Height(), 0)))
@@ -48,14 +49,14 @@ void DrawColorEmbossed(HDC dc, const Box& box, HICON icon) {
 } // namespace
 
 bool HasPicture(HIMAGELIST list, int index) {
-    return list && index >= 0 && index < ImageList_GetImageCount(list);
+    return list && index >= 0 && index < Controls6().ImageList_GetImageCount(list);
 }
 
 void DrawPicture(HDC dc, const Box& box, HIMAGELIST list, int index, const PictureLook& look) {
     if (box.Width() <= 0 || box.Height() <= 0)
         return;
     if (!look.disabled && PictureSize(list) == Extent{box.Width(), box.Height()}) {
-        ImageList_Draw(list, index, dc, box.left, box.top, ILD_TRANSPARENT);
+        Controls6().ImageList_Draw(list, index, dc, box.left, box.top, ILD_TRANSPARENT);
         return;
     }
     const UniqueIcon icon = PictureIcon(list, index, box);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/form_window.h"
+#include "forms/images.h"
 #include "support/leak_probe.h"
 #include "support/reliability.h"
 #include "support/ui_windows.h"
@@ -96,7 +97,7 @@ public:
         description.cbSize = sizeof description;
         description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
         description.lpSource = path;
-        description.lpResourceName = MAKEINTRESOURCEW(2);
+        description.lpResourceName = MAKEINTRESOURCEW(kManifestControls);
         context_ = CreateActCtxW(&description);
         EXPECT_TRUE(ActivateActCtx(context_, &cookie_));
     }

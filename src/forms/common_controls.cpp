@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "common_controls.h"
+
+#include "com/kit/com_error.h"
+#include "theme_scope.h"
+
+namespace vndesk {
+
+namespace {
+
+// One of the platform's libraries. It stays loaded, as windows of its classes keep it anyway.
+class Library {
+public:
+    explicit Library(const wchar_t* name) : module_(LoadLibraryW(name)) {}
+
+    template <class Function> void Find(Function& function, const char* name) const {
+        function =
+            reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
+        if (!function)
+            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+    }
+
+private:
+    HMODULE module_;
+};
+
+CommonControls FindAll() {
+    const ThemeScope manifest;
+    CommonControls found;
+    const Library controls(L"comctl32.dll");
+    controls.Find(found.SetWindowSubclass, "SetWindowSubclass");
+    controls.Find(found.DefSubclassProc, "DefSubclassProc");
+    controls.Find(found.RemoveWindowSubclass, "RemoveWindowSubclass");
+    controls.Find(found.ImageList_Draw, "ImageList_Draw");
+    controls.Find(found.ImageList_GetIcon, "ImageList_GetIcon");
+    controls.Find(found.ImageList_GetIconSize, "ImageList_GetIconSize");
+    controls.Find(found.ImageList_GetImageCount, "ImageList_GetImageCount");
+    const Library themes(L"uxtheme.dll");
+    themes.Find(found.OpenThemeData, "OpenThemeData");
+    themes.Find(found.CloseThemeData, "CloseThemeData");
+    themes.Find(found.DrawThemeBackground, "DrawThemeBackground");
+    themes.Find(found.IsThemePartDefined, "IsThemePartDefined");
+    themes.Find(found.SetWindowTheme, "SetWindowTheme");
+    return found;
+}
+
+} // namespace
+
+const CommonControls& Controls6() {
+    static const CommonControls found = FindAll();
+    return found;
+}
+
+} // namespace vndesk
