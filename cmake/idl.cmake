@@ -61,6 +61,17 @@ endfunction()
 function(com_dll name folder)
     add_library(${name} SHARED ${ARGN})
     set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${name})
+    if(MINGW)
+        # Sections that begin at a page of the file too are mapped, not read.
+        target_link_options(${name} PRIVATE -Wl,--file-alignment,4096)
+        # Uncaught exceptions end the process without a word: the run-time's would bring a demangler of 45 KB.
+        set(under $<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:_>)
+        target_link_options(${name} PRIVATE
+            -Wl,--defsym,${under}_ZN9__gnu_cxx27__verbose_terminate_handlerEv=${under}abort)
+    elseif(MSVC)
+        # The manifests are among the resources.
+        target_link_options(${name} PRIVATE /MANIFEST:NO)
+    endif()
     set(rc "${folder}/${name}.rc")
     if(EXISTS "${rc}")
         target_sources(${name} PRIVATE "${rc}")
