@@ -87,5 +87,11 @@ function(com_dll name folder)
         target_sources(${name} PRIVATE "${folder}/${name}.def")
         set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${folder}/${name}.def")
     endif()
+    if(MINGW)
+        add_custom_command(TARGET ${name} POST_BUILD
+            COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DDLL=$<TARGET_FILE:${name}>
+                    -P "${CMAKE_SOURCE_DIR}/cmake/check_dll.cmake"
+            VERBATIM)
+    endif()
     put_into_dist(${name})
 endfunction()

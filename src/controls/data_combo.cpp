@@ -5,10 +5,10 @@
 
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 #include <utility>
 
 #include "com/kit/com_error.h"
+#include "com/kit/lock.h"
 #include "com/kit/module.h"
 #include "forms/common_controls.h"
 #include "forms/window_name.h"
@@ -23,7 +23,7 @@ constexpr int kDroppedItems = 12;
 constexpr UINT kListClosed = WM_APP;
 
 // Hosts may have forms in several threads.
-std::mutex mutex_;
+SRWLOCK lock_ = SRWLOCK_INIT;
 int users_;
 
 short ShiftState() {
@@ -47,7 +47,7 @@ void Raise(std::function<void(Parameters...)> handler, Arguments&&... arguments)
 } // namespace
 
 DataComboClass::DataComboClass() {
-    const std::lock_guard hold(mutex_);
+    const Writing writing(lock_);
     if (users_++ > 0)
         return;
     WNDCLASSEXW description = {};
@@ -60,7 +60,7 @@ DataComboClass::DataComboClass() {
 }
 
 DataComboClass::~DataComboClass() {
-    const std::lock_guard hold(mutex_);
+    const Writing writing(lock_);
     if (--users_ == 0)
         UnregisterClassW(kDataComboClass, ModuleInstance());
 }

@@ -2,8 +2,9 @@
 #include "font.h"
 
 #include <cmath>
-#include <mutex>
 #include <vector>
+
+#include "com/kit/lock.h"
 
 namespace vndesk {
 
@@ -24,9 +25,9 @@ Font::Font(const FontSpec& design, int dpi)
                           DEFAULT_PITCH | FF_DONTCARE, design.name.c_str())) {}
 
 std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
-    static std::mutex mutex;
+    static SRWLOCK lock = SRWLOCK_INIT;
     static std::vector<CacheEntry> cache;
-    const std::lock_guard hold(mutex);
+    const Writing writing(lock);
     std::erase_if(cache, [](const CacheEntry& entry) { return entry.font.expired(); });
     for (const CacheEntry& entry : cache)
         if (entry.dpi == dpi && entry.design == design)

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "form_window.h"
 
-#include <mutex>
-
 #include "com/kit/com_error.h"
+#include "com/kit/lock.h"
 #include "com/kit/module.h"
 
 namespace vndesk {
@@ -11,7 +10,7 @@ namespace vndesk {
 namespace {
 
 // Hosts may have forms in several threads.
-std::mutex mutex_;
+SRWLOCK lock_ = SRWLOCK_INIT;
 int users_;
 
 // A dialog template without controls, naming the class in place of the platform's.
@@ -25,7 +24,7 @@ struct EmptyTemplate {
 } // namespace
 
 FormClass::FormClass(WNDPROC procedure) {
-    const std::lock_guard hold(mutex_);
+    const Writing writing(lock_);
     if (users_++ > 0)
         return;
     WNDCLASSEXW description = {};
@@ -41,7 +40,7 @@ FormClass::FormClass(WNDPROC procedure) {
 }
 
 FormClass::~FormClass() {
-    const std::lock_guard hold(mutex_);
+    const Writing writing(lock_);
     if (--users_ == 0)
         UnregisterClassW(kFormClass, ModuleInstance());
 }

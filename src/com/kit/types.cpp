@@ -6,6 +6,7 @@
 #include <oleauto.h>
 
 #include "dispatch.h"
+#include "lock.h"
 #include "module.h"
 
 namespace vndesk {
@@ -14,27 +15,11 @@ namespace {
 
 constexpr size_t kMost = 32;
 
+// Late-bound calls read: they do not wait for each other.
 SRWLOCK lock_ = SRWLOCK_INIT;
 ITypeLib* library_;
 const TypeDescription* types_[kMost];
 size_t count_;
-
-// Every late-bound call comes here: they do not wait for each other.
-class Reading {
-public:
-    Reading() { AcquireSRWLockShared(&lock_); }
-    ~Reading() { ReleaseSRWLockShared(&lock_); }
-    Reading(const Reading&) = delete;
-    Reading& operator=(const Reading&) = delete;
-};
-
-class Writing {
-public:
-    Writing() { AcquireSRWLockExclusive(&lock_); }
-    ~Writing() { ReleaseSRWLockExclusive(&lock_); }
-    Writing(const Writing&) = delete;
-    Writing& operator=(const Writing&) = delete;
-};
 
 const TypeDescription* Known(REFGUID guid) {
     for (size_t i = 0; i < count_; ++i)
@@ -47,11 +32,11 @@ const TypeDescription* Known(REFGUID guid) {
 
 const TypeDescription& TypeOf(REFGUID guid) {
     {
-        const Reading reading;
+        const Reading reading(lock_);
         if (const TypeDescription* known = Known(guid))
             return *known;
     }
-    const Writing writing;
+    const Writing writing(lock_);
     if (const TypeDescription* known = Known(guid))
         return *known;
     if (count_ == kMost)
@@ -65,7 +50,7 @@ const TypeDescription& TypeOf(REFGUID guid) {
 }
 
 void ReleaseTypes() noexcept {
-    const Writing writing;
+    const Writing writing(lock_);
     while (count_ > 0)
         delete types_[--count_];
     if (library_)
