@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Late-bound calls beside the platform's own, loading and creating beside a server without a
-// runtime library, and a text handed over as a BSTR.
+// Late-bound calls beside the platform's own, loading and creating beside servers without a runtime
+// library, and a text handed over as a BSTR.
 #include "kit/benchmark.h"
 #include "support/check_hr.h"
 #include "support/late_bound.h"
@@ -73,23 +73,57 @@ void MeasureCalls(Report& report) {
                     Each(platformById)});
 }
 
-// One whole life: load, make an object, release it, unload.
-Work LifeOf(const std::wstring& path, REFCLSID clsid) {
-    return Each([path, clsid] {
-        const HMODULE module = LoadLibraryW(path.c_str());
-        if (!module)
+// A DLL that is loaded by its path, as COM does it once it knows the path.
+class Server {
+public:
+    Server(std::wstring path, REFCLSID clsid) : path_(std::move(path)), clsid_(clsid) {}
+
+    void Load() {
+        module_ = LoadLibraryW(path_.c_str());
+        if (!module_)
             throw std::runtime_error("a DLL cannot be loaded");
+    }
+    void Create() {
         using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
         const auto get = reinterpret_cast<GetClassObject>(
-            reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
-        {
-            ComPtr<IClassFactory> factory;
-            ComPtr<IUnknown> object;
-            Must(get(clsid, IID_PPV_ARGS(&factory)), "no class object");
-            Must(factory->CreateInstance(nullptr, IID_PPV_ARGS(&object)), "no object");
-        }
-        FreeLibrary(module);
-    });
+            reinterpret_cast<void*>(GetProcAddress(module_, "DllGetClassObject")));
+        ComPtr<IClassFactory> factory;
+        Must(get(clsid_, IID_PPV_ARGS(&factory)), "no class object");
+        Must(factory->CreateInstance(nullptr, IID_PPV_ARGS(&object_)), "no object");
+    }
+    void Unload() {
+        object_.Reset();
+        FreeLibrary(module_);
+    }
+
+private:
+    const std::wstring path_;
+    const CLSID clsid_;
+    HMODULE module_ = nullptr;
+    ComPtr<IUnknown> object_;
+};
+
+Work LoadAndCreate(Server& server) {
+    return Between([] {},
+                   [&server] {
+                       server.Load();
+                       server.Create();
+                   },
+                   [&server] { server.Unload(); });
+}
+
+Work UnloadAndLoadAgain(Server& server) {
+    return Between([&server] { server.Load(); },
+                   [&server] {
+                       server.Unload();
+                       server.Load();
+                   },
+                   [&server] { server.Unload(); });
+}
+
+void CreateByRegistry(ComPtr<IUnknown>& object) {
+    Must(CoCreateInstance(__uuidof(Varnok), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)),
+         "VnDesk.Varnok cannot be created: is vndesk.dll registered?");
 }
 
 void MeasureLoading(Report& report) {
@@ -97,15 +131,43 @@ void MeasureLoading(Report& report) {
     GetModuleFileNameW(nullptr, own, MAX_PATH);
     std::wstring folder = own;
     folder.resize(folder.find_last_of(L'\\'));
-    // Every program with windows has these loaded; they are no part of what the library costs.
-    for (const wchar_t* name : {L"user32.dll", L"gdi32.dll", L"comctl32.dll", L"uxtheme.dll"})
+    // Every program with windows and COM has these loaded; they are no part of what the library
+    // costs.
+    for (const wchar_t* name : {L"user32.dll", L"gdi32.dll", L"oleaut32.dll"})
         LoadLibraryW(name);
-    const std::wstring library = folder + L"\\..\\vndesk.dll";
+    const std::wstring path = folder + L"\\..\\vndesk.dll";
+    Server library(path, __uuidof(Varnok));
+    Server bare(folder + L"\\bare.dll", CLSID_NULL);
+    Server importing(folder + L"\\bare_importing.dll", CLSID_NULL);
     report.Compare({"load the DLL, create an object", "a DLL without a runtime library",
-                    Target::AtMost, 1.3, LifeOf(library, __uuidof(Varnok)),
-                    LifeOf(folder + L"\\bare.dll", CLSID_NULL)});
+                    Target::AtMost, 1.3, LoadAndCreate(library), LoadAndCreate(bare)});
+    report.Compare({"load the DLL, create an object", "the same importing the same libraries",
+                    Target::Nothing, 0, LoadAndCreate(library), LoadAndCreate(importing)});
+    report.Compare({"unload the DLL and load it again", "a DLL without a runtime library",
+                    Target::Nothing, 0, UnloadAndLoadAgain(library), UnloadAndLoadAgain(bare)});
+
+    ComPtr<IUnknown> object;
+    report.Compare({"first object through the registry", "load the DLL, create an object",
+                    Target::Nothing, 0,
+                    Between([] {}, [&object] { CreateByRegistry(object); },
+                            [&object] {
+                                object.Reset();
+                                CoFreeUnusedLibrariesEx(0, 0);
+                                if (GetModuleHandleW(L"vndesk.dll"))
+                                    throw std::runtime_error("the DLL does not go");
+                            }),
+                    LoadAndCreate(library)});
+    ComPtr<IUnknown> first;
+    CreateByRegistry(first);
+    ComPtr<IClassFactory> factory;
+    Must(CoGetClassObject(__uuidof(Varnok), CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)),
+         "no class object");
+    report.Compare({"further objects through the registry", "through a class object that was kept",
+                    Target::Nothing, 0, Each([&object] { CreateByRegistry(object); }), Each([&] {
+                        Must(factory->CreateInstance(nullptr, IID_PPV_ARGS(&object)), "no object");
+                    })});
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (GetFileAttributesExW(library.c_str(), GetFileExInfoStandard, &data))
+    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
         report.Note(
             {"size of vndesk.dll, stripped", "bytes", static_cast<double>(data.nFileSizeLow), 0});
 }
