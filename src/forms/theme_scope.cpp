@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "theme_scope.h"
 
+#include <commctrl.h>
+
 #include <string>
 
 #include "com/kit/module.h"
@@ -9,6 +11,19 @@
 namespace vndesk {
 
 namespace {
+
+// Has the platform register the classes of the controls under the manifest in force. It would wait
+// for their first windows, and of several threads that make theirs at the same moment some would
+// find a class half there. Nothing else brings the controls: the DLL does not import them.
+void RegisterControls() {
+    LoadLibraryW(L"comctl32.dll");
+    for (const wchar_t* name : {WC_BUTTONW, WC_COMBOBOXW, L"ComboLBox", WC_EDITW, WC_LISTBOXW,
+                                WC_LISTVIEWW, WC_STATICW, TOOLTIPS_CLASSW}) {
+        WNDCLASSEXW known = {};
+        known.cbSize = sizeof known;
+        GetClassInfoExW(nullptr, name, &known);
+    }
+}
 
 // Reading a manifest takes longer than loading the DLL: once is enough. Without it the classic look
 // is still a working one.
@@ -23,6 +38,11 @@ public:
         description.lpSource = path.c_str();
         description.lpResourceName = MAKEINTRESOURCEW(kManifestControls);
         context_ = CreateActCtxW(&description);
+        ULONG_PTR cookie = 0;
+        const bool active = Activate(&cookie);
+        RegisterControls();
+        if (active)
+            DeactivateActCtx(0, cookie);
     }
     ~ControlsManifest() {
         if (context_ != INVALID_HANDLE_VALUE)
@@ -44,8 +64,6 @@ private:
 ThemeScope::ThemeScope() {
     static const ControlsManifest manifest;
     active_ = manifest.Activate(&cookie_);
-    // Nothing else brings the classes of the controls: the DLL does not import them.
-    [[maybe_unused]] static const HMODULE controls = LoadLibraryW(L"comctl32.dll");
 }
 
 ThemeScope::~ThemeScope() {
