@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "com/kit/com_error.h"
-#include "com/kit/lock.h"
 #include "com/kit/module.h"
 #include "forms/common_controls.h"
 #include "forms/window_name.h"
@@ -22,9 +21,7 @@ constexpr int kListId = 1;
 constexpr int kDroppedItems = 12;
 constexpr UINT kListClosed = WM_APP;
 
-// Hosts may have forms in several threads.
-SRWLOCK lock_ = SRWLOCK_INIT;
-int users_;
+int comboUsers_;
 
 short ShiftState() {
     const auto held = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
@@ -46,24 +43,8 @@ void Raise(std::function<void(Parameters...)> handler, Arguments&&... arguments)
 
 } // namespace
 
-DataComboClass::DataComboClass() {
-    const Writing writing(lock_);
-    if (users_++ > 0)
-        return;
-    WNDCLASSEXW description = {};
-    description.cbSize = sizeof description;
-    description.lpfnWndProc = DataCombo::WindowProcedure;
-    description.hInstance = ModuleInstance();
-    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    description.lpszClassName = kDataComboClass;
-    RegisterClassExW(&description);
-}
-
-DataComboClass::~DataComboClass() {
-    const Writing writing(lock_);
-    if (--users_ == 0)
-        UnregisterClassW(kDataComboClass, ModuleInstance());
-}
+DataComboClass::DataComboClass()
+    : CountedClass({kDataComboClass, DataCombo::WindowProcedure}, comboUsers_) {}
 
 DataCombo& DataCombo::Of(HWND window) {
     auto* combo = reinterpret_cast<DataCombo*>(GetWindowLongPtrW(window, GWLP_USERDATA));

@@ -14,6 +14,7 @@
 
 #include "combo_box.h"
 #include "forms/control.h"
+#include "forms/counted_class.h"
 #include "forms/handles.h"
 
 namespace vndesk {
@@ -21,12 +22,9 @@ namespace vndesk {
 inline constexpr wchar_t kDataComboClass[] = L"VnDeskDataCombo";
 
 // The window class is there while one of these lives: make one before the form that uses it.
-class DataComboClass {
+class DataComboClass : public CountedClass {
 public:
     DataComboClass();
-    ~DataComboClass();
-    DataComboClass(const DataComboClass&) = delete;
-    DataComboClass& operator=(const DataComboClass&) = delete;
 };
 
 // A row of a form's layout table. The height is the list's own, whatever the place says.

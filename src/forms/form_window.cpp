@@ -2,16 +2,13 @@
 #include "form_window.h"
 
 #include "com/kit/com_error.h"
-#include "com/kit/lock.h"
 #include "com/kit/module.h"
 
 namespace vndesk {
 
 namespace {
 
-// Hosts may have forms in several threads.
-SRWLOCK lock_ = SRWLOCK_INIT;
-int users_;
+int formUsers_;
 
 // A dialog template without controls, naming the class in place of the platform's.
 struct EmptyTemplate {
@@ -23,27 +20,10 @@ struct EmptyTemplate {
 
 } // namespace
 
-FormClass::FormClass(WNDPROC procedure) {
-    const Writing writing(lock_);
-    if (users_++ > 0)
-        return;
-    WNDCLASSEXW description = {};
-    description.cbSize = sizeof description;
-    description.style = CS_DBLCLKS;
-    description.lpfnWndProc = procedure;
-    description.cbWndExtra = DLGWINDOWEXTRA;
-    description.hInstance = ModuleInstance();
-    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
-    description.lpszClassName = kFormClass;
-    RegisterClassExW(&description);
-}
-
-FormClass::~FormClass() {
-    const Writing writing(lock_);
-    if (--users_ == 0)
-        UnregisterClassW(kFormClass, ModuleInstance());
-}
+FormClass::FormClass(WNDPROC procedure)
+    : CountedClass({kFormClass, procedure, CS_DBLCLKS, DLGWINDOWEXTRA,
+                    reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1))},
+                   formUsers_) {}
 
 HWND CreateEmptyDialog(HWND owner, DWORD style, DWORD extendedStyle) {
     EmptyTemplate dialog = {};

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The window class of the forms, registered while a form exists: a DLL that is unloaded must leave
-// no class behind.
+// The window class of the forms, registered while a form exists, and empty windows of it.
 #pragma once
 
-#include <windows.h>
+#include "counted_class.h"
 
 namespace vndesk {
 
 inline constexpr wchar_t kFormClass[] = L"VnDeskForm";
 
-class FormClass {
+class FormClass : public CountedClass {
 public:
     explicit FormClass(WNDPROC procedure);
-    ~FormClass();
-    FormClass(const FormClass&) = delete;
-    FormClass& operator=(const FormClass&) = delete;
 };
 
 // An empty dialog of the form class, hidden.
