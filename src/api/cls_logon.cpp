@@ -38,7 +38,6 @@ STDMETHODIMP Logon::UserManager(BSTR* connect) {
 STDMETHODIMP Logon::ShowGroup(BSTR* connect) {
     return Guard([&] {
         const SessionConnection connection(FromReference(connect));
-        CurrentSession().connectionString = FromReference(connect);
         ShowGroupManager();
     });
 }
@@ -62,7 +61,7 @@ STDMETHODIMP Logon::MgBox(BSTR* message, Buttons button, BSTR* title, IconValue 
 }
 
 STDMETHODIMP Logon::SetDfFont(BSTR* name) {
-    return Guard([&] { DefaultFontName() = FromReference(name); });
+    return Guard([&] { SetDefaultFontName(FromReference(name)); });
 }
 
 } // namespace vndesk

@@ -110,9 +110,7 @@ STDMETHODIMP Varnok::Mid1(BSTR text, long position, BSTR* character) {
 STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {
     return Guard([&] {
         BSTR& result = ClearedOut(condition);
-        const std::wstring connectionString = NullToText(connection);
-        const SessionConnection session(connectionString);
-        CurrentSession().connectionString = connectionString;
+        const SessionConnection session(NullToText(connection));
         result = ToBstr(ShowFindDialog(FromBstr(table), nullptr));
     });
 }

@@ -55,7 +55,7 @@ public:
     explicit LookUpDatabase(const std::wstring& connectionString) {
         if (!connectionString.empty())
             own_.emplace(connectionString);
-        database_ = CurrentSession().current;
+        database_ = CurrentDatabase();
     }
 
     const Database& operator*() const { return database_; }

@@ -136,7 +136,7 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentSession().current; }
+    const Database& Current() const { return CurrentDatabase(); }
 
     Control& At(const wchar_t* row, long line) {
         return Get(row + (L"(" + std::to_wstring(line) + L")"));

@@ -16,6 +16,14 @@ struct CacheEntry {
     std::weak_ptr<Font> font;
 };
 
+// Hosts may have forms in several threads.
+SRWLOCK lock_ = SRWLOCK_INIT;
+
+std::wstring& DefaultName() {
+    static std::wstring name;
+    return name;
+}
+
 } // namespace
 
 Font::Font(const FontSpec& design, int dpi)
@@ -25,9 +33,8 @@ Font::Font(const FontSpec& design, int dpi)
                           DEFAULT_PITCH | FF_DONTCARE, design.name.c_str())) {}
 
 std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
-    static SRWLOCK lock = SRWLOCK_INIT;
     static std::vector<CacheEntry> cache;
-    const Writing writing(lock);
+    const Writing writing(lock_);
     std::erase_if(cache, [](const CacheEntry& entry) { return entry.font.expired(); });
     for (const CacheEntry& entry : cache)
         if (entry.dpi == dpi && entry.design == design)
@@ -37,9 +44,14 @@ std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
     return font;
 }
 
-std::wstring& DefaultFontName() {
-    static std::wstring name;
-    return name;
+void SetDefaultFontName(const std::wstring& name) {
+    const Writing writing(lock_);
+    DefaultName() = name;
+}
+
+std::wstring DefaultFontName() {
+    const Writing writing(lock_);
+    return DefaultName().empty() ? kHouseFont : DefaultName();
 }
 
 } // namespace vndesk

@@ -32,7 +32,10 @@ private:
     UniqueFont handle_;
 };
 
-// The default font name that the host may set; "Arial" once a form was prepared without one.
-std::wstring& DefaultFontName();
+inline constexpr wchar_t kHouseFont[] = L"Arial";
+
+// The default font name that the host may set; the house font's where it has set none.
+void SetDefaultFontName(const std::wstring& name);
+std::wstring DefaultFontName();
 
 } // namespace vndesk

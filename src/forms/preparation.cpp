@@ -10,7 +10,6 @@ namespace vndesk {
 
 namespace {
 
-constexpr wchar_t kHouseFont[] = L"Arial";
 constexpr double kLargestSmallSize = 8;
 constexpr double kReadableSize = 9;
 
@@ -47,8 +46,6 @@ void SetHouseFont(Control& control) {
 
 void PrepareForm(Form& form) {
     form.Centre();
-    if (DefaultFontName().empty())
-        DefaultFontName() = kHouseFont;
     // The house font is applied whatever default the host has set; that default is only remembered.
     for (const auto& control : form.Controls())
         Trap([&] { SetHouseFont(*control); });

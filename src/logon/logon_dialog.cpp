@@ -66,7 +66,7 @@ private:
         const std::wstring userText = Get(L"TxtUser").Text();
         const std::wstring passwordText = Get(L"TxtPass").Text();
         const double code = PasswordCodeOf(TrimBlanks(passwordText));
-        const Database& database = CurrentSession().current;
+        const Database& database = CurrentDatabase();
         Recordset users;
         OpenRecordset(database, users, LogonStatement(TrimBlanks(userText), code, database.kind));
         if (CountRecords(users) > 0) {

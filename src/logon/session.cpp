@@ -3,26 +3,49 @@
 
 #include <utility>
 
+#include "com/kit/lock.h"
+
 namespace vndesk {
 
-Session& CurrentSession() {
-    static Session session;
-    return session;
+namespace {
+
+// The running operations of all threads, the latest first. No owner: a process may end in the
+// middle of them, and nothing may run for them then.
+SRWLOCK lock_ = SRWLOCK_INIT;
+SessionConnection* latest_;
+
+} // namespace
+
+const Database& CurrentDatabase() {
+    static const Database none;
+    const Writing writing(lock_);
+    for (const SessionConnection* one = latest_; one; one = one->earlier_)
+        if (one->thread_ == GetCurrentThreadId())
+            return one->database_;
+    return none;
 }
 
-SessionConnection::SessionConnection(std::wstring_view connectionString) : close_(true) {
-    Database opened = OpenConnection(connectionString);
-    previous_ = std::exchange(CurrentSession().current, std::move(opened));
-}
+SessionConnection::SessionConnection(std::wstring_view connectionString)
+    : SessionConnection(OpenConnection(connectionString), true) {}
 
 SessionConnection::SessionConnection(Database opened)
-    : previous_(std::exchange(CurrentSession().current, std::move(opened))), close_(false) {}
+    : SessionConnection(std::move(opened), false) {}
+
+SessionConnection::SessionConnection(Database database, bool close)
+    : database_(std::move(database)), close_(close), thread_(GetCurrentThreadId()) {
+    const Writing writing(lock_);
+    earlier_ = std::exchange(latest_, this);
+}
 
 // The connection object goes too, so that none is left when the DLL is unloaded.
 SessionConnection::~SessionConnection() {
     if (close_)
-        CloseConnection(CurrentSession().current);
-    CurrentSession().current = std::move(previous_);
+        CloseConnection(database_);
+    const Writing writing(lock_);
+    SessionConnection** place = &latest_;
+    while (*place != this)
+        place = &(*place)->earlier_;
+    *place = earlier_;
 }
 
 } // namespace vndesk

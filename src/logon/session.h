@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: MIT
-// What the library's forms share in one process: the database that the running operation opened.
+// What the forms of one operation share: the database that it has opened. Each thread has
+// operations of its own.
 #pragma once
 
-#include <string>
+#include <windows.h>
+
 #include <string_view>
 
 #include "data/database.h"
 
 namespace vndesk {
 
-struct Session {
-    Database current;
-    // The host's connection string, kept by the operations that hand it on.
-    std::wstring connectionString;
-};
-
-Session& CurrentSession();
+// Of the operation that the calling thread started last; a closed one where none runs.
+const Database& CurrentDatabase();
 
 // The session's database for the length of one operation. A host that starts a second operation
 // from inside the first gets its own; the first finds its connection again afterwards.
@@ -30,8 +27,14 @@ public:
     SessionConnection& operator=(const SessionConnection&) = delete;
 
 private:
-    Database previous_;
+    friend const Database& CurrentDatabase();
+
+    SessionConnection(Database database, bool close);
+
+    Database database_;
     const bool close_;
+    const DWORD thread_;
+    SessionConnection* earlier_ = nullptr;
 };
 
 } // namespace vndesk

@@ -95,7 +95,7 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentSession().current; }
+    const Database& Current() const { return CurrentDatabase(); }
 
     static std::wstring ItemText(const std::wstring& name, const std::wstring& description) {
         return name + L"-" + description;

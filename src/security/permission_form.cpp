@@ -82,7 +82,7 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentSession().current; }
+    const Database& Current() const { return CurrentDatabase(); }
 
     // A bar with too many commands is told, and the form goes on.
     template <class Step> void Reporting(Step step) {

@@ -93,7 +93,7 @@ private:
         return nullptr;
     }
 
-    const Database& Current() const { return CurrentSession().current; }
+    const Database& Current() const { return CurrentDatabase(); }
 
     void ReadDict(const wchar_t* source) {
         Recordset rows;

@@ -95,7 +95,7 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentSession().current; }
+    const Database& Current() const { return CurrentDatabase(); }
 
     void Append(const std::wstring& statement) {
         Recordset rows;

@@ -108,16 +108,15 @@ TEST(FormPreparation, FontBecomesArialAndSmallOnesNine) {
     EXPECT_EQ(form.Get(L"lblCapitals").FontOf(), (FontSpec{L"Arial", 10}));
 }
 
-TEST(FormPreparation, EmptyDefaultFontBecomesArialAndAnotherIsKept) {
-    DefaultFontName() = L"";
-    TestForm().Load();
+TEST(FormPreparation, EmptyDefaultFontIsArialAndAnotherIsKept) {
+    SetDefaultFontName(L"");
     EXPECT_EQ(DefaultFontName(), L"Arial");
-    DefaultFontName() = L"Tahoma";
+    SetDefaultFontName(L"Tahoma");
     TestForm form;
     form.Load();
     EXPECT_EQ(DefaultFontName(), L"Tahoma");
     EXPECT_EQ(form.Get(L"lblPlain").FontOf().name, L"Arial");
-    DefaultFontName() = L"";
+    SetDefaultFontName(L"");
 }
 
 TEST(FormPreparation, UnicodeTitleReachesAnAnsiWindow) {
