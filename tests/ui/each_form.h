@@ -150,6 +150,23 @@ private:
 // What the tests' own windows are called.
 inline constexpr wchar_t kHostTitle[] = L"Chương trình chủ";
 
+class HostMainWindow {
+public:
+    HostMainWindow()
+        : window_(CreateWindowExW(0, L"STATIC", kHostTitle, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50,
+                                  50, 400, 200, nullptr, nullptr, nullptr, nullptr)) {
+        SetForegroundWindow(window_);
+        SetActiveWindow(window_);
+    }
+    ~HostMainWindow() { DestroyWindow(window_); }
+    HostMainWindow(const HostMainWindow&) = delete;
+    HostMainWindow& operator=(const HostMainWindow&) = delete;
+    HWND Window() const { return window_; }
+
+private:
+    HWND window_;
+};
+
 // Closes every window that a test has left, so that the call comes back whatever happens.
 class CloseTheRest {
 public:

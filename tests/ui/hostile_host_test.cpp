@@ -14,23 +14,6 @@ namespace {
 
 constexpr int kQuitCode = 7;
 
-class HostWindow {
-public:
-    HostWindow()
-        : window_(CreateWindowExW(0, L"STATIC", kHostTitle, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50,
-                                  50, 400, 200, nullptr, nullptr, nullptr, nullptr)) {
-        SetForegroundWindow(window_);
-        SetActiveWindow(window_);
-    }
-    ~HostWindow() { DestroyWindow(window_); }
-    HostWindow(const HostWindow&) = delete;
-    HostWindow& operator=(const HostWindow&) = delete;
-    HWND Window() const { return window_; }
-
-private:
-    HWND window_;
-};
-
 class HostileHost : public testing::TestWithParam<EachForm> {
 protected:
     // Opens the form and does something to it. What stays open then is closed as a user would.
@@ -63,7 +46,7 @@ protected:
         bool quit = true, enabled = true;
     };
     static Told ByThePlatform() {
-        const HostWindow host;
+        const HostMainWindow host;
         const AtLastForm last(GetParam(), [](HWND) { PostQuitMessage(kQuitCode); });
         MessageBoxW(host.Window(), L"abc", L"x", MB_OK);
         const bool enabled = IsWindowEnabled(host.Window()) != FALSE;
@@ -86,19 +69,19 @@ INSTANTIATE_TEST_SUITE_P(Forms, HostileHost, testing::ValuesIn(EveryForm()),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST_P(HostileHost, FormGoesWithTheHostsWindow) {
-    HostWindow host;
+    HostMainWindow host;
     Open([&](HWND) { DestroyWindow(host.Window()); });
     ExpectNextFormWorks();
 }
 
 TEST_P(HostileHost, HostsWindowThatClosesWhileItWaitsTakesTheFormAlong) {
-    HostWindow host;
+    HostMainWindow host;
     Open([&](HWND) { SendMessageW(host.Window(), WM_CLOSE, 0, 0); });
     ExpectNextFormWorks();
 }
 
 TEST_P(HostileHost, FormThatTheHostDestroysIsOver) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND form) { DestroyWindow(form); });
     EXPECT_EQ(!IsPlatforms(), IsWindowEnabled(host.Window()) != FALSE)
         << "the platform's own message box leaves its owner disabled";
@@ -106,7 +89,7 @@ TEST_P(HostileHost, FormThatTheHostDestroysIsOver) {
 }
 
 TEST_P(HostileHost, EveryWindowOfTheThreadDestroyedEndsTheCall) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND) {
         for (const HWND window : TopWindows())
             if (IsWindow(window))
@@ -116,7 +99,7 @@ TEST_P(HostileHost, EveryWindowOfTheThreadDestroyedEndsTheCall) {
 }
 
 TEST_P(HostileHost, ControlsDestroyedOneByOneLeaveAFormThatCloses) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND form) {
         while (const HWND child = GetWindow(form, GW_CHILD))
             DestroyWindow(child);
@@ -129,7 +112,7 @@ TEST_P(HostileHost, QuitEndsEveryFormAndIsPassedOn) {
     Told wanted;
     if (IsPlatforms())
         wanted = ByThePlatform();
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND) { PostQuitMessage(kQuitCode); });
     EXPECT_EQ(wanted.quit, WasToldToQuit());
     EXPECT_EQ(wanted.enabled, IsWindowEnabled(host.Window()) != FALSE);
@@ -137,7 +120,7 @@ TEST_P(HostileHost, QuitEndsEveryFormAndIsPassedOn) {
 }
 
 TEST_P(HostileHost, EndOfTheUsersSessionIsNotRefused) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND form) {
         EXPECT_NE(0, SendMessageW(form, WM_QUERYENDSESSION, 0, 0));
         SendMessageW(form, WM_ENDSESSION, TRUE, 0);
@@ -149,13 +132,13 @@ TEST_P(HostileHost, EndOfTheUsersSessionIsNotRefused) {
 }
 
 TEST_P(HostileHost, ObjectsAndLibraryLetGoMeanwhileStayUntilTheCallReturns) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND) { CoFreeUnusedLibrariesEx(0, 0); });
     ExpectNextFormWorks();
 }
 
 TEST_P(HostileHost, FormFromInsideAFormIsAnswered) {
-    const HostWindow host;
+    const HostMainWindow host;
     std::wstring answer;
     Open([&](HWND) {
         const CloseTheRest closing;
@@ -173,7 +156,7 @@ TEST_P(HostileHost, FormFromInsideAFormIsAnswered) {
 }
 
 TEST_P(HostileHost, SenselessMessagesDoNoHarm) {
-    const HostWindow host;
+    const HostMainWindow host;
     Open([&](HWND form) {
         // Not those whose parameters are addresses, nor those that end or hide windows.
         const UINT messages[] = {

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// A host that ends its process in the middle of a form: at once, with its own exit code, and
+// without a word, whoever asks for it.
+#include "each_form.h"
+
+#include "host_process.h"
+
+namespace vndesk::test {
+namespace {
+
+constexpr DWORD kExitCode = 42; // of tests/tools/vnquit
+constexpr DWORD kPrompt = 20000;
+
+class ProcessEnd : public testing::TestWithParam<EachForm> {
+protected:
+    void ExpectEnds(const wchar_t* way) {
+        const ULONGLONG start = GetTickCount64();
+        ChildProcess host({OwnFolder() + L"vnquit.exe", FromUtf8(GetParam().name), way,
+                           database_.ConnectionString()});
+        EXPECT_EQ(kExitCode, host.ExitCode(kProcessStart));
+        EXPECT_GT(kPrompt, GetTickCount64() - start);
+    }
+
+private:
+    static std::wstring OwnFolder() {
+        wchar_t path[MAX_PATH] = L"";
+        GetModuleFileNameW(nullptr, path, MAX_PATH);
+        return std::wstring(path, std::wstring_view(path).rfind(L'\\') + 1);
+    }
+
+    const SampleDatabase database_ = SampleDatabase::Embedded();
+};
+INSTANTIATE_TEST_SUITE_P(Forms, ProcessEnd, testing::ValuesIn(EveryForm()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_P(ProcessEnd, FromInsideTheForm) {
+    ExpectEnds(L"inside");
+}
+
+TEST_P(ProcessEnd, FromAnotherThread) {
+    ExpectEnds(L"thread");
+}
+
+TEST_P(ProcessEnd, WithTheDestructorsOfTheProgram) {
+    ExpectEnds(L"exit");
+}
+
+} // namespace
+} // namespace vndesk::test
