@@ -33,7 +33,7 @@ void DataCombo1::ActivateInPlace() {
     ComPtr<IOleInPlaceSite> site;
     if (!site_ || FAILED(site_.As(&site)) || site->CanInPlaceActivate() != S_OK)
         throw ComError(E_FAIL);
-    DataCombo& core = Core();
+    const HWND window = Core().Window();
     CheckHr(site->OnInPlaceActivate());
     inPlaceSite_ = site;
     inPlace_ = true;
@@ -42,28 +42,35 @@ void DataCombo1::ActivateInPlace() {
         WindowContext context;
         CheckHr(site->GetWindow(&parent));
         CheckHr(context.Get(*site.Get()));
-        if (!SetParent(core.Window(), parent))
-            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+        // The container may have ended the activation from inside these calls. Without a parent
+        // the window would come to stand on the desktop.
+        if (!inPlace_ || !parent || !SetParent(window, parent))
+            throw ComError(E_FAIL);
         Place(context.place, &context.clip);
-        ShowWindow(core.Window(), SW_SHOWNA);
+        if (inPlace_)
+            ShowWindow(window, SW_SHOWNA);
     });
     if (failed) {
         Deactivate();
         throw ComError(failed.code, failed.description);
     }
     // The container may have taken its site back meanwhile.
-    if (site_)
-        site_->ShowObject();
+    if (const ComPtr<IOleClientSite> container = site_)
+        container->ShowObject();
 }
 
 void DataCombo1::UIActivate(bool takeFocus) {
     ActivateInPlace();
-    const HWND window = Core().Window();
+    // The container may deactivate the control in any of the calls that tell it.
+    if (!inPlace_)
+        return;
+    const HWND window = core_->Window();
     if (!uiActive_) {
         uiActive_ = true;
-        inPlaceSite_->OnUIActivate();
+        const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
+        site->OnUIActivate();
         WindowContext context;
-        if (inPlaceSite_ && SUCCEEDED(context.Get(*inPlaceSite_.Get()))) {
+        if (uiActive_ && SUCCEEDED(context.Get(*site.Get()))) {
             for (IOleInPlaceUIWindow* const holder :
                  {static_cast<IOleInPlaceUIWindow*>(context.frame.Get()), context.document.Get()})
                 if (holder)
@@ -74,7 +81,7 @@ void DataCombo1::UIActivate(bool takeFocus) {
                 context.document->SetBorderSpace(nullptr);
         }
     }
-    if (takeFocus && !IsChild(window, GetFocus()))
+    if (takeFocus && inPlace_ && !IsChild(window, GetFocus()))
         SetFocus(window);
 }
 
@@ -164,12 +171,13 @@ void DataCombo1::FollowHeight() {
     RECT now;
     GetWindowRect(core_->Window(), &now);
     MapWindowPoints(nullptr, GetParent(core_->Window()), reinterpret_cast<POINT*>(&now), 2);
+    const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     WindowContext context;
-    if (FAILED(context.Get(*inPlaceSite_.Get())) ||
+    if (FAILED(context.Get(*site.Get())) ||
         context.place.bottom - context.place.top == now.bottom - now.top)
         return;
     placing_ = true;
-    inPlaceSite_->OnPosRectChange(&now);
+    site->OnPosRectChange(&now);
     placing_ = false;
 }
 

@@ -118,8 +118,9 @@ STDMETHODIMP DataCombo1::Close(DWORD saveOption) {
     return Trap([&] {
                const ComPtr<IOleObject> keepAlive(this);
                Deactivate();
-               if (saveOption != OLECLOSE_NOSAVE && dirty_ && site_)
-                   site_->SaveObject();
+               const ComPtr<IOleClientSite> site = site_;
+               if (saveOption != OLECLOSE_NOSAVE && dirty_ && site)
+                   site->SaveObject();
                if (advise_)
                    advise_->SendOnClose();
            })
@@ -169,6 +170,8 @@ STDMETHODIMP DataCombo1::EnumVerbs(IEnumOLEVERB** verbs) {
 }
 
 STDMETHODIMP DataCombo1::GetUserType(DWORD form, LPOLESTR* type) {
+    if (!type)
+        return E_POINTER;
     return OleRegGetUserType(__uuidof(::DataCombo1), form, type);
 }
 
@@ -183,6 +186,8 @@ STDMETHODIMP DataCombo1::Advise(IAdviseSink* sink, DWORD* connection) {
     if (!connection)
         return E_POINTER;
     *connection = 0;
+    if (!sink)
+        return E_INVALIDARG;
     if (!advise_)
         if (const HRESULT created = CreateOleAdviseHolder(&advise_); FAILED(created))
             return created;
