@@ -38,6 +38,11 @@ void CheckConversion(const std::wstring& text, long mode) {
         MUST(converted[i] == ToUncChar(text[i], mode));
         MUST(text[i] >= 0x80 || converted[i] == text[i]);
     }
+    // As hosts pass it: in blocks, which each character comes out of as by itself.
+    std::u16string units(text.begin(), text.end());
+    ConvertUnits(units.data(), units.data(), units.size(), mode);
+    for (std::size_t i = 0; i < text.size(); ++i)
+        MUST(units[i] == static_cast<char16_t>(ToUncChar(static_cast<char16_t>(text[i]), mode)));
 }
 
 } // namespace

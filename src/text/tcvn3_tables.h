@@ -74,9 +74,7 @@ constexpr std::array<char16_t, 256> MakeDecodeTable() {
 
 inline constexpr std::array<char16_t, 256> kDecode = MakeDecodeTable();
 
-// The codes and letters that are changed lie between these.
-inline constexpr char16_t kFirstCode = 0xA1;
-inline constexpr char16_t kLastCode = 0xFE;
+// The letters that are changed lie between these.
 inline constexpr char16_t kFirstLetter = 0x00C0;
 inline constexpr char16_t kLastLetter = 0x1EF9;
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -183,4 +184,33 @@ TEST(Tcvn3, ConvertTextWritesNothingWhenTooLong) {
     std::wstring out(32768, L'#');
     EXPECT_THROW(ConvertText(out.data(), in.data(), in.size(), 0), std::overflow_error);
     EXPECT_EQ(out, std::wstring(32768, L'#'));
+}
+
+// Texts of 16-bit characters are converted in blocks, which must not show: here every character, at
+// every place of texts of every length up to a few blocks, is converted as it is by itself.
+TEST(Tcvn3, BlocksConvertEachCharacterAsByItself) {
+    std::u16string all;
+    for (char32_t unit = 0; unit <= 0xFFFF; ++unit)
+        all.push_back(static_cast<char16_t>(unit));
+    for (const long mode : {kToUnicode, kToTcvn3}) {
+        const auto alone = [mode](char16_t unit) {
+            return mode == kToTcvn3 ? ToTcvn3Unit(unit) : ToUnicodeUnit(unit);
+        };
+        for (std::size_t length = 0; length < 200; ++length) {
+            // Ever other stretches of all characters, so that each comes to every place of a block.
+            for (std::size_t from = length; from + length <= 0x300; from += 7) {
+                const std::u16string text = all.substr(from, length);
+                std::u16string expected = text + u'#', other(length + 1, u'#'), inPlace = text;
+                std::transform(text.begin(), text.end(), expected.begin(), alone);
+                ConvertUnits(other.data(), text.data(), length, mode);
+                ConvertUnits(inPlace.data(), inPlace.data(), length, mode);
+                ASSERT_EQ(other, expected) << length << " from " << from;
+                ASSERT_EQ(inPlace + u'#', expected) << length << " from " << from;
+            }
+        }
+        std::u16string converted(all.size(), u'#');
+        ConvertUnits(converted.data(), all.data(), all.size(), mode);
+        for (std::size_t i = 0; i < all.size(); ++i)
+            ASSERT_EQ(converted[i], alone(all[i])) << i;
+    }
 }
