@@ -81,6 +81,26 @@ DWORD StyleFor(const ControlSpec& design) {
     return style | WS_CHILD;
 }
 
+// What is set while the form is being laid out is set on hidden windows, and most of it is there
+// already. Each of these calls costs as much as a small window on some systems: those that change
+// nothing are left out.
+void SetStyle(HWND window, int index, LONG_PTR style) {
+    if (GetWindowLongPtrW(window, index) != style)
+        SetWindowLongPtrW(window, index, style);
+}
+
+void RepaintIfVisible(HWND window) {
+    if (IsWindowVisible(window))
+        InvalidateRect(window, nullptr, TRUE);
+}
+
+RECT PlaceInParent(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
 } // namespace
 
 Control::Control(Form& form, const ControlSpec& design, int id)
@@ -91,7 +111,9 @@ Control::Control(Form& form, const ControlSpec& design, int id)
     if (!ClassFor(design))
         return;
     CreateControlWindow(design, id);
-    SetFont({design.fontName, design.fontPoints});
+    // Preparation sets the font that is seen, made from this one.
+    if (Row(kind_).hasFont)
+        font_ = {design.fontName, design.fontPoints};
 }
 
 Control::~Control() {
@@ -150,7 +172,8 @@ bool Control::SetFont(const FontSpec& font) {
     if (!Row(kind_).hasFont)
         return false;
     auto handle = Font::Get(font, Dpi());
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(handle->Handle()), TRUE);
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(handle->Handle()),
+                 IsWindowVisible(window_));
     font_ = font;
     fontHandle_ = std::move(handle);
     if (flags_ & kAutoSize)
@@ -164,17 +187,20 @@ void Control::Move(const TwipsRect& place) {
         form_.Repaint();
         return;
     }
-    const int left = ToPixels(place.left, Dpi());
-    const int top = ToPixels(place.top, Dpi());
     // Right and bottom are rounded, not the size, so that neighbours meet.
-    SetWindowPos(window_, nullptr, left, top, ToPixels(place.left + place.width, Dpi()) - left,
-                 ToPixels(place.top + place.height, Dpi()) - top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT box = {ToPixels(place.left, Dpi()), ToPixels(place.top, Dpi()),
+                      ToPixels(place.left + place.width, Dpi()),
+                      ToPixels(place.top + place.height, Dpi())};
+    const RECT now = PlaceInParent(window_);
+    if (!EqualRect(&now, &box))
+        SetWindowPos(window_, nullptr, box.left, box.top, box.right - box.left,
+                     box.bottom - box.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Control::SetVisible(bool visible) {
-    visible_ = visible;
-    if (window_)
+    if (window_ && visible != visible_)
         ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+    visible_ = visible;
 }
 
 void Control::SetEnabled(bool enabled) {
@@ -218,14 +244,14 @@ HICON Control::Icon() const {
 void Control::SetRightToLeft(bool rightToLeft) {
     constexpr LONG_PTR kMirrored = WS_EX_RTLREADING | WS_EX_RIGHT;
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
-    SetWindowLongPtrW(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
+    SetStyle(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
     // A label reads its alignment from its style only.
     if (kind_ == ControlKind::LabelW) {
         const LONG_PTR plain =
             GetWindowLongPtrW(window_, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
-        SetWindowLongPtrW(window_, GWL_STYLE, plain | (rightToLeft ? SS_RIGHT : SS_LEFT));
+        SetStyle(window_, GWL_STYLE, plain | (rightToLeft ? SS_RIGHT : SS_LEFT));
     }
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintIfVisible(window_);
 }
 
 void Control::SetLargest(double width, double height) {
@@ -238,7 +264,7 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
     foreColor_ = fore;
     backBrush_.reset(back == CLR_INVALID ? nullptr : CreateSolidBrush(back));
     if (window_)
-        InvalidateRect(window_, nullptr, TRUE);
+        RepaintIfVisible(window_);
     else
         form_.Repaint();
 }

@@ -186,24 +186,26 @@ void Form::Move(const TwipsRect& place) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void Form::Centre() {
+void Form::Centre(double width, double height) {
     const auto middle = [&](int metric, double size) {
         const int screen = GetSystemMetrics(metric);
         return std::lround(ToTwips(screen, dpi_) - size) / 2;
     };
-    Move({static_cast<double>(middle(SM_CXSCREEN, Width())),
-          static_cast<double>(middle(SM_CYSCREEN, Height())), Width(), Height()});
+    Move({static_cast<double>(middle(SM_CXSCREEN, width)),
+          static_cast<double>(middle(SM_CYSCREEN, height)), width, height});
 }
 
 void Form::SetRightToLeft(bool rightToLeft) {
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
-    SetWindowLongPtrW(window_, GWL_EXSTYLE,
-                      rightToLeft ? style | WS_EX_RTLREADING : style & ~LONG_PTR{WS_EX_RTLREADING});
+    const LONG_PTR wanted =
+        rightToLeft ? style | WS_EX_RTLREADING : style & ~LONG_PTR{WS_EX_RTLREADING};
+    if (wanted != style)
+        SetWindowLongPtrW(window_, GWL_EXSTYLE, wanted);
 }
 
 void Form::Repaint() {
     // Without a window the call would repaint the whole desktop.
-    if (window_)
+    if (window_ && IsWindowVisible(window_))
         InvalidateRect(window_, nullptr, TRUE);
 }
 

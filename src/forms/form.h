@@ -68,7 +68,9 @@ public:
     double Height() const { return place_.height; }
     const TwipsRect& Place() const { return place_; }
     void Move(const TwipsRect& place);
-    void Centre();
+    void Centre() { Centre(Width(), Height()); }
+    // Takes the size at once.
+    void Centre(double width, double height);
     void SetRightToLeft(bool rightToLeft);
 
     void Repaint();

@@ -24,11 +24,13 @@ void ConvertControl(Control& control) {
          {L"LABELW", L"COMMANDBUTTONW", L"CHECKBOXW", L"OPTIONBUTTONW"}) {
         if (!Contains(type, captioned))
             continue;
-        std::wstring caption = ToUncText(control.Caption(), 0);
+        const std::wstring design = control.Caption();
+        std::wstring caption = ToUncText(design, 0);
         const std::wstring& font = control.FontOf().name;
         if (font.ends_with(L'H') || (Contains(name, L"TITLE") && type == L"LABELW"))
             caption = UpperCase(caption);
-        control.SetCaption(caption);
+        if (caption != design)
+            control.SetCaption(caption);
     }
     if (type == L"TEXTBOXW" || type == L"COMBOBOXW")
         control.SetLeftMargin(0);

@@ -84,28 +84,23 @@ public:
         SetRightToLeft(rightToLeft);
     }
 
-    void SetButtons(long buttons) {
-        if (const ButtonSet* set = FindButtonSet(buttons))
-            SetAnswers(*set);
-    }
-
     void SetIcon(long icon) {
         for (const IconSource& source : kIcons)
             if (source.value == icon)
                 Get(L"micon").SetIcon(Get(source.image).Icon());
     }
 
-    void SetWidthToText() {
+    // Gives the box the size of its text, with the buttons below it, and shows it in the middle: it
+    // was centred before it had its size.
+    void Arrange(long buttons) {
         const Control& message = Get(L"Message");
-        Resize(message.Left() + message.Width() + 100, Height());
-    }
-
-    void SetHeightToText() {
-        const Control& message = Get(L"Message");
+        const double width = message.Left() + message.Width() + 100;
+        const double top = message.Top() + message.Height() + 150;
+        if (const ButtonSet* set = FindButtonSet(buttons))
+            SetAnswers(*set, width);
         for (const wchar_t* name : kButtonNames)
-            Get(name).SetTop(message.Top() + message.Height() + 150);
-        const Control& button = Get(kButtonNames[0]);
-        Resize(Width(), button.Top() + button.Height() + 150);
+            Get(name).SetTop(top);
+        Centre(width, top + Get(kButtonNames[0]).Height() + 150);
     }
 
 protected:
@@ -177,7 +172,7 @@ private:
                             button.Height() - 300);
     }
 
-    void SetAnswers(const ButtonSet& set) {
+    void SetAnswers(const ButtonSet& set, double formWidth) {
         int count = 0;
         std::array<double, 3> widths = {};
         for (size_t i = 0; i < set.size(); ++i) {
@@ -193,7 +188,7 @@ private:
             button.SetVisible(shown);
             widths[i] = button.Width();
         }
-        const auto lefts = ButtonLefts(count, Width(), widths);
+        const auto lefts = ButtonLefts(count, formWidth, widths);
         for (int i = 0; i < count; ++i)
             Get(kButtonNames[i]).SetLeft(lefts[static_cast<size_t>(i)]);
     }
@@ -211,8 +206,6 @@ private:
         SendMessageW(Window(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
     }
 
-    void Resize(double width, double height) { Move({Place().left, Place().top, width, height}); }
-
     UniqueIcon emblem_;
 };
 
@@ -225,13 +218,9 @@ std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& ti
     if (title.empty())
         title = texts::kNotice;
     form.SetTexts(message, title);
-    form.SetWidthToText();
     form.SetReadingOrder(rightToLeft);
-    form.SetButtons(buttons);
     form.SetIcon(icon);
-    form.SetHeightToText();
-    // The form was centred before it had its size.
-    form.Centre();
+    form.Arrange(buttons);
     form.ShowModal();
     return form.RetValue;
 }
