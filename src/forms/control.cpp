@@ -30,6 +30,7 @@ constexpr KindRow kKinds[] = {
     {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
     {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
     {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    // The control keeps its size whatever icon it gets.
     {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
     {L"Line", nullptr, 0, 0, false, false},
     {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
@@ -94,11 +95,10 @@ void RepaintIfVisible(HWND window) {
         InvalidateRect(window, nullptr, TRUE);
 }
 
-RECT PlaceInParent(HWND window) {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-    return place;
+RECT PixelsOf(const TwipsRect& place, int dpi) {
+    // Right and bottom are rounded, not the size, so that neighbours meet.
+    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
+            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
 }
 
 } // namespace
@@ -128,11 +128,11 @@ void Control::Detach() {
 
 void Control::CreateControlWindow(const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
+    box_ = PixelsOf(place_, Dpi());
     window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
-                              ToPixels(Left(), Dpi()), ToPixels(Top(), Dpi()),
-                              ToPixels(Width(), Dpi()), ToPixels(Height(), Dpi()), form_.Window(),
-                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ModuleInstance(),
-                              nullptr);
+                              box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
+                              form_.Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                              ModuleInstance(), nullptr);
     if (!window_)
         throw ComError(HRESULT_FROM_WIN32(GetLastError()));
     SetWindowName(window_, name_);
@@ -187,14 +187,12 @@ void Control::Move(const TwipsRect& place) {
         form_.Repaint();
         return;
     }
-    // Right and bottom are rounded, not the size, so that neighbours meet.
-    const RECT box = {ToPixels(place.left, Dpi()), ToPixels(place.top, Dpi()),
-                      ToPixels(place.left + place.width, Dpi()),
-                      ToPixels(place.top + place.height, Dpi())};
-    const RECT now = PlaceInParent(window_);
-    if (!EqualRect(&now, &box))
-        SetWindowPos(window_, nullptr, box.left, box.top, box.right - box.left,
-                     box.bottom - box.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT box = PixelsOf(place, Dpi());
+    if (EqualRect(&box, &box_))
+        return;
+    box_ = box;
+    SetWindowPos(window_, nullptr, box.left, box.top, box.right - box.left, box.bottom - box.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Control::SetVisible(bool visible) {
@@ -234,7 +232,6 @@ void Control::Focus() {
 
 void Control::SetIcon(HICON icon) {
     SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
-    Move(place_);
 }
 
 HICON Control::Icon() const {

@@ -155,6 +155,7 @@ private:
     ControlKind kind_;
     unsigned flags_;
     TwipsRect place_;
+    RECT box_ = {}; // the same in pixels, as the window was last given it
     double leastWidth_;
     double leastHeight_;
     double mostWidth_ = 0;

@@ -86,8 +86,10 @@ public:
 
     void SetIcon(long icon) {
         for (const IconSource& source : kIcons)
-            if (source.value == icon)
+            if (source.value == icon) {
+                Get(source.image).SetIcon(SystemIcon(source.systemIcon));
                 Get(L"micon").SetIcon(Get(source.image).Icon());
+            }
     }
 
     // Gives the box the size of its text, with the buttons below it, and shows it in the middle: it
@@ -111,7 +113,7 @@ protected:
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         for (const wchar_t* name : kBorderNames)
             Get(name).SetColors(strip, CLR_INVALID);
-        LoadIcons();
+        LoadEmblem();
         Get(L"Cmd1").tag = L"OK";
         for (size_t i = 0; i < std::size(kButtonNames); ++i)
             Get(kButtonNames[i]).onClick = [this, i] { Answered(i); };
@@ -145,15 +147,17 @@ protected:
     }
 
 private:
-    void LoadIcons() {
-        const int size = ToPixels(kIconPlace.width, Dpi());
-        for (const IconSource& icon : kIcons)
-            Get(icon.image)
-                .SetIcon(static_cast<HICON>(LoadImageW(nullptr, MAKEINTRESOURCEW(icon.systemIcon),
-                                                       IMAGE_ICON, size, size, LR_SHARED)));
+    int IconSize() const { return ToPixels(kIconPlace.width, Dpi()); }
+
+    HICON SystemIcon(WORD number) const {
+        return static_cast<HICON>(LoadImageW(nullptr, MAKEINTRESOURCEW(number), IMAGE_ICON,
+                                             IconSize(), IconSize(), LR_SHARED));
+    }
+
+    void LoadEmblem() {
         emblem_.reset(
             static_cast<HICON>(LoadImageW(ModuleInstance(), MAKEINTRESOURCEW(kImageEmblem),
-                                          IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+                                          IMAGE_ICON, IconSize(), IconSize(), LR_DEFAULTCOLOR)));
         Get(L"micon").SetIcon(emblem_.get());
     }
 
