@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Opening, painting and closing forms beside the same controls made by bare calls. What a form
-// reads from its database is in its time, not in that of the bare windows: only the message box has
-// nothing to read.
+// Opening, painting and closing forms beside the same controls, with the same contents, made by
+// bare calls after the same reads through ADO. The reads are measured by themselves too.
+#include "data/recordset.h"
+#include "data/values.h"
 #include "forms/form_window.h"
-#include "forms/theme_scope.h"
 #include "kit/benchmark.h"
-#include "msgbox/message_box.h"
+#include "security/group_statements.h"
+#include "security/user_statements.h"
 #include "support/sample_database.h"
 #include "vndesk_idl.h"
 
 #include <windows.h>
+#include <commctrl.h>
 #include <comutil.h>
 #include <wrl/client.h>
 
@@ -29,14 +31,64 @@ struct WindowImage {
     DWORD style, extendedStyle;
     RECT place; // in the parent
     UINT_PTR id;
+    std::vector<std::wstring> items;   // of a list box
+    std::vector<std::wstring> columns; // of a list view
+    std::vector<int> widths;
+    DWORD listStyle = 0;
+    long rows = 0;
 };
+
+constexpr wchar_t kListBox[] = L"ListBox";
+constexpr wchar_t kListView[] = L"SysListView32";
 
 // What a form looked like when it was open for the first time.
 struct FormImage {
     WindowImage form;
     std::vector<WindowImage> controls;
     LOGFONTW font;
+    bool toolTips = false;
 };
+
+void TakeItems(HWND list, WindowImage& image) {
+    const auto count = static_cast<WPARAM>(SendMessageW(list, LB_GETCOUNT, 0, 0));
+    for (WPARAM i = 0; i < count; ++i) {
+        std::wstring text(static_cast<std::size_t>(SendMessageW(list, LB_GETTEXTLEN, i, 0)), L'\0');
+        SendMessageW(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(text.data()));
+        image.items.push_back(text);
+    }
+}
+
+void TakeColumns(HWND list, WindowImage& image) {
+    wchar_t text[128] = L"";
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = text;
+    column.cchTextMax = 128;
+    for (WPARAM i = 0; SendMessageW(list, LVM_GETCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+         ++i) {
+        image.columns.push_back(text);
+        image.widths.push_back(column.cx);
+    }
+    image.listStyle = ListView_GetExtendedListViewStyle(list);
+    image.rows = static_cast<long>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+void PutContents(HWND list, const WindowImage& image) {
+    for (const std::wstring& item : image.items)
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    if (image.listStyle)
+        ListView_SetExtendedListViewStyle(list, image.listStyle);
+    for (std::size_t i = 0; i < image.columns.size(); ++i) {
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        column.pszText = const_cast<wchar_t*>(image.columns[i].c_str());
+        column.iSubItem = static_cast<int>(i);
+        column.cx = image.widths[i];
+        SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+    }
+    if (image.rows)
+        SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(image.rows), 0);
+}
 
 WindowImage ImageOf(HWND window, HWND parent) {
     wchar_t name[128] = L"", text[512] = L"";
@@ -47,10 +99,17 @@ WindowImage ImageOf(HWND window, HWND parent) {
                       static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)),
                       static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)),
                       {},
-                      static_cast<UINT_PTR>(GetWindowLongPtrW(window, GWLP_ID))};
+                      static_cast<UINT_PTR>(GetWindowLongPtrW(window, GWLP_ID)),
+                      {},
+                      {},
+                      {}};
     GetWindowRect(window, &image.place);
     if (parent)
         MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&image.place), 2);
+    if (image.className == kListBox)
+        TakeItems(window, image);
+    else if (image.className == kListView)
+        TakeColumns(window, image);
     return image;
 }
 
@@ -103,14 +162,25 @@ private:
         const auto font =
             reinterpret_cast<HFONT>(SendMessageW(GetWindow(form, GW_CHILD), WM_GETFONT, 0, 0));
         GetObjectW(font, sizeof image_->font, &image_->font);
+        for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr));)
+            image_->toolTips = image_->toolTips || GetWindow(tip, GW_OWNER) == form;
     }
 
     static inline FormImage* image_ = nullptr;
     HHOOK hook_, messages_;
 };
 
+// Rows of virtual lists have a text at hand.
+LRESULT CALLBACK BareProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    static wchar_t text[] = L"Nguyễn Văn An";
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_GETDISPINFOW) {
+        reinterpret_cast<NMLVDISPINFOW*>(lParam)->item.pszText = text;
+        return 0;
+    }
+    return DefDlgProcW(window, message, wParam, lParam);
+}
+
 void OpenBare(const FormImage& image) {
-    const vndesk::ThemeScope theme;
     const HFONT font = CreateFontIndirectW(&image.font);
     const RECT& place = image.form.place;
     const HWND form = CreateWindowExW(
@@ -124,7 +194,11 @@ void OpenBare(const FormImage& image) {
             at.left, at.top, at.right - at.left, at.bottom - at.top, form,
             reinterpret_cast<HMENU>(control.id), GetModuleHandleW(nullptr), nullptr);
         SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        PutContents(window, control);
     }
+    if (image.toolTips)
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0,
+                        0, form, nullptr, GetModuleHandleW(nullptr), nullptr);
     ShowWindow(form, SW_SHOW);
     Paint(form);
     DestroyWindow(form);
@@ -133,15 +207,50 @@ void OpenBare(const FormImage& image) {
     DeleteObject(font);
 }
 
-void Measure(Report& report, const char* name, double target, const std::function<void()>& open) {
+// What a form reads while it opens: every value of these statements, on a connection of its own.
+class Reads {
+public:
+    Reads(std::wstring connection, std::vector<std::wstring> statements)
+        : connection_(std::move(connection)), statements_(std::move(statements)) {}
+
+    void operator()() const {
+        vndesk::Database database = vndesk::OpenConnection(connection_);
+        for (const std::wstring& statement : statements_) {
+            vndesk::Recordset rows;
+            rows.Create(database);
+            rows.Open(statement);
+            for (const long count = rows.FieldCount(); !rows.Eof(); rows.MoveNext())
+                for (long i = 0; i < count; ++i)
+                    Keep(vndesk::NullToText(rows.Value(i)));
+        }
+        vndesk::CloseConnection(database);
+    }
+
+private:
+    std::wstring connection_;
+    std::vector<std::wstring> statements_;
+};
+
+void Measure(Report& report, const std::string& name, double target,
+             const std::function<void()>& open, const std::function<void()>& read,
+             int rounds = 15) {
     FormImage image{};
     const Closer closer(&image);
     open();
     if (image.controls.empty())
-        throw std::runtime_error(std::string(name) + " did not open");
-    report.Compare({std::string(name) + " opened, painted and closed",
-                    "its windows made by bare calls", target > 0 ? Target::AtMost : Target::Nothing,
-                    target, Each(open), Each([&] { OpenBare(image); }), 15});
+        throw std::runtime_error(name + " did not open");
+    const Work bare = Each([&] {
+        if (read)
+            read();
+        OpenBare(image);
+    });
+    report.Compare(
+        {name + " opened, painted and closed",
+         read ? "the same reads, its windows made by bare calls" : "its windows made by bare calls",
+         Target::AtMost, target, Each(open), bare, rounds});
+    if (read)
+        report.Compare({name + ", its reads alone", "the same reads and its bare windows",
+                        Target::Nothing, 0, Each(read), bare, rounds});
 }
 
 } // namespace
@@ -151,7 +260,7 @@ int main(int argc, char** argv) {
     int code = 1;
     try {
         WNDCLASSW description{};
-        description.lpfnWndProc = DefDlgProcW;
+        description.lpfnWndProc = BareProcedure;
         description.cbWndExtra = DLGWINDOWEXTRA;
         description.hInstance = GetModuleHandleW(nullptr);
         description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
@@ -167,17 +276,44 @@ int main(int argc, char** argv) {
             throw std::runtime_error(
                 "VnDesk.clsLogon cannot be created: is vndesk.dll registered?");
         _bstr_t connect(source.ConnectionString().c_str());
-        Measure(report, "message box", 1.3, [] {
-            std::wstring title;
-            vndesk::ShowMsg(L"B¹n ch\u00ADa chän bé phËn.", vndesk::kYesNo, title,
-                            vndesk::kQuestion, false);
-        });
-        Measure(report, "logon dialog", 0, [&] {
-            long user = 0;
-            logon->ShowLogon(&connect.GetBSTR(), &user);
-        });
-        Measure(report, "user list", 0, [&] { logon->UserManager(&connect.GetBSTR()); });
-        Measure(report, "group manager", 0, [&] { logon->ShowGroup(&connect.GetBSTR()); });
+        Measure(
+            report, "message box", 1.3,
+            [&] {
+                _bstr_t title, message(L"B¹n ch\u00ADa chän bé phËn."), pressed;
+                logon->MgBox(&message.GetBSTR(), vbYesNo, &title.GetBSTR(), vbQuestion,
+                             VARIANT_FALSE, pressed.GetAddress());
+            },
+            nullptr);
+        const std::wstring database = source.ConnectionString();
+        Measure(
+            report, "logon dialog", 1.3,
+            [&] {
+                long user = 0;
+                logon->ShowLogon(&connect.GetBSTR(), &user);
+            },
+            Reads(database, {}));
+        Measure(
+            report, "user list", 1.3, [&] { logon->UserManager(&connect.GetBSTR()); },
+            Reads(database, {vndesk::kUserListStatement}));
+        // The group that is selected when the form opens.
+        constexpr long kFirstGroup = 1;
+        Measure(
+            report, "group manager", 1.3, [&] { logon->ShowGroup(&connect.GetBSTR()); },
+            Reads(database, {L"[Groups]", vndesk::GroupStatement(L"[Groups]", kFirstGroup),
+                             vndesk::GroupMembersStatement(kFirstGroup)}));
+        for (const long users : {1000L, 10000L, 100000L}) {
+            source.Execute(L"DELETE FROM User WHERE Code > 1000");
+            source.Execute(
+                L"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+                std::to_wstring(users) +
+                L") INSERT INTO User (Code, Name, Dec, IdGroup, Password) "
+                L"SELECT 1000 + i, 'Nguyễn Văn ' || printf('%06d', i), 'Kế toán', 2, 0 "
+                L"FROM n");
+            Measure(
+                report, "user list of " + std::to_string(users), 2,
+                [&] { logon->UserManager(&connect.GetBSTR()); },
+                Reads(database, {vndesk::kUserListStatement}), 7);
+        }
         code = report.Finish();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "forms_bench: %s\n", error.what());

@@ -29,6 +29,8 @@ MenuFonts BuildMenuFonts(HWND window, const std::wstring& name, long size) {
     const long points = std::clamp(size, kSmallest, kLargest);
     MenuFonts fonts;
     fonts.dpi = DpiOf(window);
+    fonts.barHeight = MetricAt(SM_CYMENU, fonts.dpi);
+    fonts.checkWidth = MetricAt(SM_CXMENUCHECK, fonts.dpi);
     LOGFONTW font = SystemMenuFont();
     font.lfWidth = 0;
     font.lfHeight = HeightOf(points, fonts.dpi);
@@ -55,6 +57,15 @@ HFONT SharedFonts::Glyphs(Use use, int height) {
         sized.height = height;
     }
     return sized.font.get();
+}
+
+HDC SharedFonts::MeasuringDc() {
+    if (!measuring_) {
+        measuring_.reset(CreateCompatibleDC(nullptr));
+        pixel_.reset(CreateBitmap(1, 1, 1, 32, nullptr));
+        SelectObject(measuring_.get(), pixel_.get());
+    }
+    return measuring_.get();
 }
 
 } // namespace vndesk

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The fonts that menus are drawn with: each window's own, and the glyphs that all windows share.
+// The fonts and sizes that menus are drawn with: each window's own, and what all windows share.
 #pragma once
 
 #include <windows.h>
@@ -15,6 +15,10 @@ struct MenuFonts {
     UniqueFont defaultItem; // the same in bold
     UniqueFont separator;   // captions of separators: a little smaller
     int dpi = 0;
+    // The platform's sizes at that resolution. It makes a font to tell the second, which takes as
+    // long as drawing ten items.
+    int barHeight = 0;
+    int checkWidth = 0;
 };
 
 // An empty name is the system's menu font.
@@ -28,12 +32,19 @@ public:
 
     HFONT Glyphs(Use use, int height);
 
+    // For measuring; the screen's own device context is fetched from the window system each time.
+    HDC MeasuringDc();
+
 private:
     struct Sized {
         UniqueFont font;
         int height = 0;
     };
     Sized fonts_[3];
+    // Of the screen's format: one of two colours has letters of other widths. It goes with the
+    // device context, which is the last member for that.
+    UniqueBitmap pixel_;
+    UniqueHandle<HDC, DeleteDC> measuring_;
 };
 
 } // namespace vndesk

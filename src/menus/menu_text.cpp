@@ -5,23 +5,10 @@
 
 #include "menu_items.h"
 #include "menu_module.h"
-#include "window_calls.h"
 
 namespace vndesk {
 
 namespace {
-
-class ScreenDc {
-public:
-    ScreenDc() : dc_(GetDC(nullptr)) {}
-    ~ScreenDc() { ReleaseDC(nullptr, dc_); }
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    operator HDC() const { return dc_; }
-
-private:
-    HDC dc_;
-};
 
 Extent TextExtent(HDC dc, std::wstring_view text) {
     if (text.empty())
@@ -35,10 +22,11 @@ Extent TextExtent(HDC dc, std::wstring_view text) {
 
 MenuMetrics MetricsOf(WndCoolMenu& window) {
     MenuMetrics metrics;
-    metrics.dpi = window.Fonts().dpi;
+    const MenuFonts& fonts = window.Fonts();
+    metrics.dpi = fonts.dpi;
     metrics.imageSize = MulDiv(SharedMenuSizes().imageSize, metrics.dpi, USER_DEFAULT_SCREEN_DPI);
-    metrics.minimumHeight = static_cast<short>(MetricAt(SM_CYMENU, metrics.dpi));
-    metrics.checkWidth = MetricAt(SM_CXMENUCHECK, metrics.dpi);
+    metrics.minimumHeight = static_cast<short>(fonts.barHeight);
+    metrics.checkWidth = fonts.checkWidth;
     metrics.extraWidth = SharedMenuSizes().extraWidth;
     return metrics;
 }
@@ -56,7 +44,7 @@ HFONT FontOf(WndCoolMenu& window, const CMyItemData& data, bool isDefault) {
 }
 
 Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data) {
-    const ScreenDc dc;
+    const HDC dc = EnsureMenuModule().fonts.MeasuringDc();
     const Selected font(dc, FontOf(window, data, IsDefaultItem(data)));
     Extent extent = TextExtent(dc, TextPart(data.sMenuText));
     const std::wstring_view shortcut = ShortcutPart(data.sMenuText);
@@ -71,7 +59,7 @@ Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data) {
 }
 
 int WidestShortcut(WndCoolMenu& window, HMENU menu) {
-    const ScreenDc dc;
+    const HDC dc = EnsureMenuModule().fonts.MeasuringDc();
     const MenuFonts& fonts = window.Fonts();
     // The default item is bold: as wide as any.
     const Selected font(dc, fonts.defaultItem.get());
