@@ -4,6 +4,7 @@
 #include <comutil.h>
 #include <oleauto.h>
 
+#include "com/kit/bstr.h"
 #include "com/kit/com_error.h"
 #include "com/kit/variant.h"
 
@@ -19,7 +20,12 @@ bool Convert(const VARIANT& value, VARTYPE type, _variant_t& result) {
 
 } // namespace
 
+// Most values have the type that is asked for: they go without a conversion, which would make
+// another copy of a text.
+
 std::wstring NullToText(const VARIANT& value) {
+    if (V_VT(&value) == VT_BSTR)
+        return FromBstr(V_BSTR(&value));
     _variant_t text;
     if (!Convert(value, VT_BSTR, text))
         return {};
@@ -27,6 +33,8 @@ std::wstring NullToText(const VARIANT& value) {
 }
 
 long NullToInteger(const VARIANT& value) {
+    if (V_VT(&value) == VT_I4)
+        return V_I4(&value);
     _variant_t number;
     return Convert(value, VT_I4, number) ? V_I4(&number) : 0;
 }
