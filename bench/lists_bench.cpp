@@ -102,7 +102,7 @@ void MeasureSearch(Report& report, Lists& form, const std::vector<std::wstring>&
     constexpr int kTimes = 10000;
     for (int i = 0; i < kTimes; ++i)
         Keep(search.Find(missing));
-    report.Note({"the same, one key", "us", (Now() - begin) / kTimes / 1e3,
+    report.Note({"one key in " + size, "us", (Now() - begin) / kTimes / 1e3,
                  names.size() == 100000 ? 10.0 : 0});
 }
 
@@ -133,6 +133,55 @@ void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>&
                                 UpdateWindow(window);
                             },
                             [] {}),
+                    9});
+
+    // Now here, now there: the page that comes was never on the screen.
+    const auto jump = [window, count = names.size()](auto text) {
+        return Each([=, at = std::size_t{0}]() mutable {
+            at = (at + count / 2 + 37) % count;
+            SendMessageW(window, LVM_ENSUREVISIBLE, at, FALSE);
+            UpdateWindow(window);
+            text();
+        });
+    };
+    Control& control = form.Named(L"Report");
+    const auto handler = control.onNotify;
+    static wchar_t same[] = L"NGUYỄN VĂN HƯNG 12345";
+    const std::function<LRESULT(NMHDR&)> constant = [](NMHDR& notification) -> LRESULT {
+        if (notification.code == LVN_GETDISPINFOW)
+            reinterpret_cast<NMLVDISPINFOW&>(notification).item.pszText = same;
+        return 0;
+    };
+    list.Rows().clear();
+    fill(list.Rows());
+    list.Refresh();
+    const Work ours = jump([] {}), theirs = jump([] {});
+    report.Compare({"report list scrolled and painted, " + size, "one text for all cells",
+                    Target::AtMost, 1.3,
+                    [&](std::size_t times) {
+                        control.onNotify = handler;
+                        return ours(times);
+                    },
+                    [&](std::size_t times) {
+                        control.onNotify = constant;
+                        return theirs(times);
+                    },
+                    9});
+    control.onNotify = handler;
+    // Not there: every row must be looked at.
+    LVFINDINFOW missing{};
+    missing.flags = LVFI_STRING | LVFI_PARTIAL;
+    missing.psz = L"VŨ HƯNG ÁNH X";
+    const HWND box = form.Named(L"List").Window();
+    report.Compare({"report list searched by typing, " + size, "LB_FINDSTRING", Target::Nothing, 0,
+                    Each([&] {
+                        Keep(SendMessageW(window, LVM_FINDITEMW, static_cast<WPARAM>(-1),
+                                          reinterpret_cast<LPARAM>(&missing)));
+                    }),
+                    Each([&] {
+                        Keep(SendMessageW(box, LB_FINDSTRING, static_cast<WPARAM>(-1),
+                                          reinterpret_cast<LPARAM>(missing.psz)));
+                    }),
                     9});
 }
 
