@@ -267,17 +267,18 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
 }
 
 void Control::FitToText() {
-    const std::wstring text = Text();
-    const HDC dc = GetDC(window_);
     RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, Dpi()) : 0, 0};
-    {
-        const Selected font(dc, fontHandle_ ? static_cast<HGDIOBJ>(fontHandle_->Handle())
-                                            : GetStockObject(DEFAULT_GUI_FONT));
+    if (const std::wstring text = Text(); !text.empty()) {
         const UINT wrap = mostWidth_ > 0 ? DT_WORDBREAK | DT_EDITCONTROL : 0;
-        DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box,
-                  DT_CALCRECT | DT_EXPANDTABS | DT_NOPREFIX | wrap);
+        const HDC dc = GetDC(window_);
+        {
+            const Selected font(dc, fontHandle_ ? static_cast<HGDIOBJ>(fontHandle_->Handle())
+                                                : GetStockObject(DEFAULT_GUI_FONT));
+            DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box,
+                      DT_CALCRECT | DT_EXPANDTABS | DT_NOPREFIX | wrap);
+        }
+        ReleaseDC(window_, dc);
     }
-    ReleaseDC(window_, dc);
     double height = std::max(leastHeight_, ToTwips(box.bottom, Dpi()));
     if (mostHeight_ > 0)
         height = std::min(height, mostHeight_);

@@ -79,7 +79,8 @@ void Form::CreateFormWindow() {
     RECT frame = {0, 0, ToPixels(spec_.clientWidth, dpi_), ToPixels(spec_.clientHeight, dpi_)};
     AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
     least_ = {frame.right - frame.left, frame.bottom - frame.top};
-    Move({0, 0, ToTwips(least_.cx, dpi_), ToTwips(least_.cy, dpi_)});
+    place_ = {}; // a form may be loaded again
+    Centre(ToTwips(least_.cx, dpi_), ToTwips(least_.cy, dpi_));
 }
 
 void Form::ShowModal() {
@@ -191,8 +192,11 @@ void Form::Centre(double width, double height) {
         const int screen = GetSystemMetrics(metric);
         return std::lround(ToTwips(screen, dpi_) - size) / 2;
     };
-    Move({static_cast<double>(middle(SM_CXSCREEN, width)),
-          static_cast<double>(middle(SM_CYSCREEN, height)), width, height});
+    const TwipsRect place = {static_cast<double>(middle(SM_CXSCREEN, width)),
+                             static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
+    // A form that has kept its size while it loaded is there already.
+    if (place != place_)
+        Move(place);
 }
 
 void Form::SetRightToLeft(bool rightToLeft) {

@@ -31,6 +31,8 @@ struct TwipsRect {
     double top = 0;
     double width = 0;
     double height = 0;
+
+    bool operator==(const TwipsRect&) const = default;
 };
 
 } // namespace vndesk
