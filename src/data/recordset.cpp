@@ -64,6 +64,7 @@ void Recordset::MoveLast() {
 
 void Recordset::ForgetFields() {
     columns_.clear();
+    named_.clear();
     fields_.Reset();
 }
 
@@ -97,7 +98,10 @@ _variant_t Recordset::Value(long index) {
 }
 
 _variant_t Recordset::Value(const wchar_t* name) {
-    return Value(*FieldOf(_variant_t(name)).Get());
+    auto found = named_.find(name);
+    if (found == named_.end())
+        found = named_.emplace(name, FieldOf(_variant_t(name))).first;
+    return Value(*found->second.Get());
 }
 
 std::wstring Recordset::FieldName(long index) {

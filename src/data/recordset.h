@@ -4,6 +4,8 @@
 
 #include <comutil.h>
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +50,7 @@ private:
     // Asked for once: every value goes through them, and a column's field follows the current row.
     ComPtr<Fields> fields_;
     std::vector<ComPtr<Field>> columns_;
+    std::map<std::wstring, ComPtr<Field>, std::less<>> named_;
 };
 
 // Opens a new record set on a statement. A failure is shown in a plain message with the provider's
