@@ -5,10 +5,12 @@
 
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <thread>
 
 #include "registered_dll.h"
 #include "support/check_hr.h"
+#include "support/child_process.h"
 #include "support/late_bound.h"
 #include "support/reliability.h"
 #include "support/text.h"
@@ -49,6 +51,29 @@ void InThreads(int count, DWORD kind, const std::function<void()>& work) {
     for (std::thread& thread : threads)
         thread.join();
 }
+
+// A user who closes whatever opens.
+class WindowsClosed {
+public:
+    WindowsClosed()
+        : user_([this] {
+              while (!over_) {
+                  for (const HWND window : TopWindows())
+                      PostMessageW(window, WM_CLOSE, 0, 0);
+                  Sleep(5);
+              }
+          }) {}
+    ~WindowsClosed() {
+        over_ = true;
+        user_.join();
+    }
+    WindowsClosed(const WindowsClosed&) = delete;
+    WindowsClosed& operator=(const WindowsClosed&) = delete;
+
+private:
+    std::atomic<bool> over_{false};
+    std::thread user_;
+};
 
 TEST(Threads, EachApartmentMakesObjectsOfItsOwn) {
     const int rounds = Rounds(50, 1000);
@@ -94,6 +119,15 @@ TEST(Threads, MarshalledCallsRunInTheObjectsOwnThread) {
     EXPECT_TRUE(PumpUntil([] { return CanUnloadNow() == S_OK; }));
 }
 
+// By tests/tools/vnproxy, which says why it is a program by itself.
+TEST(Threads, MultithreadedApartmentWorksThroughProxiesAndLetsItsObjectsGo) {
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring folder(path, std::wstring_view(path).rfind(L'\\') + 1);
+    ChildProcess host({folder + L"vnproxy.exe"});
+    EXPECT_EQ(0u, host.ExitCode(100000));
+}
+
 // COM forbids it; references and plain functions survive it all the same.
 TEST(Threads, UnmarshalledCallsOfOtherThreadsDoNoHarm) {
     const int rounds = Rounds(500, 10000);
@@ -111,14 +145,8 @@ TEST(Threads, UnmarshalledCallsOfOtherThreadsDoNoHarm) {
 TEST(Threads, EachThreadShowsFormsOfItsOwn) {
     const int rounds = Rounds(10, 250);
     std::atomic<int> answered{0};
-    std::atomic<bool> over{false};
-    std::thread user([&] {
-        while (!over) {
-            for (const HWND window : TopWindows())
-                PostMessageW(window, WM_CLOSE, 0, 0);
-            Sleep(5);
-        }
-    });
+    std::optional<WindowsClosed> closing;
+    closing.emplace();
     InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
         const LateBound logon = LateBound::Create(L"VnDesk.clsLogon");
         const LateBound combo = LateBound::Create(L"VnDesk.DataCombo1");
@@ -129,8 +157,7 @@ TEST(Threads, EachThreadShowsFormsOfItsOwn) {
             ++answered;
         }
     });
-    over = true;
-    user.join();
+    closing.reset();
     EXPECT_EQ(kThreads * rounds, answered);
     EXPECT_HR(S_OK, CanUnloadNow());
 }
