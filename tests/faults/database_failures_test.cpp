@@ -27,19 +27,6 @@ std::string Bytes(const std::wstring& file) {
     return bytes;
 }
 
-// What is the same for all failures: the host has its answer or the neutral one, and a write that
-// did not happen was told.
-void ExpectTold(const Use& use, const Played& well, const Played& played) {
-    EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
-        << ToUtf8(played.answer);
-    if (use.probe && !use.tellsNoFailedWrite) {
-        EXPECT_TRUE(played.TellsMoreThan(well));
-    }
-    if (played.answer != use.answer) {
-        EXPECT_TRUE(played.TellsMoreThan(well));
-    }
-}
-
 // --- The embedded database ---
 
 // Another program that has the file for itself.

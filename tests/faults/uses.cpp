@@ -3,6 +3,7 @@
 
 #include "com/kit/com_error.h"
 #include "data/options.h"
+#include "support/text.h"
 #include "ui/lookup_host.h"
 #include "ui/search.h"
 
@@ -381,6 +382,17 @@ Played Play(const Use& use, const SampleDatabase& database, const std::function<
     EXPECT_TRUE(player.EverythingClosed());
     EXPECT_TRUE(TopWindows().empty());
     return played;
+}
+
+void ExpectTold(const Use& use, const Played& well, const Played& played) {
+    EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
+        << ToUtf8(played.answer);
+    if (use.probe && !use.tellsNoFailedWrite) {
+        EXPECT_TRUE(played.TellsMoreThan(well));
+    }
+    if (played.answer != use.answer) {
+        EXPECT_TRUE(played.TellsMoreThan(well));
+    }
 }
 
 void MakeSmall(const SampleDatabase& database) {

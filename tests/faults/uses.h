@@ -57,6 +57,10 @@ struct Played {
 Played Play(const Use& use, const SampleDatabase& database,
             const std::function<void()>& meanwhile = {}, const std::wstring& connection = {});
 
+// What is the same for all failures of a database: the host has its answer or the neutral one, and
+// a write that did not happen was told.
+void ExpectTold(const Use& use, const Played& well, const Played& played);
+
 // Few rows in every table, so that a use makes few calls.
 void MakeSmall(const SampleDatabase& database);
 
