@@ -112,6 +112,8 @@ void Cut() {
 SQLRETURN SQL_API FetchScroll(SQLHSTMT statement, SQLSMALLINT orientation, SQLLEN offset) {
     return Pass("SQLFetchScroll", [&] {
         const SQLRETURN result = SQLFetchScroll(statement, orientation, offset);
+        if (SQL_SUCCEEDED(result))
+            calls.back() = kFetchingCall;
         if (kind == OdbcFault::Truncated && IsHit() && SQL_SUCCEEDED(result))
             Cut();
         return result;

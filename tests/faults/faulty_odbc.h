@@ -48,7 +48,8 @@ private:
     std::vector<Import> imports_;
 };
 
-// The name of a statement that changes rows, among the calls.
+// Among the calls: a statement that changes rows, and a fetch that has brought some.
 inline constexpr const char* kWritingCall = "SQLExecDirect, writing";
+inline constexpr const char* kFetchingCall = "SQLFetchScroll, rows";
 
 } // namespace vndesk::test

@@ -41,21 +41,17 @@ public:
     void ExpectBack(const char* use, size_t calls, int faults) const {
         // The newer Wine of the 32-bit tests counts its heap in lumps (see ui/leaks.cpp).
         constexpr long kToleratedBytes = sizeof(void*) == 8 ? 1024 : 8192; // a fault
-        // Wine keeps released device contexts, three objects each; the more, the more windows have
-        // ever painted inside one another's messages.
-        constexpr long kToleratedGdi = 8; // however many faults
+        constexpr long kToleratedGdi = 2;                                  // however many faults
         const auto growth = static_cast<long>(HeapInUse().bytes - heap_);
-        const long gdi = GdiObjects() - gdi_;
-        EXPECT_LE(gdi, kToleratedGdi);
+        EXPECT_LE(GdiObjectsBesideContexts(), gdi_ + kToleratedGdi);
         EXPECT_EQ(UserObjects(), user_);
         EXPECT_LE(growth, faults * kToleratedBytes);
-        printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault, %ld GDI "
-               "objects more\n",
-               use, static_cast<int>(calls), faults, growth / std::max(1, faults), gdi);
+        printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault\n", use,
+               static_cast<int>(calls), faults, growth / std::max(1, faults));
     }
 
 private:
-    const long gdi_ = GdiObjects();
+    const long gdi_ = GdiObjectsBesideContexts();
     const long user_ = UserObjects();
     const size_t heap_ = HeapInUse().bytes;
 };

@@ -33,7 +33,7 @@ constexpr KindOfFault kFaults[] = {
     {OdbcFault::Lost, "loses the connection", nullptr, false},
     {OdbcFault::Unconfirmed, "works and loses the connection", "SQLE", false},
     {OdbcFault::Remark, "works with a remark", nullptr, true},
-    {OdbcFault::Truncated, "cuts the cells", "SQLFetchScroll", true},
+    {OdbcFault::Truncated, "cuts the cells", kFetchingCall, true},
 };
 
 // A host's own transaction on the library's ADO: both rows or none.
@@ -137,19 +137,16 @@ protected:
     // The refusal itself is all that is told.
     bool TellsTheHost() const { return GetParam().raisesTheFirst || GetParam().steps.empty(); }
 
-    // All calls; or two of them for each fault, other ones for each, and the one that writes.
+    // All calls; or the one that writes, the last one that reads, and another one for each fault.
     bool IsTried(size_t call, const KindOfFault& kind) const {
         const std::string& name = calls_.at(call - 1);
         if (kind.onlyAt && name.rfind(kind.onlyAt, 0) != 0)
             return false;
         if (cellByCell_)
             return name == kReadingCall && (FullRun() || call == lastRead_);
-        if (FullRun())
-            return true;
-        if (kind.onlyAt)
-            return call == lastRead_ || name == kWritingCall;
-        const size_t stride = calls_.size() / 2;
-        return call % stride == stride * (&kind - kFaults + 1) / std::size(kFaults);
+        const auto place = static_cast<size_t>(&kind - kFaults + 1);
+        return FullRun() || name == kWritingCall || call == lastRead_ ||
+               call == calls_.size() * place / std::size(kFaults);
     }
 
     void PlayAll(bool cellByCell) {
@@ -157,7 +154,7 @@ protected:
         odbc_.SetForwardOnly(cellByCell);
         PlayWell();
         const auto read =
-            std::find(calls_.rbegin(), calls_.rend(), cellByCell ? kReadingCall : "SQLFetchScroll");
+            std::find(calls_.rbegin(), calls_.rend(), cellByCell ? kReadingCall : kFetchingCall);
         lastRead_ = static_cast<size_t>(calls_.rend() - read);
         for (const KindOfFault& kind : kFaults)
             for (size_t call = 1; call <= calls_.size(); ++call)

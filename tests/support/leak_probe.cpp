@@ -13,6 +13,8 @@ namespace {
 // bytes an entry, the kind of object at offset 14, 0 for a free one. The 32-bit PEB points to no
 // such table in new Wine versions; the 64-bit PEB does, in the low 4 GB.
 constexpr size_t kGdiEntries = 0x4000, kGdiEntrySize = 24, kGdiKind = 14;
+constexpr BYTE kDeviceContext = 1;
+constexpr long kObjectsOfContext = 3;
 constexpr size_t kPebOfTeb64 = 0x60, kGdiTableOfPeb64 = 0xF8;
 
 const BYTE* WineGdiTable() {
@@ -43,6 +45,14 @@ const BYTE* WineGdiTable() {
         static_cast<uintptr_t>(at(at(teb64 + kPebOfTeb64) + kGdiTableOfPeb64)));
 }
 
+template <class Test> long CountGdi(Test test) {
+    const BYTE* table = WineGdiTable();
+    long count = 0;
+    for (size_t i = 0; table && i < kGdiEntries; ++i)
+        count += test(table[i * kGdiEntrySize + kGdiKind]);
+    return count;
+}
+
 bool IsOwnUserObject(HANDLE handle) {
     DWORD process = 0;
     if (GetWindowThreadProcessId(static_cast<HWND>(handle), &process))
@@ -71,11 +81,13 @@ long CountWineUserObjects() {
 long GdiObjects() {
     if (!RunningUnderWine())
         return static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
-    const BYTE* table = WineGdiTable();
-    long count = 0;
-    for (size_t i = 0; table && i < kGdiEntries; ++i)
-        count += table[i * kGdiEntrySize + kGdiKind] != 0;
-    return count;
+    return CountGdi([](BYTE kind) { return kind != 0; });
+}
+
+long GdiObjectsBesideContexts() {
+    const long contexts =
+        RunningUnderWine() ? CountGdi([](BYTE kind) { return kind == kDeviceContext; }) : 0;
+    return GdiObjects() - contexts * kObjectsOfContext;
 }
 
 long UserObjects() {

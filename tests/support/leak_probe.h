@@ -7,6 +7,10 @@
 namespace vndesk::test {
 
 long GdiObjects();
+// The same without the device contexts that Wine has made for windows: released ones stay, up to 64
+// of them, with a region and a surface each. How many there are depends on which windows had the
+// time to paint.
+long GdiObjectsBesideContexts();
 // On Wine a sweep over all handle values (windows, menus, icons and cursors): about a second.
 long UserObjects();
 // Allocated blocks of all heaps of the process, and their bytes.
