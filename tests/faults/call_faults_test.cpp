@@ -120,10 +120,10 @@ protected:
 TEST_P(CallFaults, LeaveTheDatabaseWholeAndNothingBehind) {
     // The first windows of a kind fill caches that stay.
     PlayWell();
-    for (int i = 0; i < 2; ++i) {
+    for (const Fault fault : {Fault::FromThenOn, Fault::Once}) {
         const size_t stride = std::max<size_t>(2, calls_.size() / 3);
         for (size_t call = 1; call <= calls_.size(); call += stride)
-            PlayBadly(call, Fault::FromThenOn);
+            PlayBadly(call, fault);
         PlayWell();
     }
     const Holdings before;

@@ -25,15 +25,16 @@ struct KindOfFault {
     const char* name;
     const char* onlyAt; // calls with another start cannot fail in this way; null: all can
     bool harmless;      // the host gets what it gets without the fault
+    bool always;        // the short form too tries it where something is written or read last
 };
 
 constexpr KindOfFault kFaults[] = {
-    {OdbcFault::Told, "fails", nullptr, false},
-    {OdbcFault::Silent, "fails without a word", nullptr, false},
-    {OdbcFault::Lost, "loses the connection", nullptr, false},
-    {OdbcFault::Unconfirmed, "works and loses the connection", "SQLE", false},
-    {OdbcFault::Remark, "works with a remark", nullptr, true},
-    {OdbcFault::Truncated, "cuts the cells", kFetchingCall, true},
+    {OdbcFault::Told, "fails", nullptr, false, true},
+    {OdbcFault::Silent, "fails without a word", nullptr, false, false},
+    {OdbcFault::Lost, "loses the connection", nullptr, false, false},
+    {OdbcFault::Unconfirmed, "works and loses the connection", "SQLE", false, true},
+    {OdbcFault::Remark, "works with a remark", nullptr, true, false},
+    {OdbcFault::Truncated, "cuts the cells", kFetchingCall, true, true},
 };
 
 // A host's own transaction on the library's ADO: both rows or none.
@@ -142,11 +143,11 @@ protected:
         const std::string& name = calls_.at(call - 1);
         if (kind.onlyAt && name.rfind(kind.onlyAt, 0) != 0)
             return false;
+        const bool here = kind.always && (name == kWritingCall || call == lastRead_);
         if (cellByCell_)
-            return name == kReadingCall && (FullRun() || call == lastRead_);
+            return name == kReadingCall && (FullRun() || here);
         const auto place = static_cast<size_t>(&kind - kFaults + 1);
-        return FullRun() || name == kWritingCall || call == lastRead_ ||
-               call == calls_.size() * place / std::size(kFaults);
+        return FullRun() || here || call == calls_.size() * place / std::size(kFaults);
     }
 
     void PlayAll(bool cellByCell) {
