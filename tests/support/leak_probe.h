@@ -7,9 +7,8 @@
 namespace vndesk::test {
 
 long GdiObjects();
-// The same without the device contexts that Wine has made for windows: released ones stay, up to 64
-// of them, with a region and a surface each. How many there are depends on which windows had the
-// time to paint.
+// The same without device contexts: Wine keeps released ones, with a region and a surface each. How
+// many there are depends on which windows had the time to paint.
 long GdiObjectsBesideContexts();
 // On Wine a sweep over all handle values (windows, menus, icons and cursors): about a second.
 long UserObjects();
