@@ -112,15 +112,6 @@ Work LoadAndCreate(Server& server) {
                    [&server] { server.Unload(); });
 }
 
-Work UnloadAndLoadAgain(Server& server) {
-    return Between([&server] { server.Load(); },
-                   [&server] {
-                       server.Unload();
-                       server.Load();
-                   },
-                   [&server] { server.Unload(); });
-}
-
 void CreateByRegistry(ComPtr<IUnknown>& object) {
     Must(CoCreateInstance(__uuidof(Varnok), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)),
          "VnDesk.Varnok cannot be created: is vndesk.dll registered?");
@@ -143,8 +134,6 @@ void MeasureLoading(Report& report) {
                     Target::AtMost, 1.3, LoadAndCreate(library), LoadAndCreate(bare)});
     report.Compare({"load the DLL, create an object", "the same importing the same libraries",
                     Target::Nothing, 0, LoadAndCreate(library), LoadAndCreate(importing)});
-    report.Compare({"unload the DLL and load it again", "a DLL without a runtime library",
-                    Target::Nothing, 0, UnloadAndLoadAgain(library), UnloadAndLoadAgain(bare)});
 
     ComPtr<IUnknown> object;
     report.Compare({"first object through the registry", "load the DLL, create an object",
