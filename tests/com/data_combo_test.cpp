@@ -6,6 +6,7 @@
 #include <objsafe.h>
 #include <olectl.h>
 
+#include "new_data_combo.h"
 #include "registered_dll.h"
 #include "support/check_hr.h"
 #include "support/control_container.h"
@@ -111,20 +112,6 @@ TEST(DataComboScriptTest, AppearanceIsSetAndReadBack) {
 }
 
 // --- early bound ---
-
-ComPtr<IDataCombo1> Create() {
-    CLSID clsid;
-    ComPtr<IDataCombo1> combo;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.DataCombo1", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
-    return combo;
-}
-
-template <class Interface> ComPtr<Interface> As(const ComPtr<IDataCombo1>& combo) {
-    ComPtr<Interface> asked;
-    EXPECT_SUCCEEDED(combo.As(&asked));
-    return asked;
-}
 
 std::wstring Get(IDataCombo1* combo, HRESULT (STDMETHODCALLTYPE IDataCombo1::*get)(BSTR*)) {
     _bstr_t text;

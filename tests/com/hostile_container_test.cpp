@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "new_data_combo.h"
 #include "registered_dll.h"
 #include "support/check_hr.h"
 #include "support/reliability.h"
@@ -17,20 +18,6 @@
 namespace {
 
 using namespace vndesk::test;
-
-ComPtr<IDataCombo1> Create() {
-    CLSID clsid;
-    ComPtr<IDataCombo1> combo;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.DataCombo1", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
-    return combo;
-}
-
-template <class Interface> ComPtr<Interface> As(const ComPtr<IDataCombo1>& combo) {
-    ComPtr<Interface> asked;
-    EXPECT_SUCCEEDED(combo.As(&asked));
-    return asked;
-}
 
 // --- null pointers ---
 

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// The registered control DataCombo1 as an early-bound host makes it, and its other interfaces.
+#pragma once
+
+#include <wrl/client.h>
+
+#include "support/check_hr.h"
+#include "vndesk_idl.h"
+
+namespace vndesk::test {
+
+using Microsoft::WRL::ComPtr;
+
+inline ComPtr<IDataCombo1> Create() {
+    CLSID clsid;
+    ComPtr<IDataCombo1> combo;
+    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.DataCombo1", &clsid));
+    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
+    return combo;
+}
+
+template <class Interface> ComPtr<Interface> As(const ComPtr<IDataCombo1>& combo) {
+    ComPtr<Interface> asked;
+    EXPECT_SUCCEEDED(combo.As(&asked));
+    return asked;
+}
+
+} // namespace vndesk::test
