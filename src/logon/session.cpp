@@ -18,7 +18,7 @@ SessionConnection* latest_;
 
 const Database& CurrentDatabase() {
     static const Database none;
-    const Writing writing(lock_);
+    const Reading reading(lock_);
     for (const SessionConnection* one = latest_; one; one = one->earlier_)
         if (one->thread_ == GetCurrentThreadId())
             return one->database_;
