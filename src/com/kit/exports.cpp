@@ -12,32 +12,12 @@
 #include "module.h"
 #include "registration.h"
 
-#ifdef __GLIBCXX__
-// The run-time keeps 70 KB for exceptions when memory is short, and leaves them behind when its DLL
-// goes unless it is told.
-namespace __gnu_cxx {
-void __freeres();
-}
-#endif
-
 using namespace vndesk;
 
-namespace {
-
-void FreeRunTime() {
-#ifdef __GLIBCXX__
-    __gnu_cxx::__freeres();
-#endif
-}
-
-} // namespace
-
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) {
         SetModuleInstance(instance);
         DisableThreadLibraryCalls(instance);
-    } else if (reason == DLL_PROCESS_DETACH && !processEnds) {
-        FreeRunTime();
     }
     return TRUE;
 }
