@@ -13,15 +13,14 @@ namespace vndesk {
 
 namespace {
 
+// Menus are drawn by the thread of their window.
 bool IsOwnWindow(HWND window) {
-    DWORD process = 0;
-    return GetWindowThreadProcessId(window, &process) != 0 && process == GetCurrentProcessId();
+    return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
 }
 
 } // namespace
 
 bool InstallMenus(HWND window, MenuHelp help, ImageSource images) {
-    SharedMenuSizes() = {};
     if (!window)
         return true;
     if (!IsOwnWindow(window))

@@ -1,35 +1,50 @@
 // SPDX-License-Identifier: MIT
 #include "menu_module.h"
 
+#include <utility>
+
+#include "com/kit/lock.h"
+
 namespace vndesk {
 
 namespace {
 
-// Not an owner: a process may end with windows installed, and nothing may run for them then.
-MenuModule* current = nullptr;
+// Those of all threads. No owner: a process may end with windows installed, and nothing may run for
+// them then.
+SRWLOCK lock_ = SRWLOCK_INIT;
+MenuModule* first_ = nullptr;
+
+// Where the calling thread's stands, or would be added.
+MenuModule** Place() {
+    MenuModule** place = &first_;
+    while (*place && (*place)->thread != GetCurrentThreadId())
+        place = &(*place)->next;
+    return place;
+}
 
 } // namespace
 
-MenuSizes& SharedMenuSizes() {
-    static MenuSizes sizes;
-    return sizes;
-}
-
 MenuModule* CurrentMenuModule() {
-    return current;
+    const Reading reading(lock_);
+    return *Place();
 }
 
 MenuModule& EnsureMenuModule() {
-    if (!current)
-        current = new MenuModule;
-    return *current;
+    if (MenuModule* module = CurrentMenuModule())
+        return *module;
+    auto made = std::make_unique<MenuModule>();
+    const Writing writing(lock_);
+    return *(*Place() = made.release());
 }
 
 void ReleaseUnusedMenuModule() {
-    if (current && current->windows.empty()) {
-        delete current;
-        current = nullptr;
-    }
+    const std::unique_ptr<MenuModule> unused([]() -> MenuModule* {
+        const Writing writing(lock_);
+        MenuModule** place = Place();
+        if (!*place || !(*place)->windows.empty())
+            return nullptr;
+        return std::exchange(*place, (*place)->next);
+    }());
 }
 
 std::wstring WindowKey(HWND window) {
@@ -37,14 +52,16 @@ std::wstring WindowKey(HWND window) {
 }
 
 std::shared_ptr<WndCoolMenu> FindCoolMenu(HWND window) {
-    if (!current)
+    MenuModule* module = CurrentMenuModule();
+    if (!module)
         return nullptr;
-    const auto found = current->windows.find(WindowKey(window));
-    return found == current->windows.end() ? nullptr : found->second;
+    const auto found = module->windows.find(WindowKey(window));
+    return found == module->windows.end() ? nullptr : found->second;
 }
 
 CMyItemData* FindItemData(ULONG_PTR number) {
-    return current && number != 0 ? current->items.Item(std::to_wstring(number)) : nullptr;
+    MenuModule* module = CurrentMenuModule();
+    return module && number != 0 ? module->items.Item(std::to_wstring(number)) : nullptr;
 }
 
 CMyItemData* FindItemData(HMENU menu, ULONG_PTR number) {

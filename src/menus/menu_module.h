@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What all windows with drawn menus share. It lives from the first installation to the last
-// uninstallation and, like the hook, belongs to one user-interface thread.
+// What all windows with drawn menus of one user-interface thread share. It lives from the thread's
+// first installation to its last uninstallation.
 #pragma once
 
 #include <windows.h>
@@ -19,24 +19,21 @@ struct MenuModule {
     std::map<std::wstring, std::shared_ptr<WndCoolMenu>> windows; // by handle as decimal text
     CMyItemDatas items;
     SharedFonts fonts;
+
+    const DWORD thread = GetCurrentThreadId();
+    MenuModule* next = nullptr; // another thread's
 };
 
-// Set by every installation, for the measuring of items.
-struct MenuSizes {
-    short imageSize = 16; // for 96 dpi
-    long extraWidth = 0;
-};
-MenuSizes& SharedMenuSizes();
-
-// Null when no window is installed.
+// The calling thread's; null when none of its windows is installed.
 MenuModule* CurrentMenuModule();
 MenuModule& EnsureMenuModule();
-// Releases everything when no window is left.
+// Releases everything when no window of the thread is left.
 void ReleaseUnusedMenuModule();
 
 std::wstring WindowKey(HWND window);
 
-// Null when the window is not installed. The caller's hold outlives an uninstallation meanwhile.
+// Null when the window is not installed by the calling thread. The caller's hold outlives an
+// uninstallation meanwhile.
 std::shared_ptr<WndCoolMenu> FindCoolMenu(HWND window);
 
 // The data of an item by the number that stands in it; null for items of others.

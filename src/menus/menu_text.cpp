@@ -24,10 +24,9 @@ MenuMetrics MetricsOf(WndCoolMenu& window) {
     MenuMetrics metrics;
     const MenuFonts& fonts = window.Fonts();
     metrics.dpi = fonts.dpi;
-    metrics.imageSize = MulDiv(SharedMenuSizes().imageSize, metrics.dpi, USER_DEFAULT_SCREEN_DPI);
+    metrics.imageSize = MulDiv(metrics.imageSize, metrics.dpi, USER_DEFAULT_SCREEN_DPI);
     metrics.minimumHeight = static_cast<short>(fonts.barHeight);
     metrics.checkWidth = fonts.checkWidth;
-    metrics.extraWidth = SharedMenuSizes().extraWidth;
     return metrics;
 }
 

@@ -71,16 +71,9 @@ TEST(MenuParts, SameKeyTwiceIsAnError) {
     EXPECT_EQ(2, count);
 }
 
-TEST(MenuParts, WindowZeroOnlySetsTheSizes) {
-    for (const bool window : {false, true}) {
-        const MenuHost host;
-        SharedMenuSizes() = {32, 7};
-        EXPECT_TRUE(InstallMenus(window ? host.Window() : nullptr, {}, {}));
-        EXPECT_EQ(16, SharedMenuSizes().imageSize);
-        EXPECT_EQ(0, SharedMenuSizes().extraWidth);
-        EXPECT_EQ(window, CurrentMenuModule() != nullptr);
-        UninstallMenus(host.Window());
-    }
+TEST(MenuParts, WindowZeroMakesNothing) {
+    EXPECT_TRUE(InstallMenus(nullptr, {}, {}));
+    EXPECT_EQ(nullptr, CurrentMenuModule());
 }
 
 TEST(MenuParts, LastUninstallReleasesCollectionsAndFonts) {
