@@ -42,8 +42,9 @@ constexpr const wchar_t* kNamesOfControls[] = {L"CmbFld",    L"CmbPredicate", L"
 // refuses; so does a value that is none of its column's type.
 constexpr const wchar_t* kPartsOfErrors[] = {L"syntax error", L"unrecognized token",
                                              L"unterminated quoted string", L"invalid input syntax",
-                                             // The system menu of Wine's windows tells about Wine.
-                                             L"Running on wine"};
+                                             // The system menu of Wine's windows tells about Wine
+                                             // and its licence.
+                                             L"Running on wine", L"Wine is free software"};
 
 bool HasOne(const std::wstring& text, const auto& parts) {
     return std::any_of(std::begin(parts), std::end(parts),
