@@ -13,8 +13,7 @@ namespace {
 // bytes an entry, the kind of object at offset 14, 0 for a free one. The 32-bit PEB points to no
 // such table in new Wine versions; the 64-bit PEB does, in the low 4 GB.
 constexpr size_t kGdiEntries = 0x4000, kGdiEntrySize = 24, kGdiKind = 14;
-constexpr BYTE kDeviceContext = 1;
-constexpr long kObjectsOfContext = 3;
+constexpr BYTE kDeviceContext = 1, kRegion = 4, kSurface = 9;
 constexpr size_t kPebOfTeb64 = 0x60, kGdiTableOfPeb64 = 0xF8;
 
 const BYTE* WineGdiTable() {
@@ -85,9 +84,11 @@ long GdiObjects() {
 }
 
 long GdiObjectsBesideContexts() {
-    const long contexts =
-        RunningUnderWine() ? CountGdi([](BYTE kind) { return kind == kDeviceContext; }) : 0;
-    return GdiObjects() - contexts * kObjectsOfContext;
+    if (!RunningUnderWine())
+        return GdiObjects();
+    return CountGdi([](BYTE kind) {
+        return kind != 0 && kind != kDeviceContext && kind != kRegion && kind != kSurface;
+    });
 }
 
 long UserObjects() {

@@ -7,8 +7,9 @@
 namespace vndesk::test {
 
 long GdiObjects();
-// The same without device contexts: Wine keeps released ones, with a region and a surface each. How
-// many there are depends on which windows had the time to paint.
+// The same without device contexts, regions and surfaces: Wine keeps released contexts, with a
+// surface and one or two regions each. How many there are depends on which windows had the time to
+// paint.
 long GdiObjectsBesideContexts();
 // On Wine a sweep over all handle values (windows, menus, icons and cursors): about a second.
 long UserObjects();
