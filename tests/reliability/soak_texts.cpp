@@ -42,6 +42,7 @@ constexpr const wchar_t* kNamesOfControls[] = {L"CmbFld",    L"CmbPredicate", L"
 // refuses; so does a value that is none of its column's type.
 constexpr const wchar_t* kPartsOfErrors[] = {L"syntax error", L"unrecognized token",
                                              L"unterminated quoted string", L"invalid input syntax",
+                                             L"no such column", L"column \"",
                                              // The system menu of Wine's windows tells about Wine
                                              // and its licence.
                                              L"Running on wine", L"Wine is free software"};
