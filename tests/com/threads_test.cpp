@@ -47,7 +47,7 @@ void InThreads(int count, DWORD kind, const std::function<void()>& work) {
             }
             --running;
         });
-    EXPECT_TRUE(PumpUntil([&] { return running == 0; }, 100000));
+    EXPECT_TRUE(PumpUntil([&] { return running == 0; }, FullRun() ? 1500000 : 100000));
     for (std::thread& thread : threads)
         thread.join();
 }

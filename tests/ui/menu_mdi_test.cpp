@@ -121,6 +121,32 @@ TEST(MenuMdi, MenuOfAChildIsTakenAndGivenBack) {
     DestroyMenu(childBar);
 }
 
+LRESULT CALLBACK KeepPositionToOneself(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                       UINT_PTR, DWORD_PTR) {
+    return message == WM_WINDOWPOSCHANGED ? 0 : DefSubclassProc(window, message, wParam, lParam);
+}
+
+TEST(MenuMdi, MenuOfAChildIsTakenWhenTheHostTellsOfIt) {
+    const MdiFrame frame;
+    const HMENU childBar = CreateMenu();
+    AppendMenuW(childBar, MF_STRING, 600, L"&Ghi sổ|Ghi vào sổ cái");
+    {
+        const InstalledFrame menu(frame);
+        const HWND child = frame.AddChild(L"Phiếu thu");
+        // Another hook keeps from ours that the frame has got a new bar.
+        SetWindowSubclass(frame.Frame(), KeepPositionToOneself, 1, 0);
+        frame.SetMenus(childBar, nullptr);
+        EXPECT_FALSE(IsDrawn(childBar, 0));
+        EXPECT_SUCCEEDED(menu->MDIChildMenu(static_cast<long>(reinterpret_cast<LONG_PTR>(child))));
+        EXPECT_TRUE(IsDrawn(childBar, 0));
+        frame.SetMenus(frame.Bar(), frame.Windows());
+        RemoveWindowSubclass(frame.Frame(), KeepPositionToOneself, 1);
+        DestroyWindow(child);
+    }
+    EXPECT_FALSE(IsDrawn(childBar, 0));
+    DestroyMenu(childBar);
+}
+
 TEST(MenuMdi, ListOfWindowsShowsWholeTitles) {
     const MdiFrame frame;
     const InstalledFrame menu(frame);
