@@ -11,6 +11,7 @@
 #include "registered_dll.h"
 #include "support/check_hr.h"
 #include "support/child_process.h"
+#include "support/in_threads.h"
 #include "support/late_bound.h"
 #include "support/reliability.h"
 #include "support/text.h"
@@ -23,33 +24,8 @@ using namespace vndesk::test;
 
 constexpr int kThreads = 4;
 
-class Apartment {
-public:
-    explicit Apartment(DWORD kind) { EXPECT_SUCCEEDED(CoInitializeEx(nullptr, kind)); }
-    ~Apartment() { CoUninitialize(); }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-};
-
-// Runs the work in threads of their own while this one serves its apartment.
-void InThreads(int count, DWORD kind, const std::function<void()>& work) {
-    std::atomic<int> running{count};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < count; ++i)
-        threads.emplace_back([&] {
-            {
-                const Apartment apartment(kind);
-                try {
-                    work();
-                } catch (const std::exception& error) {
-                    ADD_FAILURE() << error.what();
-                }
-            }
-            --running;
-        });
-    EXPECT_TRUE(PumpUntil([&] { return running == 0; }, FullRun() ? 1500000 : 100000));
-    for (std::thread& thread : threads)
-        thread.join();
+DWORD Patience() {
+    return FullRun() ? 1500000 : 100000;
 }
 
 // A user who closes whatever opens.
@@ -78,7 +54,7 @@ private:
 TEST(Threads, EachApartmentMakesObjectsOfItsOwn) {
     const int rounds = Rounds(50, 1000);
     ASSERT_HR(S_OK, CanUnloadNow());
-    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, Patience(), [&](int) {
         for (int i = 0; i < rounds; ++i)
             for (const RegisteredClass& entry : RegisteredClasses()) {
                 const LateBound object(entry.Create().Get());
@@ -105,10 +81,10 @@ private:
 };
 
 TEST(Threads, MarshalledCallsRunInTheObjectsOwnThread) {
-    for (const DWORD kind : {DWORD{COINIT_APARTMENTTHREADED}, DWORD{COINIT_MULTITHREADED}}) {
+    for (const COINIT kind : {COINIT_APARTMENTTHREADED, COINIT_MULTITHREADED}) {
         const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
         Marshalled marshalled(varnok.Dispatch());
-        InThreads(1, kind, [&] {
+        InThreads(1, kind, Patience(), [&](int) {
             const LateBound proxy = marshalled.Get();
             for (int i = 0; i < 50; ++i) {
                 EXPECT_EQ(_bstr_t(L"b"), _bstr_t(proxy.Call(L"Mid1", {L"abc", 2L})));
@@ -132,7 +108,7 @@ TEST(Threads, MultithreadedApartmentWorksThroughProxiesAndLetsItsObjectsGo) {
 TEST(Threads, UnmarshalledCallsOfOtherThreadsDoNoHarm) {
     const int rounds = Rounds(500, 10000);
     const ComPtr<IDispatch> object = LateBound::Create(L"VnDesk.Varnok").Dispatch();
-    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, Patience(), [&](int) {
         const LateBound varnok(object.Get());
         for (int i = 0; i < rounds; ++i) {
             EXPECT_EQ(_bstr_t(L"+"), _bstr_t(varnok.Call(L"Sign", {L"+5"})));
@@ -147,7 +123,7 @@ TEST(Threads, EachThreadShowsFormsOfItsOwn) {
     std::atomic<int> answered{0};
     std::optional<WindowsClosed> closing;
     closing.emplace();
-    InThreads(kThreads, COINIT_APARTMENTTHREADED, [&] {
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, Patience(), [&](int) {
         const LateBound logon = LateBound::Create(L"VnDesk.clsLogon");
         const LateBound combo = LateBound::Create(L"VnDesk.DataCombo1");
         for (int i = 0; i < rounds; ++i) {

@@ -3,10 +3,10 @@
 // thread has its own, and every item looks as when it is drawn alone.
 #include <atomic>
 #include <memory>
-#include <thread>
 
 #include "menu_canvas.h"
 
+#include "support/in_threads.h"
 #include "support/reliability.h"
 #include "support/ui_windows.h"
 
@@ -14,6 +14,7 @@ namespace vndesk::test {
 namespace {
 
 constexpr int kThreads = 4;
+constexpr DWORD kPatienceWithThreads = 60000;
 
 using Items = std::vector<std::unique_ptr<Canvas>>;
 
@@ -32,22 +33,6 @@ bool SameLook(const Items& one, const Items& other) {
                       [](const auto& a, const auto& b) { return *a == *b; });
 }
 
-// In an apartment of its own; this thread serves its windows meanwhile.
-void InThreads(int count, const std::function<void()>& work) {
-    std::atomic<int> running{count};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < count; ++i)
-        threads.emplace_back([&] {
-            EXPECT_SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-            work();
-            CoUninitialize();
-            --running;
-        });
-    EXPECT_TRUE(PumpUntil([&] { return running == 0; }, 60000));
-    for (std::thread& thread : threads)
-        thread.join();
-}
-
 TEST(MenuThreads, EachInstallsDrawsAndTakesBackItsOwn) {
     const Pictures pictures;
     const MenuHost alone;
@@ -58,7 +43,7 @@ TEST(MenuThreads, EachInstallsDrawsAndTakesBackItsOwn) {
         expected = DrawItems(alone);
     }
     std::atomic<int> arrived{0};
-    InThreads(kThreads, [&] {
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, kPatienceWithThreads, [&](int) {
         const Pictures own; // an image list serves one thread
         const MenuHost host;
         ++arrived;
@@ -75,7 +60,7 @@ TEST(MenuThreads, WindowOfAnotherThreadIsRefusedAndChangesNothing) {
     const MenuHost host;
     const MenuLines before = Describe(host.Bar());
     const LONG_PTR procedure = host.Procedure();
-    InThreads(1, [&] {
+    InThreads(1, COINIT_APARTMENTTHREADED, kPatienceWithThreads, [&](int) {
         VARIANT_BOOL done = VARIANT_TRUE;
         EXPECT_SUCCEEDED(CreateCoolMenu()->Install(host.Handle(), InstalledMenu::Missing(),
                                                    InstalledMenu::Missing(), &done));

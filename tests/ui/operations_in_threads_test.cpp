@@ -4,9 +4,9 @@
 #include <comutil.h>
 
 #include <atomic>
-#include <thread>
 
 #include "search.h"
+#include "support/in_threads.h"
 #include "thread_script.h"
 
 namespace vndesk::test {
@@ -33,24 +33,11 @@ protected:
 
     // Runs the operation in all threads at once while this one serves its apartment.
     void Run(const Operation& operation) {
-        std::atomic<int> running{kThreads};
-        std::vector<std::thread> threads;
         arrived_ = 0;
-        for (int i = 0; i < kThreads; ++i)
-            threads.emplace_back([&, i] {
-                EXPECT_SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-                _bstr_t connect(databases_[static_cast<size_t>(i)].ConnectionString().c_str());
-                try {
-                    operation(i, &connect.GetBSTR());
-                } catch (const std::exception& error) {
-                    ADD_FAILURE() << error.what();
-                }
-                CoUninitialize();
-                --running;
-            });
-        EXPECT_TRUE(PumpUntil([&] { return running == 0; }, 2 * kProcessStart));
-        for (std::thread& thread : threads)
-            thread.join();
+        InThreads(kThreads, COINIT_APARTMENTTHREADED, 2 * kProcessStart, [&](int number) {
+            _bstr_t connect(databases_[static_cast<size_t>(number)].ConnectionString().c_str());
+            operation(number, &connect.GetBSTR());
+        });
     }
 
     // Presses a button once all threads have come to the same form.
