@@ -5,6 +5,7 @@
 #include <wrl/client.h>
 
 #include "support/check_hr.h"
+#include "support/new_object.h"
 #include "vndesk_idl.h"
 
 namespace vndesk::test {
@@ -12,11 +13,7 @@ namespace vndesk::test {
 using Microsoft::WRL::ComPtr;
 
 inline ComPtr<IDataCombo1> Create() {
-    CLSID clsid;
-    ComPtr<IDataCombo1> combo;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.DataCombo1", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
-    return combo;
+    return NewObject<IDataCombo1>(L"VnDesk.DataCombo1");
 }
 
 template <class Interface> ComPtr<Interface> As(const ComPtr<IDataCombo1>& combo) {

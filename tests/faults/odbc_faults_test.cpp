@@ -11,7 +11,7 @@
 #include "ado/ado_object.h"
 #include "faulty_odbc.h"
 #include "kept_database.h"
-#include "support/check_hr.h"
+#include "support/new_object.h"
 #include "support/reliability.h"
 #include "support/text.h"
 
@@ -39,11 +39,7 @@ constexpr KindOfFault kFaults[] = {
 
 // A host's own transaction on the library's ADO: both rows or none.
 std::wstring WriteTwice(const SampleDatabase&, const std::wstring& connectionString) {
-    CLSID clsid;
-    ComPtr<_Connection> connection;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"ADODB.Connection", &clsid));
-    EXPECT_SUCCEEDED(
-        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&connection)));
+    const auto connection = NewObject<_Connection>(L"ADODB.Connection");
     const auto run = [&](const wchar_t* statement) {
         ComPtr<_Recordset> rows;
         return connection->Execute(_bstr_t(statement), nullptr, adCmdText, &rows);

@@ -3,6 +3,7 @@
 
 #include "com/kit/com_error.h"
 #include "data/options.h"
+#include "support/new_object.h"
 #include "support/text.h"
 #include "ui/lookup_host.h"
 #include "ui/search.h"
@@ -58,11 +59,8 @@ std::wstring SearchByClass(const SampleDatabase&, const std::wstring& connection
 }
 
 std::wstring SearchAtOnce(const SampleDatabase&, const std::wstring& connection) {
-    CLSID clsid;
-    ComPtr<IVarnok> varnok;
+    const ComPtr<IVarnok> varnok = NewObject<IVarnok>(L"VnDesk.Varnok");
     _bstr_t condition;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.Varnok", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&varnok)));
     EXPECT_SUCCEEDED(varnok->FindShow(_variant_t(connection.c_str()), _bstr_t(L"KhachHang"),
                                       condition.GetAddress()));
     return {static_cast<const wchar_t*>(condition) ? static_cast<const wchar_t*>(condition) : L"",

@@ -15,6 +15,7 @@
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
+#include "support/new_object.h"
 #include "support/ui_windows.h"
 #include "vndesk_idl.h"
 
@@ -23,11 +24,7 @@ namespace vndesk::test {
 inline constexpr wchar_t kComboProgId[] = L"VnDesk.DataCombo1";
 
 inline Microsoft::WRL::ComPtr<IDataCombo1> CreateCombo() {
-    CLSID clsid;
-    Microsoft::WRL::ComPtr<IDataCombo1> combo;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(kComboProgId, &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&combo)));
-    return combo;
+    return NewObject<IDataCombo1>(kComboProgId);
 }
 
 // What a user finds in the combo: its visible list.

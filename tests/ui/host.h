@@ -12,17 +12,14 @@
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
+#include "support/new_object.h"
 #include "support/ui_windows.h"
 #include "vndesk_idl.h"
 
 namespace vndesk::test {
 
 inline Microsoft::WRL::ComPtr<ILogon> CreateLogon() {
-    CLSID clsid;
-    Microsoft::WRL::ComPtr<ILogon> logon;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.clsLogon", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&logon)));
-    return logon;
+    return NewObject<ILogon>(L"VnDesk.clsLogon");
 }
 
 struct Message {

@@ -8,6 +8,7 @@
 #include <atomic>
 
 #include "forms/window_name.h"
+#include "support/new_object.h"
 
 namespace vndesk::test {
 
@@ -48,11 +49,7 @@ public:
 };
 
 inline ComPtr<ISelItem> CreateSelItem() {
-    CLSID clsid;
-    ComPtr<ISelItem> item;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.cSelItem", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&item)));
-    return item;
+    return NewObject<ISelItem>(L"VnDesk.cSelItem");
 }
 
 inline long HandleOf(HWND window) {

@@ -3,6 +3,7 @@
 
 #include <cwchar>
 
+#include "support/new_object.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
@@ -249,11 +250,7 @@ _variant_t Pictures::Handle() const {
 // --- the library ---
 
 Microsoft::WRL::ComPtr<ICoolMenu> CreateCoolMenu() {
-    CLSID clsid;
-    Microsoft::WRL::ComPtr<ICoolMenu> menu;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.clsCoolMenu", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&menu)));
-    return menu;
+    return NewObject<ICoolMenu>(L"VnDesk.clsCoolMenu");
 }
 
 InstalledMenu::InstalledMenu(const MenuHost& host, const _variant_t& help, const _variant_t& images)

@@ -8,15 +8,12 @@
 #include <functional>
 
 #include "support/late_bound.h"
+#include "support/new_object.h"
 
 namespace vndesk::test {
 
 inline Microsoft::WRL::ComPtr<ISearch> CreateSearch() {
-    CLSID clsid;
-    Microsoft::WRL::ComPtr<ISearch> search;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.clsSearch", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&search)));
-    return search;
+    return NewObject<ISearch>(L"VnDesk.clsSearch");
 }
 
 inline _variant_t Missing() {

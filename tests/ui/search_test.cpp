@@ -2,6 +2,7 @@
 // clsSearch and FindShow as hosts use them: connection, owner, result, and what scripts pass.
 #include "search.h"
 
+#include "support/new_object.h"
 #include "support/script_host.h"
 
 namespace vndesk::test {
@@ -10,11 +11,7 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 ComPtr<IVarnok> CreateVarnok() {
-    CLSID clsid;
-    ComPtr<IVarnok> varnok;
-    EXPECT_SUCCEEDED(CLSIDFromProgID(L"VnDesk.Varnok", &clsid));
-    EXPECT_SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&varnok)));
-    return varnok;
+    return NewObject<IVarnok>(L"VnDesk.Varnok");
 }
 
 LateBound ConnectionOf(ISearch& search) {
