@@ -62,3 +62,18 @@ function(unicode_entry target)
         endif()
     endforeach()
 endfunction()
+
+# precompile_headers(target [from]): what nearly every Windows source includes is read once, for this target or for
+# `from`, whose options must be the same. A source does not rely on it: it names what it uses.
+function(precompile_headers target)
+    # GCC forgets of precompiled headers which warnings libstdc++ has switched off in them.
+    target_compile_options(${target} PRIVATE
+        $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds;-Wno-stringop-overread>)
+    if(ARGN)
+        target_precompile_headers(${target} REUSE_FROM ${ARGN})
+    else()
+        target_precompile_headers(${target} PRIVATE
+            <windows.h> <commctrl.h> <comutil.h> <olectl.h> <wrl/client.h>
+            <algorithm> <functional> <memory> <optional> <string> <string_view> <utility> <vector>)
+    endif()
+endfunction()
