@@ -96,8 +96,10 @@ function(com_dll name folder)
         set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${folder}/${name}.def")
     endif()
     if(MINGW)
+        set(map "${CMAKE_CURRENT_BINARY_DIR}/${name}.map")
+        target_link_options(${name} PRIVATE "-Wl,-Map,${map}")
         add_custom_command(TARGET ${name} POST_BUILD
-            COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DDLL=$<TARGET_FILE:${name}>
+            COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DDLL=$<TARGET_FILE:${name}> -DMAP=${map}
                     -P "${CMAKE_SOURCE_DIR}/cmake/check_dll.cmake"
             VERBATIM)
     endif()
