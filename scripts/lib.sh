@@ -9,10 +9,27 @@ build=$root/build
 # Without a symbolizer the sanitizers of native programs take the one of binutils.
 export ASAN_OPTIONS=allow_addr2line=1
 
+# The cache of compiled files serves every clone, and knows precompiled headers by what they hold.
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+
 say() { printf '%s\n' "$*" >&2; }
 die() {
     say "${0##*/}: $*"
     exit 1
+}
+
+# with_dots LOG COMMAND...: runs a command with its output in a file; dots tell that it goes on.
+with_dots() {
+    local log=$1 dots
+    shift
+    while sleep 2; do printf . >&2; done &
+    dots=$!
+    "$@" </dev/null >"$log" 2>&1
+    set -- $?
+    kill "$dots"
+    wait "$dots" 2>/dev/null
+    echo >&2
+    return "$1"
 }
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
@@ -71,11 +88,14 @@ stop_display() {
     wait "$display_pid" 2>/dev/null
 }
 
+# own_prefix ARCH: the name of the project's prefix, of which each lane of the tests has its own.
+own_prefix() { printf '%s' "$1${VNDESK_LANE:+-$VNDESK_LANE}"; }
+
 # wine_environment ARCH: what every program in a prefix of that architecture is given. VNDESK_PREFIX names
 # another prefix than the project's own, in which nothing gets registered (scripts/setup-prefix).
 wine_environment() {
     arch=$1
-    export WINEPREFIX=$build/prefix-${VNDESK_PREFIX:-$arch}
+    export WINEPREFIX=$build/prefix-${VNDESK_PREFIX:-$(own_prefix "$arch")}
     # Hints about the machine (no Bluetooth, no Vulkan) are no one's business here.
     export WINEDEBUG=${WINEDEBUG:-fixme-all,err-winediag,err-ntoskrnl,err-vulkan}
     # No download prompts for .NET and HTML, no menu entries in the user's home.

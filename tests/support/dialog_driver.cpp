@@ -5,7 +5,7 @@
 #include <exception>
 #include <gtest/gtest.h>
 
-#include "support/screenshot.h"
+#include "support/failure_picture.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 
@@ -78,11 +78,12 @@ void DialogDriver::Run(const std::function<void()>& script, DWORD grace) {
         return;
     if (WaitForSingleObject(returned_, 0) == WAIT_OBJECT_0)
         return;
-    SaveDesktop(L"left-open");
+    const std::string picture = PictureOfFailure();
     for (HWND window : LeftOver())
         failure_ += "\nleft open: " + ToUtf8(DescribeWindow(window));
     if (failure_.empty())
         failure_ = "the modal call does not return, though no window is open";
+    failure_ += picture;
     while (WaitForSingleObject(returned_, 100) != WAIT_OBJECT_0)
         CloseLeftOver();
 }

@@ -21,7 +21,7 @@ public:
     // The script may use GoogleTest's assertions and everything that throws std::exception.
     // After a failure, or when windows stay open `grace` milliseconds after the script's end, the
     // left-over windows are closed, so that the modal call returns and the test fails.
-    explicit DialogDriver(std::function<void()> script, DWORD grace = 5000);
+    explicit DialogDriver(std::function<void()> script, DWORD grace = 10000);
     ~DialogDriver(); // finishes when that was not done
 
     DialogDriver(const DialogDriver&) = delete;

@@ -11,7 +11,7 @@
 #include <windows.h>
 
 #include "support/env.h"
-#include "support/screenshot.h"
+#include "support/failure_picture.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 #ifdef _MSC_VER
@@ -130,8 +130,7 @@ DWORD WINAPI Watch(void*) {
             PrintStack(context);
         // Saving a picture can need a lock that the stopped thread holds.
         ResumeThread(mainThread);
-        const std::wstring picture = SaveDesktop(L"hang");
-        Print("  screen: %s\n", ToUtf8(picture).c_str());
+        Print("%s\n", PictureOfFailure().c_str());
         TerminateProcess(GetCurrentProcess(), kHangs);
     }
 }
@@ -140,6 +139,10 @@ class Watchdog : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo& test) override {
         currentTest = &test;
         testStart = GetTickCount64();
+    }
+    void OnTestPartResult(const testing::TestPartResult& result) override {
+        if (result.failed())
+            Print("%s\n", PictureOfFailure().c_str());
     }
     void OnTestEnd(const testing::TestInfo&) override {
         testStart = 0;

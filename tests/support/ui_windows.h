@@ -12,7 +12,7 @@
 
 namespace vndesk::test {
 
-constexpr DWORD kPatience = 5000; // milliseconds
+constexpr DWORD kPatience = 10000; // milliseconds, for a machine that does much else
 
 // Polls until the condition holds. PumpUntil also dispatches the calling thread's messages.
 bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds = kPatience);
