@@ -1,14 +1,17 @@
 # SPDX-License-Identifier: MIT
 # The commands of the project; what they do is in scripts/.
-.PHONY: build test fuzz soak reliability demo reference format check-format bench installer setup setup-x86 clean
+.PHONY: build check test fuzz soak reliability demo reference format check-format bench installer setup setup-x86 clean
 
 build:
 	@scripts/build
+# The inner loop: builds what has changed and runs the tests that can notice it.
+check:
+	@scripts/check
 test:
 	@scripts/test
 fuzz:
 	@scripts/build native && scripts/fuzz
-demo: build
+demo:
 	@scripts/demo
 reference:
 	@scripts/reference
