@@ -123,7 +123,7 @@ TEST(AssemblyManifestTest, NamesTheFileTheVersionAndTheProcessor) {
     const std::vector<Element> identities = Named(assembly, L"assemblyIdentity");
     ASSERT_EQ(1u, identities.size()) << "it needs nothing else";
     EXPECT_EQ(L"vndesk", identities[0][L"name"]) << "the loader looks for <name>.dll";
-    EXPECT_EQ(VNDESK_WIDE_VERSION, identities[0][L"version"]);
+    EXPECT_EQ(FromUtf8(VNDESK_INTERFACE_VERSION) + L".0.0", identities[0][L"version"]);
     EXPECT_EQ(sizeof(void*) == 8 ? L"amd64" : L"x86", identities[0][L"processorArchitecture"]);
     const std::vector<Element> files = Named(assembly, L"file");
     ASSERT_EQ(1u, files.size());
@@ -166,7 +166,7 @@ TEST(AssemblyManifestTest, HasTheTypeLibraryAndEveryInterface) {
     const std::vector<Element> libraries = Named(assembly, L"typelib");
     ASSERT_EQ(1u, libraries.size());
     EXPECT_EQ(RegisteredLibraryId(), libraries[0][L"tlbid"]);
-    EXPECT_EQ(FromUtf8(VNDESK_SHORT_VERSION), libraries[0][L"version"]);
+    EXPECT_EQ(FromUtf8(VNDESK_INTERFACE_VERSION), libraries[0][L"version"]);
     EXPECT_EQ(1u, libraries[0].attributes.count(L"helpdir")) << "the platform asks for it";
 
     std::map<std::wstring, Element> stubs;

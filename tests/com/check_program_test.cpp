@@ -375,6 +375,7 @@ std::wstring VersionTextOf(const std::wstring& path, const wchar_t* name) {
 
 TEST(VersionTest, FilesAndTypeLibraryHaveTheVersionOfTheProject) {
     const std::wstring shortVersion = FromUtf8(VNDESK_SHORT_VERSION);
+    const std::wstring interfaces = FromUtf8(VNDESK_INTERFACE_VERSION);
     for (const wchar_t* name : {L"vndesk.dll", L"adobridge.dll", L"vndesk-check.exe"}) {
         EXPECT_EQ(VNDESK_WIDE_VERSION, VersionTextOf(BesideTests(name), L"FileVersion"))
             << ToUtf8(name);
@@ -384,12 +385,12 @@ TEST(VersionTest, FilesAndTypeLibraryHaveTheVersionOfTheProject) {
     const ComPtr<ITypeLib> library = RegisteredTypeLibrary();
     TLIBATTR* attributes = nullptr;
     ASSERT_SUCCEEDED(library->GetLibAttr(&attributes));
-    EXPECT_EQ(shortVersion, std::to_wstring(attributes->wMajorVerNum) + L"." +
-                                std::to_wstring(attributes->wMinorVerNum));
+    EXPECT_EQ(interfaces, std::to_wstring(attributes->wMajorVerNum) + L"." +
+                              std::to_wstring(attributes->wMinorVerNum));
     library->ReleaseTLibAttr(attributes);
     BSTR help = nullptr;
     ASSERT_SUCCEEDED(library->GetDocumentation(-1, nullptr, &help, nullptr, nullptr));
-    EXPECT_EQ(0u, std::wstring(help).find(L"VnDesk " + shortVersion + L":"));
+    EXPECT_EQ(0u, std::wstring(help).find(L"VnDesk " + interfaces + L":"));
     SysFreeString(help);
 }
 

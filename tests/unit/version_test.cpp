@@ -22,16 +22,18 @@ std::string Between(const std::string& text, const std::string& before, const st
 } // namespace
 
 TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
-    const std::string version = VNDESK_SHORT_VERSION;
+    const std::string version = VNDESK_SHORT_VERSION, interfaces = VNDESK_INTERFACE_VERSION;
     EXPECT_EQ(version, Between(ReadSource("CMakeLists.txt"), "project(VnDesk VERSION ", " "));
     const std::string idl = ReadSource("src/com/vndesk.idl");
-    EXPECT_EQ(version, Between(idl, "version(", ")"));
-    EXPECT_EQ(version, Between(idl, "helpstring(\"VnDesk ", ":"));
+    EXPECT_EQ(interfaces, Between(idl, "version(", ")"));
+    EXPECT_EQ(interfaces, Between(idl, "helpstring(\"VnDesk ", ":"));
     // The newest entry comes first; a date or a word may follow.
     const std::string newest = Between(ReadSource("CHANGELOG.md"), "\n## ", "\n");
     EXPECT_EQ(version, newest.substr(0, newest.find_first_of(", ")));
-    EXPECT_EQ(version, Between(ReadSource("README.md"), "reference to \"VnDesk ", "\""));
-    EXPECT_EQ(version + ".0.0", VNDESK_VERSION);
+    EXPECT_EQ(interfaces, Between(ReadSource("README.md"), "reference to \"VnDesk ", "\""));
+    EXPECT_EQ(version, Between(ReadSource("README.md"), "dist/vndesk-", "-setup.exe"));
+    EXPECT_EQ(version + ".0", VNDESK_VERSION);
+    EXPECT_EQ(0u, version.find(interfaces + "."));
 }
 
 TEST(Version, IsWrittenIntoNoResourceByHand) {
