@@ -77,3 +77,20 @@ function(precompile_headers target)
             <algorithm> <functional> <memory> <optional> <string> <string_view> <utility> <vector>)
     endif()
 endfunction()
+
+# code_of_page(target page language count): a target that writes the page's blocks of code in a language to
+# generated/pages/<target>1.inc and so on, so that what a document shows can be compiled and run.
+function(code_of_page target page language count)
+    set(prefix "${CMAKE_BINARY_DIR}/generated/pages/${target}")
+    set(script "${CMAKE_SOURCE_DIR}/cmake/code_of_page.cmake")
+    set(blocks "")
+    foreach(number RANGE 1 ${count})
+        list(APPEND blocks "${prefix}${number}.inc")
+    endforeach()
+    add_custom_command(OUTPUT ${blocks}
+        COMMAND ${CMAKE_COMMAND} "-DPAGE=${CMAKE_SOURCE_DIR}/${page}" -DLANGUAGE=${language} -DCOUNT=${count}
+                "-DOUT=${prefix}" -P "${script}"
+        DEPENDS "${CMAKE_SOURCE_DIR}/${page}" "${script}"
+        VERBATIM)
+    add_custom_target(${target} DEPENDS ${blocks})
+endfunction()

@@ -23,8 +23,8 @@ ${Text} LibraryName "Library" "Thư viện"
 ${Text} LibraryText "The library, registered for 32-bit and 64-bit programs." \
     "Thư viện, được đăng ký cho chương trình 32 bit và 64 bit."
 ${Text} DeveloperName "Documents and samples" "Tài liệu và ví dụ"
-${Text} DeveloperText "Guides, sample hosts in source form, database scripts, the IDL file and the header." \
-    "Hướng dẫn, mã nguồn chương trình ví dụ, tập lệnh tạo cơ sở dữ liệu, tệp IDL và tệp tiêu đề."
+${Text} DeveloperText "Guides, a sample program to try, sample hosts in source form, database scripts, the IDL file and the header." \
+    "Hướng dẫn, một chương trình để dùng thử, mã nguồn chương trình ví dụ, tập lệnh tạo cơ sở dữ liệu, tệp IDL và tệp tiêu đề."
 ${Text} WineName "ADO for Wine" "ADO cho Wine"
 ${Text} WineText "Databases under Wine, whose own ADO does not serve." \
     "Truy cập cơ sở dữ liệu trong Wine, vì ADO của Wine chưa dùng được."

@@ -38,6 +38,7 @@ Section "un.VnDesk"
     ReadRegStr $0 SHCTX "${ENTRY}" "InstallLocation"
     ${If} $0 == $INSTDIR
         ReadRegStr $createdFolder SHCTX "${ENTRY}" "CreatedFolder"
+        Call un.RemoveMenuEntries
         DeleteRegKey SHCTX "${ENTRY}"
         DeleteRegKey /ifempty HKCU "${ENTRIES}"
     ${EndIf}

@@ -54,6 +54,7 @@ VIAddVersionKey /LANG=0 LegalCopyright "MIT License"
 
 !include common.nsh
 !include scope.nsh
+!include menu.nsh
 !include install.nsh
 
 !insertmacro MUI_PAGE_WELCOME
@@ -100,6 +101,9 @@ SectionEnd
 
 Section "$(DeveloperName)" SectionDeveloper
     !insertmacro Component developer
+    ${If} $hasX64 == 1
+        !insertmacro Component developer64
+    ${EndIf}
 SectionEnd
 
 Section "$(WineName)" SectionWine
@@ -114,6 +118,7 @@ Section "-finish"
     Call WriteEntry
     Call RemoveOldFiles
     Call RemoveOtherInstallations
+    Call MakeMenuEntries
 SectionEnd
 
 Function .onInstFailed

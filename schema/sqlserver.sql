@@ -1,6 +1,7 @@
 -- SPDX-License-Identifier: MIT
 -- Sample database for SQL Server. Run it in an empty database made with
 -- CREATE DATABASE VnDeskSample COLLATE Vietnamese_CI_AS, so that text compares without regard to case.
+-- The field catalogue has no dates: SQL Server does not read the search dialog's date literals.
 SET NOCOUNT ON;
 SET XACT_ABORT ON;
 BEGIN TRANSACTION;
@@ -105,7 +106,6 @@ INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VAL
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (20, N'KhachHang', N'Name', N'Tên khách hàng', 10, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (30, N'KhachHang', N'MaTinh', N'Tỉnh thành', 10, N'TinhThanh');
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (40, N'KhachHang', N'DiaChi', N'Địa chỉ', 11, NULL);
-INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (50, N'KhachHang', N'NgayLap', N'Ngày lập thẻ', 8, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (60, N'KhachHang', N'SoDonHang', N'Số đơn hàng', 3, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (70, N'KhachHang', N'CongNo', N'Công nợ', 13, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (80, N'KhachHang', N'KhachSi', N'Khách sỉ (1 có, 0 không)', 1, NULL);
@@ -115,7 +115,6 @@ INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VAL
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (140, N'HangHoa', N'DonVi', N'Đơn vị tính', 10, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (150, N'HangHoa', N'SoLuong', N'Số lượng tồn', 3, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (160, N'HangHoa', N'DonGia', N'Đơn giá', 13, NULL);
-INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (170, N'HangHoa', N'NgayNhap', N'Ngày nhập', 8, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (180, N'HangHoa', N'ConBan', N'Còn bán (1 có, 0 không)', 1, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (190, N'HangHoa', N'MoTa', N'Mô tả', 11, NULL);
 SET IDENTITY_INSERT [LstFld] OFF;

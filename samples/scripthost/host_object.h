@@ -25,18 +25,19 @@ public:
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* wrong) override;
 
-protected:
     struct Member {
         const wchar_t* name;
         DISPID id;
     };
     using Arguments = std::vector<VARIANT*>; // in the order of the call
 
-    virtual ~ScriptObject() = default;
     virtual std::pair<const Member*, size_t> Members() const = 0;
     // A failure's text goes into `error`; `result` is never null.
     virtual HRESULT Call(DISPID id, const Arguments& arguments, VARIANT* result,
                          std::wstring& error) = 0;
+
+protected:
+    virtual ~ScriptObject() = default;
 
 private:
     LONG references_ = 1;

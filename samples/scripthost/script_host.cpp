@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 
+#include "bare_words.h"
 #include "host_object.h"
 
 namespace vndesk {
@@ -104,7 +105,11 @@ ScriptHost::ScriptHost(const wchar_t* language, Echo echo, Quit onQuit) {
         throw std::runtime_error("this script language is not installed");
     host_->SetEngine(engine_.Get());
     site_->AddObject(L"WScript", host_.Get());
-    engine_->AddNamedItem(L"WScript", SCRIPTITEM_ISVISIBLE | SCRIPTITEM_GLOBALMEMBERS);
+    engine_->AddNamedItem(L"WScript", SCRIPTITEM_ISVISIBLE);
+    ComPtr<IDispatch> words;
+    *words.GetAddressOf() = new BareWords(host_.Get());
+    site_->AddObject(L"BareWords", words.Get());
+    engine_->AddNamedItem(L"BareWords", SCRIPTITEM_GLOBALMEMBERS);
 }
 
 ScriptHost::~ScriptHost() {

@@ -2,7 +2,7 @@
 // A small Windows script host: runs VBScript or JScript text in this process. Scripts see the
 // object WScript (Echo, Quit, Sleep, Arguments, CreateObject, ConnectObject) and the bare words
 // Echo and Connect(object, prefix), which joins an object's events to procedures
-// <prefix><event name>.
+// <prefix><event name>. A script may use these words for variables of its own.
 #pragma once
 #include <functional>
 #include <map>

@@ -208,6 +208,20 @@ TEST(ScriptHostTest, EventsReachTheScriptAndByRefArgumentsComeBack) {
     EXPECT_FALSE(source.Connected());
 }
 
+// Scripts for Windows' own host, which has no bare words, use them for variables.
+TEST(ScriptHostTest, ABareWordMayBeAVariableOfTheScript) {
+    for (const wchar_t* language : {L"VBScript", L"JScript"}) {
+        ScriptRunner script(language);
+        script.RunOk(L"connect = \"Provider=x\"\narguments = 3\nsleep = arguments + 1\n"
+                     L"WScript.Echo(connect)\nEcho(sleep)\nconnect = \"y\"\nEcho(connect)\n"
+                     L"WScript.Echo(WScript.Arguments.Count)");
+        EXPECT_EQ((std::vector<std::wstring>{L"Provider=x", L"4", L"y", L"0"}), script.Lines());
+    }
+    ScriptRunner script;
+    script.RunOk(L"Set connect = WScript\nconnect.Echo \"an object\"\n");
+    EXPECT_EQ((std::vector<std::wstring>{L"an object"}), script.Lines());
+}
+
 TEST(ScriptHostTest, ConnectWithoutEventsFails) {
     ComPtr<ITypeLib> library;
     Source source(EventTypes(library).Get()); // names no event interface

@@ -3,6 +3,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 #include <map>
+#include <sstream>
 #include <wincodec.h>
 #include <wrl/client.h>
 
@@ -95,11 +96,26 @@ std::map<std::wstring, int> RowsPerTable(const wchar_t* script) {
 }
 
 TEST(SchemaTest, AllScriptsHoldTheSameRows) {
-    const auto jet = RowsPerTable(L"jet.sql");
+    auto jet = RowsPerTable(L"jet.sql");
     EXPECT_EQ(11u, jet.size());
-    EXPECT_EQ(jet, RowsPerTable(L"sqlserver.sql"));
     EXPECT_EQ(jet, RowsPerTable(L"sqlite.sql"));
     EXPECT_EQ(jet, RowsPerTable(L"postgresql.sql"));
+    // But for the two fields with dates, whose literals SQL Server does not read.
+    jet[L"lstfld"] -= 2;
+    EXPECT_EQ(jet, RowsPerTable(L"sqlserver.sql"));
+}
+
+TEST(SchemaTest, CatalogueOfSqlServerHasNoDates) {
+    const auto fields = [](const wchar_t* script) {
+        std::wistringstream lines(ReadUtf8File(SourceDir() + L"\\schema\\" + script));
+        int dates = 0;
+        for (std::wstring line; std::getline(lines, line);)
+            dates += line.starts_with(L"INSERT INTO [LstFld]") &&
+                     line.find(L", 8, ") != std::wstring::npos;
+        return dates;
+    };
+    EXPECT_EQ(2, fields(L"jet.sql"));
+    EXPECT_EQ(0, fields(L"sqlserver.sql"));
 }
 
 TEST(SchemaTest, OneRightsColumnPerMenuBar) {

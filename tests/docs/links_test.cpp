@@ -15,27 +15,8 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Target {
-    std::string path; // empty for the page itself
-    std::string heading;
-};
-
-// The targets of [text](target) that are no addresses on the net.
-std::vector<Target> RelativeLinks(const docs::Page& page) {
-    static const std::regex link(R"(\]\(([^)\s]+)\))");
-    std::vector<Target> targets;
-    for (std::sregex_iterator at(page.prose.begin(), page.prose.end(), link), end; at != end;
-         ++at) {
-        const std::string target = (*at)[1];
-        if (target.find("://") != std::string::npos)
-            continue;
-        const std::size_t mark = target.find('#');
-        targets.push_back(
-            {target.substr(0, mark), mark == std::string::npos ? "" : target.substr(mark + 1)});
-    }
-    return targets;
-}
+using docs::RelativeLinks;
+using docs::Target;
 
 // The names by which the headings of a page are linked to: lower case, blanks as dashes, without
 // signs.
@@ -92,6 +73,14 @@ TEST(DocumentTest, EveryPictureIsShownSomewhere) {
             << entry.path().filename() << " is in no document";
     }
     EXPECT_LT(20, pictures);
+}
+
+// At 96 dpi letters with two marks above look alike; scripts/pictures takes them at 144.
+TEST(DocumentTest, PicturesHaveTheResolutionInWhichTonesCanBeRead) {
+    // The chunk that holds the pixels per metre, both ways, and the unit.
+    const std::string size("pHYs\0\0\x16\x25\0\0\x16\x25\x01", 13);
+    for (const auto& entry : fs::directory_iterator(docs::Root() / "docs" / "img"))
+        EXPECT_NE(std::string::npos, docs::ReadFile(entry.path()).find(size)) << entry.path();
 }
 
 // A reader who starts at docs/README.md finds every document: each folder's own list names its

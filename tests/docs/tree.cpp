@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -79,6 +80,21 @@ const std::vector<Page>& AllPages() {
         return found;
     }();
     return pages;
+}
+
+std::vector<Target> RelativeLinks(const Page& page) {
+    static const std::regex link(R"(\]\(([^)\s]+)\))");
+    std::vector<Target> targets;
+    for (std::sregex_iterator at(page.prose.begin(), page.prose.end(), link), end; at != end;
+         ++at) {
+        const std::string target = (*at)[1];
+        if (target.find("://") != std::string::npos)
+            continue;
+        const std::size_t mark = target.find('#');
+        targets.push_back(
+            {target.substr(0, mark), mark == std::string::npos ? "" : target.substr(mark + 1)});
+    }
+    return targets;
 }
 
 } // namespace docs

@@ -23,4 +23,12 @@ struct Page {
 // Every Markdown file of the project; what builds make is not part of it.
 const std::vector<Page>& AllPages();
 
+struct Target {
+    std::string path; // empty for the page itself
+    std::string heading;
+};
+
+// The targets of [text](target) that are no addresses on the net.
+std::vector<Target> RelativeLinks(const Page& page);
+
 } // namespace docs

@@ -2,11 +2,15 @@
 // Installing and removing, in a Wine prefix where the library has never been.
 #include <algorithm>
 
+#include <shlobj.h>
+#include <wrl/client.h>
+
 #include "install_fixture.h"
 
 namespace {
 
 using namespace vndesk::test;
+using Microsoft::WRL::ComPtr;
 using testing::HasSubstr;
 
 TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
@@ -30,6 +34,43 @@ TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
     EXPECT_NEAR(static_cast<double>(bytes) / 1024, EntryNumber(entry, L"EstimatedSize"), 200);
 
     RemoveAsTheSystemDoes(AllUsers());
+}
+
+// What an entry of the start menu starts.
+std::wstring MenuEntry(int menu, const std::wstring& name) {
+    wchar_t folder[MAX_PATH] = L"", program[MAX_PATH] = L"", words[MAX_PATH] = L"";
+    SHGetFolderPathW(nullptr, menu, nullptr, 0, folder);
+    const std::wstring file = std::wstring(folder) + L"\\VnDesk\\VnDesk " + name + L".lnk";
+    ComPtr<IShellLinkW> link;
+    ComPtr<IPersistFile> stored;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_PPV_ARGS(&link))) ||
+        FAILED(link.As(&stored)) || FAILED(stored->Load(file.c_str(), STGM_READ)) ||
+        FAILED(link->GetPath(program, MAX_PATH, nullptr, SLGP_RAWPATH)) ||
+        FAILED(link->GetArguments(words, MAX_PATH)))
+        return L"";
+    EXPECT_TRUE(FileExists(program)) << ToUtf8(program);
+    return program + (*words ? L" " + std::wstring(words) : L"");
+}
+
+TEST_F(InstallTest, EntriesOfTheStartMenuLeadToWhatIsThere) {
+    for (const auto& [scope, menu] : {std::pair(&AllUsers(), CSIDL_COMMON_PROGRAMS),
+                                      std::pair(&CurrentUser(), CSIDL_PROGRAMS)}) {
+        const std::wstring& folder = scope->defaultFolder;
+        ASSERT_EQ(kDone, RunSetup(scope->option));
+        EXPECT_EQ(folder + L"\\samples\\start.cmd tour", MenuEntry(menu, L"sample program"));
+        EXPECT_EQ(folder + L"\\docs", MenuEntry(menu, L"documents"));
+        for (const auto& [bits, arch] : {std::pair(L"32", L"x86"), std::pair(L"64", L"x64")}) {
+            const std::wstring check = folder + L"\\" + arch + L"\\vndesk-check.exe";
+            EXPECT_TRUE(FileExists(check));
+            EXPECT_TRUE(MenuEntry(menu, L"check (" + std::wstring(bits) + L"-bit)")
+                            .ends_with(L"\\cmd.exe /k \"\"" + check + L"\"\""));
+        }
+        for (const wchar_t* file : {L"x86\\vntour.exe", L"x64\\vntour.exe", L"schema\\sample.db"})
+            EXPECT_TRUE(FileExists(folder + L"\\" + file)) << ToUtf8(file);
+        EXPECT_EQ(kDone, RunUninstaller(folder));
+        EXPECT_EQ(L"", MenuEntry(menu, L"sample program"));
+    }
 }
 
 // Wine does not let a user's classes be found, so that they can only be read here. It keeps them in

@@ -173,6 +173,7 @@ void GuardProcess() {
 } // namespace
 
 int main(int argc, char** argv) {
+    SetProcessDPIAware(); // pixels are those of the screen, also for scripts/pictures
     setvbuf(stdout, nullptr, _IONBF, 0); // a killed process keeps what it has said
     SetConsoleOutputCP(CP_UTF8);
     GuardProcess();

@@ -111,6 +111,13 @@ MenuLines Describe(HMENU menu) {
 
 // --- the window ---
 
+int ToScreen(int pixels) {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return MulDiv(pixels, dpi, 96);
+}
+
 MenuHost::MenuHost(Kind kind, DWORD exStyle) {
     const HINSTANCE module = GetModuleHandleW(nullptr);
     const bool ansi = kind == Kind::Ansi;
@@ -132,8 +139,8 @@ MenuHost::MenuHost(Kind kind, DWORD exStyle) {
         type.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
         type.lpszClassName = kClass;
         RegisterClassW(&type);
-        window_ = CreateWindowExW(exStyle, kClass, L"Kế toán", WS_OVERLAPPEDWINDOW, 60, 60, 520,
-                                  420, nullptr, MakeBar(), module, this);
+        window_ = CreateWindowExW(exStyle, kClass, L"Kế toán", WS_OVERLAPPEDWINDOW, 60, 60,
+                                  ToScreen(520), ToScreen(420), nullptr, MakeBar(), module, this);
     }
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }

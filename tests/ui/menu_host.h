@@ -27,6 +27,9 @@ UINT TypeOf(HMENU menu, UINT position);
 ULONG_PTR DataOf(HMENU menu, UINT position);
 std::wstring CaptionOf(HMENU menu, UINT position);
 
+// Pixels of a screen with 96 to the inch, as so many of this one.
+int ToScreen(int pixels);
+
 enum MenuCommand : UINT {
     kOpen = 100,
     kSave,

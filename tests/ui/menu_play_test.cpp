@@ -97,7 +97,7 @@ void Play(const MenuHost& host, const std::function<void()>& script) {
 void SaveMenus(const MenuHost& host, const wchar_t* name) {
     RECT area;
     GetWindowRect(host.Window(), &area);
-    area.bottom = area.top + 60;
+    area.bottom = area.top + ToScreen(60);
     for (const HWND popup : Popups()) {
         RECT box;
         GetWindowRect(popup, &box);

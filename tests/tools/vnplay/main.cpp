@@ -226,6 +226,7 @@ int wmain(int argc, wchar_t** argv) {
         return 2;
     }
     SetConsoleOutputCP(CP_UTF8);
+    SetProcessDPIAware(); // pictures of the tour are in its own pixels
     try {
         return vndesk::test::PlayProgram({argv + 1, argv + argc});
     } catch (const std::exception& error) {

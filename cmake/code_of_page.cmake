@@ -1,0 +1,22 @@
+# SPDX-License-Identifier: MIT
+# cmake -DPAGE=page.md -DLANGUAGE=cpp -DCOUNT=2 -DOUT=prefix -P code_of_page.cmake: writes the page's blocks of code
+# in that language as they stand to <prefix>1.inc, <prefix>2.inc ... COUNT of them must be there.
+cmake_minimum_required(VERSION 3.22)
+file(READ "${PAGE}" rest)
+set(number 0)
+while(TRUE)
+    string(FIND "${rest}" "\n```${LANGUAGE}\n" begin)
+    if(begin EQUAL -1)
+        break()
+    endif()
+    string(LENGTH "\n```${LANGUAGE}\n" length)
+    math(EXPR begin "${begin} + ${length}")
+    string(SUBSTRING "${rest}" ${begin} -1 rest)
+    string(FIND "${rest}" "```" end)
+    string(SUBSTRING "${rest}" 0 ${end} block)
+    math(EXPR number "${number} + 1")
+    file(WRITE "${OUT}${number}.inc" "${block}")
+endwhile()
+if(NOT number EQUAL COUNT)
+    message(FATAL_ERROR "${PAGE} has ${number} blocks of ${LANGUAGE}, not ${COUNT}")
+endif()
