@@ -6,6 +6,8 @@
 #include "data/number_text.h"
 #include "text/ascii_text.h"
 
+#include <algorithm>
+
 namespace vndesk {
 
 namespace {
@@ -34,6 +36,13 @@ std::wstring TextLiteral(std::wstring_view open, std::wstring_view value, std::w
     return std::wstring(UnicodePrefix(dbKind)) + Enclose(open, DoubleQuotes(value), close);
 }
 
+// What may keep an engine from counting an apostrophe, or end the statement before it: other
+// quotes, comments, the end of a statement, escapes, and the zero that cuts a text.
+bool HidesApostrophes(std::wstring_view text) {
+    using namespace std::string_view_literals;
+    return text.find_first_of(L"\"`[]$\\{}?#;-/\0"sv) != std::wstring_view::npos;
+}
+
 } // namespace
 
 std::wstring_view UnicodePrefix(DatabaseKind dbKind) {
@@ -42,6 +51,24 @@ std::wstring_view UnicodePrefix(DatabaseKind dbKind) {
 
 std::wstring SqlQuote(std::wstring_view text, DatabaseKind dbKind) {
     return std::wstring(UnicodePrefix(dbKind)) + Enclose(L"'", text, L"'");
+}
+
+bool EndsLiteral(std::wstring_view text) {
+    return text.find(L'\'') != std::wstring_view::npos;
+}
+
+bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_view doubled) {
+    long ended = 0;
+    bool leavesOpen = false;
+    bool hides = HidesApostrophes(doubled);
+    for (const std::wstring_view text : asTyped) {
+        hides = hides || HidesApostrophes(text);
+        if (!EndsLiteral(text))
+            continue;
+        ++ended;
+        leavesOpen = std::count(text.begin(), text.end(), L'\'') % 2 != 0;
+    }
+    return ended > 1 || (ended == 1 && (hides || !leavesOpen));
 }
 
 std::wstring DoubleQuotes(std::wstring_view text) {

@@ -3,6 +3,7 @@
 // national characters.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,15 @@ std::wstring_view UnicodePrefix(DatabaseKind dbKind);
 
 // Prefix and apostrophes around the text as it stands: inner apostrophes are not doubled.
 std::wstring SqlQuote(std::wstring_view text, DatabaseKind dbKind);
+
+// Whether a text ends the literal that it stands in as it is.
+bool EndsLiteral(std::wstring_view text);
+
+// Whether an engine could take a statement that holds these texts between apostrophes as they are
+// for another one than was meant, with conditions or statements of the texts' own. Not when one of
+// them leaves a literal open up to the statement's end: every engine refuses that as a whole.
+// `doubled` stands in the same statement with its apostrophes doubled.
+bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_view doubled = {});
 
 // Doubles every apostrophe and every double quote.
 std::wstring DoubleQuotes(std::wstring_view text);

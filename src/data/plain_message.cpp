@@ -6,7 +6,9 @@
 namespace vndesk {
 
 void PlainMessage(const std::wstring& text, const wchar_t* title) {
-    MessageBoxW(GetActiveWindow(), text.c_str(), title, MB_OK);
+    const HWND owner = GetActiveWindow();
+    // Without an owner to disable, all windows of the host wait.
+    MessageBoxW(owner, text.c_str(), title, owner ? MB_OK : MB_OK | MB_TASKMODAL);
 }
 
 } // namespace vndesk

@@ -6,18 +6,13 @@
 #include "data/number_text.h"
 #include "find/format_value.h"
 #include "text/ascii_text.h"
+#include "text/capitals.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
 
 namespace {
-
-std::wstring InCapitals(std::wstring text) {
-    for (wchar_t& ch : text)
-        ch = ToUpperAscii(ch);
-    return text;
-}
 
 bool NeedsNumber(long fieldType) {
     return fieldType == 3 || fieldType == 13;

@@ -1,28 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "common_controls.h"
 
-#include "com/kit/com_error.h"
+#include "library.h"
 #include "theme_scope.h"
 
 namespace vndesk {
 
 namespace {
-
-// One of the platform's libraries. It stays loaded, as windows of its classes keep it anyway.
-class Library {
-public:
-    explicit Library(const wchar_t* name) : module_(LoadLibraryW(name)) {}
-
-    template <class Function> void Find(Function& function, const char* name) const {
-        function =
-            reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
-        if (!function)
-            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
-    }
-
-private:
-    HMODULE module_;
-};
 
 CommonControls FindAll() {
     const ThemeScope manifest;

@@ -67,6 +67,9 @@ long ItemList::ListIndex() const {
 void ItemList::SetListIndex(long index) {
     if (control_.Flags() & kMultiSelect) {
         Send(LB_SETSEL, FALSE, -1);
+        // The platform takes -1 for all items.
+        if (index < 0)
+            return;
         Send(LB_SETSEL, TRUE, index);
         Send(LB_SETCARETINDEX, static_cast<WPARAM>(index));
     } else {
@@ -104,6 +107,9 @@ long ItemList::FindText(const std::wstring& text) const {
 
 // The platform has no message for it: the item is put in anew, with its data and selection.
 void ItemList::SetText(long index, const std::wstring& text) {
+    // It would be added at the end.
+    if (index < 0 || index >= ListCount())
+        return;
     const long data = ItemData(index);
     const long current = ListIndex();
     const bool selected = Selected(index);

@@ -21,11 +21,13 @@ public:
     long NewIndex() const { return newIndex_; }
     long ListCount() const;
     long ListIndex() const;
+    // -1 leaves none selected.
     void SetListIndex(long index);
     long ItemData(long index) const;
     void SetItemData(long index, long data);
     bool Selected(long index) const;
     std::wstring Text(long index) const;
+    // Nothing where there is no such item.
     void SetText(long index, const std::wstring& text);
     // The first item with a text, letter case aside.
     long FindText(const std::wstring& text) const;

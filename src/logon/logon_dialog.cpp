@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logon_dialog.h"
 
+#include "data/ansi_text.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "forms/form.h"
@@ -66,10 +67,8 @@ private:
         const std::wstring userText = Get(L"TxtUser").Text();
         const std::wstring passwordText = Get(L"TxtPass").Text();
         const double code = PasswordCodeOf(TrimBlanks(passwordText));
-        const Database& database = CurrentDatabase();
         Recordset users;
-        OpenRecordset(database, users, LogonStatement(TrimBlanks(userText), code, database.kind));
-        if (CountRecords(users) > 0) {
+        if (LookUp(users, TrimBlanks(userText), code)) {
             result = ToInteger(users.Value(0L));
             Unload();
             return;
@@ -79,6 +78,17 @@ private:
         Control& user = Get(L"TxtUser");
         user.Focus();
         user.Select(0, static_cast<int>(user.Text().size()));
+    }
+
+    // Rows that come for a name with an apostrophe answer a condition of the name's own. What could
+    // be more than a condition is not even sent: whoever sees the dialog can type it.
+    bool LookUp(Recordset& users, std::wstring_view name, double code) {
+        const Database& database = CurrentDatabase();
+        if (!MayMeanMore({name}))
+            OpenRecordset(database, users, LogonStatement(name, code, database.kind));
+        // As a driver reads it that takes statements in the code page.
+        const bool endsLiteral = EndsLiteral(name) || EndsLiteral(FromAnsi(ToAnsi(name)));
+        return !endsLiteral && CountRecords(users) > 0;
     }
 
     void Cancel() {

@@ -30,7 +30,7 @@ constexpr wchar_t kLastKey = 0xFF;
 // no set.
 constexpr ControlSpec kControls[] = {
     {LabelW, L"Message", L"", kMessagePlace, kAutoSize},
-    {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault},
+    {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel},
     {CommandButtonW, L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden},
     {CommandButtonW, L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden},
     {LabelW, L"label4", L"", {10, 45, 3600, 240}, kEllipsis},
@@ -126,8 +126,9 @@ protected:
         const double h = Height();
         Get(L"LineTop").Move({0, 0, w, 0});
         Get(L"LineLeft").Move({0, 0, 0, h});
-        Get(L"LineRight").Move({w - 15, 0, 0, h});
-        Get(L"LineBottom").Move({0, h - 20, w, 0});
+        // Up to the edges: at a high resolution more than a pixel lies beyond their beginnings.
+        Get(L"LineRight").Move({w - 15, 0, 15, h});
+        Get(L"LineBottom").Move({0, h - 20, w, 20});
         Control& strip = Get(L"Label5");
         strip.Move({0, 0, w, strip.Height()});
         Control& title = Get(L"label4");

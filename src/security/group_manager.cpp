@@ -183,6 +183,9 @@ private:
     ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
         const DatabaseKind kind = Current().kind;
         return Trap([&] {
+            // It could change other groups, or all of them.
+            if (MayMeanMore({name}, DoubleQuotes(description)))
+                throw ComError(E_INVALIDARG);
             Execute(Current(),
                     code == 0 ? InsertGroupStatement(tableName_, name, description, kind)
                               : UpdateGroupStatement(tableName_, code, name, description, kind));

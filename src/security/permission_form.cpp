@@ -12,6 +12,7 @@
 #include "forms/check_list.h"
 #include "forms/form.h"
 #include "forms/item_list.h"
+#include "forms/keys.h"
 #include "logon/session.h"
 #include "permissions.h"
 #include "text/fixed_texts.h"
@@ -33,7 +34,7 @@ constexpr ControlSpec kControls[] = {
      L"CmdOk",
      texts::kPermissionOk,
      {4380, 4230, 1290, 375},
-     kDefault | kMoveRight | kMoveDown},
+     kMoveRight | kMoveDown},
     {CommandButtonW,
      L"Command1",
      texts::kPermissionCancel,
@@ -75,6 +76,8 @@ protected:
         bars_->SetListIndex(0);
         Reporting([this] { ShowBar(); });
     }
+
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     void OnResize() override {
         if (commands_)

@@ -14,6 +14,7 @@
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "text/fixed_texts.h"
+#include "text/tcvn3.h"
 #include "user_statements.h"
 
 namespace vndesk {
@@ -115,8 +116,11 @@ private:
 
     void LoadUser() {
         Recordset user;
-        OpenRecordset(Current(), user, LoadUserStatement(options_.OldName, Current().kind));
-        if (CountRecords(user) == 0)
+        const std::wstring& name = options_.OldName;
+        if (!MayMeanMore({name}))
+            OpenRecordset(Current(), user, LoadUserStatement(name, Current().kind));
+        // Rows that come for a name with an apostrophe are those of others.
+        if (EndsLiteral(name) || CountRecords(user) == 0)
             return;
         Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
         Get(L"TxtDes").SetText(NullToText(user.Value(L"Dec")));
@@ -149,6 +153,9 @@ private:
     }
 
     void Save(const std::wstring& name) {
+        // Written all the same it could change other users, or all of them.
+        if (MayMeanMore({name, Get(L"TxtDes").Text(), options_.OldName}))
+            throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         const DatabaseKind kind = Current().kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
@@ -176,11 +183,14 @@ private:
 
     void Write(const std::wstring& name, DatabaseKind kind) {
         ItemList groups(Get(L"TxtIdGroup"));
-        UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0), {}};
-        if (!options_.EditMode || passChanged_)
-            user.password = PasswordCodeOf(Get(L"TxtPass").Text());
-        Execute(Current(), options_.EditMode ? UpdateUserStatement(user, options_.OldName, kind)
-                                             : InsertUserStatement(user, kind));
+        const UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0)};
+        const auto password = [this] { return PasswordCodeOf(Get(L"TxtPass").Text()); };
+        if (!options_.EditMode) {
+            Execute(Current(), InsertUserStatement(user, password(), kind));
+            return;
+        }
+        const auto newPassword = passChanged_ ? std::optional(password()) : std::nullopt;
+        Execute(Current(), UpdateUserStatement(user, newPassword, options_.OldName, kind));
     }
 
     // The name, or the password where that is all that the user may change.

@@ -28,11 +28,7 @@ using enum ControlKind;
 constexpr ControlSpec kControls[] = {
     {ListView, L"Lv", L"", {180, 180, 6600, 4200}, kGrowRight | kGrowDown},
     {CommandButtonW, L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight},
-    {CommandButtonW,
-     L"CmdEdit",
-     texts::kUserListEdit,
-     {6930, 660, 1290, 375},
-     kMoveRight | kDefault},
+    {CommandButtonW, L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kMoveRight},
     {CommandButtonW, L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight},
     {CommandButtonW,
      L"CmdExit",
@@ -87,6 +83,8 @@ protected:
             users_->FitColumns();
     }
 
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
     bool OnKeyDown(const Control& control, WPARAM key) override {
         if (control.Name() != L"Lv" || !IsDeleteAlone(key))
             return false;
@@ -123,9 +121,11 @@ private:
         Append(kUserListStatement);
     }
 
-    ReportRow* Selected() {
-        const long index = users_->SelectedIndex();
-        return index < 0 ? nullptr : &users_->Rows()[static_cast<size_t>(index)];
+    // A copy: while a question or the editor stands, the rows may change.
+    std::optional<ReportRow> Selected() {
+        const auto index = static_cast<size_t>(users_->SelectedIndex());
+        const auto& rows = users_->Rows();
+        return index < rows.size() ? std::optional(rows[index]) : std::nullopt;
     }
 
     void Add() {
@@ -141,15 +141,14 @@ private:
     }
 
     void Edit() {
-        const ReportRow* row = Selected();
+        const std::optional<ReportRow> row = Selected();
         if (!row)
             return;
-        const std::wstring code = row->cells[kCode];
         ShowUserEditor({.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
         Recordset user;
-        OpenRecordset(Current(), user, UserWithCodeStatement(code));
+        OpenRecordset(Current(), user, UserWithCodeStatement(row->cells[kCode]));
         if (CountRecords(user) > 0)
-            if (ReportRow* edited = FindRow(KeyOf(code)))
+            if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);
         users_->Refresh();
         Get(L"Lv").Focus();
@@ -163,7 +162,7 @@ private:
     }
 
     void Delete() {
-        const ReportRow* row = Selected();
+        const std::optional<ReportRow> row = Selected();
         if (!row)
             return;
         if (NullToDouble(_variant_t(row->cells[kCode].c_str())) == kProtectedUser)
@@ -171,22 +170,28 @@ private:
         else if (users_->Rows().size() == 1)
             Tell(texts::kUserListLastUser, kOkOnly);
         else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6")
-            DeleteRow(row->key, row->cells[kName]);
+            DeleteRow(*row);
         Get(L"Lv").Focus();
     }
 
-    void DeleteRow(const std::wstring key, const std::wstring& name) {
-        const ErrorState error =
-            Trap([&] { Execute(Current(), DeleteUserStatement(name, Current().kind)); });
+    void DeleteRow(const ReportRow& deleted) {
+        const ErrorState error = Trap([&] { DeleteUser(deleted.cells[kName]); });
         if (error) {
             PlainMessage(error.description, L"");
             return;
         }
         auto& rows = users_->Rows();
         const long index = users_->SelectedIndex();
-        std::erase_if(rows, [&](const ReportRow& row) { return row.key == key; });
+        std::erase_if(rows, [&](const ReportRow& row) { return row.key == deleted.key; });
         users_->Refresh();
         users_->Select(std::min(index, static_cast<long>(rows.size()) - 1));
+    }
+
+    void DeleteUser(const std::wstring& name) {
+        // It could delete other users, or all of them.
+        if (MayMeanMore({name}))
+            throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
+        Execute(Current(), DeleteUserStatement(name, Current().kind));
     }
 
     std::wstring Tell(const wchar_t* message, long buttons) {

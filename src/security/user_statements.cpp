@@ -9,10 +9,10 @@ std::wstring UserNamedStatement(std::wstring_view name, DatabaseKind kind) {
     return L"SELECT * FROM [User] WHERE [Name]=" + SqlQuote(name, kind);
 }
 
-std::wstring InsertUserStatement(const UserFields& user, DatabaseKind kind) {
+std::wstring InsertUserStatement(const UserFields& user, double password, DatabaseKind kind) {
     return L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" +
            SqlQuote(user.name, kind) + L"," + SqlQuote(user.description, kind) + L"," +
-           std::to_wstring(user.groupCode) + L"," + DoubleToText(user.password.value_or(0)) + L")";
+           std::to_wstring(user.groupCode) + L"," + DoubleToText(password) + L")";
 }
 
 std::wstring LoadUserStatement(std::wstring_view name, DatabaseKind kind) {
@@ -25,13 +25,13 @@ std::wstring OtherUserNamedStatement(std::wstring_view name, std::wstring_view o
            SqlQuote(oldName, kind);
 }
 
-std::wstring UpdateUserStatement(const UserFields& user, std::wstring_view oldName,
-                                 DatabaseKind kind) {
+std::wstring UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
+                                 std::wstring_view oldName, DatabaseKind kind) {
     std::wstring statement = L"UPDATE [User] Set [Name]=" + SqlQuote(user.name, kind) + L",[Dec]=" +
                              SqlQuote(user.description, kind) + L",IdGroup=" +
                              std::to_wstring(user.groupCode);
-    if (user.password)
-        statement += L",[Password]=" + DoubleToText(*user.password);
+    if (newPassword)
+        statement += L",[Password]=" + DoubleToText(*newPassword);
     return statement + L" Where [Name]=" + SqlQuote(oldName, kind);
 }
 

@@ -15,17 +15,17 @@ struct UserFields {
     std::wstring name;
     std::wstring description;
     long groupCode = 0;
-    // Without a value an update keeps the stored password.
-    std::optional<double> password;
 };
 
 std::wstring UserNamedStatement(std::wstring_view name, DatabaseKind kind);
-std::wstring InsertUserStatement(const UserFields& user, DatabaseKind kind);
+// A new user has a password: without one the code would be 0, which the empty password logs on.
+std::wstring InsertUserStatement(const UserFields& user, double password, DatabaseKind kind);
 std::wstring LoadUserStatement(std::wstring_view name, DatabaseKind kind);
 std::wstring OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
                                      DatabaseKind kind);
-std::wstring UpdateUserStatement(const UserFields& user, std::wstring_view oldName,
-                                 DatabaseKind kind);
+// Without a new password the stored one stays.
+std::wstring UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
+                                 std::wstring_view oldName, DatabaseKind kind);
 
 inline constexpr wchar_t kUserListStatement[] = L"Select Code,Name,Dec from [user] Order by Code";
 std::wstring UsersAfterStatement(long code);

@@ -34,6 +34,8 @@ inline constexpr wchar_t kOptionsErrorIs[] = L". Lçi lµ ";
 inline constexpr wchar_t kUserNoGroup[] = L"B¹n ch\u00ADa chän bé phËn.";
 inline constexpr wchar_t kUserExists[] = L"Ng\u00ADêi sö dông ®· tån t¹i";
 inline constexpr wchar_t kUserBadPassword[] = L"MËt khÈu kh«ng hîp lÖ";
+inline constexpr wchar_t kUserNotWritten[] =
+    L"Kh«ng ghi hay xo¸ ®\u00ADîc: tªn hoÆc diÔn gi¶i cã dÊu nh¸y ®¬n (').";
 
 // Group manager.
 inline constexpr wchar_t kGroupCancelAdding[] = L"&Huû thªm";

@@ -107,6 +107,11 @@ TEST_P(FindDialog, FlagFieldTakesAnyValue) {
     EXPECT_EQ(L"(KhachSi  =  12a)", PlayLine(kWholesale, L"bằng", L"12a"));
 }
 
+TEST_P(FindDialog, VietnameseOperatorIsPutInCapitals) {
+    Test().database.Execute(L"update operator set name='chứa đựng ở' where des='bằng' and type=10");
+    EXPECT_EQ(L"(Name  CHỨA ĐỰNG Ở  " + Q(L"x") + L")", PlayLine(kName, L"bằng", L"x"));
+}
+
 TEST_P(FindDialog, ApostropheIsDoubled) {
     EXPECT_EQ(L"(Name  =  " + Q(L"O''Brien") + L")", PlayLine(kName, L"bằng", L"O'Brien"));
 }

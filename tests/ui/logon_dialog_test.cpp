@@ -68,6 +68,17 @@ std::function<void()> Failing(const wchar_t* name, const wchar_t* password) {
     };
 }
 
+// The same with a text that takes long to type; `told` says whether the provider's words come
+// first.
+void FailWith(HWND dialog, const wchar_t* name, const wchar_t* password, bool told = false) {
+    SetWindowTextW(Control(dialog, L"TxtUser"), name);
+    SetWindowTextW(Control(dialog, L"TxtPass"), password);
+    ClickWindow(Control(dialog, L"CmdOk"));
+    if (told)
+        ClosePlainMessage();
+    DismissFailure(dialog);
+}
+
 // Each case runs on the embedded database and on the server.
 class Logon : public testing::TestWithParam<const char*> {
 protected:
@@ -163,6 +174,52 @@ TEST_P(Logon, ApostropheInTheNameShowsTheErrorAndTheNextTryWorks) {
                   PressOk(dialog);
               }),
               901);
+}
+
+// Texts that end their literal and go on with a condition of their own.
+TEST_P(Logon, NameThatIsAConditionLogsNobodyOn) {
+    EXPECT_EQ(Play([] {
+                  const HWND dialog = Dialog();
+                  for (const wchar_t* name :
+                       {L"x') OR (Code=901) OR ('1'='2", L"thu') --", L"x' or 'a'='a",
+                        L"x') Union Select * From [User] Where (Code=901) Or ('1'='2",
+                        L"thu' and 'a'='a"})
+                      FailWith(dialog, name, L"abc");
+                  FailWith(dialog, L"O'Brien", L"abc", true);
+                  PressKey(VK_ESCAPE);
+              }),
+              0);
+}
+
+TEST_P(Logon, NameThatHoldsASecondStatementChangesNothing) {
+    const wchar_t* const kNames[] = {
+        L"x'); update \"user\" set password=0 where (code=901",
+        L"x'); update \"user\" set password=0 where code=901; --",
+        L"x'; update \"user\" set password=0 where code=901; select 'a"};
+    EXPECT_EQ(Play([&] {
+                  const HWND dialog = Dialog();
+                  for (const wchar_t* name : kNames)
+                      FailWith(dialog, name, L"abc");
+                  PressKey(VK_ESCAPE);
+              }),
+              0);
+    EXPECT_EQ(
+        database_->ScalarText(L"select count(*) from \"user\" where code=901 and password=1401"),
+        L"1");
+}
+
+// A driver that takes statements in the code page gets an apostrophe for it.
+TEST_P(Logon, NameWithALetterThatTheCodePageTurnsIntoAnApostropheLogsNobodyOn) {
+    const wchar_t prime = L'\u2032';
+    char inCodePage = 0;
+    WideCharToMultiByte(CP_ACP, 0, &prime, 1, &inCodePage, 1, nullptr, nullptr);
+    if (inCodePage != '\'')
+        GTEST_SKIP() << "this code page has no such letter";
+    AddUser(904, L"kho 5\u2032", 1401);
+    EXPECT_EQ(Play(Failing(L"kho 5\u2032", L"abc")), 0);
+    // One that the code page has itself ends no literal.
+    AddUser(905, L"O\u2019Brien", 1401);
+    EXPECT_EQ(Play(Trying(L"O\u2019Brien", L"abc")), 905);
 }
 
 TEST_P(Logon, FirstOfTwoMatchingRowsGivesTheCode) {

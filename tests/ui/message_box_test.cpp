@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "support/keys.h"
+#include "support/late_bound.h"
 #include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
@@ -257,6 +258,11 @@ TEST(MsgBox, UnknownButtonsKeepTheDesignedOnes) {
     }
 }
 
+TEST(MsgBox, EscapePressesTheOnlyButtonOfUnknownButtons) {
+    for (const long buttons : {-1L, 6L})
+        EXPECT_EQ(PlayMessage({.buttons = buttons}, Pressing(VK_ESCAPE)), L"1") << buttons;
+}
+
 TEST(MsgBox, SizeAndButtonsFollowTheMessage) {
     for (const std::wstring& text :
          {std::wstring(L"Ng¾n"), std::wstring(90, L'x'), std::wstring(L"a\r\nb\r\nc\r\nd\r\ne")})
@@ -355,6 +361,25 @@ TEST(MsgBox, RightToLeftMirrorsTheMessage) {
             EXPECT_EQ((form & WS_EX_RTLREADING) != 0, rightToLeft);
             ClickWindow(Control(Box(), L"Cmd1"));
         });
+}
+
+TEST(MsgBox, AnyNumberButZeroIsRightToLeftFromLateBoundHostsOnly) {
+    bool rightToLeft = false;
+    const auto look = [&] {
+        rightToLeft =
+            (GetWindowLongPtrW(Control(Box(), L"Message"), GWL_EXSTYLE) & WS_EX_RTLREADING) != 0;
+        ClickWindow(Control(Box(), L"Cmd1"));
+    };
+    DialogDriver late(look);
+    LateBound::Create(L"VnDesk.clsLogon").Call(L"MgBox", {L"abc", 0L, L"t", 64L, 1L});
+    late.Finish();
+    EXPECT_TRUE(rightToLeft);
+    _bstr_t text(L"abc"), title(L"t"), pressed;
+    DialogDriver early(look);
+    EXPECT_SUCCEEDED(CreateLogon()->MgBox(&text.GetBSTR(), vbOKOnly, &title.GetBSTR(), vbQuestion,
+                                          VARIANT_BOOL{1}, pressed.GetAddress()));
+    early.Finish();
+    EXPECT_FALSE(rightToLeft);
 }
 
 // Drags what lies at a point of the box. On a busy machine a press may come before the box has been

@@ -72,6 +72,37 @@ TEST(Modality, MessageOverTheLogonDialogBlocksItUntilAnswered) {
     });
 }
 
+// Another program's window is active: the message has no owner.
+TEST(Modality, MessageOfTheDatabaseBlocksTheWindowsOfAHostInTheBackground) {
+    const HostWindow host;
+    const HostWindow other;
+    SetActiveWindow(nullptr);
+    SetForegroundWindow(GetDesktopWindow());
+    ASSERT_TRUE(PumpUntil([] { return GetActiveWindow() == nullptr; }));
+    const wchar_t* connection = L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\khong "
+                                L"co\\host.db;Jet OLEDB:Engine Type=5";
+    PlayLogon(connection, [&] {
+        WaitForClass(L"#32770");
+        HWND box = nullptr;
+        EXPECT_TRUE(WaitUntil([&] {
+            for (const HWND window : TopWindows())
+                if (ClassName(window) == L"#32770" && window != host.Window() &&
+                    window != other.Window())
+                    box = window;
+            return box != nullptr;
+        }));
+        EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
+        EXPECT_FALSE(IsWindowEnabled(host.Window()));
+        EXPECT_FALSE(IsWindowEnabled(other.Window()));
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+        WaitForClose(box);
+        const HWND dialog = WaitForForm(L"FrmLogon");
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    EXPECT_TRUE(IsWindowEnabled(host.Window()));
+    EXPECT_TRUE(IsWindowEnabled(other.Window()));
+}
+
 void CALLBACK DestroyHost(HWND window, UINT, UINT_PTR, DWORD) {
     KillTimer(window, 1);
     DestroyWindow(window);

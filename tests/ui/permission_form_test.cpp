@@ -231,10 +231,23 @@ TEST_F(PermissionFormWindow, ClickOnABoxTicksItsCommand) {
     EXPECT_EQ(test_.Group(L"p1", 2), L"7");
 }
 
-TEST_F(PermissionFormWindow, EnterPressesOk) {
+TEST_F(PermissionFormWindow, EnterMovesOnLikeTabAndWritesNothing) {
+    const std::wstring before = test_.Groups();
     PlayRights(test_, kAccountants, [](HWND rights) {
         Toggle(rights, 1);
-        PressKey(VK_RETURN);
+        ExpectKeyWalks(rights, VK_RETURN,
+                       {L"CmdOk", L"Command1", L"LstMenuBar", L"LstSubMenu", L"CmdOk"});
+        EXPECT_TRUE(IsWindowVisible(rights));
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(test_.Groups(), before);
+}
+
+TEST_F(PermissionFormWindow, SpaceOnOkWrites) {
+    PlayRights(test_, kAccountants, [](HWND rights) {
+        Toggle(rights, 1);
+        ExpectKeyWalks(rights, VK_RETURN, {L"CmdOk"});
+        PressKey(VK_SPACE);
     });
     EXPECT_EQ(test_.Group(L"p1", 2), L"7");
 }

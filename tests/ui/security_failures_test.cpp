@@ -41,6 +41,12 @@ void FillNew(HWND editor, const wchar_t* name) {
     SetBox(editor, L"txtConfirm", L"abc");
 }
 
+std::wstring Doubled(std::wstring text) {
+    for (size_t i = 0; (i = text.find(L'\'', i)) != std::wstring::npos; i += 2)
+        text.insert(i, 1, L'\'');
+    return text;
+}
+
 HWND OpenRights(HWND groups) {
     WaitReady(groups, L"Lv1");
     PressKey(VK_DOWN);
@@ -105,6 +111,88 @@ TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
         PressKey(VK_ESCAPE);
     });
     EXPECT_EQ(Test().Users(), before);
+}
+
+// Names that end their literal and go on with a condition or a comment: they would speak of others.
+constexpr const wchar_t* kCraftedNames[] = {L"x' or 'a'='a", L"x' or Code>0 --", L"Admin'--",
+                                            L"x'' or ''a''=''a"};
+
+TEST_P(SecurityFailures, OwnPasswordOfANameThatIsAConditionIsNobodysPassword) {
+    const std::wstring before = Test().Users();
+    for (const wchar_t* name : {L"x' or Code=3 or 'a'='b", L"Admin' --", L"x' or 'a'='a"})
+        Test().PlayEditor(name, [](HWND editor) {
+            EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
+            EXPECT_EQ(TextOf(editor, L"TxtPass"), L"");
+            EXPECT_FALSE(IsEnabled(editor, L"CmdOk"));
+            PressKey(VK_ESCAPE);
+        });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotDeletedWithTheOthers) {
+    for (const std::wstring name : kCraftedNames) {
+        Test().database.Execute(L"update \"user\" set name='" + Doubled(name) + L"' where code=1");
+        const std::wstring before = Test().Users();
+        Test().PlayUsers([](HWND list) {
+            WaitReady(list, L"Lv");
+            PressKey(VK_DELETE);
+            Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
+            EXPECT_NE(ClosePlainMessage(L""), L"");
+            WaitReady(list, L"Lv");
+            EXPECT_EQ(RowCount(list, L"Lv"), 7);
+            PressKey(VK_ESCAPE);
+        });
+        EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
+    }
+}
+
+TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotWrittenOverTheOthers) {
+    for (const std::wstring name : kCraftedNames) {
+        Test().database.Execute(L"update \"user\" set name='" + Doubled(name) + L"' where code=1");
+        const std::wstring before = Test().Users();
+        Test().PlayUsers([](HWND list) {
+            const HWND editor = OpenEditor('S');
+            EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
+            FillNew(editor, L"moi");
+            PressKey('G', kAlt);
+            EXPECT_NE(ClosePlainMessage(), L"");
+            WaitForClose(editor);
+            WaitReady(list, L"Lv");
+            PressKey(VK_ESCAPE);
+        });
+        EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
+    }
+}
+
+TEST_P(SecurityFailures, TypedTextThatWouldCutTheUpdateShortWritesNothing) {
+    const std::wstring before = Test().Users();
+    const std::pair<const wchar_t*, const wchar_t*> typed[] = {
+        {L"TxtDes", L"Kho 5' -- cũ"}, {L"TxtUser", L"x' where 'a'='a' --"}};
+    for (const auto& [box, text] : typed)
+        Test().PlayUsers([&, box = box, text = text](HWND list) {
+            const HWND editor = OpenEditor('S');
+            SetBox(editor, box, text);
+            PressKey('G', kAlt);
+            EXPECT_NE(ClosePlainMessage(), L"");
+            WaitForClose(editor);
+            WaitReady(list, L"Lv");
+            PressKey(VK_ESCAPE);
+        });
+    EXPECT_EQ(Test().Users(), before);
+}
+
+TEST_P(SecurityFailures, GroupsNameThatWouldCutTheUpdateShortWritesNothing) {
+    const std::wstring before = Test().Groups();
+    for (const wchar_t* name : {L"Kho 5' -- cũ", L"x' where 'a'='a"})
+        Test().PlayGroups([&](HWND groups) {
+            WaitReady(groups, L"Lv1");
+            SetBox(groups, L"txtName", name);
+            PressKey('G', kAlt);
+            Answer(L"Không thể ghi dữ liệu vào bảng", L"Save Error");
+            WaitReady(groups, L"txtName");
+            PressKey(VK_ESCAPE);
+        });
+    EXPECT_EQ(Test().Groups(), before);
 }
 
 TEST_P(SecurityFailures, ApostropheInAGroupsNameIsRefusedInBothModes) {

@@ -161,6 +161,33 @@ TEST_P(UserList, DeletingTheLastRowSelectsTheOneBefore) {
     EXPECT_EQ(Test().User(L"name", 9), L"");
 }
 
+// Tools press buttons of a form that waits for a message.
+TEST_P(UserList, UserIsDeletedAlthoughTheListHasGrownWhileItAsked) {
+    Play([&](HWND list) {
+        SelectRow(list, L"Lv", 1);
+        PressKey(VK_DELETE);
+        const HWND question = WaitForForm(L"MessageBox");
+        WaitReady(question, L"Cmd1");
+        PostMessageW(list, WM_COMMAND,
+                     MAKEWPARAM(GetDlgCtrlID(Control(list, L"CmdAdd")), BN_CLICKED), 0);
+        const HWND editor = WaitForForm(L"FrmInput");
+        for (const wchar_t* name : {L"xa", L"xb", L"xc"})
+            Test().database.Execute(
+                L"insert into \"user\"(name,\"dec\",idgroup,password) values('" +
+                std::wstring(name) + L"','',1,65)");
+        PostMessageW(editor, WM_CLOSE, 0, 0);
+        WaitForClose(editor);
+        EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 10; }));
+        PostMessageW(question, WM_COMMAND,
+                     MAKEWPARAM(GetDlgCtrlID(Control(question, L"Cmd1")), BN_CLICKED), 0);
+        WaitForClose(question);
+        EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 9; }));
+        EXPECT_EQ(RowWith(list, L"Lv", 2, L"3"), 1);
+    });
+    EXPECT_EQ(Test().User(L"name", 2), L"");
+    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"9");
+}
+
 TEST_P(UserList, AnsweringNoDeletesNothing) {
     const std::wstring before = Test().Users();
     Play([](HWND list) {
@@ -243,13 +270,20 @@ TEST_F(UserListForm, ColumnsSpeakVietnameseAndFillTheList) {
     });
 }
 
-TEST_F(UserListForm, DoubleClickAndEnterEditTheSelectedUser) {
+TEST_F(UserListForm, DoubleClickEditsTheSelectedUser) {
     Play([](HWND list) {
         ClickItem(Control(list, L"Lv"), kAdminRow, true);
         CloseEditorOf(list, L"Admin");
-        PressKey(VK_DOWN);
-        PressKey(VK_RETURN);
-        CloseEditorOf(list, L"Lê Quốc Việt");
+    });
+}
+
+TEST_F(UserListForm, EnterMovesOnLikeTabAndPressesNothing) {
+    Play([](HWND list) {
+        ExpectKeyWalks(list, VK_RETURN, {L"CmdAdd", L"CmdEdit", L"CmdDel", L"CmdExit", L"Lv"});
+        EXPECT_EQ(TopWindows().front(), list);
+        ExpectKeyWalks(list, VK_RETURN, {L"CmdAdd", L"CmdEdit"});
+        PressKey(VK_SPACE);
+        CloseEditorOf(list, L"Nguyễn Văn Hưng");
     });
 }
 

@@ -91,6 +91,12 @@ TEST(GetSql, OperatorIsPutInCapitals) {
     EXPECT_EQ(GetSql(Line(10, L"In", L"a,b"), kServer), L"(F  IN  ('a','b'))");
 }
 
+TEST(GetSql, VietnameseOperatorIsPutInCapitals) {
+    EXPECT_EQ(GetSql(Line(10, L"chứa", L"x"), kJet), L"(F  CHỨA  'x')");
+    EXPECT_EQ(GetSql(Line(10, L"không giống đầu ở ựơ", L"x"), kJet),
+              L"(F  KHÔNG GIỐNG ĐẦU Ở ỰƠ  'x')");
+}
+
 TEST(GetSql, ApostropheIsDoubled) {
     EXPECT_EQ(GetSql(Line(10, L"=", L"O'Brien"), kJet), L"(F  =  'O''Brien')");
     EXPECT_EQ(GetSql(Line(10, L"=", L"O'Brien"), kServer), L"(F  =  N'O''Brien')");

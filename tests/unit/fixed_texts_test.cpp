@@ -45,6 +45,8 @@ constexpr FixedText kAll[] = {
     {"UserNoGroup", texts::kUserNoGroup, L"Bạn chưa chọn bộ phận.", 22},
     {"UserExists", texts::kUserExists, L"Người sử dụng đã tồn tại", 24},
     {"UserBadPassword", texts::kUserBadPassword, L"Mật khẩu không hợp lệ", 21},
+    {"UserNotWritten", texts::kUserNotWritten,
+     L"Không ghi hay xoá được: tên hoặc diễn giải có dấu nháy đơn (').", 63},
     {"GroupCancelAdding", texts::kGroupCancelAdding, L"&Huỷ thêm", 9},
     {"GroupAdd", texts::kGroupAdd, L"T&hêm", 5},
     {"GroupNotAdded", texts::kGroupNotAdded, L"Không thể thêm dữ liệu vào bảng", 31},

@@ -40,6 +40,39 @@ TEST(SqlQuote, QuotesEmptyText) {
     EXPECT_EQ(SqlQuote(L"", kJet), L"''");
 }
 
+TEST(MayMeanMore, TextsWithoutApostrophesAreTexts) {
+    EXPECT_FALSE(MayMeanMore({}));
+    EXPECT_FALSE(MayMeanMore({L"", L"Đỗ Thị Hường", L"x) -- ; \"y\" [z] /* \\ $$"}));
+    EXPECT_FALSE(MayMeanMore({L"an"}, L"O''Brien -- \"x\""));
+}
+
+TEST(MayMeanMore, OneLiteralLeftOpenIsRefusedByEveryEngine) {
+    EXPECT_FALSE(MayMeanMore({L"O'Brien"}));
+    EXPECT_FALSE(MayMeanMore({L"x'y'z'", L"Kho (cũ), 5%", L""}));
+    EXPECT_FALSE(MayMeanMore({L"O'Brien"}, L"O''Brien"));
+}
+
+TEST(MayMeanMore, EvenApostrophesCloseWhatTheyOpen) {
+    for (const wchar_t* text : {L"x') OR (Code=3) OR ('1'='2", L"x' or 'a'='a", L"O''Brien",
+                                L"x' delete Groups where 'a'='a"})
+        EXPECT_TRUE(MayMeanMore({text})) << text;
+    // Each leaves its own open, and both together none.
+    EXPECT_TRUE(MayMeanMore({L"O'Brien", L"D'Arcy"}));
+    // Some statements hold one of them alone.
+    EXPECT_TRUE(MayMeanMore({L"x' or 'a'='a", L"D'Arcy"}));
+}
+
+TEST(MayMeanMore, WhatHidesAnApostropheMayCloseTheLiteral) {
+    for (const std::wstring text :
+         {std::wstring(L"thu') --"), std::wstring(L"x' /*"), std::wstring(L"x'; drop"),
+          std::wstring(L"x' or \"'\"='"), std::wstring(L"x' or $$'$$='"),
+          std::wstring(L"x' or E'\\'' <> '"), std::wstring(L"x' or [a'b]='"),
+          std::wstring(L"Admin'\0", 7)})
+        EXPECT_TRUE(MayMeanMore({text}));
+    EXPECT_TRUE(MayMeanMore({L"O'Brien", L"--"}));
+    EXPECT_TRUE(MayMeanMore({L"O'Brien"}, L"x) --"));
+}
+
 TEST(DoubleQuotes, DoublesApostrophes) {
     EXPECT_EQ(DoubleQuotes(L"O'Brien"), L"O''Brien");
 }

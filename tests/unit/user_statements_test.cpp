@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 using namespace vndesk;
 
 namespace {
@@ -23,20 +25,25 @@ TEST(UserNamedStatement, TakesTheNameAsTyped) {
 }
 
 TEST(InsertUserStatement, WritesAllFourColumns) {
-    const UserFields user = {L"an", L"Thu kho", 5, 1401.0};
-    EXPECT_EQ(InsertUserStatement(user, kJet),
+    const UserFields user = {L"an", L"Thu kho", 5};
+    EXPECT_EQ(InsertUserStatement(user, 1401, kJet),
               L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('an','Thu kho',5,1401)");
-    EXPECT_EQ(InsertUserStatement(user, kServer),
+    EXPECT_EQ(InsertUserStatement(user, 1401, kServer),
               L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(N'an',N'Thu kho',5,1401)");
 }
 
+// A user without a password could be logged on with the empty one.
+static_assert(!std::is_invocable_v<decltype(InsertUserStatement), UserFields, DatabaseKind>);
+static_assert(!std::is_invocable_v<decltype(InsertUserStatement), UserFields, std::optional<double>,
+                                   DatabaseKind>);
+
 TEST(InsertUserStatement, WritesLargePasswordNumbersWithExponent) {
-    EXPECT_EQ(InsertUserStatement({L"an", L"", 1, 1.5E+20}, kJet),
+    EXPECT_EQ(InsertUserStatement({L"an", L"", 1}, 1.5E+20, kJet),
               L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('an','',1,1.5E+20)");
 }
 
 TEST(InsertUserStatement, DoublesNoQuotesAndTrimsNothing) {
-    EXPECT_EQ(InsertUserStatement({L"O'B ", L" \"x\" ", 2, 65.0}, kJet),
+    EXPECT_EQ(InsertUserStatement({L"O'B ", L" \"x\" ", 2}, 65, kJet),
               L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('O'B ',' \"x\" ',2,65)");
 }
 
@@ -53,18 +60,18 @@ TEST(OtherUserNamedStatement, LeavesTheUserUnderEditOut) {
 }
 
 TEST(UpdateUserStatement, WithoutPasswordKeepsTheStoredOne) {
-    const UserFields user = {L"moi", L"Ke toan", 2, {}};
-    EXPECT_EQ(UpdateUserStatement(user, L"cu", kJet),
+    const UserFields user = {L"moi", L"Ke toan", 2};
+    EXPECT_EQ(UpdateUserStatement(user, std::nullopt, L"cu", kJet),
               L"UPDATE [User] Set [Name]='moi',[Dec]='Ke toan',IdGroup=2 Where [Name]='cu'");
-    EXPECT_EQ(UpdateUserStatement(user, L"cu", kServer),
+    EXPECT_EQ(UpdateUserStatement(user, std::nullopt, L"cu", kServer),
               L"UPDATE [User] Set [Name]=N'moi',[Dec]=N'Ke toan',IdGroup=2 Where [Name]=N'cu'");
 }
 
 TEST(UpdateUserStatement, WithPasswordWritesItLast) {
-    EXPECT_EQ(UpdateUserStatement({L"an", L"", 8, 1401.0}, L"an", kJet),
+    EXPECT_EQ(UpdateUserStatement({L"an", L"", 8}, 1401, L"an", kJet),
               L"UPDATE [User] Set [Name]='an',[Dec]='',IdGroup=8,[Password]=1401 Where "
               L"[Name]='an'");
-    EXPECT_EQ(UpdateUserStatement({L"an", L"", 8, 1401.0}, L"an", kServer),
+    EXPECT_EQ(UpdateUserStatement({L"an", L"", 8}, 1401, L"an", kServer),
               L"UPDATE [User] Set [Name]=N'an',[Dec]=N'',IdGroup=8,[Password]=1401 Where "
               L"[Name]=N'an'");
 }

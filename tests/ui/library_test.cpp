@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Libraries of the platform that are not there, or not whole.
+#include "forms/library.h"
+
+#include <gtest/gtest.h>
+
+namespace vndesk::test {
+namespace {
+
+HRESULT ErrorOf(const wchar_t* library, const char* function) {
+    FARPROC found = nullptr;
+    return Trap([&] { Library(library).Find(found, function); }).code;
+}
+
+TEST(PlatformLibrary, FunctionIsFound) {
+    EXPECT_EQ(ErrorOf(L"kernel32.dll", "GetTickCount"), S_OK);
+}
+
+TEST(PlatformLibrary, MissingLibraryIsTheError) {
+    EXPECT_EQ(ErrorOf(L"khong-co-o-dau-ca.dll", "GetTickCount"),
+              HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND));
+}
+
+TEST(PlatformLibrary, MissingFunctionIsTheError) {
+    EXPECT_EQ(ErrorOf(L"kernel32.dll", "KhongCoODauCa"), HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND));
+}
+
+} // namespace
+} // namespace vndesk::test
