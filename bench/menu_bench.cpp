@@ -117,7 +117,8 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
     const Host host(marks);
     const Canvas canvas, other;
     const std::shared_ptr<WndCoolMenu> window = FindCoolMenu(host.Window());
-    const ULONG_PTR number = ReadItemNumber(host.Popup(), 0, true);
+    MenuItem item;
+    ReadItem(host.Popup(), 0, item);
     const HFONT font = window->Fonts().item.get();
     const HIMAGELIST images = picture ? host.Images() : nullptr;
     const bool selected = (state & ODS_SELECTED) != 0;
@@ -126,7 +127,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
         MEASUREITEMSTRUCT measured{};
         measured.CtlType = ODT_MENU;
         measured.itemID = 101;
-        measured.itemData = number;
+        measured.itemData = item.data;
         if (!OnMeasureItem(*window, measured))
             throw std::runtime_error("the item is not measured");
         Keep(measured);
@@ -139,7 +140,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
         drawn.hwndItem = reinterpret_cast<HWND>(host.Popup());
         drawn.hDC = canvas.Dc();
         drawn.rcItem = {0, 0, kWidth, kHeight};
-        drawn.itemData = number;
+        drawn.itemData = item.data;
         if (!OnDrawItem(*window, drawn))
             throw std::runtime_error("the item is not drawn");
         SelectClipRgn(drawn.hDC, nullptr); // drawing shuts the platform out of the item

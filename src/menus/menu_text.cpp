@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "menu_items.h"
 #include "menu_module.h"
+#include "our_items.h"
 
 namespace vndesk {
 
@@ -64,8 +64,7 @@ int WidestShortcut(WndCoolMenu& window, HMENU menu) {
     const Selected font(dc, fonts.defaultItem.get());
     int widest = 0;
     for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i)
-        if (const CMyItemData* data =
-                FindItemData(ReadItemNumber(menu, static_cast<UINT>(i), true)))
+        if (const CMyItemData* data = OurDrawnItem(menu, static_cast<UINT>(i)))
             if (!(data->fType & MFT_SEPARATOR))
                 widest = std::max(widest, TextExtent(dc, ShortcutPart(data->sMenuText)).width);
     return widest;
