@@ -208,7 +208,7 @@ public:
             if (!data)
                 continue;
             present.insert(data->number);
-            const HMENU submenu = GetSubMenu(menu, i);
+            const HMENU submenu = data->bTrueSub ? GetSubMenu(menu, i) : nullptr;
             if (submenu && !module_.shared.contains(submenu))
                 Convert(submenu, false, depth + 1);
         }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menu_items.h"
 
+#include <iterator>
+
 namespace vndesk {
 
 namespace {
@@ -29,11 +31,20 @@ bool ReadItem(HMENU menu, UINT position, MenuItem& item) {
 }
 
 std::wstring ReadItemCaption(HMENU menu, UINT position) {
+    // Hardly any is longer.
+    wchar_t text[100];
+    constexpr UINT kRoom = static_cast<UINT>(std::size(text));
     MENUITEMINFOW info = Info(MIIM_STRING);
-    std::wstring caption;
+    info.dwTypeData = text;
+    info.cch = kRoom;
     if (!GetMenuItemInfoW(menu, position, TRUE, &info) || info.cch == 0)
-        return caption;
-    caption.resize(++info.cch);
+        return {};
+    if (info.cch + 1 < kRoom)
+        return {text, info.cch};
+    info.dwTypeData = nullptr;
+    if (!GetMenuItemInfoW(menu, position, TRUE, &info))
+        return {};
+    std::wstring caption(++info.cch, L'\0');
     info.dwTypeData = caption.data();
     caption.resize(GetMenuItemInfoW(menu, position, TRUE, &info) ? info.cch : 0);
     return caption;

@@ -72,7 +72,7 @@ LRESULT PassOnAfterwards(HWND window, UINT message, WPARAM wParam, LPARAM lParam
 }
 
 bool AnswersProbe(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_NULL || wParam != ProbeMark() || InSendMessage())
+    if (message != WM_NULL || wParam != ProbeMark())
         return false;
     *reinterpret_cast<bool*>(lParam) = true;
     return true;
