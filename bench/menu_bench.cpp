@@ -186,8 +186,7 @@ void MeasureLargeMenu(Report& report) {
     };
     note("menu bar opened, 600 submenus of 20 items",
          [&] { OnInitMenu(window, GetMenu(host.Window())); });
-    note("popup of 600 submenus opened",
-         [&] { OnInitMenuPopup(window, host.Popup(), 0, false); });
+    note("popup of 600 submenus opened", [&] { OnInitMenuPopup(window, host.Popup(), 0, false); });
     note("one of its submenus opened",
          [&] { OnInitMenuPopup(window, GetSubMenu(host.Popup(), 300), 299, false); });
 }

@@ -34,13 +34,19 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
 const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
     if (popup)
         return OurDrawnItem(menu, item);
+    const CMyItemData* first = nullptr;
     const int count = GetMenuItemCount(menu);
     for (int i = 0; i < count; ++i) {
-        const CMyItemData* data = OurDrawnItem(menu, static_cast<UINT>(i));
-        if (data && LOWORD(data->id) == item && !data->bTrueSub)
+        const auto position = static_cast<UINT>(i);
+        const CMyItemData* data = OurDrawnItem(menu, position);
+        if (!data || LOWORD(data->id) != item || data->bTrueSub)
+            continue;
+        // Several may have the command; the user is on the highlighted one.
+        if (GetMenuState(menu, position, MF_BYPOSITION) & MF_HILITE)
             return data;
+        first = first ? first : data;
     }
-    return nullptr;
+    return first;
 }
 
 wchar_t UpperCase(wchar_t letter) {

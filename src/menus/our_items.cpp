@@ -20,7 +20,11 @@ void SeenAt(CMyItemData& data, HMENU menu, UINT position, UINT id) {
     data.id = id;
 }
 
-// Looks the item up in its menu by its number. Its command decides between several, then its place.
+bool HasCaptionOf(const CMyItemData& data, HMENU menu, UINT position) {
+    return ReadItemCaption(menu, position) == data.sMenuText;
+}
+
+// Looks the item up in its menu by its number. Command, caption and place decide between several.
 bool IsInItsMenu(CMyItemData& data) {
     if (!data.menu)
         return false;
@@ -34,7 +38,8 @@ bool IsInItsMenu(CMyItemData& data) {
         const auto place = static_cast<UINT>(i);
         if (!ReadItem(data.menu, place, item) || item.data != data.number)
             continue;
-        const int likeness = 2 * (item.id == data.id) + (place == data.position);
+        const int likeness = 2 * (item.id == data.id) + 2 * HasCaptionOf(data, data.menu, place) +
+                             (place == data.position);
         if (likeness <= best)
             continue;
         best = likeness;
@@ -47,13 +52,9 @@ bool IsInItsMenu(CMyItemData& data) {
     return true;
 }
 
-bool HasCaptionOf(const CMyItemData& data, HMENU menu, UINT position) {
-    return ReadItemCaption(menu, position) == data.sMenuText;
-}
-
 CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemData& data) {
     if (data.menu == menu && data.id == item.id &&
-        (data.position == position || !StandsThere(data))) {
+        (data.position == position || (!StandsThere(data) && HasCaptionOf(data, menu, position)))) {
         SeenAt(data, menu, position, item.id);
         return &data;
     }

@@ -2,9 +2,9 @@
 // Whether a menu item is one of ours. There is one rule: an item is ours when a conversion gave it
 // its number and it still is the item that got it. The number says which one that may be; hosts can
 // hold the same number in items of their own. The item itself is known by the place where it was
-// seen last, by its command where that place holds it no more, and, once no item of its menu holds
-// the number, by its likeness in another menu. An item whose data the host has overwritten is known
-// by place, command and caption.
+// seen last, by its command and caption where that place holds it no more, and, once no item of its
+// menu holds the number, by its likeness in another menu. An item whose data the host has
+// overwritten is known by place, command and caption.
 #pragma once
 
 #include <windows.h>

@@ -11,6 +11,7 @@ namespace vndesk::test {
 namespace {
 
 constexpr UINT kDrawnByHost = 700;
+constexpr wchar_t kSaveCaption[] = L"&Lưu\tCtrl+Shift+S|Ghi hồ sơ vào đĩa|2";
 
 bool IsDrawn(HMENU menu, UINT position) {
     return (TypeOf(menu, position) & MFT_OWNERDRAW) != 0;
@@ -183,6 +184,21 @@ TEST(MenuOwnership, CopiesOfOurNumbersStayTheHosts) {
     }
 }
 
+TEST(MenuOwnership, CopyWithOurCommandDoesNotTakeThePlaceOfOurs) {
+    MenuHost host;
+    InstalledMenu menu(host);
+    const ULONG_PTR number = DataOf(host.File(), kSaveAt);
+    Insert(host.File(), 0, MFT_OWNERDRAW, kSave, number, nullptr);
+    OpenPopup(host.Window(), host.File());
+    EXPECT_EQ(number, DataOf(host.File(), 0));
+    EXPECT_EQ(number, DataOf(host.File(), kSaveAt + 1));
+    menu.Uninstall();
+    EXPECT_TRUE(IsDrawn(host.File(), 0)) << "by its host, as before";
+    EXPECT_EQ(number, DataOf(host.File(), 0));
+    EXPECT_EQ(kSaveCaption, CaptionOf(host.File(), kSaveAt + 1));
+    EXPECT_EQ(7000u + kSave, DataOf(host.File(), kSaveAt + 1));
+}
+
 TEST(MenuOwnership, MenuBelowAnItemOfTheHostIsTheHosts) {
     const MenuHost host;
     const HMENU popup = CreatePopupMenu(), deeper = CreatePopupMenu();
@@ -209,8 +225,6 @@ struct Change {
 void PrintTo(const Change& change, std::ostream* out) {
     *out << change.name;
 }
-
-constexpr wchar_t kSaveCaption[] = L"&Lưu\tCtrl+Shift+S|Ghi hồ sơ vào đĩa|2";
 
 const Change kChanges[] = {
     {"ModifyMenu",
