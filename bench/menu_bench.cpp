@@ -11,10 +11,13 @@
 #include <commctrl.h>
 #include <comutil.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -117,7 +120,8 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
     const Host host(marks);
     const Canvas canvas, other;
     const std::shared_ptr<WndCoolMenu> window = FindCoolMenu(host.Window());
-    const ULONG_PTR number = ReadItemNumber(host.Popup(), 0, true);
+    MenuItem item;
+    ReadItem(host.Popup(), 0, item);
     const HFONT font = window->Fonts().item.get();
     const HIMAGELIST images = picture ? host.Images() : nullptr;
     const bool selected = (state & ODS_SELECTED) != 0;
@@ -126,7 +130,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
         MEASUREITEMSTRUCT measured{};
         measured.CtlType = ODT_MENU;
         measured.itemID = 101;
-        measured.itemData = number;
+        measured.itemData = item.data;
         if (!OnMeasureItem(*window, measured))
             throw std::runtime_error("the item is not measured");
         Keep(measured);
@@ -139,7 +143,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
         drawn.hwndItem = reinterpret_cast<HWND>(host.Popup());
         drawn.hDC = canvas.Dc();
         drawn.rcItem = {0, 0, kWidth, kHeight};
-        drawn.itemData = number;
+        drawn.itemData = item.data;
         if (!OnDrawItem(*window, drawn))
             throw std::runtime_error("the item is not drawn");
         SelectClipRgn(drawn.hDC, nullptr); // drawing shuts the platform out of the item
@@ -158,6 +162,35 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
                     })});
 }
 
+// A window's popup with 600 submenus of 20 items each: what the user waits for when it opens.
+void MeasureLargeMenu(Report& report) {
+    constexpr UINT kSubmenus = 600, kItems = 20;
+    constexpr int kTimes = 9;
+    constexpr double kMostMilliseconds = 100;
+    const Host host(L"");
+    for (UINT i = 0; i < kSubmenus; ++i) {
+        const HMENU submenu = CreatePopupMenu();
+        for (UINT j = 0; j < kItems; ++j)
+            AppendMenuW(submenu, MF_STRING, 1000 + i * kItems + j,
+                        (L"Mục " + std::to_wstring(j) + L"\tCtrl+X|Giúp|2").c_str());
+        AppendMenuW(host.Popup(), MF_POPUP, reinterpret_cast<UINT_PTR>(submenu), L"Nhóm");
+    }
+    WndCoolMenu& window = *FindCoolMenu(host.Window());
+    const auto note = [&](const char* area, const std::function<void()>& open) {
+        open(); // the first time it also converts
+        std::vector<double> times;
+        for (int i = 0; i < kTimes; ++i)
+            times.push_back(Each(open)(1) / 1e6);
+        std::nth_element(times.begin(), times.begin() + kTimes / 2, times.end());
+        report.Note({area, "ms", times[kTimes / 2], kMostMilliseconds});
+    };
+    note("menu bar opened, 600 submenus of 20 items",
+         [&] { OnInitMenu(window, GetMenu(host.Window())); });
+    note("popup of 600 submenus opened", [&] { OnInitMenuPopup(window, host.Popup(), 0, false); });
+    note("one of its submenus opened",
+         [&] { OnInitMenuPopup(window, GetSubMenu(host.Popup(), 300), 299, false); });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -168,6 +201,7 @@ int main(int argc, char** argv) {
         Measure(report, "menu item", L"", false, 0);
         Measure(report, "selected menu item", L"", false, ODS_SELECTED);
         Measure(report, "menu item with a picture", L"1", true, 0);
+        MeasureLargeMenu(report);
         code = report.Finish();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "menu_bench: %s\n", error.what());

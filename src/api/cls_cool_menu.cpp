@@ -24,7 +24,7 @@ bool IsGiven(const VARIANT& value) {
 }
 
 _variant_t ConvertTo(VARTYPE type, const VARIANT& value) {
-    _variant_t result = Resolved(value);
+    _variant_t result(value);
     CheckHr(VariantChangeType(&result, &result, 0, type));
     return result;
 }
@@ -65,7 +65,7 @@ MenuHelp ToHelp(const VARIANT& value) {
     if (FAILED(V_UNKNOWN(&given)->QueryInterface(IID_PPV_ARGS(&help))))
         throw ComError(DISP_E_TYPEMISMATCH, L"A HelpCallBack object is needed.");
     return [help](const std::wstring& text, const std::wstring& menuHelp, bool enabled) {
-        CheckHr(help->RaiseHelpEvent(_bstr_t(text.c_str()), _bstr_t(menuHelp.c_str()),
+        CheckHr(help->RaiseHelpEvent(_bstr_t(ToBstr(text), false), _bstr_t(ToBstr(menuHelp), false),
                                      FromBool(enabled)));
     };
 }
@@ -78,8 +78,11 @@ void Property(long handle, const VARIANT& value, Set&& set, Get&& get) {
         const auto window = FindCoolMenu(ToWindow(handle));
         if (!window)
             return;
-        if (IsGiven(value))
-            Trap([&] { set(*window, value); });
+        Trap([&] {
+            const _variant_t given = Resolved(value);
+            if (IsGiven(given))
+                set(*window, given);
+        });
         get(*window);
     });
 }
@@ -97,7 +100,8 @@ template <auto Member> void BoolProperty(long handle, const VARIANT& value, VARI
 STDMETHODIMP CoolMenu::Install(long window, VARIANT help, VARIANT images, VARIANT_BOOL* done) {
     return Guard([&] {
         VARIANT_BOOL& result = ClearedOut(done);
-        result = FromBool(InstallMenus(ToWindow(window), ToHelp(help), ImageSource(images)));
+        result =
+            FromBool(!window || InstallMenus(ToWindow(window), ToHelp(help), ImageSource(images)));
     });
 }
 

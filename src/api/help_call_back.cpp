@@ -1,19 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "help_call_back.h"
 
+#include "com/kit/bstr.h"
+
 namespace vndesk {
 
 namespace {
 
 constexpr DISPID kMenuHelp = 1;
 
+// All of it, zero characters too.
+_variant_t Text(BSTR text) {
+    _variant_t value;
+    V_BSTR(&value) = ToBstr(FromBstr(text));
+    V_VT(&value) = VT_BSTR;
+    return value;
+}
+
 } // namespace
 
 STDMETHODIMP HelpCallBack::RaiseHelpEvent(BSTR menuText, BSTR menuHelp, VARIANT_BOOL enabled) {
     return Guard([&] {
-        Fire(kMenuHelp,
-             {_variant_t(menuText ? menuText : L""), _variant_t(menuHelp ? menuHelp : L""),
-              _variant_t(enabled != VARIANT_FALSE)});
+        Fire(kMenuHelp, {Text(menuText), Text(menuHelp), _variant_t(enabled != VARIANT_FALSE)});
     });
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "convert_menu.h"
 
-#include <algorithm>
 #include <set>
 #include <string>
 #include <utility>
@@ -11,29 +10,20 @@
 #include "menu_items.h"
 #include "menu_module.h"
 #include "menu_text.h"
+#include "our_items.h"
 
 namespace vndesk {
 
 namespace {
 
 constexpr wchar_t kRoutine[] = L" ConvertMenu";
-// A menu that contains itself would never end.
+// Menus in menus; each of them takes room on the stack.
 constexpr int kDeepest = 32;
+// How many items are remembered that their hosts took out of their menus.
+constexpr std::size_t kMostRemoved = 100;
 
 // What a host may change of an item's type after its conversion.
 constexpr UINT kOurTypes = MFT_OWNERDRAW | MFT_SEPARATOR;
-
-// The data of an item that was converted before; null for items of others, whatever number they
-// hold. A host may have given an item of ours another command: then the old one is gone.
-CMyItemData* KnownItem(HMENU menu, const MenuItem& item) {
-    CMyItemData* data = FindItemData(item.data);
-    if (!data || data->menu != menu)
-        return nullptr;
-    constexpr UINT kNoItem = static_cast<UINT>(-1);
-    const bool renumbered =
-        item.OwnerDrawn() && GetMenuState(menu, data->id, MF_BYCOMMAND) == kNoItem;
-    return data->id == item.id || renumbered ? data : nullptr;
-}
 
 // The type that the host gave the item or changed it to.
 UINT HostType(const CMyItemData& data, const MenuItem& item) {
@@ -41,10 +31,22 @@ UINT HostType(const CMyItemData& data, const MenuItem& item) {
                              : item.type;
 }
 
+// What the host wrote over our number is its data from then on.
+ULONG_PTR HostData(const CMyItemData& data, const MenuItem& item) {
+    return item.data == data.number ? data.original.data : item.data;
+}
+
 // Whether the item's caption is not the one that it got at its conversion. Some versions of
 // Windows do not tell the captions of owner-drawn items.
 bool HasNewCaption(const CMyItemData& data, const MenuItem& item) {
-    return !item.OwnerDrawn() || (!item.caption.empty() && item.caption != data.sMenuText);
+    return item.caption != data.sMenuText && !(item.OwnerDrawn() && item.caption.empty());
+}
+
+// Pictures are the platform's, such as the buttons of a maximised child.
+bool IsPicture(const CMyItemData* data, const MenuItem& item) {
+    return (item.type & MFT_BITMAP) != 0 ||
+           (item.bitmap && item.caption.empty() && !item.Separator() &&
+            (!data || data->sMenuText.empty()));
 }
 
 void TakeCaption(CMyItemData& data, const std::wstring& text) {
@@ -64,34 +66,60 @@ void TakeType(CMyItemData& data, UINT type) {
     data.bAsMark = data.bAsMark || (type & MFT_RADIOCHECK) != 0;
 }
 
-CMyItemData& NewItem(WndCoolMenu& window, HMENU menu, const MenuItem& item, ULONG_PTR& number) {
+CMyItemData& NewItem(HMENU menu, UINT position, const MenuItem& item, const CMyItemData* copied) {
     CMyItemDatas& items = CurrentMenuModule()->items;
-    number = items.NextNumber();
-    CMyItemData& data = items.Add(std::to_wstring(number));
-    data.window = window.hWnd;
+    CMyItemData& data = items.Add(CMyItemDatas::NextNumber());
+    if (copied) {
+        const ULONG_PTR number = data.number;
+        data = *copied;
+        data.number = number;
+    } else {
+        data.original.state = item.state;
+        data.original.data = item.data;
+    }
     data.menu = menu;
-    data.id = item.id;
-    data.original.state = item.state;
-    data.original.data = item.data;
+    data.position = position;
     return data;
 }
 
-// The number that the item has afterwards; 0 for items that are left alone.
-ULONG_PTR ConvertItem(WndCoolMenu& window, HMENU menu, UINT position, bool menuBar) {
+void Restore(const CMyItemData& data, const MenuItem& item) {
+    // What the host wrote meanwhile stays.
+    if (!HasNewCaption(data, item) && data.sMenuText != data.original.caption)
+        WriteItemCaption(data.menu, data.position, data.original.caption);
+    const UINT type = HostType(data, item);
+    if (type & MFT_BITMAP)
+        WriteItemData(data.menu, data.position, HostData(data, item));
+    else
+        WriteItemType(data.menu, data.position, type, HostData(data, item));
+    // The platform disables what becomes a separator.
+    if (data.captionedSeparator && !(type & MFT_SEPARATOR))
+        WriteItemState(data.menu, data.position, data.original.state);
+}
+
+// What is known of the item afterwards; null for items that are left alone.
+CMyItemData* ConvertItem(HMENU menu, UINT position, bool menuBar) {
     MenuItem item;
-    if (!ReadMenuItem(menu, position, item)) {
+    if (!ReadItemAndCaption(menu, position, item)) {
         Diagnose(LastError(), kRoutine);
-        return 0;
+        return nullptr;
     }
-    CMyItemData* data = KnownItem(menu, item);
-    // Pictures of the platform, such as the buttons of a maximised child, and what the host draws
-    // itself.
-    if ((item.type & MFT_BITMAP) || (item.OwnerDrawn() && !data))
-        return 0;
-    ULONG_PTR number = item.data;
+    CMyItemDatas& items = CurrentMenuModule()->items;
+    CMyItemData* data = OurItem(menu, position, item);
+    const CMyItemData* copied = data ? nullptr : CopiedItem(item);
+    if (IsPicture(data, item)) {
+        if (data) {
+            Restore(*data, item);
+            items.Remove(data->number);
+        }
+        return nullptr;
+    }
+    if (item.OwnerDrawn() && !data && !copied)
+        return nullptr; // its host draws it
     const bool fresh = !data;
     if (fresh)
-        data = &NewItem(window, menu, item, number);
+        data = &NewItem(menu, position, item, copied);
+    else
+        data->original.data = HostData(*data, item);
     if (HasNewCaption(*data, item))
         TakeCaption(*data, item.caption);
     TakeType(*data, HostType(*data, item));
@@ -100,29 +128,50 @@ ULONG_PTR ConvertItem(WndCoolMenu& window, HMENU menu, UINT position, bool menuB
     data->bMainMenu = menuBar;
 
     const UINT type = data->fType | MFT_OWNERDRAW;
-    const bool written =
-        (item.OwnerDrawn() && item.type == type) || WriteItemType(menu, position, type, number);
+    const bool written = (item.type == type && item.data == data->number) ||
+                         WriteItemType(menu, position, type, data->number);
     if (!written) {
         Diagnose(LastError(), kRoutine);
         if (fresh)
-            CurrentMenuModule()->items.Remove(std::to_wstring(number));
-        return 0;
+            items.Remove(data->number);
+        return nullptr;
     }
     // Screen readers read the item's own caption: without the marks.
     if (!item.caption.empty() && item.caption != data->sMenuText)
         WriteItemCaption(menu, position, data->sMenuText);
-    return number;
+    return data;
 }
 
-// Items that their host removed from the menu, and all of menus that are gone.
-void ForgetMissing(HMENU menu, const std::set<ULONG_PTR>& present) {
-    CMyItemDatas& items = CurrentMenuModule()->items;
-    std::vector<std::wstring> missing;
-    for (const auto& [key, data] : items)
-        if (data->menu == menu ? !present.contains(std::stoull(key)) : !IsMenu(data->menu))
-            missing.push_back(key);
-    for (const std::wstring& key : missing)
-        items.Remove(key);
+// Items that are in no menu any more are kept for a while: hosts hide items by taking them out.
+void SetAside(MenuModule& module, CMyItemData& data) {
+    data.menu = nullptr;
+    module.removed.push_back(data.number);
+    if (module.removed.size() <= kMostRemoved)
+        return;
+    const CMyItemData* oldest = module.items.Item(module.removed.front());
+    if (oldest && !oldest->menu)
+        module.items.Remove(oldest->number);
+    module.removed.pop_front();
+}
+
+void SetAsideMissing(MenuModule& module, HMENU menu, const std::vector<ULONG_PTR>& before,
+                     const std::set<ULONG_PTR>& present) {
+    for (const ULONG_PTR number : before) {
+        CMyItemData* data = present.contains(number) ? nullptr : module.items.Item(number);
+        if (data && data->menu == menu)
+            SetAside(module, *data);
+    }
+}
+
+void ForgetDeadMenus(MenuModule& module, WndCoolMenu& window) {
+    window.ForgetDeadHeads();
+    std::erase_if(module.shared, [](HMENU menu) { return !IsMenu(menu); });
+    std::erase_if(module.menus, [&](const auto& seen) {
+        if (IsMenu(seen.first))
+            return false;
+        SetAsideMissing(module, seen.first, seen.second.numbers, {});
+        return true;
+    });
 }
 
 // The platform keeps the size of an item until its type is written.
@@ -130,72 +179,62 @@ void Touch(HMENU menu) {
     for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
         MenuItem item;
         const auto position = static_cast<UINT>(i);
-        if (ReadMenuItem(menu, position, item) && KnownItem(menu, item))
+        if (ReadItem(menu, position, item) && item.OwnerDrawn() && OurItem(menu, position, item))
             WriteItemType(menu, position, item.type, item.data);
     }
 }
 
 // All items make room for the widest shortcut.
-void MeasureShortcuts(WndCoolMenu& window, HMENU menu) {
+void MeasureShortcuts(WndCoolMenu& window, HMENU menu, SeenMenu& seen) {
     const int widest = WidestShortcut(window, menu);
-    if (std::exchange(window.shortcutWidths[menu], widest) != widest)
+    const bool changed = std::exchange(window.shortcutWidths[menu], widest) != widest;
+    const HWND before = std::exchange(seen.measuredFor, window.hWnd);
+    if (changed || (before && before != window.hWnd))
         Touch(menu);
 }
 
-void Convert(WndCoolMenu& window, HMENU menu, bool menuBar, int depth) {
-    if (!menu || depth > kDeepest)
-        return;
-    std::set<ULONG_PTR> present;
-    const int count = GetMenuItemCount(menu);
-    for (int i = 0; i < count; ++i) {
-        present.insert(ConvertItem(window, menu, static_cast<UINT>(i), menuBar));
-        Convert(window, GetSubMenu(menu, i), false, depth + 1);
-    }
-    ForgetMissing(menu, present);
-    window.AddMenuHead(menu);
-    if (!menuBar)
-        MeasureShortcuts(window, menu);
-}
+// Goes through a menu and those below it, each of them once.
+class Conversion {
+public:
+    explicit Conversion(WndCoolMenu& window) : window_(window), module_(*CurrentMenuModule()) {}
 
-void Restore(const CMyItemData& data, UINT position) {
-    MenuItem item;
-    if (!ReadMenuItem(data.menu, position, item))
-        return;
-    // What the host wrote meanwhile stays.
-    if (!HasNewCaption(data, item) && data.sMenuText != data.original.caption)
-        WriteItemCaption(data.menu, position, data.original.caption);
-    const UINT type = HostType(data, item);
-    WriteItemType(data.menu, position, type, data.original.data);
-    // The platform disables what becomes a separator.
-    if (data.captionedSeparator && !(type & MFT_SEPARATOR))
-        WriteItemState(data.menu, position, data.original.state);
-}
-
-// Calls with each item of a window that is still where it was.
-template <class Visit> void ForEachItem(HWND window, Visit&& visit) {
-    MenuModule* module = CurrentMenuModule();
-    std::set<HMENU> menus;
-    if (module)
-        for (const auto& [key, data] : module->items)
-            if (data->window == window && IsMenu(data->menu))
-                menus.insert(data->menu);
-    for (const HMENU menu : menus)
-        for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
-            const auto position = static_cast<UINT>(i);
-            const CMyItemData* data = FindItemData(menu, ReadItemNumber(menu, position, true));
-            if (data && data->window == window)
-                Suppress(kRoutine, [&] { visit(*data, position); });
+    void Convert(HMENU menu, bool menuBar, int depth = 0) {
+        if (!menu || depth > kDeepest || !done_.insert(menu).second)
+            return;
+        std::set<ULONG_PTR> present;
+        const int count = GetMenuItemCount(menu);
+        for (int i = 0; i < count; ++i) {
+            const CMyItemData* data = ConvertItem(menu, static_cast<UINT>(i), menuBar);
+            if (!data)
+                continue;
+            present.insert(data->number);
+            const HMENU submenu = data->bTrueSub ? GetSubMenu(menu, i) : nullptr;
+            if (submenu && !module_.shared.contains(submenu))
+                Convert(submenu, false, depth + 1);
         }
-}
+        SeenMenu& seen = module_.menus[menu];
+        SetAsideMissing(module_, menu, seen.numbers, present);
+        seen.numbers.assign(present.begin(), present.end());
+        window_.AddMenuHead(menu);
+        if (!menuBar)
+            MeasureShortcuts(window_, menu, seen);
+    }
+
+private:
+    WndCoolMenu& window_;
+    MenuModule& module_;
+    std::set<HMENU> done_;
+};
 
 } // namespace
 
 void ConvertMenu(WndCoolMenu& window, HMENU menu, bool menuBar) {
     Suppress(kRoutine, [&] {
-        if (!CurrentMenuModule())
+        MenuModule* module = CurrentMenuModule();
+        if (!module)
             return;
-        window.ForgetDeadHeads();
-        Convert(window, menu, menuBar, 0);
+        ForgetDeadMenus(*module, window);
+        Conversion(window).Convert(menu, menuBar);
     });
 }
 
@@ -206,15 +245,47 @@ void TouchMenus(WndCoolMenu& window) {
         Touch(window.GetMenuHead(i));
 }
 
-void RestoreMenus(HWND window) {
-    ForEachItem(window, [](const CMyItemData& data, UINT position) { Restore(data, position); });
+void RestoreMenu(HMENU menu) {
     MenuModule* module = CurrentMenuModule();
-    std::vector<std::wstring> restored;
-    for (const auto& [key, data] : module->items)
-        if (data->window == window)
-            restored.push_back(key);
-    for (const std::wstring& key : restored)
-        module->items.Remove(key);
+    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i)
+        Suppress(kRoutine, [&] {
+            MenuItem item;
+            const auto position = static_cast<UINT>(i);
+            if (!ReadItemAndCaption(menu, position, item))
+                return;
+            if (const CMyItemData* data = OurItem(menu, position, item)) {
+                Restore(*data, item);
+                module->items.Remove(data->number);
+            }
+        });
+    const auto seen = module->menus.find(menu);
+    if (seen == module->menus.end())
+        return;
+    SetAsideMissing(*module, menu, seen->second.numbers, {});
+    module->menus.erase(seen);
+}
+
+std::vector<HMENU> MenusOf(const WndCoolMenu& window) {
+    std::vector<HMENU> menus;
+    std::set<HMENU> known;
+    const auto add = [&](HMENU menu) {
+        if (menu && known.insert(menu).second)
+            menus.push_back(menu);
+    };
+    for (long i = 0; i < window.CountMenuHeads(); ++i)
+        add(window.GetMenuHead(i));
+    add(GetMenu(window.hWnd));
+    add(GetSystemMenu(window.hWnd, FALSE));
+    for (std::size_t next = 0; next < menus.size(); ++next)
+        for (int i = 0; i < GetMenuItemCount(menus[next]); ++i)
+            add(GetSubMenu(menus[next], i));
+    return menus;
+}
+
+void RestoreMenus(WndCoolMenu& window) {
+    // Also in menus where the host has put them since.
+    for (const HMENU menu : MenusOf(window))
+        RestoreMenu(menu);
 }
 
 } // namespace vndesk

@@ -5,9 +5,8 @@
 
 #include "convert_menu.h"
 #include "duplicate_key.h"
-#include "menu_hook.h"
 #include "menu_module.h"
-#include "window_calls.h"
+#include "window_procedure.h"
 
 namespace vndesk {
 
@@ -27,15 +26,16 @@ bool InstallMenus(HWND window, MenuHelp help, ImageSource images) {
         return false;
     MenuModule& module = EnsureMenuModule();
     const auto entry = std::make_shared<WndCoolMenu>(window);
-    entry->PrevProc = WindowProcedureOf(window);
+    // The hook finds the first entry of a window that is installed twice.
+    entry->PrevProc = PutHook(window);
     entry->SetSystemSelection(GetSysColor(COLOR_HIGHLIGHT));
     entry->ilHandle = std::move(images);
     entry->HelpObj = std::move(help);
-    // The hook finds the first entry of a window that is installed twice.
-    SetWindowProcedure(window, MenuWindowProc);
-    if (!module.windows.try_emplace(WindowKey(window), entry).second)
+    if (!module.windows.try_emplace(window, entry).second)
         ThrowDuplicateKey();
 
+    for (const HMENU menu : MenusOf(*entry))
+        module.shared.erase(menu);
     ConvertMenu(*entry, GetMenu(window), true);
     ConvertMenu(*entry, GetSystemMenu(window, FALSE), false);
     if (GetMenu(window))
@@ -48,9 +48,14 @@ void UninstallMenus(HWND window) {
     const std::shared_ptr<WndCoolMenu> entry = window ? FindCoolMenu(window) : nullptr;
     if (!entry)
         return;
-    RestoreMenus(window);
-    SetWindowProcedure(window, entry->PrevProc);
-    CurrentMenuModule()->windows.erase(WindowKey(window));
+    RestoreMenus(*entry);
+    TakeHookAway(window, entry->PrevProc);
+    MenuModule& module = *CurrentMenuModule();
+    module.windows.erase(window);
+    for (const HMENU menu : MenusOf(*entry))
+        for (const auto& [other, its] : module.windows)
+            if (its->HasMenuHead(menu))
+                module.shared.insert(menu);
     ReleaseUnusedMenuModule();
     if (GetMenu(window))
         DrawMenuBar(window);

@@ -25,9 +25,17 @@ HIMAGELIST ToHandle(const VARIANT& given) {
     return reinterpret_cast<HIMAGELIST>(handle);
 }
 
+bool IsReadable(const void* place) {
+    constexpr DWORD kUnreadable = PAGE_NOACCESS | PAGE_GUARD | PAGE_EXECUTE;
+    MEMORY_BASIC_INFORMATION memory;
+    return VirtualQuery(place, &memory, sizeof memory) == sizeof memory &&
+           memory.State == MEM_COMMIT && !(memory.Protect & kUnreadable);
+}
+
 // A number that the host mistook for an image list must not take the process down.
 bool IsImageList(HIMAGELIST list) {
-    return list && !IsBadReadPtr(list, 2 * sizeof(void*)) &&
+    const auto* begin = reinterpret_cast<const char*>(list);
+    return list && IsReadable(begin) && IsReadable(begin + 2 * sizeof(void*) - 1) &&
            Controls6().ImageList_GetImageCount(list) > 0;
 }
 

@@ -7,7 +7,7 @@ ItemColors ColorsOf(const ItemState& state, const SystemColors& system, const Ho
     ItemColors colors;
     colors.background = state.menuBar ? system.menuBar : system.menu;
     colors.fill = state.selected ? host.selection.value_or(system.highlight) : colors.background;
-    if (state.disabled || (state.inactive && !state.selected)) {
+    if (state.disabled) {
         colors.text = system.grayText;
         // Gray on the selection cannot be read in some colour schemes.
         if (state.selected && colors.text == colors.fill)

@@ -36,8 +36,7 @@ struct ItemState {
     bool disabled = false;
     bool checked = false;
     bool isDefault = false;
-    bool hovered = false;  // on the menu bar, no popup open
-    bool inactive = false; // on the menu bar of a window that is not the active one
+    bool hovered = false; // on the menu bar, no popup open
     bool hideMnemonics = false;
 };
 

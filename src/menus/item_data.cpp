@@ -1,26 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "item_data.h"
 
+#include <atomic>
+
 #include "duplicate_key.h"
 
 namespace vndesk {
 
-CMyItemData& CMyItemDatas::Add(const std::wstring& key) {
-    const auto [place, added] = items_.try_emplace(key);
+namespace {
+
+std::atomic<ULONG> lastNumber{0x4D000000};
+
+} // namespace
+
+CMyItemData& CMyItemDatas::Add(ULONG_PTR key) {
+    auto made = std::make_unique<CMyItemData>();
+    made->number = key;
+    const auto [place, added] = items_.try_emplace(key, std::move(made));
     if (!added)
         ThrowDuplicateKey();
-    try {
-        place->second = std::make_unique<CMyItemData>();
-    } catch (...) {
-        items_.erase(place);
-        throw;
-    }
     return *place->second;
 }
 
-CMyItemData* CMyItemDatas::Item(const std::wstring& key) const {
+CMyItemData* CMyItemDatas::Item(ULONG_PTR key) const {
     const auto found = items_.find(key);
     return found == items_.end() ? nullptr : found->second.get();
+}
+
+ULONG_PTR CMyItemDatas::NextNumber() {
+    return ++lastNumber;
 }
 
 } // namespace vndesk

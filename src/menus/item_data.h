@@ -5,9 +5,9 @@
 
 #include <windows.h>
 
-#include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include "menu_caption.h"
 
@@ -31,34 +31,36 @@ struct CMyItemData {
     UINT fType = 0;           // type flags as read at conversion
     std::wstring sMenuText;   // caption
 
-    HWND window = nullptr;
+    ULONG_PTR number = 0;
+    // Where the item was seen last; no menu while its host has taken it out of all.
     HMENU menu = nullptr;
+    UINT position = 0;
     UINT id = 0;
     bool captionedSeparator = false; // by its caption, not by its type
     OriginalItem original;
 };
 
-// A keyed collection: the key is the number as decimal text.
+// A keyed collection of them by their numbers.
 class CMyItemDatas {
 public:
-    using Map = std::map<std::wstring, std::unique_ptr<CMyItemData>>;
+    using Map = std::unordered_map<ULONG_PTR, std::unique_ptr<CMyItemData>>;
 
     // A key that is there already raises the duplicate-key error.
-    CMyItemData& Add(const std::wstring& key);
+    CMyItemData& Add(ULONG_PTR key);
     // Null when there is none.
-    CMyItemData* Item(const std::wstring& key) const;
+    CMyItemData* Item(ULONG_PTR key) const;
     long Count() const { return static_cast<long>(items_.size()); }
-    void Remove(const std::wstring& key) { items_.erase(key); }
+    void Remove(ULONG_PTR key) { items_.erase(key); }
 
-    // Numbers are given once in the life of a collection.
-    ULONG_PTR NextNumber() { return ++lastNumber_; }
+    // Given once in the life of the process, and far from the counters that hosts keep in their
+    // items: WM_MEASUREITEM tells nothing else of an item but its command.
+    static ULONG_PTR NextNumber();
 
     Map::const_iterator begin() const { return items_.begin(); }
     Map::const_iterator end() const { return items_.end(); }
 
 private:
     Map items_;
-    ULONG_PTR lastNumber_ = 0;
 };
 
 } // namespace vndesk

@@ -101,7 +101,7 @@ void PaintPicture(const Painting& paint, HIMAGELIST images, Mark mark) {
     if (mark.checked) {
         Edge(paint.dc, frame, BDR_SUNKENOUTER, BF_RECT);
         PaintBadge(paint, mark);
-    } else if (paint.state.selected && !paint.state.disabled && !paint.window.FullSelect) {
+    } else if (paint.state.selected && !paint.state.disabled) {
         Edge(paint.dc, frame, BDR_RAISEDINNER, BF_RECT);
     }
 }

@@ -3,8 +3,7 @@
 
 #include "gdi.h"
 #include "item_painter.h"
-#include "menu_items.h"
-#include "menu_module.h"
+#include "our_items.h"
 
 namespace vndesk {
 
@@ -17,7 +16,7 @@ bool IsButtonDown(UINT message) {
 
 int ItemUnderMouse(const WndCoolMenu& window, HMENU bar) {
     POINT mouse;
-    if (window.MainPopedIndex() != L"-1" || IsIconic(window.hWnd) ||
+    if (window.PopedIndex() != WndCoolMenu::kNoItem || IsIconic(window.hWnd) ||
         GetForegroundWindow() != window.hWnd || !GetCursorPos(&mouse))
         return WndCoolMenu::kNoItem;
     return MenuItemFromPoint(window.hWnd, bar, mouse);
@@ -33,10 +32,9 @@ Box PlaceInWindow(HWND window, const RECT& item) {
 }
 
 void PaintBarItem(WndCoolMenu& window, HMENU bar, int index, bool hovered) {
-    const CMyItemData* data = FindItemData(ReadItemNumber(bar, static_cast<UINT>(index), true));
+    const CMyItemData* data = OurDrawnItem(bar, static_cast<UINT>(index));
     RECT place;
-    if (!data || data->menu != bar ||
-        !GetMenuItemRect(window.hWnd, bar, static_cast<UINT>(index), &place))
+    if (!data || !GetMenuItemRect(window.hWnd, bar, static_cast<UINT>(index), &place))
         return;
     const UINT menuState = GetMenuState(bar, static_cast<UINT>(index), MF_BYPOSITION);
     ItemState state;

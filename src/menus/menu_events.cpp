@@ -11,12 +11,11 @@
 #include "menu_items.h"
 #include "menu_module.h"
 #include "menu_text.h"
+#include "our_items.h"
 
 namespace vndesk {
 
 namespace {
-
-constexpr wchar_t kNone[] = L"-1";
 
 ItemState StateOf(const CMyItemData& data, UINT state) {
     ItemState result;
@@ -26,7 +25,6 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
     result.checked = (state & ODS_CHECKED) != 0;
     result.isDefault = (state & ODS_DEFAULT) != 0 || IsDefaultItem(data);
     result.hovered = (state & ODS_HOTLIGHT) != 0;
-    result.inactive = (state & ODS_INACTIVE) != 0;
     result.hideMnemonics = (state & ODS_NOACCEL) != 0;
     return result;
 }
@@ -35,14 +33,20 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
 // have too.
 const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
     if (popup)
-        return FindItemData(menu, ReadItemNumber(menu, item, true));
-    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-        const CMyItemData* data =
-            FindItemData(menu, ReadItemNumber(menu, static_cast<UINT>(i), true));
-        if (data && LOWORD(data->id) == item && !data->bTrueSub)
+        return OurDrawnItem(menu, item);
+    const CMyItemData* first = nullptr;
+    const int count = GetMenuItemCount(menu);
+    for (int i = 0; i < count; ++i) {
+        const auto position = static_cast<UINT>(i);
+        const CMyItemData* data = OurDrawnItem(menu, position);
+        if (!data || LOWORD(data->id) != item || data->bTrueSub)
+            continue;
+        // Several may have the command; the user is on the highlighted one.
+        if (GetMenuState(menu, position, MF_BYPOSITION) & MF_HILITE)
             return data;
+        first = first ? first : data;
     }
-    return nullptr;
+    return first;
 }
 
 wchar_t UpperCase(wchar_t letter) {
@@ -55,7 +59,7 @@ std::vector<LetterItem> LetterItems(HMENU menu) {
     std::vector<LetterItem> items(static_cast<std::size_t>(std::max(0, GetMenuItemCount(menu))));
     for (std::size_t i = 0; i < items.size(); ++i) {
         const auto position = static_cast<UINT>(i);
-        const CMyItemData* data = FindItemData(menu, ReadItemNumber(menu, position, true));
+        const CMyItemData* data = OurDrawnItem(menu, position);
         if (!data || (data->fType & MFT_SEPARATOR))
             continue;
         const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
@@ -69,8 +73,10 @@ std::vector<LetterItem> LetterItems(HMENU menu) {
 
 bool OnMeasureItem(WndCoolMenu& window, MEASUREITEMSTRUCT& measured) {
     const CMyItemData* data =
-        measured.CtlType == ODT_MENU ? FindItemData(measured.itemData) : nullptr;
-    if (!data || data->id != measured.itemID)
+        measured.CtlType == ODT_MENU
+            ? OurDrawnItem(window, nullptr, measured.itemID, measured.itemData)
+            : nullptr;
+    if (!data)
         return false;
     const Extent size =
         MeasureItem(CaptionExtent(window, *data), data->bMainMenu, MetricsOf(window));
@@ -82,9 +88,9 @@ bool OnMeasureItem(WndCoolMenu& window, MEASUREITEMSTRUCT& measured) {
 bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
     if (drawn.CtlType != ODT_MENU)
         return false;
-    const auto menu = reinterpret_cast<HMENU>(drawn.hwndItem);
-    const CMyItemData* data = FindItemData(menu, drawn.itemData);
-    if (!data || data->id != drawn.itemID)
+    const CMyItemData* data =
+        OurDrawnItem(window, reinterpret_cast<HMENU>(drawn.hwndItem), drawn.itemID, drawn.itemData);
+    if (!data)
         return false;
     PaintItem(drawn.hDC, ToBox(drawn.rcItem), window, *data, StateOf(*data, drawn.itemState));
     // The platform would draw its own submenu arrow over ours.
@@ -104,19 +110,23 @@ void OnInitMenuPopup(WndCoolMenu& window, HMENU popup, UINT position, bool syste
         ConvertMenu(window, popup, false);
     const HMENU bar = GetMenu(window.hWnd);
     if (!systemMenu && bar && GetSubMenu(bar, static_cast<int>(position)) == popup)
-        window.SetMainPopedIndex(std::to_wstring(position));
+        window.SetPopedIndex(static_cast<int>(position));
 }
 
 void OnUninitMenuPopup(WndCoolMenu& window, HMENU popup) {
-    const int open = std::stoi(window.MainPopedIndex());
+    const int open = window.PopedIndex();
     const HMENU bar = GetMenu(window.hWnd);
     if (open >= 0 && (!bar || GetSubMenu(bar, open) == popup))
-        window.SetMainPopedIndex(kNone);
+        window.SetPopedIndex(WndCoolMenu::kNoItem);
+    // Another window of the host has it too, and does not draw it.
+    const MenuModule* module = CurrentMenuModule();
+    if (module && module->shared.contains(popup))
+        RestoreMenu(popup);
 }
 
 void OnMenuSelect(WndCoolMenu& window, UINT item, UINT flags, HMENU menu) {
     if (!menu) { // the menu was closed
-        window.SetMainPopedIndex(kNone);
+        window.SetPopedIndex(WndCoolMenu::kNoItem);
         return;
     }
     const CMyItemData* data = SelectedItem(menu, item, (flags & MF_POPUP) != 0);

@@ -9,6 +9,7 @@
 #include "menu_events.h"
 #include "menu_module.h"
 #include "window_calls.h"
+#include "window_procedure.h"
 
 namespace vndesk {
 
@@ -108,13 +109,21 @@ void After(WndCoolMenu& entry, const Message& message) {
 } // namespace
 
 LRESULT CALLBACK MenuWindowProc(HWND window, UINT number, WPARAM wParam, LPARAM lParam) {
+    if (AnswersProbe(number, wParam, lParam))
+        return 0;
+    struct AtEnd {
+        HWND window;
+        bool goes;
+        ~AtEnd() {
+            if (goes)
+                ForgetHook(window);
+        }
+    } const atEnd{window, number == WM_NCDESTROY};
     std::shared_ptr<WndCoolMenu> entry;
     Suppress(kRoutine, [&] { entry = FindCoolMenu(window); });
     const Message message = {number, wParam, lParam};
-    // Another hook that came later may call this one after the uninstallation.
     if (!entry)
-        return Forward(window, IsWindowUnicode(window) ? DefWindowProcW : DefWindowProcA, number,
-                       wParam, lParam);
+        return PassOnAfterwards(window, number, wParam, lParam);
     if (number == WM_NCDESTROY)
         Suppress(kRoutine, [&] { UninstallMenus(window); });
     LRESULT answer = 0;

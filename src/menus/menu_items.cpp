@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menu_items.h"
 
+#include <iterator>
+
 namespace vndesk {
 
 namespace {
@@ -14,36 +16,56 @@ MENUITEMINFOW Info(UINT mask) {
 
 } // namespace
 
-bool ReadMenuItem(HMENU menu, UINT position, MenuItem& item) {
+bool ReadItem(HMENU menu, UINT position, MenuItem& item) {
     MENUITEMINFOW info =
-        Info(MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_DATA | MIIM_STRING);
+        Info(MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_DATA | MIIM_BITMAP);
     if (!GetMenuItemInfoW(menu, position, TRUE, &info))
         return false;
     item.type = info.fType;
     item.state = info.fState;
     item.id = info.wID;
     item.submenu = info.hSubMenu;
+    item.bitmap = info.hbmpItem;
     item.data = info.dwItemData;
-    item.caption.clear();
-    if (info.cch > 0 && !(info.fType & MFT_BITMAP)) {
-        item.caption.resize(info.cch + 1);
-        info.fMask = MIIM_STRING;
-        info.dwTypeData = item.caption.data();
-        info.cch = static_cast<UINT>(item.caption.size());
-        item.caption.resize(GetMenuItemInfoW(menu, position, TRUE, &info) ? info.cch : 0);
-    }
     return true;
 }
 
-ULONG_PTR ReadItemNumber(HMENU menu, UINT item, bool byPosition) {
-    MENUITEMINFOW info = Info(MIIM_FTYPE | MIIM_DATA);
-    const bool read = GetMenuItemInfoW(menu, item, byPosition, &info);
-    return read && (info.fType & MFT_OWNERDRAW) ? info.dwItemData : 0;
+std::wstring ReadItemCaption(HMENU menu, UINT position) {
+    // Hardly any is longer.
+    wchar_t text[100];
+    constexpr UINT kRoom = static_cast<UINT>(std::size(text));
+    MENUITEMINFOW info = Info(MIIM_STRING);
+    info.dwTypeData = text;
+    info.cch = kRoom;
+    if (!GetMenuItemInfoW(menu, position, TRUE, &info) || info.cch == 0)
+        return {};
+    if (info.cch + 1 < kRoom)
+        return {text, info.cch};
+    info.dwTypeData = nullptr;
+    if (!GetMenuItemInfoW(menu, position, TRUE, &info))
+        return {};
+    std::wstring caption(++info.cch, L'\0');
+    info.dwTypeData = caption.data();
+    caption.resize(GetMenuItemInfoW(menu, position, TRUE, &info) ? info.cch : 0);
+    return caption;
+}
+
+bool ReadItemAndCaption(HMENU menu, UINT position, MenuItem& item) {
+    if (!ReadItem(menu, position, item))
+        return false;
+    item.caption = item.type & MFT_BITMAP ? std::wstring() : ReadItemCaption(menu, position);
+    return true;
 }
 
 bool WriteItemType(HMENU menu, UINT position, UINT type, ULONG_PTR data) {
     MENUITEMINFOW info = Info(MIIM_FTYPE | MIIM_DATA);
     info.fType = type;
+    info.dwItemData = data;
+    return SetMenuItemInfoW(menu, position, TRUE, &info);
+}
+
+bool WriteItemData(HMENU menu, UINT position, ULONG_PTR data) {
+    MENUITEMINFOW info = Info(MIIM_DATA);
     info.dwItemData = data;
     return SetMenuItemInfoW(menu, position, TRUE, &info);
 }

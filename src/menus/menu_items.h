@@ -13,6 +13,7 @@ struct MenuItem {
     UINT state = 0;
     UINT id = 0;
     HMENU submenu = nullptr;
+    HBITMAP bitmap = nullptr; // beside or instead of the caption
     ULONG_PTR data = 0;
     std::wstring caption;
 
@@ -20,12 +21,14 @@ struct MenuItem {
     bool Separator() const { return (type & MFT_SEPARATOR) != 0; }
 };
 
-// False when there is no such item.
-bool ReadMenuItem(HMENU menu, UINT position, MenuItem& item);
-// The number in an item; by its command or its position.
-ULONG_PTR ReadItemNumber(HMENU menu, UINT item, bool byPosition);
+// Both are false when there is no such item. The first one leaves the caption out, which takes
+// longest to read.
+bool ReadItem(HMENU menu, UINT position, MenuItem& item);
+bool ReadItemAndCaption(HMENU menu, UINT position, MenuItem& item);
+std::wstring ReadItemCaption(HMENU menu, UINT position);
 
 bool WriteItemType(HMENU menu, UINT position, UINT type, ULONG_PTR data);
+bool WriteItemData(HMENU menu, UINT position, ULONG_PTR data);
 bool WriteItemCaption(HMENU menu, UINT position, const std::wstring& caption);
 bool WriteItemState(HMENU menu, UINT position, UINT state);
 

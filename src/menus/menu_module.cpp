@@ -3,30 +3,53 @@
 
 #include <utility>
 
+#include "com/kit/com_error.h"
 #include "com/kit/lock.h"
+#include "window_procedure.h"
 
 namespace vndesk {
 
 namespace {
 
-// Those of all threads. No owner: a process may end with windows installed, and nothing may run for
-// them then.
+// The slot in which each thread has its own; taken while there is one. The platform calls when a
+// thread ends that has something in it.
 SRWLOCK lock_ = SRWLOCK_INIT;
-MenuModule* first_ = nullptr;
+DWORD slot_ = FLS_OUT_OF_INDEXES;
+long modules_ = 0;
 
-// Where the calling thread's stands, or would be added.
-MenuModule** Place() {
-    MenuModule** place = &first_;
-    while (*place && (*place)->thread != GetCurrentThreadId())
-        place = &(*place)->next;
-    return place;
+// A process may end with windows installed, and nothing may run for them then: what their hosts
+// gave may be gone.
+bool ProcessEnds() {
+    const auto ask = reinterpret_cast<BOOLEAN(WINAPI*)()>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress")));
+    return ask && ask();
+}
+
+void WINAPI ReleaseAtThreadEnd(void* value) {
+    if (ProcessEnds())
+        return;
+    const std::unique_ptr<MenuModule> module(static_cast<MenuModule*>(value));
+    {
+        // The slot stays, because the platform may be at it now; the next thread finds it.
+        const Writing writing(lock_);
+        --modules_;
+    }
+    Trap([&] {
+        for (const auto& [window, entry] : module->windows)
+            TakeHookAway(window, entry->PrevProc);
+    });
+}
+
+DWORD Slot() {
+    const Reading reading(lock_);
+    return slot_;
 }
 
 } // namespace
 
 MenuModule* CurrentMenuModule() {
-    const Reading reading(lock_);
-    return *Place();
+    const DWORD slot = Slot();
+    return slot == FLS_OUT_OF_INDEXES ? nullptr : static_cast<MenuModule*>(FlsGetValue(slot));
 }
 
 MenuModule& EnsureMenuModule() {
@@ -34,39 +57,37 @@ MenuModule& EnsureMenuModule() {
         return *module;
     auto made = std::make_unique<MenuModule>();
     const Writing writing(lock_);
-    return *(*Place() = made.release());
+    if (slot_ == FLS_OUT_OF_INDEXES)
+        slot_ = FlsAlloc(ReleaseAtThreadEnd);
+    if (slot_ == FLS_OUT_OF_INDEXES || !FlsSetValue(slot_, made.get()))
+        throw ComError(E_OUTOFMEMORY);
+    ++modules_;
+    return *made.release();
 }
 
 void ReleaseUnusedMenuModule() {
-    const std::unique_ptr<MenuModule> unused([]() -> MenuModule* {
+    MenuModule* module = CurrentMenuModule();
+    if (!module || !module->windows.empty())
+        return;
+    const std::unique_ptr<MenuModule> unused(module);
+    FlsSetValue(Slot(), nullptr);
+    DWORD unusedSlot = FLS_OUT_OF_INDEXES;
+    {
         const Writing writing(lock_);
-        MenuModule** place = Place();
-        if (!*place || !(*place)->windows.empty())
-            return nullptr;
-        return std::exchange(*place, (*place)->next);
-    }());
-}
-
-std::wstring WindowKey(HWND window) {
-    return std::to_wstring(static_cast<long>(reinterpret_cast<LONG_PTR>(window)));
+        if (--modules_ == 0)
+            unusedSlot = std::exchange(slot_, FLS_OUT_OF_INDEXES);
+    }
+    // Outside the lock: the platform may wait for a thread that is about to take it.
+    if (unusedSlot != FLS_OUT_OF_INDEXES)
+        FlsFree(unusedSlot);
 }
 
 std::shared_ptr<WndCoolMenu> FindCoolMenu(HWND window) {
     MenuModule* module = CurrentMenuModule();
     if (!module)
         return nullptr;
-    const auto found = module->windows.find(WindowKey(window));
+    const auto found = module->windows.find(window);
     return found == module->windows.end() ? nullptr : found->second;
-}
-
-CMyItemData* FindItemData(ULONG_PTR number) {
-    MenuModule* module = CurrentMenuModule();
-    return module && number != 0 ? module->items.Item(std::to_wstring(number)) : nullptr;
-}
-
-CMyItemData* FindItemData(HMENU menu, ULONG_PTR number) {
-    CMyItemData* data = FindItemData(number);
-    return data && data->menu == menu ? data : nullptr;
 }
 
 } // namespace vndesk

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What all windows with drawn menus of one user-interface thread share. It lives from the thread's
-// first installation to its last uninstallation.
+// first installation to its last uninstallation, or to the thread's end.
 #pragma once
 
 #include <windows.h>
 
+#include <deque>
 #include <map>
 #include <memory>
-#include <string>
+#include <set>
+#include <unordered_map>
+#include <vector>
 
 #include "item_data.h"
 #include "menu_fonts.h"
@@ -15,13 +18,21 @@
 
 namespace vndesk {
 
-struct MenuModule {
-    std::map<std::wstring, std::shared_ptr<WndCoolMenu>> windows; // by handle as decimal text
-    CMyItemDatas items;
-    SharedFonts fonts;
+// What was found in a menu when it was looked through last.
+struct SeenMenu {
+    std::vector<ULONG_PTR> numbers; // of its items that are ours
+    HWND measuredFor = nullptr;     // the platform keeps the sizes of items
+};
 
-    const DWORD thread = GetCurrentThreadId();
-    MenuModule* next = nullptr; // another thread's
+struct MenuModule {
+    std::map<HWND, std::shared_ptr<WndCoolMenu>> windows;
+    CMyItemDatas items;
+    std::unordered_map<HMENU, SeenMenu> menus;
+    // Items that their hosts took out of their menus, the oldest first: they may be put in again.
+    std::deque<ULONG_PTR> removed;
+    // Menus that a window which is not installed any more has too: drawn only while they are open.
+    std::set<HMENU> shared;
+    SharedFonts fonts;
 };
 
 // The calling thread's; null when none of its windows is installed.
@@ -30,16 +41,8 @@ MenuModule& EnsureMenuModule();
 // Releases everything when no window of the thread is left.
 void ReleaseUnusedMenuModule();
 
-std::wstring WindowKey(HWND window);
-
 // Null when the window is not installed by the calling thread. The caller's hold outlives an
 // uninstallation meanwhile.
 std::shared_ptr<WndCoolMenu> FindCoolMenu(HWND window);
-
-// The data of an item by the number that stands in it; null for items of others.
-CMyItemData* FindItemData(ULONG_PTR number);
-// The same where the menu is known: items of others may hold any number, the menu tells them from
-// ours.
-CMyItemData* FindItemData(HMENU menu, ULONG_PTR number);
 
 } // namespace vndesk

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "menu_items.h"
 #include "menu_module.h"
 
 namespace vndesk {
@@ -58,16 +57,17 @@ Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data) {
 }
 
 int WidestShortcut(WndCoolMenu& window, HMENU menu) {
-    const HDC dc = EnsureMenuModule().fonts.MeasuringDc();
+    MenuModule& module = EnsureMenuModule();
+    const HDC dc = module.fonts.MeasuringDc();
     const MenuFonts& fonts = window.Fonts();
     // The default item is bold: as wide as any.
     const Selected font(dc, fonts.defaultItem.get());
     int widest = 0;
-    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i)
-        if (const CMyItemData* data =
-                FindItemData(ReadItemNumber(menu, static_cast<UINT>(i), true)))
-            if (!(data->fType & MFT_SEPARATOR))
-                widest = std::max(widest, TextExtent(dc, ShortcutPart(data->sMenuText)).width);
+    for (const ULONG_PTR number : module.menus[menu].numbers) {
+        const CMyItemData* data = module.items.Item(number);
+        if (data && data->menu == menu && !(data->fType & MFT_SEPARATOR))
+            widest = std::max(widest, TextExtent(dc, ShortcutPart(data->sMenuText)).width);
+    }
     return widest;
 }
 

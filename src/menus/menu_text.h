@@ -15,6 +15,7 @@ MenuMetrics MetricsOf(WndCoolMenu& window);
 // Text, gap and shortcut column; the width of the column is the menu's.
 Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data);
 
+// Of the items that were ours when the menu was looked through last.
 int WidestShortcut(WndCoolMenu& window, HMENU menu);
 
 // Whether a double click on the parent would choose the item.

@@ -57,7 +57,10 @@ public:
     HFONT MenuFont() const { return fonts_.item.get(); }
     HFONT MenuFontSep() const { return fonts_.separator.get(); }
 
-    // The index of the menu-bar item whose popup is open, as decimal text; "-1" for none.
+    // The index of the menu-bar item whose popup is open; -1 for none.
+    int PopedIndex() const { return popedIndex_; }
+    void SetPopedIndex(int index) { popedIndex_ = static_cast<short>(index); }
+    // The same as decimal text.
     std::wstring MainPopedIndex() const { return std::to_wstring(popedIndex_); }
     void SetMainPopedIndex(const std::wstring& index);
 

@@ -52,4 +52,14 @@ TEST(HelpCallBackTest, NullTextsAreEmpty) {
     EXPECT_EQ(std::vector<std::wstring>{L"//True"}, script.Lines());
 }
 
+TEST(HelpCallBackTest, TextsAreWholeWithZeroCharactersInThem) {
+    ScriptRunner script;
+    script.RunOk(L"Sub help_MenuHelp(text, help, enabled)\n"
+                 L"Echo Len(text) & Mid(text, 3) & \"/\" & Len(help) & Mid(help, 2)\nEnd Sub\n"
+                 L"Set help = WScript.CreateObject(\"VnDesk.HelpCallBack\")\n"
+                 L"Connect help, \"help_\"\n"
+                 L"help.RaiseHelpEvent \"a\" & Chr(0) & \"b\", Chr(0) & \"cd\", True");
+    EXPECT_EQ(std::vector<std::wstring>{L"3b/3cd"}, script.Lines());
+}
+
 } // namespace

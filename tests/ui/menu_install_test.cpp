@@ -76,6 +76,16 @@ TEST(MenuInstall, WindowZeroIsTrueAndChangesNothing) {
     EXPECT_EQ(VARIANT_TRUE, done);
 }
 
+TEST(MenuInstall, WindowZeroTakesAnything) {
+    const auto menu = CreateCoolMenu();
+    for (const _variant_t& anything :
+         {_variant_t(L"không"), _variant_t(menu.Get()), _variant_t(3L)}) {
+        VARIANT_BOOL done = VARIANT_FALSE;
+        EXPECT_SUCCEEDED(menu->Install(0, anything, anything, &done));
+        EXPECT_EQ(VARIANT_TRUE, done);
+    }
+}
+
 TEST(MenuInstall, HandleOfNoWindowIsFalse) {
     const auto menu = CreateCoolMenu();
     VARIANT_BOOL done = VARIANT_TRUE;
@@ -433,6 +443,37 @@ TEST(MenuProperties, UnknownWindowsAndUnsuitableValuesAreIgnored) {
         EXPECT_EQ(size, number);
         OpenPopup(host, host.File(), 0);
     }
+}
+
+// A variant that stands for another one, as a script passes its variables.
+_variant_t ReferenceTo(_variant_t& value) {
+    _variant_t reference;
+    V_VT(&reference) = VT_BYREF | VT_VARIANT;
+    V_VARIANTREF(&reference) = &value;
+    return reference;
+}
+
+TEST(MenuProperties, MissingValueOnlyReadsHoweverItIsPassed) {
+    const MenuHost host;
+    const InstalledMenu menu(host);
+    long number = -1;
+    _bstr_t name;
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    EXPECT_SUCCEEDED(menu->FontSize(host.Handle(), _variant_t(12L), &number));
+    EXPECT_SUCCEEDED(menu->FontName(host.Handle(), _variant_t(L"Arial"), name.GetAddress()));
+    for (_variant_t value : {_variant_t(), InstalledMenu::Missing()}) {
+        for (const _variant_t& given : {value, ReferenceTo(value)}) {
+            EXPECT_SUCCEEDED(menu->FontSize(host.Handle(), given, &number));
+            EXPECT_EQ(12, number) << given.vt;
+            EXPECT_SUCCEEDED(menu->FontName(host.Handle(), given, name.GetAddress()));
+            EXPECT_STREQ(L"Arial", name) << given.vt;
+            EXPECT_SUCCEEDED(menu->FullSelect(host.Handle(), given, &flag));
+            EXPECT_EQ(VARIANT_TRUE, flag) << given.vt;
+        }
+    }
+    _variant_t nine(9L);
+    EXPECT_SUCCEEDED(menu->FontSize(host.Handle(), ReferenceTo(nine), &number));
+    EXPECT_EQ(9, number);
 }
 
 } // namespace

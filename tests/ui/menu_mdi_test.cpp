@@ -176,5 +176,24 @@ TEST(MenuMdi, ButtonsOfAMaximisedChildAreLeftAlone) {
     EXPECT_TRUE(IsDrawn(frame.Bar(), 0));
 }
 
+TEST(MenuMdi, SystemMenuOfAMaximisedChildIsItsOwn) {
+    const MdiFrame frame;
+    const InstalledFrame menu(frame);
+    const HWND child = frame.AddChild(L"Phiếu chi");
+    const HMENU system = GetSystemMenu(child, FALSE);
+    const MenuLines before = Describe(system);
+    ASSERT_FALSE(before.empty());
+    SendMessageW(frame.Client(), WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child), 0);
+    ASSERT_EQ(system, GetSubMenu(frame.Bar(), 0)) << "it is reached through the bar";
+    SendMessageW(frame.Frame(), WM_INITMENU, reinterpret_cast<WPARAM>(frame.Bar()), 0);
+    SendMessageW(frame.Frame(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(frame.Windows()), 1);
+    for (int i = 0; i < GetMenuItemCount(system); ++i)
+        EXPECT_FALSE(IsDrawn(system, static_cast<UINT>(i))) << i;
+    SendMessageW(frame.Client(), WM_MDIRESTORE, reinterpret_cast<WPARAM>(child), 0);
+    for (int i = 0; i < GetMenuItemCount(system); ++i)
+        EXPECT_FALSE(IsDrawn(system, static_cast<UINT>(i))) << i;
+    EXPECT_TRUE(IsDrawn(frame.Bar(), 0));
+}
+
 } // namespace
 } // namespace vndesk::test

@@ -351,6 +351,14 @@ TEST_F(MenuPaintingTest, SelectedPictureIsRaisedWithoutFullSelect) {
     EXPECT_EQ(System(COLOR_MENU), Paint(kPrintAt, ODS_SELECTED | ODS_GRAYED)->At(0, 1));
 }
 
+TEST_F(MenuPaintingTest, SelectedPictureIsRaisedWithFullSelectToo) {
+    const auto canvas = Paint(kOpenAt, ODS_SELECTED);
+    EXPECT_EQ(System(COLOR_3DHILIGHT), canvas->At(0, 1));
+    EXPECT_EQ(System(COLOR_BTNSHADOW), canvas->At(kImageColumn - 1, kHeight - 2));
+    EXPECT_EQ(System(COLOR_HIGHLIGHT), canvas->At(kImageColumn + 1, 1));
+    EXPECT_EQ(System(COLOR_HIGHLIGHT), Paint(kPrintAt, ODS_SELECTED | ODS_GRAYED)->At(0, 1));
+}
+
 TEST(MenuPictures, ObjectWithAnImageListIsAskedForIt) {
     // An object of its own kind with the one property that is used.
     class ListObject : public IDispatch {
@@ -491,6 +499,14 @@ TEST_F(MenuPaintingTest, MenuBarItem) {
     EXPECT_EQ(System(COLOR_BTNSHADOW), hovered->At(59, 10));
     const auto disabled = Paint(host.Bar(), 0, ODS_HOTLIGHT | ODS_GRAYED, 60, 20);
     EXPECT_EQ(ground, disabled->At(0, 0)) << "what cannot be opened does not light up";
+}
+
+TEST_F(MenuPaintingTest, MenuBarOfAnInactiveWindowKeepsItsColour) {
+    EXPECT_TRUE(*Paint(host.Bar(), 0, 0, 60, 20) == *Paint(host.Bar(), 0, ODS_INACTIVE, 60, 20));
+    Set(&ICoolMenu::ForeColor, RGB(160, 0, 0));
+    const auto inactive = Paint(host.Bar(), 0, ODS_INACTIVE, 60, 20);
+    EXPECT_LT(0, inactive->Count(RGB(160, 0, 0)));
+    EXPECT_EQ(0, inactive->Count(System(COLOR_GRAYTEXT)));
 }
 
 TEST_F(MenuPaintingTest, HighFontIsMadeToFitTheMenuBar) {

@@ -6,6 +6,7 @@
 #include "menus/cool_menu.h"
 #include "menus/duplicate_key.h"
 #include "menus/menu_module.h"
+#include "menus/our_items.h"
 #include "support/leak_probe.h"
 
 namespace vndesk::test {
@@ -43,28 +44,28 @@ TEST(MenuParts, OpenPopupIsReadAndWrittenAsText) {
 
 TEST(MenuParts, MissingKeyGivesNothing) {
     CMyItemDatas items;
-    EXPECT_EQ(nullptr, items.Item(L"1"));
-    CMyItemData& added = items.Add(L"1");
-    EXPECT_EQ(&added, items.Item(L"1"));
+    EXPECT_EQ(nullptr, items.Item(1));
+    CMyItemData& added = items.Add(1);
+    EXPECT_EQ(&added, items.Item(1));
     EXPECT_EQ(1, items.Count());
-    EXPECT_EQ(nullptr, items.Item(L"2"));
-    items.Remove(L"1");
-    EXPECT_EQ(nullptr, items.Item(L"1"));
+    EXPECT_EQ(nullptr, items.Item(2));
+    items.Remove(1);
+    EXPECT_EQ(nullptr, items.Item(1));
     EXPECT_EQ(0, items.Count());
-    items.Remove(L"1");
+    items.Remove(1);
 }
 
 TEST(MenuParts, SameKeyTwiceIsAnError) {
     CMyItemDatas items;
-    items.Add(L"1").sMenuText = L"một";
+    items.Add(1).sMenuText = L"một";
     try {
-        items.Add(L"1");
+        items.Add(1);
         ADD_FAILURE() << "no error";
     } catch (const ComError& error) {
         EXPECT_EQ(kDuplicateKey, error.Code());
     }
-    EXPECT_EQ(L"một", items.Item(L"1")->sMenuText);
-    items.Add(L"2");
+    EXPECT_EQ(L"một", items.Item(1)->sMenuText);
+    items.Add(2);
     int count = 0;
     for (const auto& [key, data] : items)
         count += data != nullptr;
@@ -101,9 +102,7 @@ TEST(MenuParts, LastUninstallReleasesCollectionsAndFonts) {
 TEST(MenuParts, ItemDataTellsWhatTheCaptionSaid) {
     const MenuHost host;
     ASSERT_TRUE(InstallMenus(host.Window(), {}, {}));
-    const auto data = [&](HMENU menu, UINT position) {
-        return FindItemData(DataOf(menu, position));
-    };
+    const auto data = [&](HMENU menu, UINT position) { return OurDrawnItem(menu, position); };
     const CMyItemData* open = data(host.File(), kOpenAt);
     ASSERT_NE(nullptr, open);
     EXPECT_EQ(L"&Mở…\tCtrl+O", open->sMenuText);

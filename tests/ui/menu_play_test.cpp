@@ -261,6 +261,32 @@ TEST(MenuPlay, CommandOfTwoMenusIsToldFromWhereTheUserIs) {
     UninstallMenus(host.Window());
 }
 
+TEST(MenuPlay, HighlightedOneOfEqualCommandsIsTold) {
+    const MenuHost host;
+    AppendMenuW(host.File(), MF_STRING, kSave, L"Lưu lần nữa|Hai");
+    std::vector<std::wstring> told;
+    ASSERT_TRUE(InstallMenus(
+        host.Window(),
+        [&](const std::wstring&, const std::wstring& help, bool) { told.push_back(help); }, {}));
+    const auto highlight = [&](UINT position, UINT state) {
+        MENUITEMINFOW info = {};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_STATE;
+        info.fState = state;
+        SetMenuItemInfoW(host.File(), position, TRUE, &info);
+    };
+    const auto select = [&](UINT position) {
+        highlight(position, MFS_HILITE);
+        SendMessageW(host.Window(), WM_MENUSELECT, MAKEWPARAM(kSave, MF_HILITE),
+                     reinterpret_cast<LPARAM>(host.File()));
+        highlight(position, 0);
+    };
+    select(static_cast<UINT>(GetMenuItemCount(host.File()) - 1));
+    select(kSaveAt);
+    EXPECT_EQ((std::vector<std::wstring>{L"Hai", L"Ghi hồ sơ vào đĩa"}), told);
+    UninstallMenus(host.Window());
+}
+
 TEST(MenuPlay, OpenPopupIsKnownByItsIndex) {
     MenuHost host;
     ASSERT_TRUE(InstallMenus(host.Window(), {}, {}));

@@ -62,16 +62,6 @@ TEST(ItemColors, MenuBarHasItsOwnBackground) {
     EXPECT_EQ(2u, ColorsOf(state, Plain(), {}).fill);
 }
 
-TEST(ItemColors, MenuBarOfAnInactiveWindowIsGray) {
-    ItemState state;
-    state.menuBar = true;
-    state.inactive = true;
-    EXPECT_EQ(6u, ColorsOf(state, Plain(), {}).text);
-    EXPECT_EQ(2u, ColorsOf(state, Plain(), {}).background);
-    state.selected = true;
-    EXPECT_EQ(5u, ColorsOf(state, Plain(), {}).text);
-}
-
 TEST(ItemColors, SeparatorCaptionIsEmbossedExceptInHighContrast) {
     SystemColors colors = Plain();
     EXPECT_EQ(7u, SeparatorColors(colors).below);
