@@ -70,6 +70,11 @@ std::wstring InCodePage(const std::wstring& line) {
 
 class SampleHosts : public testing::TestWithParam<Sample> {
 protected:
+    void SetUp() override {
+        const std::wstring program = GetParam().program;
+        if (program == L"vndelphi.exe" && !FileExists(BuiltProgram(program)))
+            GTEST_SKIP() << "there is no Free Pascal with its sources";
+    }
     void Start() {
         const Sample& sample = GetParam();
         std::wstring program = sample.program;

@@ -57,12 +57,9 @@ public:
     explicit SmallInstallation(const SampleDatabase& database) {
         for (const wchar_t* name : {L"samples", L"schema", L"x86"})
             CreateDirectoryW(folder_.File(name).c_str(), nullptr);
-        wchar_t program[MAX_PATH] = L"";
-        GetModuleFileNameW(nullptr, program, MAX_PATH);
-        const std::wstring tests(program, std::wstring_view(program).rfind(L'\\'));
         Copy(SourceDir() + L"\\samples\\start.cmd", L"samples\\start.cmd");
         Copy(database.File(), L"schema\\sample.db");
-        Copy(tests + L"\\..\\vntour.exe", L"x86\\vntour.exe");
+        Copy(BuiltProgram(L"vntour.exe"), L"x86\\vntour.exe");
     }
     std::wstring File(const wchar_t* name) const { return folder_.File(name); }
 

@@ -12,6 +12,13 @@ namespace vndesk::test {
 constexpr DWORD kProcessStart = 60000;
 constexpr DWORD kProcessLimit = 30000;
 
+// A program of the folder above the tests.
+inline std::wstring BuiltProgram(const std::wstring& name) {
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::wstring(path, std::wstring_view(path).rfind(L'\\')) + L"\\..\\" + name;
+}
+
 class HostProcess {
 public:
     // A program of the folder above the tests, or of the system by its path, with its arguments.
@@ -47,14 +54,8 @@ private:
 
     static std::vector<std::wstring> Words(const wchar_t* program,
                                            std::vector<std::wstring> arguments) {
-        if (wcschr(program, L'\\')) {
-            arguments.insert(arguments.begin(), program);
-            return arguments;
-        }
-        wchar_t path[MAX_PATH] = L"";
-        GetModuleFileNameW(nullptr, path, MAX_PATH);
-        const std::wstring folder(path, std::wstring_view(path).rfind(L'\\'));
-        arguments.insert(arguments.begin(), folder + L"\\..\\" + program);
+        arguments.insert(arguments.begin(),
+                         wcschr(program, L'\\') ? program : BuiltProgram(program));
         return arguments;
     }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the README shows is compiled and run as it stands there.
+// What the pages show is compiled and run as it stands there.
+#include "readme_cpp1.inc" // first: it must bring all that it needs
+
 #include <thread>
 
 #include "ui/host.h"
@@ -8,18 +10,18 @@
 #include "../../samples/tour/rights.h"
 #include "support/env.h"
 #include "support/sample_database.h"
+#include "support/script_host.h"
 #include "support/text.h"
 
 namespace vndesk::test {
 namespace {
 
-#include "readme_cpp1.inc"
-
-void EnableCommand(HostDatabase& database, long userCode, HMENU bar, UINT id, long subMenuId){
+// clang-format off
+void EnableCommand(HostDatabase& database, long userCode, HMENU bar, UINT id, long subMenuId) {
 #include "readme_cpp2.inc"
-}
+} // clang-format on
 
-TEST(ReadmeCode, CppLogsOn) {
+TEST(PageCode, CppLogsOn) {
     const SampleDatabase database = SampleDatabase::Embedded();
     const _bstr_t connect(database.ConnectionString().c_str());
     DialogDriver user([] {
@@ -34,7 +36,7 @@ TEST(ReadmeCode, CppLogsOn) {
     EXPECT_EQ(7, code);
 }
 
-TEST(ReadmeCode, CppTellsThatNoObjectCouldBeMade) {
+TEST(PageCode, CppTellsThatNoObjectCouldBeMade) {
     HRESULT hr = S_OK;
     std::thread([&] {
         long code = 0; // no apartment here
@@ -43,7 +45,7 @@ TEST(ReadmeCode, CppTellsThatNoObjectCouldBeMade) {
     EXPECT_EQ(CO_E_NOTINITIALIZED, hr);
 }
 
-TEST(ReadmeCode, CppEnablesWhatTheUserMayDo) {
+TEST(PageCode, CppEnablesWhatTheUserMayDo) {
     const SampleDatabase sample = SampleDatabase::Embedded();
     HostDatabase database(sample.ConnectionString());
     constexpr UINT kId = 100;
@@ -57,17 +59,37 @@ TEST(ReadmeCode, CppEnablesWhatTheUserMayDo) {
     DestroyMenu(bar);
 }
 
-// The blocks of a page in Visual Basic that a script host can run.
-std::wstring Script(const wchar_t* page) {
+// The blocks of a page in Visual Basic that a script host can read: those without types.
+std::vector<std::wstring> Scripts(const std::wstring& page) {
     const std::wstring text = ReadUtf8File(SourceDir() + L"\\" + page);
-    std::wstring script;
+    std::vector<std::wstring> scripts;
     for (size_t at = 0; (at = text.find(L"\n```vb\n", at)) != std::wstring::npos;) {
         at += 7;
         const std::wstring block = text.substr(at, text.find(L"```", at) - at);
         if (block.find(L" As ") == std::wstring::npos)
-            script += block;
+            scripts.push_back(block);
     }
-    return script;
+    return scripts;
+}
+
+// The engine reads a block within a procedure, which nobody calls.
+TEST(PageCode, ScriptsOfTheGuidesAreUnderstood) {
+    int blocks = 0;
+    WIN32_FIND_DATAW entry;
+    const HANDLE find = FindFirstFileW((SourceDir() + L"\\docs\\*.md").c_str(), &entry);
+    ASSERT_NE(INVALID_HANDLE_VALUE, find);
+    do {
+        for (std::wstring script : Scripts(std::wstring(L"docs\\") + entry.cFileName)) {
+            script.insert(std::min(script.find(L"\nSub "), script.size()), L"\nEnd Sub\n");
+            const ScriptResult result = ScriptRunner().Run(L"Sub Block\n" + script);
+            EXPECT_SUCCEEDED(result.hr) << ToUtf8(entry.cFileName) << ": " << ToUtf8(result.text)
+                                        << " in line " << result.line - 1 << " of\n"
+                                        << ToUtf8(script);
+            ++blocks;
+        }
+    } while (FindNextFileW(find, &entry));
+    FindClose(find);
+    EXPECT_LT(5, blocks);
 }
 
 struct Readme {
@@ -88,7 +110,9 @@ INSTANTIATE_TEST_SUITE_P(Languages, ReadmeScript,
 TEST_P(ReadmeScript, RunsInTheScriptHost) {
     const SampleDatabase database = SampleDatabase::Embedded();
     const TempDir folder;
-    std::wstring script = Script(GetParam().file);
+    std::wstring script;
+    for (const std::wstring& block : Scripts(GetParam().file))
+        script += block;
     constexpr std::wstring_view kDatabase = L"C:\\data\\host.mdb";
     const size_t place = script.find(kDatabase);
     ASSERT_NE(std::wstring::npos, place);
