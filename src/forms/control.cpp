@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "form.h"
+#include "frame_caption.h"
 #include "window_name.h"
 
 namespace vndesk {
@@ -136,6 +137,8 @@ void Control::CreateControlWindow(const ControlSpec& design, int id) {
     if (!window_)
         throw ComError(HRESULT_FROM_WIN32(GetLastError()));
     SetWindowName(window_, name_);
+    if (kind_ == ControlKind::Frame)
+        KeepLastLetter(window_);
     if (flags_ & kPassword)
         SendMessageW(window_, EM_SETPASSWORDCHAR, L'*', 0);
     if (design.toolTip)
@@ -178,6 +181,7 @@ bool Control::SetFont(const FontSpec& font) {
     fontHandle_ = std::move(handle);
     if (flags_ & kAutoSize)
         FitToText();
+    FitToLine();
     return true;
 }
 
@@ -187,7 +191,9 @@ void Control::Move(const TwipsRect& place) {
         form_.Repaint();
         return;
     }
-    const RECT box = PixelsOf(place, Dpi());
+    RECT box = PixelsOf(place, Dpi());
+    if (mostPixels_ > 0)
+        box.bottom = std::min(box.bottom, box.top + mostPixels_);
     if (EqualRect(&box, &box_))
         return;
     box_ = box;
@@ -264,6 +270,23 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
         RepaintIfVisible(window_);
     else
         form_.Repaint();
+}
+
+// The platform puts the text of a one-line box at its upper edge, however high the box is. It gets
+// no higher than a combo box makes itself, which has its text in the middle.
+void Control::FitToLine() {
+    constexpr int kAroundText = 8;
+    if (kind_ != ControlKind::TextBoxW || (flags_ & kMultiLine) || !fontHandle_)
+        return;
+    TEXTMETRICW metrics = {};
+    const HDC dc = GetDC(window_);
+    {
+        const Selected font(dc, fontHandle_->Handle());
+        GetTextMetricsW(dc, &metrics);
+    }
+    ReleaseDC(window_, dc);
+    mostPixels_ = metrics.tmHeight + kAroundText;
+    Move(place_);
 }
 
 void Control::FitToText() {

@@ -147,6 +147,7 @@ public:
 private:
     void CreateControlWindow(const ControlSpec& design, int id);
     void FitToText();
+    void FitToLine();
     bool Contains(const Control& other) const;
     int Dpi() const;
 
@@ -160,6 +161,7 @@ private:
     double leastHeight_;
     double mostWidth_ = 0;
     double mostHeight_ = 0;
+    int mostPixels_ = 0; // of the height of a one-line text box
     bool visible_;
     FontSpec font_;
     std::shared_ptr<Font> fontHandle_;

@@ -157,6 +157,31 @@ TEST(FormWindow, ControlsAndFormCarryTheirNames) {
     EXPECT_EQ(WindowName(form.Get(L"txtName").Window()), L"txtName");
 }
 
+constexpr ControlSpec kBoxes[] = {
+    {TextBoxW, L"txtHigh", L"", {100, 100, 1500, 700}},
+    {TextBoxW, L"txtLow", L"", {1700, 100, 1500, 270}},
+    {TextBoxW, L"txtLines", L"", {3300, 100, 600, 700}, kMultiLine},
+    {ComboBoxW, L"cmbOne", L"", {100, 900, 1500, 1500}},
+};
+constexpr FormSpec kBoxForm = {L"FrmBoxes", L"",   4000, 3000, FormBorder::FixedDialog,
+                               false,       kBoxes};
+
+LONG HeightOf(const vndesk::Control& control) {
+    RECT box = {};
+    GetWindowRect(control.Window(), &box);
+    return box.bottom - box.top;
+}
+
+TEST(FormWindow, OneLineBoxIsNoHigherThanAComboBox) {
+    Form form(kBoxForm);
+    form.Load();
+    EXPECT_EQ(HeightOf(form.Get(L"txtHigh")), HeightOf(form.Get(L"cmbOne")));
+    EXPECT_EQ(HeightOf(form.Get(L"txtLow")), ToPixels(270, form.Dpi()));
+    EXPECT_NEAR(HeightOf(form.Get(L"txtLines")), ToPixels(700, form.Dpi()), 1);
+    form.Get(L"txtHigh").Move({200, 100, 1400, 700});
+    EXPECT_EQ(HeightOf(form.Get(L"txtHigh")), HeightOf(form.Get(L"cmbOne")));
+}
+
 TEST(FormWindow, NothingOfItsClassStaysBehind) {
     WNDCLASSEXW found = {};
     found.cbSize = sizeof found;

@@ -375,5 +375,55 @@ TEST_F(GroupManagerForm, SelectedItemOfALongListStaysVisible) {
     });
 }
 
+// How far a line of black letters reaches, from the first to the last pixel.
+int InkWidth(HDC dc, int width, int height) {
+    int first = width, last = -1;
+    for (int x = 0; x < width; ++x)
+        for (int y = 0; y < height; ++y)
+            if (GetPixel(dc, x, y) == RGB(0, 0, 0)) {
+                first = std::min(first, x);
+                last = x;
+            }
+    return last - first + 1;
+}
+
+int InkWidthOf(const std::wstring& text, HFONT font) {
+    constexpr int kWidth = 400, kHeight = 40;
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, kWidth, kHeight);
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ oldBitmap = SelectObject(dc, bitmap), oldFont = SelectObject(dc, font);
+    RECT box = {0, 0, kWidth, kHeight};
+    FillRect(dc, &box, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    DrawTextW(dc, text.c_str(), -1, &box, DT_SINGLELINE);
+    const int width = InkWidth(dc, kWidth, kHeight);
+    SelectObject(dc, oldFont);
+    SelectObject(dc, oldBitmap);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    return width;
+}
+
+TEST_F(GroupManagerForm, CaptionsOfTheFramesAreWhole) {
+    Play([](HWND groups) {
+        for (const wchar_t* name : {L"FrDetail", L"Frame1"}) {
+            const HWND frame = Control(groups, name);
+            const auto font = reinterpret_cast<HFONT>(SendMessageW(frame, WM_GETFONT, 0, 0));
+            LOGFONTW face = {};
+            GetObjectW(font, sizeof face, &face);
+            const int whole = InkWidthOf(TextOf(frame), font);
+            const HDC dc = GetDC(frame);
+            int shown = 0;
+            EXPECT_TRUE(WaitUntil([&] {
+                return (shown = InkWidth(dc, SizeOf(frame).cx, -face.lfHeight)) == whole;
+            })) << shown
+                << " of " << whole;
+            ReleaseDC(frame, dc);
+        }
+        EXPECT_EQ(TextOf(groups, L"FrDetail"), L"Danh &sách nhóm");
+    });
+}
+
 } // namespace
 } // namespace vndesk::test

@@ -443,6 +443,29 @@ TEST(MsgBox, StripHasTheActiveCaptionColour) {
     });
 }
 
+TEST(MsgBox, BorderLiesOnTheOutermostPixels) {
+    PlayMessage({}, [] {
+        const HWND box = Box();
+        WaitForFocus(box, L"Cmd1");
+        RECT place;
+        GetWindowRect(box, &place);
+        const LONG middle = (place.left + place.right) / 2;
+        const LONG half = (place.top + place.bottom) / 2;
+        const POINT edges[] = {{place.left, half},
+                               {place.right - 1, half},
+                               {middle, place.top},
+                               {middle, place.bottom - 1}};
+        const HDC screen = GetDC(nullptr);
+        for (const POINT& edge : edges)
+            EXPECT_TRUE(WaitUntil([&] {
+                return GetPixel(screen, edge.x, edge.y) == GetSysColor(COLOR_ACTIVECAPTION);
+            })) << edge.x - place.left
+                << "," << edge.y - place.top;
+        ReleaseDC(nullptr, screen);
+        ClickWindow(Control(box, L"Cmd1"));
+    });
+}
+
 TEST(MsgBox, WorksWithoutAnyConnection) {
     EXPECT_EQ(PlayMessage({.buttons = vbOKCancel}, Clicking(L"Cmd1")), L"1");
 }
