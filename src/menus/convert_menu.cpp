@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -120,6 +121,7 @@ CMyItemData* ConvertItem(HMENU menu, UINT position, bool menuBar) {
         data = &NewItem(menu, position, item, copied);
     else
         data->original.data = HostData(*data, item);
+    data->gone = false;
     if (HasNewCaption(*data, item))
         TakeCaption(*data, item.caption);
     TakeType(*data, HostType(*data, item));
@@ -142,24 +144,32 @@ CMyItemData* ConvertItem(HMENU menu, UINT position, bool menuBar) {
     return data;
 }
 
-// Items that are in no menu any more are kept for a while: hosts hide items by taking them out.
-void SetAside(MenuModule& module, CMyItemData& data) {
-    data.menu = nullptr;
-    module.removed.push_back(data.number);
-    if (module.removed.size() <= kMostRemoved)
+// Items that are not in their menu any more are kept for a while: hosts hide items by taking them
+// out, and put them elsewhere.
+void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen) {
+    if (seen.items.empty())
         return;
-    const CMyItemData* oldest = module.items.Item(module.removed.front());
-    if (oldest && !oldest->menu)
-        module.items.Remove(oldest->number);
-    module.removed.pop_front();
+    std::unordered_set<ULONG_PTR> present;
+    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
+        MenuItem item;
+        if (ReadItem(menu, static_cast<UINT>(i), item))
+            present.insert(item.data);
+    }
+    for (const SeenMenu::Item& item : seen.items) {
+        CMyItemData* data =
+            present.contains(item.number) ? nullptr : module.items.Item(item.number);
+        if (data && data->menu == menu && !data->gone) {
+            data->gone = true;
+            module.removed.push_back(data->number);
+        }
+    }
 }
 
-void SetAsideMissing(MenuModule& module, HMENU menu, const std::vector<ULONG_PTR>& before,
-                     const std::set<ULONG_PTR>& present) {
-    for (const ULONG_PTR number : before) {
-        CMyItemData* data = present.contains(number) ? nullptr : module.items.Item(number);
-        if (data && data->menu == menu)
-            SetAside(module, *data);
+void ForgetOldest(MenuModule& module) {
+    for (; module.removed.size() > kMostRemoved; module.removed.pop_front()) {
+        const CMyItemData* oldest = module.items.Item(module.removed.front());
+        if (oldest && oldest->gone)
+            module.items.Remove(oldest->number);
     }
 }
 
@@ -169,7 +179,7 @@ void ForgetDeadMenus(MenuModule& module, WndCoolMenu& window) {
     std::erase_if(module.menus, [&](const auto& seen) {
         if (IsMenu(seen.first))
             return false;
-        SetAsideMissing(module, seen.first, seen.second.numbers, {});
+        NoteMissing(module, seen.first, seen.second);
         return true;
     });
 }
@@ -201,20 +211,20 @@ public:
     void Convert(HMENU menu, bool menuBar, int depth = 0) {
         if (!menu || depth > kDeepest || !done_.insert(menu).second)
             return;
-        std::set<ULONG_PTR> present;
+        SeenMenu& seen = module_.menus[menu];
+        NoteMissing(module_, menu, seen);
+        std::vector<SeenMenu::Item> items;
         const int count = GetMenuItemCount(menu);
         for (int i = 0; i < count; ++i) {
             const CMyItemData* data = ConvertItem(menu, static_cast<UINT>(i), menuBar);
             if (!data)
                 continue;
-            present.insert(data->number);
+            items.push_back({data->number, data->id});
             const HMENU submenu = data->bTrueSub ? GetSubMenu(menu, i) : nullptr;
             if (submenu && !module_.shared.contains(submenu))
                 Convert(submenu, false, depth + 1);
         }
-        SeenMenu& seen = module_.menus[menu];
-        SetAsideMissing(module_, menu, seen.numbers, present);
-        seen.numbers.assign(present.begin(), present.end());
+        seen.items = std::move(items);
         window_.AddMenuHead(menu);
         if (!menuBar)
             MeasureShortcuts(window_, menu, seen);
@@ -235,6 +245,7 @@ void ConvertMenu(WndCoolMenu& window, HMENU menu, bool menuBar) {
             return;
         ForgetDeadMenus(*module, window);
         Conversion(window).Convert(menu, menuBar);
+        ForgetOldest(*module);
     });
 }
 
@@ -261,7 +272,7 @@ void RestoreMenu(HMENU menu) {
     const auto seen = module->menus.find(menu);
     if (seen == module->menus.end())
         return;
-    SetAsideMissing(*module, menu, seen->second.numbers, {});
+    NoteMissing(*module, menu, seen->second);
     module->menus.erase(seen);
 }
 

@@ -32,10 +32,11 @@ struct CMyItemData {
     std::wstring sMenuText;   // caption
 
     ULONG_PTR number = 0;
-    // Where the item was seen last; no menu while its host has taken it out of all.
+    // Where the item was seen last, and that its number was in the menu no more.
     HMENU menu = nullptr;
     UINT position = 0;
     UINT id = 0;
+    bool gone = false;
     bool captionedSeparator = false; // by its caption, not by its type
     OriginalItem original;
 };

@@ -20,15 +20,19 @@ namespace vndesk {
 
 // What was found in a menu when it was looked through last.
 struct SeenMenu {
-    std::vector<ULONG_PTR> numbers; // of its items that are ours
-    HWND measuredFor = nullptr;     // the platform keeps the sizes of items
+    struct Item {
+        ULONG_PTR number;
+        UINT id;
+    };
+    std::vector<Item> items;    // those that are ours
+    HWND measuredFor = nullptr; // the platform keeps the sizes of items
 };
 
 struct MenuModule {
     std::map<HWND, std::shared_ptr<WndCoolMenu>> windows;
     CMyItemDatas items;
     std::unordered_map<HMENU, SeenMenu> menus;
-    // Items that their hosts took out of their menus, the oldest first: they may be put in again.
+    // Items that are gone, the oldest first: their hosts may put them in again.
     std::deque<ULONG_PTR> removed;
     // Menus that a window which is not installed any more has too: drawn only while they are open.
     std::set<HMENU> shared;

@@ -63,8 +63,8 @@ int WidestShortcut(WndCoolMenu& window, HMENU menu) {
     // The default item is bold: as wide as any.
     const Selected font(dc, fonts.defaultItem.get());
     int widest = 0;
-    for (const ULONG_PTR number : module.menus[menu].numbers) {
-        const CMyItemData* data = module.items.Item(number);
+    for (const SeenMenu::Item& item : module.menus[menu].items) {
+        const CMyItemData* data = module.items.Item(item.number);
         if (data && data->menu == menu && !(data->fType & MFT_SEPARATOR))
             widest = std::max(widest, TextExtent(dc, ShortcutPart(data->sMenuText)).width);
     }

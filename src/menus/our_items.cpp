@@ -1,32 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "our_items.h"
 
+#include <optional>
+#include <string>
+
 #include "menu_module.h"
 
 namespace vndesk {
 
 namespace {
 
-// Whether the place where the item was seen last still has it.
-bool StandsThere(const CMyItemData& data) {
-    MenuItem item;
-    return ReadItem(data.menu, data.position, item) && item.data == data.number &&
-           item.id == data.id;
+bool HasCaptionOf(const CMyItemData& data, HMENU menu, UINT position) {
+    return ReadItemCaption(menu, position) == data.sMenuText;
 }
 
 void SeenAt(CMyItemData& data, HMENU menu, UINT position, UINT id) {
     data.menu = menu;
     data.position = position;
     data.id = id;
+    data.gone = false;
 }
 
-bool HasCaptionOf(const CMyItemData& data, HMENU menu, UINT position) {
-    return ReadItemCaption(menu, position) == data.sMenuText;
+// Whether the place where the item was seen last still has it; it may have got another command or
+// caption.
+bool StandsThere(CMyItemData& data) {
+    MenuItem item;
+    if (data.gone || !ReadItem(data.menu, data.position, item) || item.data != data.number ||
+        (item.id != data.id && !HasCaptionOf(data, data.menu, data.position)))
+        return false;
+    data.id = item.id;
+    return true;
 }
 
 // Looks the item up in its menu by its number. Command, caption and place decide between several.
 bool IsInItsMenu(CMyItemData& data) {
-    if (!data.menu)
+    if (data.gone)
         return false;
     if (StandsThere(data))
         return true;
@@ -53,10 +61,14 @@ bool IsInItsMenu(CMyItemData& data) {
 }
 
 CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemData& data) {
-    if (data.menu == menu && data.id == item.id &&
-        (data.position == position || (!StandsThere(data) && HasCaptionOf(data, menu, position)))) {
-        SeenAt(data, menu, position, item.id);
-        return &data;
+    if (!data.gone && data.menu == menu) {
+        // The usual case, and the one of items that others were put before.
+        if (StandsThere(data))
+            return data.position == position ? &data : nullptr;
+        if (data.id == item.id && HasCaptionOf(data, menu, position)) {
+            SeenAt(data, menu, position, item.id);
+            return &data;
+        }
     }
     if (IsInItsMenu(data))
         return data.menu == menu && data.position == position ? &data : nullptr;
@@ -67,23 +79,24 @@ CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemDa
     return &data;
 }
 
-// Items without a caption are alike: only a separator at its old place is taken for the same.
-bool MayStandAt(const CMyItemData& data, UINT position, const MenuItem& item) {
-    return !data.sMenuText.empty() ||
-           (item.Separator() && (data.fType & MFT_SEPARATOR) != 0 && data.position == position);
-}
-
-// One of ours in which the host has written data of its own.
-CMyItemData* ByPlace(MenuModule& module, HMENU menu, UINT position, const MenuItem& item) {
+// One of ours in which the host has written data of its own. Items without a caption are alike:
+// only a separator at its old place is taken for the same.
+CMyItemData* ByLikeness(MenuModule& module, HMENU menu, UINT position, const MenuItem& item) {
     const auto seen = module.menus.find(menu);
     if (seen == module.menus.end())
         return nullptr;
-    for (const ULONG_PTR number : seen->second.numbers) {
-        CMyItemData* data = module.items.Item(number);
-        if (!data || data->menu != menu || data->id != item.id || data->number == item.data ||
-            !MayStandAt(*data, position, item) || IsInItsMenu(*data) ||
-            !HasCaptionOf(*data, menu, position))
+    std::optional<std::wstring> caption;
+    for (const auto& [number, id] : seen->second.items) {
+        CMyItemData* data = id == item.id ? module.items.Item(number) : nullptr;
+        if (!data || data->menu != menu || data->id != item.id || data->number == item.data)
             continue;
+        if (!caption)
+            caption = ReadItemCaption(menu, position);
+        const bool separators = item.Separator() && (data->fType & MFT_SEPARATOR) != 0;
+        if (*caption != data->sMenuText ||
+            (caption->empty() && !(separators && data->position == position)) || IsInItsMenu(*data))
+            continue;
+        // It is still gone by its number, until that stands in it again.
         data->position = position;
         return data;
     }
@@ -122,7 +135,7 @@ CMyItemData* OurItem(HMENU menu, UINT position, const MenuItem& item) {
     CMyItemData* data = module->items.Item(item.data);
     if (CMyItemData* found = data ? ByNumber(menu, position, item, *data) : nullptr)
         return found;
-    return ByPlace(*module, menu, position, item);
+    return ByLikeness(*module, menu, position, item);
 }
 
 CMyItemData* OurDrawnItem(HMENU menu, UINT position) {

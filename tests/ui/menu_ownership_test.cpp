@@ -535,5 +535,43 @@ TEST(MenuOwnership, ManySubmenusOpenInLinearTime) {
     EXPECT_GT(700u, fastest); // it took seconds when each menu looked at all items
 }
 
+TEST(MenuOwnership, LargePopupOpensInLinearTimeWhateverItsHostDidToIt) {
+    const MenuHost host;
+    constexpr UINT kItems = 3000;
+    const auto fill = [&] {
+        while (DeleteMenu(host.Recent(), 0, MF_BYPOSITION)) {
+        }
+        for (UINT i = 0; i < kItems; ++i)
+            AppendMenuW(host.Recent(), MF_STRING, 1000 + i, (L"Mục " + std::to_wstring(i)).c_str());
+    };
+    const auto each = [&](void (*change)(HMENU, UINT)) {
+        for (UINT i = 0; i < Count(host.Recent()); ++i)
+            change(host.Recent(), i);
+    };
+    fill();
+    InstalledMenu menu(host);
+    const auto expectQuick = [&](const char* after) {
+        const ULONGLONG start = GetTickCount64();
+        OpenPopup(host.Window(), host.Recent());
+        EXPECT_GT(700u, GetTickCount64() - start) << after;
+        for (const UINT position : {0u, kItems / 2, kItems - 1})
+            EXPECT_TRUE(IsDrawn(host.Recent(), position)) << after;
+    };
+    fill();
+    expectQuick("built anew");
+    each([](HMENU popup, UINT position) { SetId(popup, position, 9000 + position); });
+    expectQuick("other commands");
+    each([](HMENU popup, UINT position) { SetData(popup, position, position); });
+    expectQuick("data of its own");
+    Insert(host.Recent(), 0, MFT_STRING, 1, 0, L"Đầu");
+    expectQuick("one more at the head");
+    menu.Uninstall();
+    for (const UINT i : {0u, 1u, kItems / 2, kItems - 1}) {
+        EXPECT_EQ(i, DataOf(host.Recent(), i + 1));
+        EXPECT_EQ(9000 + i, IdOf(host.Recent(), i + 1));
+        EXPECT_FALSE(IsDrawn(host.Recent(), i + 1));
+    }
+}
+
 } // namespace
 } // namespace vndesk::test
