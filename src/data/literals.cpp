@@ -71,6 +71,15 @@ bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_
     return ended > 1 || (ended == 1 && (hides || !leavesOpen));
 }
 
+std::wstring WithoutPairs(std::wstring_view text) {
+    std::wstring rest(text);
+    if (rest.find(L'\\') != std::wstring::npos)
+        return rest;
+    for (size_t at = 0; (at = rest.find(L"''", at)) != std::wstring::npos;)
+        rest.erase(at, 2);
+    return rest;
+}
+
 std::wstring DoubleQuotes(std::wstring_view text) {
     return ReplaceEach(ReplaceEach(text, L'\'', L"''"), L'"', L"\"\"");
 }

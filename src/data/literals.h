@@ -31,6 +31,11 @@ bool EndsLiteral(std::wstring_view text);
 // `doubled` stands in the same statement with its apostrophes doubled.
 bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_view doubled = {});
 
+// The text without each two apostrophes that stand together: within a literal they are one to every
+// engine, and end nothing. A text with a backslash is left alone, because some engines pass over
+// the apostrophe behind it.
+std::wstring WithoutPairs(std::wstring_view text);
+
 // Doubles every apostrophe and every double quote.
 std::wstring DoubleQuotes(std::wstring_view text);
 

@@ -184,7 +184,7 @@ private:
         const DatabaseKind kind = Current().kind;
         return Trap([&] {
             // It could change other groups, or all of them.
-            if (MayMeanMore({name}, DoubleQuotes(description)))
+            if (MayMeanMore({WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
             Execute(Current(),
                     code == 0 ? InsertGroupStatement(tableName_, name, description, kind)

@@ -154,7 +154,8 @@ private:
 
     void Save(const std::wstring& name) {
         // Written all the same it could change other users, or all of them.
-        if (MayMeanMore({name, Get(L"TxtDes").Text(), options_.OldName}))
+        const std::wstring description = Get(L"TxtDes").Text();
+        if (MayMeanMore({WithoutPairs(name), WithoutPairs(description), options_.OldName}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         const DatabaseKind kind = Current().kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;

@@ -82,6 +82,21 @@ TEST_P(SecurityFailures, ApostropheInANewUsersNameEndsTheEditorWithTheProvidersM
     EXPECT_EQ(Test().Users(), before);
 }
 
+// Texts go into the statement as they are typed, where two apostrophes are one.
+TEST_P(SecurityFailures, ApostrophesThatTheUserDoublesAreWritten) {
+    Test().PlayUsers([](HWND list) {
+        const HWND editor = OpenEditor('H');
+        FillNew(editor, L"O''Brien");
+        SetBox(editor, L"TxtDes", L"Kho 5'' - cũ");
+        PressKey('G', kAlt);
+        WaitForClose(editor);
+        WaitReady(list, L"Lv");
+        EXPECT_EQ(CellText(Control(list, L"Lv"), RowCount(list, L"Lv") - 1, 0), L"O'Brien");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_NE(Test().Users().find(L"Kho 5' - cũ"), std::wstring::npos);
+}
+
 TEST_P(SecurityFailures, ApostropheInARenamedUsersNameChangesNothing) {
     const std::wstring before = Test().Users();
     Test().PlayUsers([](HWND list) {

@@ -62,6 +62,14 @@ TEST(MayMeanMore, EvenApostrophesCloseWhatTheyOpen) {
     EXPECT_TRUE(MayMeanMore({L"x' or 'a'='a", L"D'Arcy"}));
 }
 
+TEST(WithoutPairs, LeavesWhatEndsALiteral) {
+    EXPECT_EQ(L"OBrien", WithoutPairs(L"O''Brien"));
+    EXPECT_EQ(L"OBrien", WithoutPairs(L"''O''''Brien''"));
+    EXPECT_EQ(L"O'Brien", WithoutPairs(L"O'''Brien"));
+    EXPECT_EQ(L"x') OR ('1'='2", WithoutPairs(L"x') OR ('1'='2"));
+    EXPECT_EQ(L"O\\''Brien", WithoutPairs(L"O\\''Brien"));
+}
+
 TEST(MayMeanMore, WhatHidesAnApostropheMayCloseTheLiteral) {
     for (const std::wstring text :
          {std::wstring(L"thu') --"), std::wstring(L"x' /*"), std::wstring(L"x'; drop"),
