@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "convert_menu.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -98,12 +98,7 @@ void Restore(const CMyItemData& data, const MenuItem& item) {
 }
 
 // What is known of the item afterwards; null for items that are left alone.
-CMyItemData* ConvertItem(HMENU menu, UINT position, bool menuBar) {
-    MenuItem item;
-    if (!ReadItemAndCaption(menu, position, item)) {
-        Diagnose(LastError(), kRoutine);
-        return nullptr;
-    }
+CMyItemData* ConvertItem(HMENU menu, UINT position, const MenuItem& item, bool menuBar) {
     CMyItemDatas& items = CurrentMenuModule()->items;
     CMyItemData* data = OurItem(menu, position, item);
     const CMyItemData* copied = data ? nullptr : CopiedItem(item);
@@ -146,18 +141,16 @@ CMyItemData* ConvertItem(HMENU menu, UINT position, bool menuBar) {
 
 // Items that are not in their menu any more are kept for a while: hosts hide items by taking them
 // out, and put them elsewhere.
-void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen) {
-    if (seen.items.empty())
-        return;
-    std::unordered_set<ULONG_PTR> present;
-    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
-        MenuItem item;
-        if (ReadItem(menu, static_cast<UINT>(i), item))
-            present.insert(item.data);
-    }
+void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen,
+                 const std::vector<MenuItem>& now) {
+    std::vector<ULONG_PTR> present;
+    for (const MenuItem& item : now)
+        present.push_back(item.data);
+    std::sort(present.begin(), present.end());
     for (const SeenMenu::Item& item : seen.items) {
-        CMyItemData* data =
-            present.contains(item.number) ? nullptr : module.items.Item(item.number);
+        CMyItemData* data = std::binary_search(present.begin(), present.end(), item.number)
+                                ? nullptr
+                                : module.items.Item(item.number);
         if (data && data->menu == menu && !data->gone) {
             data->gone = true;
             module.removed.push_back(data->number);
@@ -179,7 +172,7 @@ void ForgetDeadMenus(MenuModule& module, WndCoolMenu& window) {
     std::erase_if(module.menus, [&](const auto& seen) {
         if (IsMenu(seen.first))
             return false;
-        NoteMissing(module, seen.first, seen.second);
+        NoteMissing(module, seen.first, seen.second, {});
         return true;
     });
 }
@@ -212,19 +205,20 @@ public:
         if (!menu || depth > kDeepest || !done_.insert(menu).second)
             return;
         SeenMenu& seen = module_.menus[menu];
-        NoteMissing(module_, menu, seen);
-        std::vector<SeenMenu::Item> items;
-        const int count = GetMenuItemCount(menu);
-        for (int i = 0; i < count; ++i) {
-            const CMyItemData* data = ConvertItem(menu, static_cast<UINT>(i), menuBar);
+        const std::vector<MenuItem> items = ReadItems(menu);
+        if (static_cast<int>(items.size()) < GetMenuItemCount(menu))
+            Diagnose(LastError(), kRoutine);
+        NoteMissing(module_, menu, seen, items);
+        std::vector<SeenMenu::Item> ours;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const CMyItemData* data = ConvertItem(menu, static_cast<UINT>(i), items[i], menuBar);
             if (!data)
                 continue;
-            items.push_back({data->number, data->id});
-            const HMENU submenu = data->bTrueSub ? GetSubMenu(menu, i) : nullptr;
-            if (submenu && !module_.shared.contains(submenu))
-                Convert(submenu, false, depth + 1);
+            ours.push_back({data->number, data->id});
+            if (items[i].submenu && !module_.shared.contains(items[i].submenu))
+                Convert(items[i].submenu, false, depth + 1);
         }
-        seen.items = std::move(items);
+        seen.items = std::move(ours);
         window_.AddMenuHead(menu);
         if (!menuBar)
             MeasureShortcuts(window_, menu, seen);
@@ -258,21 +252,18 @@ void TouchMenus(WndCoolMenu& window) {
 
 void RestoreMenu(HMENU menu) {
     MenuModule* module = CurrentMenuModule();
-    for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i)
+    const std::vector<MenuItem> items = ReadItems(menu);
+    for (std::size_t i = 0; i < items.size(); ++i)
         Suppress(kRoutine, [&] {
-            MenuItem item;
-            const auto position = static_cast<UINT>(i);
-            if (!ReadItemAndCaption(menu, position, item))
-                return;
-            if (const CMyItemData* data = OurItem(menu, position, item)) {
-                Restore(*data, item);
+            if (const CMyItemData* data = OurItem(menu, static_cast<UINT>(i), items[i])) {
+                Restore(*data, items[i]);
                 module->items.Remove(data->number);
             }
         });
     const auto seen = module->menus.find(menu);
     if (seen == module->menus.end())
         return;
-    NoteMissing(*module, menu, seen->second);
+    NoteMissing(*module, menu, seen->second, ReadItems(menu));
     module->menus.erase(seen);
 }
 

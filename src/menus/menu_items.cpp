@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menu_items.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace vndesk {
@@ -50,11 +51,16 @@ std::wstring ReadItemCaption(HMENU menu, UINT position) {
     return caption;
 }
 
-bool ReadItemAndCaption(HMENU menu, UINT position, MenuItem& item) {
-    if (!ReadItem(menu, position, item))
-        return false;
-    item.caption = item.type & MFT_BITMAP ? std::wstring() : ReadItemCaption(menu, position);
-    return true;
+std::vector<MenuItem> ReadItems(HMENU menu) {
+    std::vector<MenuItem> items(static_cast<std::size_t>(std::max(0, GetMenuItemCount(menu))));
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const auto position = static_cast<UINT>(i);
+        if (!ReadItem(menu, position, items[i]))
+            items.resize(i);
+        else if (!(items[i].type & MFT_BITMAP))
+            items[i].caption = ReadItemCaption(menu, position);
+    }
+    return items;
 }
 
 bool WriteItemType(HMENU menu, UINT position, UINT type, ULONG_PTR data) {

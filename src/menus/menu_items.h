@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace vndesk {
 
@@ -21,10 +22,10 @@ struct MenuItem {
     bool Separator() const { return (type & MFT_SEPARATOR) != 0; }
 };
 
-// Both are false when there is no such item. The first one leaves the caption out, which takes
-// longest to read.
+// Without the caption, which takes longest to read. False when there is no such item.
 bool ReadItem(HMENU menu, UINT position, MenuItem& item);
-bool ReadItemAndCaption(HMENU menu, UINT position, MenuItem& item);
+// All of a menu, with their captions; up to the first one that cannot be read.
+std::vector<MenuItem> ReadItems(HMENU menu);
 std::wstring ReadItemCaption(HMENU menu, UINT position);
 
 bool WriteItemType(HMENU menu, UINT position, UINT type, ULONG_PTR data);

@@ -5,7 +5,8 @@
 
 #include "com/kit/com_error.h"
 #include "com/kit/lock.h"
-#include "window_procedure.h"
+#include "menu_hook.h"
+#include "window_calls.h"
 
 namespace vndesk {
 
@@ -34,10 +35,10 @@ void WINAPI ReleaseAtThreadEnd(void* value) {
         const Writing writing(lock_);
         --modules_;
     }
-    Trap([&] {
-        for (const auto& [window, entry] : module->windows)
-            TakeHookAway(window, entry->PrevProc);
-    });
+    // Nobody but the platform can still send to its windows.
+    for (const auto& [window, entry] : module->windows)
+        if (WindowProcedureOf(window) == MenuWindowProc)
+            SetWindowProcedure(window, entry->PrevProc);
 }
 
 DWORD Slot() {

@@ -62,10 +62,11 @@ bool IsInItsMenu(CMyItemData& data) {
 
 CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemData& data) {
     if (!data.gone && data.menu == menu) {
-        // The usual case, and the one of items that others were put before.
-        if (StandsThere(data))
-            return data.position == position ? &data : nullptr;
-        if (data.id == item.id && HasCaptionOf(data, menu, position)) {
+        const bool here = data.position == position;
+        const bool alike = here ? data.id == item.id || HasCaptionOf(data, menu, position)
+                                : data.id == item.id && HasCaptionOf(data, menu, position);
+        // Others may have been put before it since.
+        if (alike && (here || !StandsThere(data))) {
             SeenAt(data, menu, position, item.id);
             return &data;
         }

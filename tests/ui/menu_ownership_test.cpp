@@ -66,16 +66,28 @@ UINT Count(HMENU menu) {
     return static_cast<UINT>(GetMenuItemCount(menu));
 }
 
-// As a host moves an item: reads all that there is, takes it out, puts it elsewhere.
-void Move(HMENU from, UINT position, HMENU to, UINT place) {
+// All that a host can read of an item.
+struct ReadItem {
+    ReadItem(HMENU menu, UINT position) {
+        info.dwTypeData = text;
+        info.cch = 256;
+        EXPECT_TRUE(GetMenuItemInfoW(menu, position, TRUE, &info));
+    }
+    ReadItem(const ReadItem&) = delete;
+    ReadItem& operator=(const ReadItem&) = delete;
+    void InsertInto(HMENU menu, UINT position) const {
+        EXPECT_TRUE(InsertMenuItemW(menu, position, TRUE, &info));
+    }
+
     wchar_t text[256] = L"";
     MENUITEMINFOW info =
         Info(MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_DATA | MIIM_STRING);
-    info.dwTypeData = text;
-    info.cch = 256;
-    ASSERT_TRUE(GetMenuItemInfoW(from, position, TRUE, &info));
+};
+
+void Move(HMENU from, UINT position, HMENU to, UINT place) {
+    const ReadItem item(from, position);
     ASSERT_TRUE(RemoveMenu(from, position, MF_BYPOSITION));
-    ASSERT_TRUE(InsertMenuItemW(to, place, TRUE, &info));
+    item.InsertInto(to, place);
 }
 
 LRESULT TypeLetter(const MenuHost& host, HMENU menu, wchar_t letter) {
@@ -372,16 +384,11 @@ TEST(MenuOwnership, ItemThatIsPutBackLaterIsKnownAgain) {
     const MenuHost host;
     const MenuLines before = Describe(host.Bar());
     InstalledMenu menu(host);
-    wchar_t text[256] = L"";
-    MENUITEMINFOW info =
-        Info(MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_DATA | MIIM_STRING);
-    info.dwTypeData = text;
-    info.cch = 256;
-    ASSERT_TRUE(GetMenuItemInfoW(host.File(), kSaveAt, TRUE, &info));
+    const ReadItem item(host.File(), kSaveAt);
     ASSERT_TRUE(RemoveMenu(host.File(), kSaveAt, MF_BYPOSITION));
     OpenBar(host);
     OpenPopup(host.Window(), host.File());
-    ASSERT_TRUE(InsertMenuItemW(host.File(), kSaveAt, TRUE, &info));
+    item.InsertInto(host.File(), kSaveAt);
     OpenPopup(host.Window(), host.File());
     EXPECT_TRUE(Draws(host, host.File(), kSaveAt));
     menu.Uninstall();
@@ -392,13 +399,8 @@ TEST(MenuOwnership, CopyOfAnItemIsDrawnLikeIt) {
     const MenuHost host;
     InstalledMenu menu(host);
     const HMENU help = GetSubMenu(host.Bar(), 1);
-    wchar_t text[256] = L"";
-    MENUITEMINFOW info =
-        Info(MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_DATA | MIIM_STRING);
-    info.dwTypeData = text;
-    info.cch = 256;
-    ASSERT_TRUE(GetMenuItemInfoW(host.File(), kSaveAt, TRUE, &info));
-    ASSERT_TRUE(InsertMenuItemW(help, 0, TRUE, &info));
+    const ReadItem item(host.File(), kSaveAt);
+    item.InsertInto(help, 0);
     OpenPopup(host.Window(), help);
     EXPECT_TRUE(Draws(host, help, 0));
     EXPECT_TRUE(Draws(host, host.File(), kSaveAt));
