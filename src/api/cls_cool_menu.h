@@ -7,7 +7,7 @@
 
 namespace vndesk {
 
-class CoolMenu final : public DualObject<CoolMenu, ICoolMenu> {
+class CoolMenu final : public ClassObject<CoolMenu, clsCoolMenu, ICoolMenu> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.clsCoolMenu";
 

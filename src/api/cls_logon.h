@@ -8,7 +8,7 @@
 namespace vndesk {
 
 // Holds no state of its own: two objects used one after another see the same session.
-class Logon final : public DualObject<Logon, ILogon> {
+class Logon final : public ClassObject<Logon, clsLogon, ILogon> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.clsLogon";
 

@@ -7,7 +7,7 @@
 
 namespace vndesk {
 
-class Registry final : public DualObject<Registry, IRegistry> {
+class Registry final : public ClassObject<Registry, clsRegistry, IRegistry> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.clsRegistry";
 

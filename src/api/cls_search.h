@@ -10,7 +10,7 @@
 
 namespace vndesk {
 
-class Search final : public DualObject<Search, ISearch> {
+class Search final : public ClassObject<Search, clsSearch, ISearch> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.clsSearch";
 

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "cls_varnok.h"
 
+#include <comutil.h>
+
+#include <cmath>
+
 #include "com/kit/bstr.h"
+#include "com/kit/variant.h"
+#include "data/number_text.h"
 #include "data/values.h"
 #include "find/find_dialog.h"
 #include "find/number_display.h"
@@ -25,15 +31,32 @@ template <class Read> BSTR ReadName(Read read) {
 }
 
 // A path beyond the platform's limit names no file; not every platform survives the attempt.
-std::wstring Path(BSTR text) {
-    constexpr size_t kLongest = 32767;
-    constexpr wchar_t kNoFile[] = L"?";
-    std::wstring path = FromBstr(text);
-    return path.size() <= kLongest ? path : kNoFile;
+const wchar_t* Path(BSTR text) {
+    constexpr UINT kLongest = 32767;
+    constexpr const wchar_t* kNoFile = L"?";
+    return SysStringLen(text) <= kLongest ? text : kNoFile;
+}
+
+// A null text is an empty one where the call below needs a path.
+const wchar_t* NeededPath(BSTR text) {
+    return text ? Path(text) : L"";
 }
 
 long Copy(BSTR existing, BSTR target, BOOL failIfExists) {
-    return ::CopyFileW(Path(existing).c_str(), Path(target).c_str(), failIfExists);
+    return ::CopyFileW(NeededPath(existing), NeededPath(target), failIfExists);
+}
+
+// The platforms write small numbers with an exponent, each from another size on, and its digits
+// would be grouped.
+std::wstring NumberText(const VARIANT& number) {
+    _variant_t value;
+    if (!IsSound(number) || FAILED(VariantCopyInd(&value, const_cast<VARIANT*>(&number))))
+        return {};
+    if (V_VT(&value) == VT_R8 && std::isfinite(V_R8(&value)))
+        return ToDecimals(V_R8(&value), kDoubleDigits);
+    if (V_VT(&value) == VT_R4 && std::isfinite(V_R4(&value)))
+        return ToDecimals(V_R4(&value), kSingleDigits);
+    return NullToText(value);
 }
 
 } // namespace
@@ -67,25 +90,22 @@ STDMETHODIMP Varnok::WinHelp(long window, BSTR helpFile, long command, long data
         // Window handles fit into 32 bits and are sign-extended.
         const auto owner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
         SetOut(done, [&] {
-            return ::WinHelpW(owner, Path(helpFile).c_str(), static_cast<UINT>(command),
+            return ::WinHelpW(owner, NeededPath(helpFile), static_cast<UINT>(command),
                               static_cast<ULONG_PTR>(static_cast<LONG_PTR>(data)));
         });
     });
 }
 
+// Null texts have meanings of their own to the profile functions: they delete, and list names.
 STDMETHODIMP Varnok::WriteRegA(BSTR section, BSTR key, BSTR value, BSTR fileName) {
-    return Guard([&] {
-        WritePrivateProfileStringW(FromBstr(section).c_str(), FromBstr(key).c_str(),
-                                   FromBstr(value).c_str(), Path(fileName).c_str());
-    });
+    return Guard([&] { WritePrivateProfileStringW(section, key, value, Path(fileName)); });
 }
 
 STDMETHODIMP Varnok::ReadRegVlA(BSTR section, BSTR key, BSTR fileName, BSTR* value) {
     return Guard([&] {
         BSTR& result = ClearedOut(value);
         wchar_t text[kBuffer] = L"";
-        GetPrivateProfileStringW(FromBstr(section).c_str(), FromBstr(key).c_str(), L"", text,
-                                 kBuffer, Path(fileName).c_str());
+        GetPrivateProfileStringW(section, key, L"", text, kBuffer, Path(fileName));
         result = ToBstr(text);
     });
 }
@@ -95,7 +115,7 @@ STDMETHODIMP Varnok::Sign(BSTR text, BSTR* sign) {
 }
 
 STDMETHODIMP Varnok::CvNStr(VARIANT number, BSTR* text) {
-    return Guard([&] { SetOut(text, [&] { return ToBstr(vndesk::CvNStr(NullToText(number))); }); });
+    return Guard([&] { SetOut(text, [&] { return ToBstr(vndesk::CvNStr(NumberText(number))); }); });
 }
 
 STDMETHODIMP Varnok::CvTextToN(BSTR text, double* number) {

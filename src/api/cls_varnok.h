@@ -7,7 +7,7 @@
 
 namespace vndesk {
 
-class Varnok final : public DualObject<Varnok, IVarnok> {
+class Varnok final : public ClassObject<Varnok, ::Varnok, IVarnok> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.Varnok";
 

@@ -122,20 +122,20 @@ void DataCombo1::Changed(DISPID property) {
 
 // --- appearance ---
 
-STDMETHODIMP DataCombo1::get_BackColor(VnColor* value) {
-    return Guard([&] { SetOut(value, [&] { return static_cast<VnColor>(Core().BackColor()); }); });
+STDMETHODIMP DataCombo1::get_BackColor(OLE_COLOR* value) {
+    return Guard([&] { SetOut(value, [&] { return Core().BackColor(); }); });
 }
 
-STDMETHODIMP DataCombo1::put_BackColor(VnColor value) {
-    return Let(DISPID_BACKCOLOR, [&] { Core().SetBackColor(static_cast<OLE_COLOR>(value)); });
+STDMETHODIMP DataCombo1::put_BackColor(OLE_COLOR value) {
+    return Let(DISPID_BACKCOLOR, [&] { Core().SetBackColor(value); });
 }
 
-STDMETHODIMP DataCombo1::get_ForeColor(VnColor* value) {
-    return Guard([&] { SetOut(value, [&] { return static_cast<VnColor>(Core().ForeColor()); }); });
+STDMETHODIMP DataCombo1::get_ForeColor(OLE_COLOR* value) {
+    return Guard([&] { SetOut(value, [&] { return Core().ForeColor(); }); });
 }
 
-STDMETHODIMP DataCombo1::put_ForeColor(VnColor value) {
-    return Let(DISPID_FORECOLOR, [&] { Core().SetForeColor(static_cast<OLE_COLOR>(value)); });
+STDMETHODIMP DataCombo1::put_ForeColor(OLE_COLOR value) {
+    return Let(DISPID_FORECOLOR, [&] { Core().SetForeColor(value); });
 }
 
 STDMETHODIMP DataCombo1::get_Enabled(VARIANT_BOOL* value) {

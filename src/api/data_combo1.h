@@ -34,10 +34,10 @@ public:
     ~DataCombo1() override;
 
     // IDataCombo1
-    STDMETHODIMP get_BackColor(VnColor* value) override;
-    STDMETHODIMP put_BackColor(VnColor value) override;
-    STDMETHODIMP get_ForeColor(VnColor* value) override;
-    STDMETHODIMP put_ForeColor(VnColor value) override;
+    STDMETHODIMP get_BackColor(OLE_COLOR* value) override;
+    STDMETHODIMP put_BackColor(OLE_COLOR value) override;
+    STDMETHODIMP get_ForeColor(OLE_COLOR* value) override;
+    STDMETHODIMP put_ForeColor(OLE_COLOR value) override;
     STDMETHODIMP get_Enabled(VARIANT_BOOL* value) override;
     STDMETHODIMP put_Enabled(VARIANT_BOOL value) override;
     STDMETHODIMP get_Font(IFontDisp** value) override;

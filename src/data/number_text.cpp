@@ -11,13 +11,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <limits>
 #include <stdexcept>
 
 namespace vndesk {
 
 namespace {
-
-constexpr int kSignificantDigits = 15;
 
 // Far outside what a double can hold, and far inside what an int can.
 constexpr long kMaxExponent = 1000000;
@@ -87,10 +86,10 @@ struct Decimal {
     int exponent = 0;
 };
 
-Decimal ToDecimal(double value) {
+Decimal ToDecimal(double value, int significantDigits) {
     // d.ddddde+xx, with the locale's own mark for the point
     char buffer[64];
-    const int length = std::snprintf(buffer, sizeof buffer, "%.*e", kSignificantDigits - 1, value);
+    const int length = std::snprintf(buffer, sizeof buffer, "%.*e", significantDigits - 1, value);
     const std::string_view text(buffer, static_cast<std::size_t>(length));
     const std::size_t mark = text.find('e');
     Decimal decimal;
@@ -121,6 +120,18 @@ std::string WithoutExponent(const Decimal& decimal) {
     if (text.size() <= wholeDigits)
         return text.append(wholeDigits - text.size(), '0');
     return text.insert(wholeDigits, 1, '.');
+}
+
+std::wstring ToText(double value, int significantDigits, int mostDecimals) {
+    if (!std::isfinite(value))
+        throw std::overflow_error("number is out of range");
+    if (value == 0)
+        return L"0";
+    const Decimal decimal = ToDecimal(std::fabs(value), significantDigits);
+    const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
+    const bool plain = decimal.exponent < significantDigits && decimals <= mostDecimals;
+    const std::string text = plain ? WithoutExponent(decimal) : WithExponent(decimal);
+    return (value < 0 ? L"-" : L"") + std::wstring(text.begin(), text.end());
 }
 
 } // namespace
@@ -159,15 +170,11 @@ bool IsNumericEntry(std::wstring_view text) {
 }
 
 std::wstring DoubleToText(double value) {
-    if (!std::isfinite(value))
-        throw std::overflow_error("number is out of range");
-    if (value == 0)
-        return L"0";
-    const Decimal decimal = ToDecimal(std::fabs(value));
-    const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
-    const bool plain = decimal.exponent < kSignificantDigits && decimals <= kSignificantDigits;
-    const std::string text = plain ? WithoutExponent(decimal) : WithExponent(decimal);
-    return (value < 0 ? L"-" : L"") + std::wstring(text.begin(), text.end());
+    return ToText(value, kDoubleDigits, kDoubleDigits);
+}
+
+std::wstring ToDecimals(double value, int significantDigits) {
+    return ToText(value, significantDigits, std::numeric_limits<int>::max());
 }
 
 } // namespace vndesk

@@ -35,10 +35,12 @@ Font::Font(const FontSpec& design, int dpi)
 std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
     static std::vector<CacheEntry> cache;
     const Writing writing(lock_);
-    std::erase_if(cache, [](const CacheEntry& entry) { return entry.font.expired(); });
+    // Other threads let their fonts go whenever they like: only what is held is there.
     for (const CacheEntry& entry : cache)
         if (entry.dpi == dpi && entry.design == design)
-            return entry.font.lock();
+            if (auto held = entry.font.lock())
+                return held;
+    std::erase_if(cache, [](const CacheEntry& entry) { return entry.font.expired(); });
     auto font = std::make_shared<Font>(design, dpi);
     cache.push_back({design, dpi, font});
     return font;

@@ -126,6 +126,22 @@ TEST_P(FactoryTest, ObjectsAndLocksKeepTheLibraryLoaded) {
     EXPECT_HR(S_OK, CanUnloadNow());
 }
 
+TEST_P(FactoryTest, UnlockingTooOftenLetsNobodyElsesObjectGo) {
+    ASSERT_HR(S_OK, CanUnloadNow());
+    ComPtr<IClassFactory> factory;
+    ASSERT_SUCCEEDED(Get(IID_PPV_ARGS(&factory)));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_SUCCEEDED(factory->LockServer(FALSE));
+    EXPECT_HR(S_FALSE, CanUnloadNow());
+    EXPECT_SUCCEEDED(factory->LockServer(TRUE));
+    factory.Reset();
+    EXPECT_HR(S_FALSE, CanUnloadNow()) << "the lock counts";
+    ASSERT_SUCCEEDED(Get(IID_PPV_ARGS(&factory)));
+    EXPECT_SUCCEEDED(factory->LockServer(FALSE));
+    factory.Reset();
+    EXPECT_HR(S_OK, CanUnloadNow());
+}
+
 TEST_P(FactoryTest, TypeDescriptionOutlivesTheObjectAndTheUnloadQuestion) {
     ComPtr<IDispatch> object = GetParam().Create();
     ComPtr<ITypeInfo> type;
@@ -192,10 +208,10 @@ TEST_P(ClassTest, HasOneIdentity) {
     ComPtr<IUnknown> identity;
     ASSERT_SUCCEEDED(object.As(&identity));
     std::vector<IID> interfaces = {IID_IUnknown, IID_IDispatch, IID_ISupportErrorInfo,
-                                   Class().defaultInterface};
+                                   IID_IProvideClassInfo, Class().defaultInterface};
     if (Class().hasEvents)
-        interfaces.insert(interfaces.end(), {IID_IConnectionPointContainer, IID_IProvideClassInfo,
-                                             IID_IProvideClassInfo2});
+        interfaces.insert(interfaces.end(),
+                          {IID_IConnectionPointContainer, IID_IProvideClassInfo2});
     for (const IID& iid : interfaces) {
         ComPtr<IUnknown> asked, back;
         EXPECT_SUCCEEDED(identity->QueryInterface(iid, &asked)) << ToUtf8(GuidText(iid));
@@ -216,7 +232,7 @@ TEST_P(ClassTest, RefusesInterfacesThatItDoesNotHave) {
     const ComPtr<IDispatch> object = Class().Create();
     std::vector<IID> foreign = {kForeign, IID_NULL, IID_IClassFactory, IID_ITypeInfo, IID_IStream};
     if (!Class().hasEvents)
-        foreign.push_back(IID_IConnectionPointContainer);
+        foreign.insert(foreign.end(), {IID_IConnectionPointContainer, IID_IProvideClassInfo2});
     for (const RegisteredClass& other : RegisteredClasses())
         if (other.clsid != Class().clsid)
             foreign.push_back(other.defaultInterface);
@@ -239,6 +255,24 @@ TEST_P(ClassTest, LastReleaseGivesZeroAndLetsTheLibraryGo) {
     EXPECT_EQ(1u, object->Release());
     EXPECT_EQ(0u, object.Reset());
     EXPECT_HR(S_OK, CanUnloadNow());
+}
+
+// What TypeName in Basic says.
+TEST_P(ClassTest, TellsTheNameOfItsClass) {
+    ComPtr<IProvideClassInfo> described;
+    ASSERT_SUCCEEDED(Class().Create().As(&described));
+    ComPtr<ITypeInfo> type;
+    ASSERT_SUCCEEDED(described->GetClassInfo(&type));
+    _bstr_t name;
+    ASSERT_SUCCEEDED(
+        type->GetDocumentation(MEMBERID_NIL, name.GetAddress(), nullptr, nullptr, nullptr));
+    EXPECT_EQ(_bstr_t(Class().name.c_str()), name);
+    TYPEATTR* attributes = nullptr;
+    ASSERT_SUCCEEDED(type->GetTypeAttr(&attributes));
+    EXPECT_EQ(TKIND_COCLASS, attributes->typekind);
+    EXPECT_EQ(GuidText(Class().clsid), GuidText(attributes->guid));
+    type->ReleaseTypeAttr(attributes);
+    EXPECT_HR(E_POINTER, described->GetClassInfo(nullptr));
 }
 
 TEST_P(ClassTest, SupportsErrorInformationOfItsInterfaceOnly) {

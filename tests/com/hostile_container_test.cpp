@@ -206,7 +206,7 @@ ComPtr<IDataCombo1> WithFont(long color) {
 }
 
 long ColorOf(const ComPtr<IDataCombo1>& combo) {
-    VnColor color = 0;
+    OLE_COLOR color = 0;
     EXPECT_SUCCEEDED(combo->get_BackColor(&color));
     return color;
 }

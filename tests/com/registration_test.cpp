@@ -262,6 +262,61 @@ TEST_F(RegistrationTest, FailureTakesBackWhatWasWritten) {
     EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, Under(typeLibrary_)));
 }
 
+// A key that nobody may open until the guard goes.
+class LockedKey {
+public:
+    explicit LockedKey(const std::wstring& name) {
+        EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, name.c_str(), 0,
+                                               READ_CONTROL | WRITE_DAC, &key_));
+        SECURITY_DESCRIPTOR nobody;
+        BYTE empty[sizeof(ACL)];
+        EXPECT_TRUE(InitializeSecurityDescriptor(&nobody, SECURITY_DESCRIPTOR_REVISION));
+        EXPECT_TRUE(InitializeAcl(reinterpret_cast<ACL*>(empty), sizeof empty, ACL_REVISION));
+        EXPECT_TRUE(SetSecurityDescriptorDacl(&nobody, TRUE, reinterpret_cast<ACL*>(empty), FALSE));
+        EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, &nobody));
+    }
+    ~LockedKey() {
+        SECURITY_DESCRIPTOR everybody;
+        InitializeSecurityDescriptor(&everybody, SECURITY_DESCRIPTOR_REVISION);
+        SetSecurityDescriptorDacl(&everybody, TRUE, nullptr, FALSE);
+        EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, &everybody));
+        RegCloseKey(key_);
+    }
+    LockedKey(const LockedKey&) = delete;
+    LockedKey& operator=(const LockedKey&) = delete;
+
+private:
+    HKEY key_ = nullptr;
+};
+
+TEST_F(RegistrationTest, KeyThatCannotBeDeletedStopsNoOther) {
+    // Wine lets keys without others below them be deleted all the same.
+    const auto control = std::find(names_.begin(), names_.end(), L"VnDesk.DataCombo1");
+    ASSERT_NE(names_.end(), control);
+    const std::wstring whole = classKeys_.at((control - names_.begin()) / 2);
+    const std::wstring below = Join(whole, L"MiscStatus");
+    {
+        const LockedKey locked(below), lockedName(Under(progId_));
+        const HRESULT taken = Unregister();
+        EXPECT_HR(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED), taken) << "it is told at the end";
+    }
+    EXPECT_TRUE(KeyExists(HKEY_LOCAL_MACHINE, Under(progId_)));
+    EXPECT_TRUE(KeyExists(HKEY_LOCAL_MACHINE, below));
+    for (const wchar_t* beside : {L"Control", L"InprocServer32", L"ToolboxBitmap32", L"Version"})
+        EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, Join(whole, beside))) << ToUtf8(beside);
+    for (const std::wstring& key : classKeys_)
+        if (key != whole) {
+            EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, Under(key))) << ToUtf8(key);
+        }
+    for (const std::wstring& name : names_)
+        if (name != progId_) {
+            EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, Under(name))) << ToUtf8(name);
+        }
+    EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, server_));
+    EXPECT_SUCCEEDED(Unregister()) << "the next time";
+    EXPECT_FALSE(IsRegistered());
+}
+
 // --- for one user ---
 
 TEST_F(RegistrationTest, ForOneUserIsWrittenForThatUserAndTakenBack) {
@@ -296,6 +351,18 @@ TEST_F(RegistrationTest, InstallWithoutAUserIsForTheMachine) {
     EXPECT_FALSE(IsRegistered());
     EXPECT_SUCCEEDED(Install(TRUE, L""));
     ExpectSame(before_, OwnTree());
+    EXPECT_FALSE(IsRegistered(HKEY_CURRENT_USER));
+}
+
+TEST_F(RegistrationTest, InstallRefusesWordsThatItDoesNotKnow) {
+    for (const wchar_t* word : {L"users", L"u", L" user", L"user ", L"machine", L"\"user\""}) {
+        EXPECT_HR(E_INVALIDARG, Install(FALSE, word)) << ToUtf8(word);
+        ExpectSame(before_, OwnTree());
+    }
+    ASSERT_SUCCEEDED(Unregister());
+    for (const wchar_t* word : {L"users", L"machine"})
+        EXPECT_HR(E_INVALIDARG, Install(TRUE, word)) << ToUtf8(word);
+    EXPECT_FALSE(IsRegistered());
     EXPECT_FALSE(IsRegistered(HKEY_CURRENT_USER));
 }
 

@@ -64,6 +64,25 @@ TEST(Threads, EachApartmentMakesObjectsOfItsOwn) {
     EXPECT_HR(S_OK, CanUnloadNow());
 }
 
+// COM asks at any moment, from any thread.
+TEST(Threads, AskingWhetherTheLibraryMayGoTakesNothingFromRunningCalls) {
+    const int rounds = Rounds(3000, 100000);
+    std::atomic<int> running{kThreads - 1};
+    InThreads(kThreads, COINIT_APARTMENTTHREADED, Patience(), [&](int number) {
+        if (number == 0) {
+            while (running > 0)
+                CanUnloadNow();
+            return;
+        }
+        for (int i = 0; i < rounds; ++i) {
+            const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
+            EXPECT_EQ(_bstr_t(L"+"), _bstr_t(varnok.Call(L"Sign", {L"+5"})));
+        }
+        --running;
+    });
+    EXPECT_HR(S_OK, CanUnloadNow());
+}
+
 // The interface of an object of this thread, marshalled to another one.
 class Marshalled {
 public:

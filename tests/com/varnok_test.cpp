@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every method of VnDesk.Varnok but the search, through the registered DLL.
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -123,6 +124,25 @@ protected:
         return {text, size};
     }
 
+    // A text as it is, also a null one, which a copy would make an empty one.
+    static VARIANT Lent(BSTR text) {
+        VARIANT lent = {};
+        lent.vt = VT_BSTR;
+        lent.bstrVal = text;
+        return lent;
+    }
+    _variant_t CallLate(const wchar_t* member, std::vector<VARIANT> arguments) {
+        std::reverse(arguments.begin(), arguments.end());
+        DISPPARAMS parameters = {arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        auto* name = const_cast<LPOLESTR>(member);
+        DISPID id = 0;
+        _variant_t result;
+        EXPECT_SUCCEEDED(varnok->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_NEUTRAL, &id));
+        EXPECT_SUCCEEDED(varnok->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &parameters,
+                                        &result, nullptr, nullptr));
+        return result;
+    }
+
     TempDir folder;
     const std::wstring from = folder.File(L"dữ liệu.mdb"), to = folder.File(L"sao lưu.mdb");
 };
@@ -213,6 +233,47 @@ TEST_F(VarnokFileTest, AtMost254CharactersAreRead) {
     EXPECT_EQ(std::wstring(254, L'y'), ReadIni(L"S", L"Long", file));
 }
 
+// What the profile functions do without a text, as hosts ask for it by vbNullString.
+TEST_F(VarnokFileTest, NullTextsDeleteFromTheInitialisationFile) {
+    const std::wstring file = folder.File(L"new.ini");
+    const _bstr_t path(file.c_str()), section(L"S"), key(L"K");
+    for (const wchar_t* name : {L"K", L"K2", L"K3"})
+        WriteIni(L"S", name, L"v", file);
+    WriteIni(L"T", L"K", L"v", file);
+    EXPECT_SUCCEEDED(varnok->WriteRegA(section, key, _bstr_t(L""), path));
+    EXPECT_EQ("[S]\r\nK=\r\nK2=v\r\nK3=v\r\n", Read(file).substr(0, 21)) << "empty is a value";
+    EXPECT_SUCCEEDED(varnok->WriteRegA(section, key, nullptr, path));
+    EXPECT_EQ("[S]\r\nK2=v\r\n", Read(file).substr(0, 11)) << "the key";
+    CallLate(L"WriteRegA", {Lent(section), Lent(_bstr_t(L"K2")), Lent(nullptr), Lent(path)});
+    EXPECT_EQ("[S]\r\nK3=v\r\n", Read(file).substr(0, 11)) << "late bound";
+    VARIANT null = Lent(nullptr), variable = {};
+    variable.vt = VT_BYREF | VT_VARIANT;
+    variable.pvarVal = &null;
+    CallLate(L"WriteRegA", {Lent(section), variable, Lent(_bstr_t(L"ignored")), Lent(path)});
+    EXPECT_EQ(std::string::npos, Read(file).find("[S]")) << "the section, by a variable";
+    EXPECT_EQ(L"v", ReadIni(L"T", L"K", file));
+}
+
+TEST_F(VarnokFileTest, NullTextsListTheNamesOfTheInitialisationFile) {
+    const std::wstring file = folder.File(L"new.ini");
+    const _bstr_t path(file.c_str());
+    for (const wchar_t* name : {L"First", L"Second"})
+        WriteIni(L"S", name, L"v", file);
+    WriteIni(L"T", L"K", L"v", file);
+    const auto read = [&](BSTR section, BSTR key) {
+        BSTR result = nullptr;
+        EXPECT_SUCCEEDED(varnok->ReadRegVlA(section, key, path, &result));
+        return Take(result);
+    };
+    EXPECT_EQ(L"First", read(_bstr_t(L"S"), nullptr)) << "the text up to the first zero";
+    EXPECT_EQ(L"S", read(nullptr, nullptr));
+    EXPECT_EQ(L"S", read(nullptr, _bstr_t(L"K")));
+    EXPECT_EQ(L"", read(_bstr_t(L""), _bstr_t(L"K")));
+    EXPECT_EQ(L"", read(_bstr_t(L"none"), nullptr));
+    EXPECT_EQ(_bstr_t(L"First"),
+              _bstr_t(CallLate(L"ReadRegVlA", {Lent(_bstr_t(L"S")), Lent(nullptr), Lent(path)})));
+}
+
 // --- text ---
 
 TEST_F(VarnokTest, SignIsTheFirstCharacterOnly) {
@@ -270,6 +331,27 @@ TEST_F(VarnokTest, NumberTextTakesEveryKindOfNumber) {
     EXPECT_EQ(L"4.321", CvNStr(ByRef(number)));
     _variant_t variable(4321L);
     EXPECT_EQ(L"4.321", CvNStr(ByRef(variable)));
+}
+
+TEST_F(VarnokTest, SmallNumbersHaveAllTheirDecimals) {
+    EXPECT_EQ(L"0,00001", CvNStr(0.00001));
+    EXPECT_EQ(L"-0,00001", CvNStr(-0.00001));
+    EXPECT_EQ(L"0,0000123456", CvNStr(0.0000123456));
+    EXPECT_EQ(L"0,0666666666666667", CvNStr(1.0 / 15));
+    EXPECT_EQ(L"0,0000000000000000000125", CvNStr(1.25e-20));
+    EXPECT_EQ(L"0,00001", CvNStr(0.00001f));
+    EXPECT_EQ(L"0,3333333", CvNStr(1.0f / 3));
+    double number = 0.00001;
+    VARIANT reference = {};
+    reference.vt = VT_BYREF | VT_R8;
+    reference.pdblVal = &number;
+    EXPECT_EQ(L"0,00001", CvNStr(_variant_t(reference)));
+    _variant_t variable(number);
+    EXPECT_EQ(L"0,00001", CvNStr(ByRef(variable)));
+    EXPECT_EQ(0.00001, CvTextToN(CvNStr(0.00001).c_str()));
+    EXPECT_EQ(L"999.999.999.999.999", CvNStr(999999999999999.0));
+    EXPECT_EQ(L"1,5E+15", CvNStr(1.5e15)) << "as the reference says";
+    EXPECT_EQ(L"1.234.567", CvNStr(1234567.0f));
 }
 
 TEST_F(VarnokTest, NumberTextIsReadBack) {

@@ -68,6 +68,10 @@ TEST(ReferenceTest, ReadsEveryDeclarationOfTheIdl) {
 constexpr char kSmall[] = R"(
 // A comment, "with a quote.
 import "oaidl.idl";
+#ifdef __WIDL__
+typedef [public] DWORD OLE_COLOR;
+#endif
+cpp_quote("typedef OLE_COLOR Colour;")
 #define DISPID_TEXT (-517)
 /// About the library.
 [uuid(2BA567DE-7EA1-46BE-9EC1-167F911FFAEF), version(1.0), helpstring("A library")]
@@ -131,6 +135,24 @@ TEST(IdlReaderTest, WritesErrorsForBothKindsOfHosts) {
     EXPECT_THAT(page, testing::HasSubstr("Function Look(Name As String, ByVal Key As Long, "
                                          "Optional ByVal How As Variant) As Long"));
     EXPECT_THAT(page, testing::HasSubstr("HRESULT put_Text(BSTR Value);"));
+}
+
+TEST(IdlReaderTest, InterfaceHasTheMembersOfTheOneItInherits) {
+    std::string idl = kSmall;
+    idl.insert(
+        idl.find("    [uuid(D44B3107"),
+        "    [object, uuid(285B6855-94FD-4438-994D-74236EF28705), helpstring(\"More things\")]\n"
+        "    interface IThing2 : IThing\n    {\n"
+        "        [id(2), helpstring(\"Goes.\")]\n        HRESULT Go();\n    };\n");
+    idl.replace(idl.find("interface IThing; }"), 17, "interface IThing2;");
+    const Library library = ReadIdl(idl);
+    ASSERT_EQ(3u, library.Find("IThing2")->members.size());
+    EXPECT_EQ("Look", library.Find("IThing2")->members[0].name);
+    EXPECT_EQ("Go", library.Find("IThing2")->members[2].name);
+    EXPECT_EQ(2u, library.Find("IThing")->members.size());
+    EXPECT_THAT(MakePages(library).at("Thing.md"), testing::HasSubstr("HRESULT Go();"));
+    idl.replace(idl.find(": IThing\n"), 8, ": INothing");
+    EXPECT_THROW(ReadIdl(idl), std::runtime_error);
 }
 
 TEST(IdlReaderTest, NamesWhatIsWithoutADescription) {

@@ -240,9 +240,9 @@ TEST_F(DataComboAtlTest, IsStoredAndReadBackWhileShown) {
     ComPtr<IPersistPropertyBag> otherPersist;
     ASSERT_SUCCEEDED(ComPtr<IDataCombo1>(other.Combo()).As(&otherPersist));
     EXPECT_SUCCEEDED(otherPersist->Load(&bag, nullptr));
-    VnColor color = 0;
+    OLE_COLOR color = 0;
     EXPECT_SUCCEEDED(other.Combo()->get_BackColor(&color));
-    EXPECT_EQ(0xC0FFFF, color);
+    EXPECT_EQ(0xC0FFFFu, color);
     EXPECT_TRUE(IsBold(other.Combo()));
     EXPECT_EQ(L"", ValueOf(other.Combo()));
 

@@ -190,6 +190,26 @@ TEST(DoubleToText, OverflowsOnValueThatIsNotFinite) {
     EXPECT_THROW(DoubleToText(std::numeric_limits<double>::quiet_NaN()), std::overflow_error);
 }
 
+TEST(ToDecimals, WritesEveryDecimalOfASmallNumber) {
+    EXPECT_EQ(ToDecimals(0.00001, kDoubleDigits), L"0.00001");
+    EXPECT_EQ(ToDecimals(-1E-20, kDoubleDigits), L"-0.00000000000000000001");
+    EXPECT_EQ(ToDecimals(1.0 / 300, kDoubleDigits), L"0.00333333333333333");
+    EXPECT_EQ(ToDecimals(std::numeric_limits<double>::denorm_min(), kDoubleDigits).size(), 340u);
+    EXPECT_EQ(ToDecimals(static_cast<double>(0.1f), kSingleDigits), L"0.1");
+}
+
+TEST(ToDecimals, UsesExponentWhereTheWholePartHasMoreDigitsThanAreSignificant) {
+    EXPECT_EQ(ToDecimals(999999999999999.0, kDoubleDigits), L"999999999999999");
+    EXPECT_EQ(ToDecimals(1.5E15, kDoubleDigits), L"1.5E+15");
+    EXPECT_EQ(ToDecimals(1234567.0, kSingleDigits), L"1234567");
+    EXPECT_EQ(ToDecimals(12345678.0, kSingleDigits), L"1.234568E+07");
+}
+
+TEST(ToDecimals, OverflowsOnValueThatIsNotFinite) {
+    EXPECT_THROW(ToDecimals(std::numeric_limits<double>::infinity(), kDoubleDigits),
+                 std::overflow_error);
+}
+
 TEST(NumberText, DoesNotFollowTheLocale) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     bool found = false;

@@ -31,8 +31,7 @@ public:
     explicit Parser(std::string_view text) { tokens_ = ReadTokens(text, library_.numbers); }
 
     Library Read() {
-        while (Accept("import"))
-            SkipTo(";");
+        Preamble();
         const Attributes attributes = ReadAttributes();
         Expect("library");
         library_.name = Word();
@@ -105,6 +104,17 @@ private:
         return attributes;
     }
 
+    // What is there for the compilers alone.
+    void Preamble() {
+        for (;;)
+            if (Accept("import") || Accept("typedef"))
+                SkipTo(";");
+            else if (Accept("cpp_quote"))
+                SkipTo(")");
+            else
+                return;
+    }
+
     void Declaration() {
         if (Accept("importlib")) {
             SkipTo(";");
@@ -117,15 +127,10 @@ private:
         type.remarks = ReadRemarks(attributes.remarks);
         const std::string help = attributes.Get("helpstring");
         type.kind = Word();
-        if (named && type.kind != "enum") {
-            type.original = std::exchange(type.kind, "alias");
-            type.name = Word();
-        } else {
-            type.name = Word();
-            Body(type);
-            if (named)
-                Expect(type.name);
-        }
+        type.name = Word();
+        Body(type);
+        if (named)
+            Expect(type.name);
         Expect(";");
         std::vector<std::string> names;
         for (const Value& value : type.values)
@@ -134,9 +139,19 @@ private:
         library_.types.push_back(std::move(type));
     }
 
+    // What hosts call through an interface is its own and what it inherits.
+    void Inherit(Type& type, const std::string& base) {
+        if (base == "IDispatch")
+            return;
+        const Type* found = library_.Find(base);
+        if (!found)
+            Fail("no interface of that name stands before");
+        type.members = found->members;
+    }
+
     void Body(Type& type) {
         if (Accept(":"))
-            Expect("IDispatch");
+            Inherit(type, Word());
         Expect("{");
         while (!Accept("}")) {
             if (type.kind == "enum")

@@ -63,14 +63,13 @@ struct Value {
 };
 
 struct Type {
-    std::string kind; // interface, dispinterface, coclass, enum, alias
+    std::string kind; // interface, dispinterface, coclass, enum
     std::string name;
     std::string uuid;
     Help help;
     Remarks remarks;
     std::vector<Member> members;
     std::vector<Value> values;
-    std::string original;         // of an alias
     std::string defaultInterface; // of a coclass
     std::string events;           // of a coclass, may be empty
 };

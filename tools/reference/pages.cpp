@@ -166,15 +166,9 @@ std::string NumberCell(const std::string& number) {
 std::string TypesPage(const Library& library) {
     std::string text = "# Types\n\n";
     for (const Type& type : library.types) {
-        if (type.kind != "enum" && type.kind != "alias")
+        if (type.kind != "enum")
             continue;
         text += "## " + type.name + "\n\n" + Paragraph(Sentence(type.help.summary));
-        if (type.kind == "alias") {
-            Parameter original;
-            original.type = type.original;
-            text += "Another name of " + BasicType(original) + ".\n\n";
-            continue;
-        }
         const bool hexadecimal = type.values.front().number.starts_with("0x");
         text += hexadecimal ? "| name | number | | |\n|---|---|---|---|\n"
                             : "| name | number | |\n|---|---|---|\n";

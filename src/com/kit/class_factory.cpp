@@ -25,7 +25,7 @@ public:
     }
 
     STDMETHODIMP LockServer(BOOL lock) override {
-        lock ? ModuleLock::Add() : ModuleLock::Remove();
+        lock ? LockModule() : UnlockModule();
         return S_OK;
     }
 

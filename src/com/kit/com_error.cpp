@@ -6,6 +6,7 @@
 #include <oleauto.h>
 #include <wrl/client.h>
 
+#include <memory>
 #include <new>
 #include <stdexcept>
 
@@ -25,32 +26,45 @@ std::wstring SystemMessage(HRESULT code) {
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
         nullptr, static_cast<DWORD>(code), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    const std::unique_ptr<wchar_t, decltype(&LocalFree)> owner(text, LocalFree);
     std::wstring message(text ? text : L"", length);
-    LocalFree(text);
     while (!message.empty() && message.back() <= L' ')
         message.pop_back();
     return message;
 }
 
-ErrorState CurrentError() {
+ErrorState CurrentError() noexcept {
+    ErrorState error;
+    // Without memory for its description an error is its number.
+    const auto tell = [&error](HRESULT code, auto&& description) {
+        error.code = code;
+        try {
+            error.description = description();
+        } catch (...) {
+        }
+    };
+    const auto system = [&](HRESULT code) { tell(code, [code] { return SystemMessage(code); }); };
     try {
         throw;
-    } catch (const ComError& error) {
-        return {error.Code(),
-                error.Description().empty() ? SystemMessage(error.Code()) : error.Description()};
+    } catch (const ComError& raised) {
+        tell(raised.Code(), [&] {
+            return raised.Description().empty() ? SystemMessage(raised.Code())
+                                                : raised.Description();
+        });
     } catch (const std::overflow_error&) {
-        return {CTL_E_OVERFLOW, L"Overflow"};
+        tell(CTL_E_OVERFLOW, [] { return L"Overflow"; });
     } catch (const std::invalid_argument&) {
-        return {CTL_E_ILLEGALFUNCTIONCALL, L"Invalid procedure call or argument"};
+        tell(CTL_E_ILLEGALFUNCTIONCALL, [] { return L"Invalid procedure call or argument"; });
     } catch (const std::out_of_range&) {
-        return {kSubscriptOutOfRange, L"Subscript out of range"};
+        tell(kSubscriptOutOfRange, [] { return L"Subscript out of range"; });
     } catch (const std::bad_alloc&) {
-        return {E_OUTOFMEMORY, SystemMessage(E_OUTOFMEMORY)};
+        system(E_OUTOFMEMORY);
     } catch (const std::length_error&) {
-        return {E_OUTOFMEMORY, SystemMessage(E_OUTOFMEMORY)};
+        system(E_OUTOFMEMORY);
     } catch (...) {
-        return {E_UNEXPECTED, SystemMessage(E_UNEXPECTED)};
+        system(E_UNEXPECTED);
     }
+    return error;
 }
 
 void CheckHr(HRESULT code) {
@@ -77,12 +91,7 @@ void CheckCall(HRESULT code, IUnknown* object, REFIID iid) {
 }
 
 HRESULT ReportCurrentError(REFIID iid, const wchar_t* source) noexcept {
-    ErrorState error;
-    try {
-        error = CurrentError();
-    } catch (...) {
-        return E_OUTOFMEMORY;
-    }
+    ErrorState error = CurrentError();
     ComPtr<ICreateErrorInfo> create;
     ComPtr<IErrorInfo> info;
     if (SUCCEEDED(CreateErrorInfo(&create)) && SUCCEEDED(create.As(&info))) {

@@ -33,8 +33,9 @@ struct ErrorState {
     explicit operator bool() const noexcept { return FAILED(code); }
 };
 
-// The exception now being handled, as data. Only inside a catch block.
-ErrorState CurrentError();
+// The exception now being handled, as data. Only inside a catch block. Its description is empty
+// where memory is too short for it.
+ErrorState CurrentError() noexcept;
 
 // The platform's text for an error code, without line ends.
 std::wstring SystemMessage(HRESULT code);

@@ -9,7 +9,6 @@
 #include <initializer_list>
 #include <vector>
 
-#include "bstr.h"
 #include "dispatch.h"
 
 namespace vndesk {
@@ -79,11 +78,8 @@ HRESULT EnumConnectionPoints(const std::vector<ConnectionPoint*>& points,
 
 // A dual interface whose class raises the events of one dispinterface. `Class` is the coclass.
 template <class Derived, class Class, class Dual, class Events, class... Others>
-class EventObject
-    : public DualObject<Derived, Dual, IConnectionPointContainer, IProvideClassInfo2, Others...> {
-    using Base =
-        DualObject<Derived, Dual, IConnectionPointContainer, IProvideClassInfo2, Others...>;
-
+class EventObject : public DescribedObject<Derived, Class, Dual, IProvideClassInfo2,
+                                           IConnectionPointContainer, Others...> {
 public:
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** enumerator) override {
         return vndesk::EnumConnectionPoints(ConnectionPoints(), enumerator);
@@ -91,13 +87,6 @@ public:
 
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
         return vndesk::FindConnectionPoint(ConnectionPoints(), iid, point);
-    }
-
-    STDMETHODIMP GetClassInfo(ITypeInfo** type) override {
-        return this->Guard([&] {
-            ITypeInfo*& result = ClearedOut(type);
-            CheckHr(TypeOf(__uuidof(Class)).info.CopyTo(&result));
-        });
     }
 
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override {
@@ -115,12 +104,6 @@ protected:
 
     // Classes with further outgoing interfaces add theirs after the events.
     virtual std::vector<ConnectionPoint*> ConnectionPoints() { return {&events_}; }
-
-    void* Find(REFIID iid) override {
-        if (iid == __uuidof(IProvideClassInfo))
-            return static_cast<IProvideClassInfo*>(static_cast<IProvideClassInfo2*>(this));
-        return Base::Find(iid);
-    }
 
 private:
     ConnectionPoint events_{*this, __uuidof(Events), ConnectionPoint::Kind::Events};

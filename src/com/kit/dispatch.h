@@ -5,8 +5,10 @@
 
 #include <windows.h>
 #include <oaidl.h>
+#include <ocidl.h>
 #include <wrl/client.h>
 
+#include "bstr.h"
 #include "com_error.h"
 #include "com_object.h"
 #include "member_table.h"
@@ -14,7 +16,7 @@
 namespace vndesk {
 
 // The description of one of the module's interfaces or classes. Loaded once from the module's own
-// resource, so that it works before registration; valid until ReleaseTypes.
+// resource, so that it works before registration; valid while the caller's object lives.
 struct TypeDescription {
     GUID guid;
     Microsoft::WRL::ComPtr<ITypeInfo> info;
@@ -23,12 +25,12 @@ struct TypeDescription {
 
 const TypeDescription& TypeOf(REFGUID guid);
 
-// Drops what TypeOf keeps. Called when COM asks whether the DLL may go.
-void ReleaseTypes() noexcept;
+// Drops what TypeOf keeps when COM asks whether the DLL may go. False while it is in use.
+bool ReleaseTypes() noexcept;
 
 // Calls through the type library after bringing by-reference arguments to the declared type.
 // Scripts pass a variable as VARIANT* and numbers where text is expected; the platform's own call
-// refuses both. What the method writes goes back to the caller's variable.
+// refuses both. What the method sets goes back to the caller's variable; the others stay untouched.
 HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WORD flags,
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                       UINT* badArgument) noexcept;
@@ -73,6 +75,8 @@ public:
             return DISP_E_UNKNOWNINTERFACE;
         if (!parameters)
             return E_POINTER;
+        // The host may let the object go inside the call, and the type goes with the last object.
+        const ComPtr<IUnknown> keepAlive(static_cast<Dual*>(this));
         const TypeDescription* type = nullptr;
         const HRESULT loaded = Guard([&] { type = &TypeOf(__uuidof(Dual)); });
         if (FAILED(loaded))
@@ -104,5 +108,31 @@ protected:
         }
     }
 };
+
+// A class of the type library, which hosts can ask for its name: TypeName in Basic would otherwise
+// say that of the interface. `Info` is IProvideClassInfo, or its successor for classes with events.
+template <class Derived, class Class, class Dual, class Info, class... Others>
+class DescribedObject : public DualObject<Derived, Dual, Info, Others...> {
+    using Base = DualObject<Derived, Dual, Info, Others...>;
+
+public:
+    STDMETHODIMP GetClassInfo(ITypeInfo** type) override {
+        return this->Guard([&] {
+            ITypeInfo*& result = ClearedOut(type);
+            CheckHr(TypeOf(__uuidof(Class)).info.CopyTo(&result));
+        });
+    }
+
+protected:
+    void* Find(REFIID iid) override {
+        if (iid == __uuidof(IProvideClassInfo))
+            return static_cast<IProvideClassInfo*>(static_cast<Info*>(this));
+        return Base::Find(iid);
+    }
+};
+
+// The base of classes without events.
+template <class Derived, class Class, class Dual>
+using ClassObject = DescribedObject<Derived, Class, Dual, IProvideClassInfo>;
 
 } // namespace vndesk

@@ -27,10 +27,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
 }
 
 STDAPI DllCanUnloadNow() {
-    if (ModuleLock::Count() > 0)
-        return S_FALSE;
-    ReleaseTypes();
-    return S_OK;
+    return ReleaseTypes() ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {
@@ -41,8 +38,14 @@ STDAPI DllUnregisterServer() {
     return UnregisterModule(Hive::Machine);
 }
 
-// regsvr32 /n /i:user registers for the user alone, /u with the same words takes it back.
+// regsvr32 /n /i:user registers for the user alone, /n /i for the machine; /u with the same words
+// takes it back. Other words are a mistake, which must not end in a registration for the machine.
 STDAPI DllInstall(BOOL install, LPCWSTR arguments) {
-    const Hive hive = arguments && lstrcmpiW(arguments, L"user") == 0 ? Hive::User : Hive::Machine;
+    Hive hive = Hive::Machine;
+    if (arguments && *arguments) {
+        if (lstrcmpiW(arguments, L"user") != 0)
+            return E_INVALIDARG;
+        hive = Hive::User;
+    }
     return install ? RegisterModule(hive) : UnregisterModule(hive);
 }

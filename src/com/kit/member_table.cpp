@@ -1,15 +1,50 @@
 // SPDX-License-Identifier: MIT
 #include "member_table.h"
 
+#include <wrl/client.h>
+
 #include <algorithm>
 
 namespace vndesk {
 
 namespace {
 
-VARTYPE ReferredType(const ELEMDESC& parameter) {
+// What a type tells of itself, given back to it.
+class TypeAttributes {
+public:
+    explicit TypeAttributes(ITypeInfo* type) : type_(type) { type_->GetTypeAttr(&attributes_); }
+    ~TypeAttributes() {
+        if (attributes_)
+            type_->ReleaseTypeAttr(attributes_);
+    }
+    TypeAttributes(const TypeAttributes&) = delete;
+    TypeAttributes& operator=(const TypeAttributes&) = delete;
+
+    // Of another name of a type.
+    VARTYPE Aliased() const {
+        return attributes_ && attributes_->typekind == TKIND_ALIAS ? attributes_->tdescAlias.vt
+                                                                   : VARTYPE{VT_EMPTY};
+    }
+
+private:
+    ITypeInfo* type_;
+    TYPEATTR* attributes_ = nullptr;
+};
+
+// Colours are unsigned numbers by another name.
+bool IsUnsigned(ITypeInfo* type, const TYPEDESC& declared) {
+    if (declared.vt != VT_USERDEFINED)
+        return declared.vt == VT_UI4;
+    Microsoft::WRL::ComPtr<ITypeInfo> named;
+    return SUCCEEDED(type->GetRefTypeInfo(declared.hreftype, &named)) &&
+           TypeAttributes(named.Get()).Aliased() == VT_UI4;
+}
+
+VARTYPE PassedType(ITypeInfo* info, const ELEMDESC& parameter) {
+    if (parameter.tdesc.vt == VT_BSTR)
+        return VT_BSTR;
     if (parameter.tdesc.vt != VT_PTR)
-        return VT_EMPTY;
+        return IsUnsigned(info, parameter.tdesc) ? VARTYPE{VT_UI4} : VARTYPE{VT_EMPTY};
     switch (const VARTYPE type = parameter.tdesc.lptdesc->vt) {
     case VT_BSTR:
     case VT_BOOL:
@@ -20,9 +55,9 @@ VARTYPE ReferredType(const ELEMDESC& parameter) {
     case VT_CY:
     case VT_DATE:
     case VT_UI1:
-        return type;
+        return VT_BYREF | type;
     case VT_INT:
-        return VT_I4;
+        return VT_BYREF | VT_I4;
     default:
         return VT_EMPTY;
     }
@@ -40,10 +75,20 @@ UINT MostArguments(const FUNCDESC& function) {
     return count;
 }
 
-Member Describe(const FUNCDESC& function) {
-    Member member{function.memid, static_cast<WORD>(function.invkind), MostArguments(function), {}};
-    for (SHORT i = 0; i < function.cParams; ++i)
-        member.referred.push_back(ReferredType(function.lprgelemdescParam[i]));
+Member Describe(ITypeInfo* type, const FUNCDESC& function) {
+    Member member{function.memid,
+                  static_cast<WORD>(function.invkind),
+                  MostArguments(function),
+                  {},
+                  IsUnsigned(type, function.elemdescFunc.tdesc)};
+    for (SHORT i = 0; i < function.cParams; ++i) {
+        const ELEMDESC& parameter = function.lprgelemdescParam[i];
+        // The platforms tell the result of a dual interface's member in one place or the other.
+        if (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL)
+            member.unsignedResult =
+                parameter.tdesc.vt == VT_PTR && IsUnsigned(type, *parameter.tdesc.lptdesc);
+        member.passed.push_back(PassedType(type, parameter));
+    }
     return member;
 }
 
@@ -59,7 +104,7 @@ MemberTable::MemberTable(ITypeInfo* type) {
             FUNCDESC* function;
             ~Release() { type->ReleaseFuncDesc(function); }
         } const release{type, function};
-        members_.push_back(Describe(*function));
+        members_.push_back(Describe(type, *function));
     }
     std::stable_sort(members_.begin(), members_.end(),
                      [](const Member& left, const Member& right) { return left.id < right.id; });

@@ -14,9 +14,11 @@ struct Member {
     DISPID id;
     WORD kind;          // one INVOKE_ flag
     UINT mostArguments; // UINT_MAX: as many as the host likes
-    // Of each parameter the type behind the pointer, or VT_EMPTY where the platform's call serves
-    // it well.
-    std::vector<VARTYPE> referred;
+    // Of each parameter the type that an argument is brought to, or VT_EMPTY where the platform's
+    // call serves it well.
+    std::vector<VARTYPE> passed;
+    // The result is an unsigned number of 32 bits, of which scripts know nothing.
+    bool unsignedResult;
 };
 
 class MemberTable {

@@ -7,7 +7,7 @@ namespace vndesk {
 
 namespace {
 HINSTANCE instance_;
-std::atomic<long> lockCount_;
+std::atomic<long> objects_, locks_;
 } // namespace
 
 HINSTANCE ModuleInstance() noexcept {
@@ -32,19 +32,24 @@ std::wstring ModulePath() {
 }
 
 ModuleLock::ModuleLock() noexcept {
-    Add();
+    ++objects_;
 }
 ModuleLock::~ModuleLock() {
-    Remove();
+    --objects_;
 }
-void ModuleLock::Add() noexcept {
-    ++lockCount_;
+
+void LockModule() noexcept {
+    ++locks_;
 }
-void ModuleLock::Remove() noexcept {
-    --lockCount_;
+
+void UnlockModule() noexcept {
+    long count = locks_;
+    while (count > 0 && !locks_.compare_exchange_weak(count, count - 1))
+        ;
 }
-long ModuleLock::Count() noexcept {
-    return lockCount_;
+
+bool IsModuleInUse() noexcept {
+    return objects_ > 0 || locks_ > 0;
 }
 
 } // namespace vndesk

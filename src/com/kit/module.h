@@ -44,17 +44,21 @@ HINSTANCE ModuleInstance() noexcept;
 void SetModuleInstance(HINSTANCE instance) noexcept;
 std::wstring ModulePath();
 
-// Objects and server locks that keep the DLL in memory.
+// Objects that keep the DLL in memory.
 class ModuleLock {
 public:
     ModuleLock() noexcept;
     ~ModuleLock();
     ModuleLock(const ModuleLock&) = delete;
     ModuleLock& operator=(const ModuleLock&) = delete;
-
-    static void Add() noexcept;
-    static void Remove() noexcept;
-    static long Count() noexcept;
 };
+
+// Locks of the server by its hosts, which keep the DLL too. One unlocked too often is nobody's: it
+// must not let the DLL go while others hold it.
+void LockModule() noexcept;
+void UnlockModule() noexcept;
+
+// Whether an object or a lock is left.
+bool IsModuleInUse() noexcept;
 
 } // namespace vndesk

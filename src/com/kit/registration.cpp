@@ -5,6 +5,8 @@
 #include <oleauto.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "com_object.h"
 #include "module.h"
@@ -64,6 +66,20 @@ private:
     HKEY key_ = nullptr;
 };
 
+// Steps that go on after one that failed.
+class Attempts {
+public:
+    template <class Work> void Try(Work&& work) {
+        ErrorState error = Trap(work);
+        if (error && !first_)
+            first_ = std::move(error);
+    }
+    const ErrorState& First() const { return first_; }
+
+private:
+    ErrorState first_;
+};
+
 class Registrar {
 public:
     explicit Registrar(Hive hive)
@@ -75,10 +91,15 @@ public:
         RegisterTypeLibrary();
     }
 
-    void Unregister() const {
+    // What cannot be taken out stays alone: everything else goes. The first error is returned.
+    ErrorState Unregister() const {
+        Attempts attempts;
         for (const ClassEntry& entry : moduleInfo.classes)
-            UnregisterClass(entry);
-        UnregisterTypeLibrary();
+            attempts.Try([&] { UnregisterClass(entry, attempts); });
+        attempts.Try([&] { UnregisterTypeLibrary(); });
+        if (moduleInfo.afterUnregister)
+            attempts.Try([] { moduleInfo.afterUnregister(); });
+        return attempts.First();
     }
 
 private:
@@ -101,12 +122,24 @@ private:
         return text;
     }
 
-    void Delete(const std::wstring& key) const {
-        const LSTATUS status = RegDeleteTreeW(root_, (kClasses + key).c_str());
-        if (status != ERROR_FILE_NOT_FOUND)
-            CheckHr(HRESULT_FROM_WIN32(status));
-        // The tree call may leave the emptied key itself.
-        RegDeleteKeyW(root_, (kClasses + key).c_str());
+    std::vector<std::wstring> KeysBelow(const std::wstring& key) const {
+        std::vector<std::wstring> keys;
+        const Key opened(root_, kClasses + key, KEY_READ);
+        wchar_t name[256];
+        for (DWORD i = 0; opened && RegEnumKeyW(opened.Get(), i, name, 256) == ERROR_SUCCESS; ++i)
+            keys.push_back(key + L"\\" + name);
+        return keys;
+    }
+
+    // Not RegDeleteTree, which ends at the first key that it cannot delete.
+    void Delete(const std::wstring& key, Attempts& attempts) const {
+        for (const std::wstring& below : KeysBelow(key))
+            Delete(below, attempts);
+        attempts.Try([&] {
+            const LSTATUS status = RegDeleteKeyW(root_, (kClasses + key).c_str());
+            if (status != ERROR_FILE_NOT_FOUND)
+                CheckHr(HRESULT_FROM_WIN32(status));
+        });
     }
 
     void RegisterClass(const ClassEntry& entry) const {
@@ -147,12 +180,12 @@ private:
                          ModulePath().c_str()) == 0;
     }
 
-    void UnregisterClass(const ClassEntry& entry) const {
+    void UnregisterClass(const ClassEntry& entry, Attempts& attempts) const {
         const std::wstring key = ClassKey(entry);
         const std::wstring server = Read(key + L"\\InprocServer32", 0);
         if (!server.empty() && lstrcmpiW(server.c_str(), ModulePath().c_str()) != 0)
             return;
-        Delete(key);
+        Delete(key, attempts);
         // Class identifiers are kept apart for 32 and 64 bits, names are not: our DLL of the other
         // kind may still need them.
         const std::wstring other = Read(key + L"\\InprocServer32", kOtherView);
@@ -160,7 +193,7 @@ private:
             return;
         for (const wchar_t* suffix : {L"", L".1"})
             if (Read(entry.progId + std::wstring(suffix) + L"\\CLSID", 0) == GuidText(*entry.clsid))
-                Delete(entry.progId + std::wstring(suffix));
+                Delete(entry.progId + std::wstring(suffix), attempts);
     }
 
     void RegisterTypeLibrary() const {
@@ -190,8 +223,9 @@ private:
         // Missing, or another copy's.
         if (lstrcmpiW(file.c_str(), ModulePath().c_str()) != 0)
             return;
-        hive_ == Hive::Machine ? UnRegisterTypeLib(guid, 1, 0, LOCALE_NEUTRAL, kSystem)
-                               : UnRegisterTypeLibForUser(guid, 1, 0, LOCALE_NEUTRAL, kSystem);
+        CheckHr(hive_ == Hive::Machine
+                    ? UnRegisterTypeLib(guid, 1, 0, LOCALE_NEUTRAL, kSystem)
+                    : UnRegisterTypeLibForUser(guid, 1, 0, LOCALE_NEUTRAL, kSystem));
     }
 
     Hive hive_;
@@ -214,12 +248,9 @@ HRESULT RegisterModule(Hive hive) noexcept {
 }
 
 HRESULT UnregisterModule(Hive hive) noexcept {
-    return Trap([&] {
-               Registrar(hive).Unregister();
-               if (moduleInfo.afterUnregister)
-                   moduleInfo.afterUnregister();
-           })
-        .code;
+    ErrorState first;
+    const ErrorState error = Trap([&] { first = Registrar(hive).Unregister(); });
+    return error ? error.code : first.code;
 }
 
 } // namespace vndesk

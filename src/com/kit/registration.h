@@ -12,7 +12,8 @@ enum class Hive { Machine, User };
 // The first failure is returned, after taking back what was written before it.
 HRESULT RegisterModule(Hive hive) noexcept;
 
-// Missing keys are not errors. What belongs to another copy of the DLL stays.
+// Missing keys are not errors. What belongs to another copy of the DLL stays. The first failure is
+// returned, after everything else has been taken out.
 HRESULT UnregisterModule(Hive hive) noexcept;
 
 } // namespace vndesk

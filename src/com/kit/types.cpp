@@ -49,13 +49,18 @@ const TypeDescription& TypeOf(REFGUID guid) {
     return *types_[count_++];
 }
 
-void ReleaseTypes() noexcept {
+// Whoever asks for a type is an object, or held by one, until it needs the type no more: without
+// objects nobody has one, and nobody gets one while the lock is held.
+bool ReleaseTypes() noexcept {
     const Writing writing(lock_);
+    if (IsModuleInUse())
+        return false;
     while (count_ > 0)
         delete types_[--count_];
     if (library_)
         library_->Release();
     library_ = nullptr;
+    return true;
 }
 
 } // namespace vndesk
