@@ -32,9 +32,11 @@ UINT HostType(const CMyItemData& data, const MenuItem& item) {
                              : item.type;
 }
 
-// What the host wrote over our number is its data from then on.
-ULONG_PTR HostData(const CMyItemData& data, const MenuItem& item) {
-    return item.data == data.number ? data.original.data : item.data;
+// What the host has in an item, or wrote over our number. Where it carried a number from another
+// item over, it means the data that it keeps there.
+ULONG_PTR HostData(const MenuItem& item) {
+    const CMyItemData* from = CurrentMenuModule()->items.Item(item.data);
+    return from ? from->original.data : item.data;
 }
 
 // Whether the item's caption is not the one that it got at its conversion. Some versions of
@@ -68,15 +70,15 @@ void TakeType(CMyItemData& data, UINT type) {
 }
 
 CMyItemData& NewItem(HMENU menu, UINT position, const MenuItem& item, const CMyItemData* copied) {
-    CMyItemDatas& items = CurrentMenuModule()->items;
-    CMyItemData& data = items.Add(CMyItemDatas::NextNumber());
+    const ULONG_PTR hostData = HostData(item);
+    CMyItemData& data = CurrentMenuModule()->items.Add(CMyItemDatas::NextNumber());
     if (copied) {
         const ULONG_PTR number = data.number;
         data = *copied;
         data.number = number;
     } else {
         data.original.state = item.state;
-        data.original.data = item.data;
+        data.original.data = hostData;
     }
     data.menu = menu;
     data.position = position;
@@ -89,9 +91,9 @@ void Restore(const CMyItemData& data, const MenuItem& item) {
         WriteItemCaption(data.menu, data.position, data.original.caption);
     const UINT type = HostType(data, item);
     if (type & MFT_BITMAP)
-        WriteItemData(data.menu, data.position, HostData(data, item));
+        WriteItemData(data.menu, data.position, HostData(item));
     else
-        WriteItemType(data.menu, data.position, type, HostData(data, item));
+        WriteItemType(data.menu, data.position, type, HostData(item));
     // The platform disables what becomes a separator.
     if (data.captionedSeparator && !(type & MFT_SEPARATOR))
         WriteItemState(data.menu, data.position, data.original.state);
@@ -115,7 +117,7 @@ CMyItemData* ConvertItem(HMENU menu, UINT position, const MenuItem& item, bool m
     if (fresh)
         data = &NewItem(menu, position, item, copied);
     else
-        data->original.data = HostData(*data, item);
+        data->original.data = HostData(item);
     data->gone = false;
     if (HasNewCaption(*data, item))
         TakeCaption(*data, item.caption);

@@ -62,11 +62,10 @@ bool IsInItsMenu(CMyItemData& data) {
 
 CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemData& data) {
     if (!data.gone && data.menu == menu) {
-        const bool here = data.position == position;
-        const bool alike = here ? data.id == item.id || HasCaptionOf(data, menu, position)
-                                : data.id == item.id && HasCaptionOf(data, menu, position);
-        // Others may have been put before it since.
-        if (alike && (here || !StandsThere(data))) {
+        const bool here = data.position == position, sameCommand = data.id == item.id;
+        // Elsewhere it is where others have been put before it since.
+        if (here ? sameCommand || HasCaptionOf(data, menu, position)
+                 : sameCommand && HasCaptionOf(data, menu, position) && !StandsThere(data)) {
             SeenAt(data, menu, position, item.id);
             return &data;
         }

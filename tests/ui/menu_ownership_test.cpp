@@ -414,6 +414,39 @@ TEST(MenuOwnership, CopyOfAnItemIsDrawnLikeIt) {
     }
 }
 
+TEST(MenuOwnership, DataThatTheHostCarriesFromADrawnItemToAnotherIsItsOwn) {
+    const MenuHost host;
+    InstalledMenu menu(host);
+    const HMENU help = GetSubMenu(host.Bar(), 1);
+    // As a host gives its own data to a new item, and to one that is drawn already.
+    Insert(help, 0, MFT_STRING, 740, DataOf(host.File(), kSaveAt), L"Như Lưu");
+    SetData(host.File(), kExitAt, DataOf(host.File(), kSaveAt));
+    for (int i = 0; i < 2; ++i)
+        for (const HMENU popup : {help, host.File()})
+            OpenPopup(host.Window(), popup);
+    EXPECT_TRUE(Draws(host, help, 0));
+    menu.Uninstall();
+    EXPECT_EQ(7000u + kSave, DataOf(help, 0));
+    EXPECT_EQ(L"Như Lưu", CaptionOf(help, 0));
+    EXPECT_EQ(7000u + kSave, DataOf(host.File(), kExitAt));
+    EXPECT_EQ(7000u + kSave, DataOf(host.File(), kSaveAt));
+}
+
+TEST(MenuOwnership, NextNumberInAnItemOfTheHostIsItsData) {
+    const MenuHost host;
+    InstalledMenu menu(host);
+    Insert(host.File(), 0, MFT_STRING, 750, 7, L"Một");
+    OpenPopup(host.Window(), host.File());
+    const ULONG_PTR next = DataOf(host.File(), 0) + 1;
+    Insert(host.File(), 0, MFT_STRING, 751, next, L"Hai");
+    OpenPopup(host.Window(), host.File());
+    EXPECT_TRUE(Draws(host, host.File(), 0));
+    EXPECT_TRUE(Draws(host, host.File(), 1));
+    menu.Uninstall();
+    EXPECT_EQ(next, DataOf(host.File(), 0));
+    EXPECT_EQ(7u, DataOf(host.File(), 1));
+}
+
 // --- bitmaps ---
 
 TEST(MenuOwnership, ItemOfABitmapAloneIsLeftAlone) {
