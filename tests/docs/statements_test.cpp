@@ -29,15 +29,15 @@ std::string AsDocumented(const std::wstring& statement) {
 }
 
 TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
-    const UserFields user = {L"v", L"v", 7, 7.0};
+    const UserFields user = {L"v", L"v", 7};
     const std::wstring groups = L"[Groups]", order = std::wstring(L" Order By ") + kCatalogueOrder;
     const std::wstring statements[] = {
         LogonStatement(L"v", 7, kJet),
         UserNamedStatement(L"v", kJet),
         LoadUserStatement(L"v", kJet),
-        InsertUserStatement(user, kJet),
+        InsertUserStatement(user, 7, kJet),
         OtherUserNamedStatement(L"v", L"v", kJet),
-        UpdateUserStatement(user, L"v", kJet),
+        UpdateUserStatement(user, 7, L"v", kJet),
         kUserListStatement,
         LastValueStatement(L"User", L"Code"),
         UsersAfterStatement(7),
