@@ -25,4 +25,12 @@ std::wstring FromAnsi(std::string_view text) {
     return result;
 }
 
+std::wstring WithAnsiApostrophes(std::wstring_view text) {
+    std::wstring result(text);
+    for (wchar_t& letter : result)
+        if (ToAnsi({&letter, 1}) == "'")
+            letter = L'\'';
+    return result;
+}
+
 } // namespace vndesk

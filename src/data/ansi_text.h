@@ -12,4 +12,7 @@ namespace vndesk {
 std::string ToAnsi(std::wstring_view text);
 std::wstring FromAnsi(std::string_view text);
 
+// The text with an apostrophe for each letter that the code page turns into one.
+std::wstring WithAnsiApostrophes(std::wstring_view text);
+
 } // namespace vndesk

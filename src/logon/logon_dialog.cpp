@@ -84,11 +84,11 @@ private:
     // be more than a condition is not even sent: whoever sees the dialog can type it.
     bool LookUp(Recordset& users, std::wstring_view name, double code) {
         const Database& database = CurrentDatabase();
-        if (!MayMeanMore({name}))
+        // What a driver may read that takes statements in the code page.
+        const std::wstring inCodePage = WithAnsiApostrophes(name);
+        if (!MayMeanMore({name}) && !MayMeanMore({inCodePage}))
             OpenRecordset(database, users, LogonStatement(name, code, database.kind));
-        // As a driver reads it that takes statements in the code page.
-        const bool endsLiteral = EndsLiteral(name) || EndsLiteral(FromAnsi(ToAnsi(name)));
-        return !endsLiteral && CountRecords(users) > 0;
+        return !EndsLiteral(inCodePage) && CountRecords(users) > 0;
     }
 
     void Cancel() {

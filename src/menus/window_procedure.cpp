@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window_procedure.h"
 
+#include <memory>
+
 #include "com/kit/module.h"
 #include "menu_hook.h"
 #include "window_calls.h"
@@ -32,13 +34,15 @@ WNDPROC Previous(HWND window) {
 
 // The module stays loaded while others may call its hook.
 void Hold(HWND window) {
-    if (!GetPropW(window, kHold) && SetPropW(window, kHold, reinterpret_cast<HANDLE>(1)))
-        ModuleLock::Add();
+    if (GetPropW(window, kHold))
+        return;
+    auto hold = std::make_unique<ModuleLock>();
+    if (SetPropW(window, kHold, hold.get()))
+        static_cast<void>(hold.release());
 }
 
 void EndHold(HWND window) {
-    if (RemovePropW(window, kHold))
-        ModuleLock::Remove();
+    delete static_cast<ModuleLock*>(RemovePropW(window, kHold));
 }
 
 } // namespace

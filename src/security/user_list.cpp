@@ -169,7 +169,7 @@ private:
             Tell(texts::kUserListNoDelete, kOkOnly);
         else if (users_->Rows().size() == 1)
             Tell(texts::kUserListLastUser, kOkOnly);
-        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6")
+        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6" && users_->Rows().size() > 1)
             DeleteRow(*row);
         Get(L"Lv").Focus();
     }

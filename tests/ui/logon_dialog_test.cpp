@@ -217,6 +217,7 @@ TEST_P(Logon, NameWithALetterThatTheCodePageTurnsIntoAnApostropheLogsNobodyOn) {
         GTEST_SKIP() << "this code page has no such letter";
     AddUser(904, L"kho 5\u2032", 1401);
     EXPECT_EQ(Play(Failing(L"kho 5\u2032", L"abc")), 0);
+    EXPECT_EQ(Play(Failing(L"x' or 'a'='a\u2032", L"abc")), 0);
     // One that the code page has itself ends no literal.
     AddUser(905, L"O\u2019Brien", 1401);
     EXPECT_EQ(Play(Trying(L"O\u2019Brien", L"abc")), 905);

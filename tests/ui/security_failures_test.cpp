@@ -128,6 +128,15 @@ TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
     EXPECT_EQ(Test().Users(), before);
 }
 
+// OK ends the editor with one message, and the list goes on.
+void ExpectOkIsRefused(HWND list, HWND editor) {
+    PressKey('G', kAlt);
+    EXPECT_NE(ClosePlainMessage(), L"");
+    WaitForClose(editor);
+    WaitReady(list, L"Lv");
+    PressKey(VK_ESCAPE);
+}
+
 // Names that end their literal and go on with a condition or a comment: they would speak of others.
 constexpr const wchar_t* kCraftedNames[] = {L"x' or 'a'='a", L"x' or Code>0 --", L"Admin'--",
                                             L"x'' or ''a''=''a"};
@@ -169,11 +178,7 @@ TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotWrittenOverTheOthers) {
             const HWND editor = OpenEditor('S');
             EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
             FillNew(editor, L"moi");
-            PressKey('G', kAlt);
-            EXPECT_NE(ClosePlainMessage(), L"");
-            WaitForClose(editor);
-            WaitReady(list, L"Lv");
-            PressKey(VK_ESCAPE);
+            ExpectOkIsRefused(list, editor);
         });
         EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
     }
@@ -187,11 +192,7 @@ TEST_P(SecurityFailures, TypedTextThatWouldCutTheUpdateShortWritesNothing) {
         Test().PlayUsers([&, box = box, text = text](HWND list) {
             const HWND editor = OpenEditor('S');
             SetBox(editor, box, text);
-            PressKey('G', kAlt);
-            EXPECT_NE(ClosePlainMessage(), L"");
-            WaitForClose(editor);
-            WaitReady(list, L"Lv");
-            PressKey(VK_ESCAPE);
+            ExpectOkIsRefused(list, editor);
         });
     EXPECT_EQ(Test().Users(), before);
 }

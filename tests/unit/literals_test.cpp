@@ -71,7 +71,7 @@ TEST(WithoutPairs, LeavesWhatEndsALiteral) {
 }
 
 TEST(MayMeanMore, WhatHidesAnApostropheMayCloseTheLiteral) {
-    for (const std::wstring text :
+    for (const std::wstring& text :
          {std::wstring(L"thu') --"), std::wstring(L"x' /*"), std::wstring(L"x'; drop"),
           std::wstring(L"x' or \"'\"='"), std::wstring(L"x' or $$'$$='"),
           std::wstring(L"x' or E'\\'' <> '"), std::wstring(L"x' or [a'b]='"),
