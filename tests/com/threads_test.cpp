@@ -8,6 +8,8 @@
 #include <optional>
 #include <thread>
 
+#include "com/kit/dispatch.h"
+#include "com/kit/module.h"
 #include "registered_dll.h"
 #include "support/check_hr.h"
 #include "support/child_process.h"
@@ -20,6 +22,7 @@
 
 namespace {
 
+using namespace vndesk;
 using namespace vndesk::test;
 
 constexpr int kThreads = 4;
@@ -64,23 +67,22 @@ TEST(Threads, EachApartmentMakesObjectsOfItsOwn) {
     EXPECT_HR(S_OK, CanUnloadNow());
 }
 
-// COM asks at any moment, from any thread.
-TEST(Threads, AskingWhetherTheLibraryMayGoTakesNothingFromRunningCalls) {
-    const int rounds = Rounds(3000, 100000);
-    std::atomic<int> running{kThreads - 1};
-    InThreads(kThreads, COINIT_APARTMENTTHREADED, Patience(), [&](int number) {
-        if (number == 0) {
-            while (running > 0)
-                CanUnloadNow();
-            return;
-        }
-        for (int i = 0; i < rounds; ++i) {
-            const LateBound varnok = LateBound::Create(L"VnDesk.Varnok");
-            EXPECT_EQ(_bstr_t(L"+"), _bstr_t(varnok.Call(L"Sign", {L"+5"})));
-        }
-        --running;
-    });
-    EXPECT_HR(S_OK, CanUnloadNow());
+// COM asks at any moment, from any thread, whether the DLL may go. Here with the code that is
+// linked into this program.
+TEST(Threads, TypesStayWhileAnObjectLives) {
+    const HMODULE library = LoadLibraryW(RegisteredDllPath().c_str());
+    ASSERT_NE(nullptr, library);
+    const HINSTANCE before = ModuleInstance();
+    SetModuleInstance(library); // whose type library it is
+    {
+        const ModuleLock object;
+        const TypeDescription& type = TypeOf(__uuidof(IVarnok));
+        EXPECT_FALSE(ReleaseTypes());
+        EXPECT_EQ(&type, &TypeOf(__uuidof(IVarnok)));
+    }
+    EXPECT_TRUE(ReleaseTypes());
+    SetModuleInstance(before);
+    FreeLibrary(library);
 }
 
 // The interface of an object of this thread, marshalled to another one.
