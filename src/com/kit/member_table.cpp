@@ -55,9 +55,9 @@ VARTYPE PassedType(ITypeInfo* info, const ELEMDESC& parameter) {
     case VT_CY:
     case VT_DATE:
     case VT_UI1:
-        return VT_BYREF | type;
+        return static_cast<VARTYPE>(VT_BYREF | type);
     case VT_INT:
-        return VT_BYREF | VT_I4;
+        return static_cast<VARTYPE>(VT_BYREF | VT_I4);
     default:
         return VT_EMPTY;
     }
