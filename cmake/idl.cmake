@@ -85,7 +85,7 @@ function(com_dll name folder)
         target_sources(${name} PRIVATE "${rc}")
         file(GLOB embedded CONFIGURE_DEPENDS "${folder}/*.manifest" "${folder}/*.ico" "${folder}/*.bmp"
              "${folder}/*.cur")
-        resource_depends("${rc}" ${embedded})
+        resource_depends("${rc}" "${CMAKE_BINARY_DIR}/generated/vndesk_version.h" ${embedded})
         if(EXISTS "${folder}/${name}.idl")
             resource_depends("${rc}" "${CMAKE_BINARY_DIR}/generated/${name}.tlb")
         endif()
