@@ -5,8 +5,8 @@
 
 namespace vndesk::test {
 
-// Saves the desktop as failed-<suite>.<test>.png at the first call in each test. Returns "\nscreen:
-// " and the path then, and nothing at further calls or where no picture can be taken.
+// Saves the desktop as failed-<suite>.<test>.png at the first call in each test. Returns a line
+// with the path then, and nothing at further calls or where no picture can be taken.
 std::string PictureOfFailure();
 
 } // namespace vndesk::test

@@ -109,7 +109,21 @@ TEST_F(MenuProcedures, SubclassThatCameLaterGoesBeforeTheUninstallation) {
     ExpectHeard(false, "both gone");
 }
 
+// Wine 10's RemoveWindowSubclass leaves a procedure that swallows everything where any other stands
+// before it.
+bool SubclassGoesFromBelowAnother() {
+    MenuHost host;
+    SetWindowSubclass(host.Window(), Subclass, 1, 0);
+    below = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(host.Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Other)));
+    RemoveWindowSubclass(host.Window(), Subclass, 1);
+    SendMessageW(host.Window(), WM_APP, 0, 0);
+    return host.Seen(WM_APP) == 1;
+}
+
 TEST_F(MenuProcedures, SubclassThatCameFirstGoesBeforeTheUninstallation) {
+    if (!SubclassGoesFromBelowAnother())
+        GTEST_SKIP() << "the platform loses messages there without drawn menus too";
     AddSubclass();
     InstalledMenu menu(host_);
     RemoveSubclass();
