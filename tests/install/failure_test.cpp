@@ -66,7 +66,7 @@ TEST_F(InstallTest, AFailedRepairLeavesWhatWasThere) {
     }
     EXPECT_EQ("as it was", ReadText(kFolder + L"\\docs\\menus.md"));
     EXPECT_EQ("", CreateClasses(kFolder, L"x86"));
-    EXPECT_EQ(L"1.0", EntryText(AllUsers(), L"DisplayVersion"));
+    EXPECT_EQ(kProductVersion, EntryText(AllUsers(), L"DisplayVersion"));
     ASSERT_EQ(kDone, RunSetup(L""));
     ExpectWorks(kFolder);
     EXPECT_EQ(kDone, RunUninstaller(kFolder));

@@ -7,8 +7,12 @@
 #include "setup.h"
 #include "snapshot.h"
 #include "support/text.h"
+#include "vndesk_version.h"
 
 namespace vndesk::test {
+
+// As the entry among the installed programs tells it.
+inline const std::wstring kProductVersion = FromUtf8(VNDESK_SHORT_VERSION);
 
 // One of the classes stands for all where keys are read or damaged.
 inline constexpr char kVarnokClass[] = "{50CDD460-A34D-40EF-8FCA-C03B99BADC66}";

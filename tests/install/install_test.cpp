@@ -22,7 +22,7 @@ TEST_F(InstallTest, InstallsForAllUsersWithoutQuestions) {
 
     const Scope& entry = AllUsers();
     EXPECT_EQ(L"VnDesk", EntryText(entry, L"DisplayName"));
-    EXPECT_EQ(L"1.0", EntryText(entry, L"DisplayVersion"));
+    EXPECT_EQ(kProductVersion, EntryText(entry, L"DisplayVersion"));
     EXPECT_EQ(L"The VnDesk makers", EntryText(entry, L"Publisher"));
     EXPECT_EQ(folder, EntryText(entry, L"InstallLocation"));
     EXPECT_EQ(folder + L"\\uninstall.exe", EntryText(entry, L"DisplayIcon"));

@@ -53,7 +53,7 @@ TEST_F(InstallTest, ANewerVersionReplacesAnOlderOne) {
     ASSERT_EQ(kDone, RunSetup(L""));
     EXPECT_FALSE(FileExists(kFolder + L"\\old"));
     EXPECT_NE("of the old version", ReadText(kFolder + L"\\docs\\menus.md"));
-    EXPECT_EQ(L"1.0", EntryText(AllUsers(), L"DisplayVersion"));
+    EXPECT_EQ(kProductVersion, EntryText(AllUsers(), L"DisplayVersion"));
     EXPECT_EQ(kDone, RunUninstaller(kFolder));
 }
 
