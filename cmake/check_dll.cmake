@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Run at build time after a DLL has been linked: nothing of ours may run when it is loaded, and streams, locales and
-# regular expressions stay out. What the compiler's run-time starts is its own affair, but what is not known yet is told.
+# regular expressions stay out. What the compiler's run-time starts cannot be helped, but what is not known yet is told.
 # cmake -DNM=... -DDLL=... -DMAP=... -P check_dll.cmake
 execute_process(COMMAND "${NM}" "${DLL}" OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 if(NOT symbols MATCHES "DllGetClassObject")
@@ -21,8 +21,8 @@ foreach(line ${constructors})
     string(REGEX REPLACE "^.* 0x[0-9a-f]+ +" "" origin "${line}")
     if(NOT IS_ABSOLUTE "${origin}")
         message(SEND_ERROR "${DLL}: ${origin} has a static constructor")
-    # The end of the list, the memory kept for exceptions, and the names of system errors (GCC 14).
-    elseif(NOT origin MATCHES "crtend\\.o|\\((eh_alloc|system_error|functexcept|future)\\.o\\)$")
+    # The end of the list, the memory kept for exceptions, and with GCC 14 the names of system errors and its threads.
+    elseif(NOT origin MATCHES "crtend\\.o|\\((eh_alloc|system_error|functexcept|future|libwinpthread_la-[a-z]+)\\.o\\)$")
         message(WARNING "${DLL}: the compiler's run-time brings a static constructor that is not known yet: ${origin}")
     endif()
 endforeach()

@@ -50,7 +50,7 @@ void clsListBox::AddItem(const std::wstring& item, std::optional<long> index) {
 void clsListBox::RemoveItem(long index) {
     if (index < 0)
         return;
-    data_.at(static_cast<size_t>(index));
+    static_cast<void>(data_.at(static_cast<size_t>(index))); // throws beyond the list
     Items().RemoveItem(index);
     data_.erase(data_.begin() + index);
 }
