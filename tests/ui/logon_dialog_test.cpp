@@ -251,7 +251,7 @@ TEST_P(Logon, CodeThatIsNoNumberLeavesTheDialogOpen) {
                       // The stroke waits until the click is over.
                       PressKey(VK_RETURN);
                       WaitForFocus(dialog, L"CMDCAN");
-                      EXPECT_EQ(TopWindows().front(), dialog);
+                      EXPECT_TRUE(WaitUntil([=] { return TopWindows().front() == dialog; }));
                       PressKey(VK_ESCAPE);
                   }),
                   0)

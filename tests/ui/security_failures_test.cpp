@@ -85,6 +85,7 @@ TEST_P(SecurityFailures, ApostropheInANewUsersNameEndsTheEditorWithTheProvidersM
 // Texts go into the statement as they are typed, where two apostrophes are one.
 TEST_P(SecurityFailures, ApostrophesThatTheUserDoublesAreWritten) {
     Test().PlayUsers([](HWND list) {
+        WaitReady(list, L"Lv");
         const HWND editor = OpenEditor('H');
         FillNew(editor, L"O''Brien");
         SetBox(editor, L"TxtDes", L"Kho 5'' - cũ");
@@ -175,6 +176,7 @@ TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotWrittenOverTheOthers) {
         Test().database.Execute(L"update \"user\" set name='" + Doubled(name) + L"' where code=1");
         const std::wstring before = Test().Users();
         Test().PlayUsers([](HWND list) {
+            WaitReady(list, L"Lv");
             const HWND editor = OpenEditor('S');
             EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
             FillNew(editor, L"moi");
@@ -190,6 +192,7 @@ TEST_P(SecurityFailures, TypedTextThatWouldCutTheUpdateShortWritesNothing) {
         {L"TxtDes", L"Kho 5' -- cũ"}, {L"TxtUser", L"x' where 'a'='a' --"}};
     for (const auto& [box, text] : typed)
         Test().PlayUsers([&, box = box, text = text](HWND list) {
+            WaitReady(list, L"Lv");
             const HWND editor = OpenEditor('S');
             SetBox(editor, box, text);
             ExpectOkIsRefused(list, editor);
