@@ -114,18 +114,21 @@ TEST_P(SecurityFailures, ApostropheInARenamedUsersNameChangesNothing) {
     EXPECT_EQ(Test().Users(), before);
 }
 
+// Deletes the first user: the error is told, and all stay.
+void ExpectDeletionIsRefused(HWND list) {
+    WaitReady(list, L"Lv");
+    PressKey(VK_DELETE);
+    Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
+    EXPECT_NE(ClosePlainMessage(L""), L"");
+    WaitReady(list, L"Lv");
+    EXPECT_EQ(RowCount(list, L"Lv"), 7);
+    PressKey(VK_ESCAPE);
+}
+
 TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
     Test().database.Execute(L"update \"user\" set name='O''Brien' where code=1");
     const std::wstring before = Test().Users();
-    Test().PlayUsers([](HWND list) {
-        WaitReady(list, L"Lv");
-        PressKey(VK_DELETE);
-        Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-        EXPECT_NE(ClosePlainMessage(L""), L"");
-        WaitReady(list, L"Lv");
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
-        PressKey(VK_ESCAPE);
-    });
+    Test().PlayUsers(ExpectDeletionIsRefused);
     EXPECT_EQ(Test().Users(), before);
 }
 
@@ -158,15 +161,7 @@ TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotDeletedWithTheOthers) {
     for (const std::wstring name : kCraftedNames) {
         Test().database.Execute(L"update \"user\" set name='" + Doubled(name) + L"' where code=1");
         const std::wstring before = Test().Users();
-        Test().PlayUsers([](HWND list) {
-            WaitReady(list, L"Lv");
-            PressKey(VK_DELETE);
-            Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-            EXPECT_NE(ClosePlainMessage(L""), L"");
-            WaitReady(list, L"Lv");
-            EXPECT_EQ(RowCount(list, L"Lv"), 7);
-            PressKey(VK_ESCAPE);
-        });
+        Test().PlayUsers(ExpectDeletionIsRefused);
         EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
     }
 }
