@@ -82,6 +82,9 @@ start_display() {
     [ -s "$number" ] || die "Xvfb did not start: $(tail -n 1 "$scratch/xvfb.log")"
     export DISPLAY=:$(<"$number")
     unset XAUTHORITY
+    # Without any X resources Xlib looks for the user's files again for each window of Wine's.
+    printf 'vndesk.resources: none\n' >"$build/x-resources"
+    export XENVIRONMENT=$build/x-resources
 }
 stop_display() {
     kill "$display_pid" 2>/dev/null

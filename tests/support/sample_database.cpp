@@ -69,17 +69,25 @@ bool SampleDatabase::ServerAvailable() {
     return !PostgresConnection().empty();
 }
 
+// The script runs once per process, each test gets a copy.
 SampleDatabase SampleDatabase::Server() {
+    static const SampleDatabase filled = [] {
+        SampleDatabase database =
+            OnServer(L"template0 ENCODING 'UTF8' LC_COLLATE 'C.UTF-8' LC_CTYPE 'C.UTF-8'");
+        OdbcSession(database.odbcString_).ExecuteScript(Script(L"postgresql.sql"));
+        return database;
+    }();
+    return OnServer(filled.serverName_);
+}
+
+SampleDatabase SampleDatabase::OnServer(const std::wstring& original) {
     SampleDatabase database;
     const std::wstring name = UniqueName();
     OdbcSession(PostgresConnection())
-        .Execute(L"CREATE DATABASE " + name +
-                 L" TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE "
-                 L"'C.UTF-8' LC_CTYPE 'C.UTF-8'");
+        .Execute(L"CREATE DATABASE " + name + L" TEMPLATE " + original);
     database.serverName_ = name;
     database.odbcString_ = WithDatabase(PostgresConnection(), name);
     database.connectionString_ = database.odbcString_;
-    OdbcSession(database.odbcString_).ExecuteScript(Script(L"postgresql.sql"));
     return database;
 }
 

@@ -35,6 +35,8 @@ public:
 
 private:
     SampleDatabase() = default;
+    // A copy of one that is there, which no one may be connected to.
+    static SampleDatabase OnServer(const std::wstring& original);
 
     std::unique_ptr<TempDir> folder_; // embedded only
     std::wstring serverName_;         // server only: name of the database to drop

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <commctrl.h>
 #include <cwchar>
+#include <map>
+#include <utility>
 
 #include "support/text.h"
 
@@ -39,6 +41,10 @@ bool Until(const std::function<bool()>& condition, DWORD milliseconds, bool pump
 BOOL CALLBACK CollectWindow(HWND window, LPARAM list) {
     reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     return TRUE;
+}
+
+ATOM NameAtom(HWND window) {
+    return static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty)));
 }
 
 std::vector<HWND> Descendants(HWND window) {
@@ -154,9 +160,16 @@ void WaitForClose(HWND window, DWORD milliseconds) {
 }
 
 HWND FindControl(HWND form, std::wstring_view name) {
+    // Each look at a window is a call to Wine's server: where the name was last is tried first.
+    thread_local std::map<std::pair<HWND, std::wstring>, HWND> last;
+    HWND& found = last[{form, std::wstring(name)}];
+    if (found && IsChild(form, found) && WindowName(found) == name)
+        return found;
+    found = nullptr;
+    const ATOM atom = GlobalFindAtomW(std::wstring(name).c_str());
     for (HWND window : Descendants(form))
-        if (WindowName(window) == name)
-            return window;
+        if (atom && NameAtom(window) == atom && WindowName(window) == name)
+            return found = window;
     return nullptr;
 }
 
@@ -168,8 +181,7 @@ HWND Control(HWND form, std::wstring_view name, DWORD milliseconds) {
 }
 
 std::wstring WindowName(HWND window) {
-    const auto atom =
-        static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty)));
+    const ATOM atom = NameAtom(window);
     wchar_t name[256] = L"";
     return atom && GlobalGetAtomNameW(atom, name, 256) ? name : L"";
 }
