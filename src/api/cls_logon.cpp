@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "cls_logon.h"
+#include "api/cls_logon.h"
 
 #include "com/kit/bstr.h"
 #include "forms/font.h"
 #include "logon/logon_dialog.h"
+#include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/group_manager.h"
 #include "security/user_editor.h"
 #include "security/user_list.h"
-#include "logon/session.h"
 
 namespace vndesk {
 

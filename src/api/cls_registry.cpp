@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cls_registry.h"
+#include "api/cls_registry.h"
 
 #include "com/kit/bstr.h"
 #include "data/data_source.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data_combo1.h"
+#include "api/data_combo1.h"
 
 #include <olectl.h>
 

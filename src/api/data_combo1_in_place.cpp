@@ -3,9 +3,9 @@
 #include <windows.h>
 #include <olectl.h>
 
+#include "api/data_combo1.h"
 #include "com/kit/com_error.h"
 #include "controls/himetric.h"
-#include "data_combo1.h"
 
 namespace vndesk {
 

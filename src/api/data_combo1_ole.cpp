@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
+#include "api/data_combo1.h"
 #include "com/kit/bstr.h"
 #include "controls/himetric.h"
-#include "data_combo1.h"
 
 namespace vndesk {
 

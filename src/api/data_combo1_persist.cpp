@@ -3,8 +3,8 @@
 #include <windows.h>
 #include <olectl.h>
 
+#include "api/data_combo1.h"
 #include "com/kit/com_error.h"
-#include "data_combo1.h"
 
 namespace vndesk {
 

@@ -3,10 +3,10 @@
 #include <windows.h>
 #include <olectl.h>
 
+#include "api/data_combo1.h"
 #include "com/kit/com_error.h"
 #include "controls/combo_picture.h"
 #include "controls/ole_color.h"
-#include "data_combo1.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "help_call_back.h"
+#include "api/help_call_back.h"
 
 #include "com/kit/bstr.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "combo_box.h"
+#include "controls/combo_box.h"
 
 #include "com/kit/com_error.h"
 

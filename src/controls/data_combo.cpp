@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data_combo.h"
+#include "controls/data_combo.h"
 
 #include <windowsx.h>
 
@@ -9,9 +9,9 @@
 
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"
+#include "controls/ole_color.h"
 #include "forms/common_controls.h"
 #include "forms/window_name.h"
-#include "ole_color.h"
 
 namespace vndesk {
 

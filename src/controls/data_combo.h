@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "combo_box.h"
+#include "controls/combo_box.h"
 #include "forms/control.h"
 #include "forms/counted_class.h"
 #include "forms/handles.h"

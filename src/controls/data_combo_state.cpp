@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "data_combo_state.h"
+#include "controls/data_combo_state.h"
 
 #include <comutil.h>
 #include <olectl.h>
 
 #include "com/kit/bstr.h"
 #include "com/kit/variant.h"
-#include "font_link.h"
+#include "controls/font_link.h"
 
 namespace vndesk {
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "com/kit/com_object.h"
-#include "data_combo.h"
+#include "controls/data_combo.h"
 
 namespace vndesk {
 

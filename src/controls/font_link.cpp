@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "font_link.h"
+#include "controls/font_link.h"
 
 namespace vndesk {
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "item_picker.h"
+#include "controls/item_picker.h"
 
 #include <vector>
 
-#include "cls_list_box.h"
+#include "controls/cls_list_box.h"
+#include "controls/name_search.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "forms/form.h"
 #include "forms/hourglass.h"
 #include "forms/keys.h"
 #include "forms/upper_case.h"
-#include "name_search.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

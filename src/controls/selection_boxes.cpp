@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "selection_boxes.h"
+#include "controls/selection_boxes.h"
 
 #include "com/kit/com_error.h"
+#include "controls/item_picker.h"
+#include "controls/select_statements.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "forms/common_controls.h"
-#include "item_picker.h"
 #include "logon/session.h"
-#include "select_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

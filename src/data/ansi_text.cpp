@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ansi_text.h"
+#include "data/ansi_text.h"
 
 #include <windows.h>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "data_source.h"
+#include "data/data_source.h"
 
 #include <windows.h>
 
 #include <initializer_list>
 #include <string>
 
-#include "registry.h"
+#include "data/registry.h"
 
 namespace vndesk {
 

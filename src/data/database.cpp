@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "database.h"
+#include "data/database.h"
 
 #include <comutil.h>
 
 #include "com/kit/com_error.h"
-#include "plain_message.h"
+#include "data/plain_message.h"
 #include "text/ascii_text.h"
 
 namespace vndesk {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "ado.h"
-#include "literals.h"
+#include "data/ado.h"
+#include "data/literals.h"
 
 namespace vndesk {
 

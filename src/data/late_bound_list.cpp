@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "late_bound_list.h"
+#include "data/late_bound_list.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "com/kit/com_error.h"
-#include "values.h"
+#include "data/values.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "options.h"
+#include "data/options.h"
 
 #include "com/kit/com_error.h"
-#include "plain_message.h"
-#include "recordset.h"
+#include "data/plain_message.h"
+#include "data/recordset.h"
+#include "data/values.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
-#include "values.h"
 
 namespace vndesk {
 

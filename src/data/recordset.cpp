@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "recordset.h"
+#include "data/recordset.h"
 
 #include "com/kit/com_error.h"
-#include "plain_message.h"
-#include "statements.h"
-#include "values.h"
+#include "data/plain_message.h"
+#include "data/statements.h"
+#include "data/values.h"
 
 namespace vndesk {
 

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "ado.h"
-#include "database.h"
+#include "data/ado.h"
+#include "data/database.h"
 
 namespace vndesk {
 

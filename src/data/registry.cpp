@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "registry.h"
+#include "data/registry.h"
 
 #include <utility>
 
-#include "ansi_text.h"
-#include "registry_value.h"
+#include "data/ansi_text.h"
+#include "data/registry_value.h"
 
 namespace vndesk {
 

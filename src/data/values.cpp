@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "values.h"
+#include "data/values.h"
 
 #include <comutil.h>
 #include <oleauto.h>

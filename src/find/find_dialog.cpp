@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "find_dialog.h"
+#include "find/find_dialog.h"
 
 #include <commctrl.h>
 
 #include <optional>
 
-#include "captions.h"
-#include "catalogue.h"
-#include "condition.h"
 #include "controls/data_combo.h"
 #include "controls/item_picker.h"
 #include "data/plain_message.h"
-#include "field_info.h"
-#include "fill_combo.h"
+#include "find/captions.h"
+#include "find/catalogue.h"
+#include "find/condition.h"
+#include "find/field_info.h"
+#include "find/fill_combo.h"
 #include "forms/form.h"
 #include "forms/keys.h"
 #include "forms/tab_stroke.h"

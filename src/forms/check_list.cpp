@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "check_list.h"
+#include "forms/check_list.h"
 
 #include <commctrl.h>
 

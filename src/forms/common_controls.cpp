@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "common_controls.h"
+#include "forms/common_controls.h"
 
-#include "library.h"
-#include "theme_scope.h"
+#include "forms/library.h"
+#include "forms/theme_scope.h"
 
 namespace vndesk {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "control.h"
+#include "forms/control.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "form.h"
-#include "frame_caption.h"
-#include "window_name.h"
+#include "forms/form.h"
+#include "forms/frame_caption.h"
+#include "forms/window_name.h"
 
 namespace vndesk {
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "font.h"
-#include "twips.h"
+#include "forms/font.h"
+#include "forms/twips.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "counted_class.h"
+#include "forms/counted_class.h"
 
 #include "com/kit/com_error.h"
 #include "com/kit/lock.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "font.h"
+#include "forms/font.h"
 
 #include <cmath>
 #include <vector>

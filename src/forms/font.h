@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "handles.h"
+#include "forms/handles.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "form.h"
+#include "forms/form.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "form_window.h"
-#include "modal_state.h"
-#include "preparation.h"
-#include "theme_scope.h"
-#include "window_name.h"
+#include "forms/form_window.h"
+#include "forms/modal_state.h"
+#include "forms/preparation.h"
+#include "forms/theme_scope.h"
+#include "forms/window_name.h"
 
 namespace vndesk {
 

@@ -18,8 +18,8 @@
 
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"
-#include "control.h"
-#include "form_window.h"
+#include "forms/control.h"
+#include "forms/form_window.h"
 
 namespace vndesk {
 

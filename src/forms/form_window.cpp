@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "form_window.h"
+#include "forms/form_window.h"
 
 #include "com/kit/com_error.h"
 #include "com/kit/module.h"

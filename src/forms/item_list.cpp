@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "item_list.h"
+#include "forms/item_list.h"
 
 namespace vndesk {
 

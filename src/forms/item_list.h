@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "control.h"
+#include "forms/control.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "keys.h"
+#include "forms/keys.h"
 
 namespace vndesk {
 

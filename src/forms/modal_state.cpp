@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "modal_state.h"
+#include "forms/modal_state.h"
 
 namespace vndesk {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "preparation.h"
+#include "forms/preparation.h"
 
 #include "com/kit/com_error.h"
-#include "form.h"
+#include "forms/form.h"
+#include "forms/upper_case.h"
 #include "text/tcvn3.h"
-#include "upper_case.h"
 
 namespace vndesk {
 

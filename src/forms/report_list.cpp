@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "report_list.h"
+#include "forms/report_list.h"
 
 #include <utility>
 

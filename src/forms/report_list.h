@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "control.h"
+#include "forms/control.h"
 
 namespace vndesk {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tab_stroke.h"
+#include "forms/tab_stroke.h"
 
-#include "keys.h"
+#include "forms/keys.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "theme_scope.h"
+#include "forms/theme_scope.h"
 
 #include <commctrl.h>
 
 #include <string>
 
 #include "com/kit/module.h"
-#include "images.h"
+#include "forms/images.h"
 
 namespace vndesk {
 

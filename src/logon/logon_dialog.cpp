@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logon_dialog.h"
+#include "logon/logon_dialog.h"
 
 #include "data/ansi_text.h"
 #include "data/recordset.h"
@@ -7,10 +7,10 @@
 #include "forms/form.h"
 #include "forms/images.h"
 #include "forms/keys.h"
-#include "logon_statement.h"
+#include "logon/logon_statement.h"
+#include "logon/password.h"
+#include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "password.h"
-#include "session.h"
 #include "text/ascii_text.h"
 #include "text/fixed_texts.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "session.h"
+#include "logon/session.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "convert_menu.h"
+#include "menus/convert_menu.h"
 
 #include <algorithm>
 #include <set>
@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "diagnostics.h"
-#include "menu_items.h"
-#include "menu_module.h"
-#include "menu_text.h"
-#include "our_items.h"
+#include "menus/diagnostics.h"
+#include "menus/menu_items.h"
+#include "menus/menu_module.h"
+#include "menus/menu_text.h"
+#include "menus/our_items.h"
 
 namespace vndesk {
 

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "wnd_cool_menu.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "cool_menu.h"
+#include "menus/cool_menu.h"
 
 #include <utility>
 
-#include "convert_menu.h"
-#include "duplicate_key.h"
-#include "menu_module.h"
-#include "window_procedure.h"
+#include "menus/convert_menu.h"
+#include "menus/duplicate_key.h"
+#include "menus/menu_module.h"
+#include "menus/window_procedure.h"
 
 namespace vndesk {
 

@@ -4,8 +4,8 @@
 
 #include <windows.h>
 
-#include "image_source.h"
-#include "wnd_cool_menu.h"
+#include "menus/image_source.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

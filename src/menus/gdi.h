@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "forms/handles.h"
-#include "item_colors.h"
-#include "menu_layout.h"
+#include "menus/item_colors.h"
+#include "menus/menu_layout.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "image_source.h"
+#include "menus/image_source.h"
 
 #include <comutil.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "item_data.h"
+#include "menus/item_data.h"
 
 #include <atomic>
 
-#include "duplicate_key.h"
+#include "menus/duplicate_key.h"
 
 namespace vndesk {
 

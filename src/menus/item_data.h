@@ -9,7 +9,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "menu_caption.h"
+#include "menus/menu_caption.h"
 
 namespace vndesk {
 

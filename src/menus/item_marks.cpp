@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "item_marks.h"
+#include "menus/item_marks.h"
 
-#include "diagnostics.h"
-#include "gdi.h"
+#include "menus/diagnostics.h"
+#include "menus/gdi.h"
 
 namespace vndesk {
 

@@ -5,9 +5,9 @@
 
 #include <windows.h>
 
-#include "item_colors.h"
-#include "menu_fonts.h"
-#include "menu_layout.h"
+#include "menus/item_colors.h"
+#include "menus/menu_fonts.h"
+#include "menus/menu_layout.h"
 
 namespace vndesk {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "item_painter.h"
+#include "menus/item_painter.h"
 
 #include <string>
 
-#include "gdi.h"
-#include "item_marks.h"
-#include "item_picture.h"
-#include "menu_module.h"
-#include "menu_text.h"
+#include "menus/gdi.h"
+#include "menus/item_marks.h"
+#include "menus/item_picture.h"
+#include "menus/menu_module.h"
+#include "menus/menu_text.h"
 
 namespace vndesk {
 

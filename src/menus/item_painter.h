@@ -4,10 +4,10 @@
 
 #include <windows.h>
 
-#include "item_colors.h"
-#include "item_data.h"
-#include "menu_layout.h"
-#include "wnd_cool_menu.h"
+#include "menus/item_colors.h"
+#include "menus/item_data.h"
+#include "menus/menu_layout.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

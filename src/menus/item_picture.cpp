@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "item_picture.h"
+#include "menus/item_picture.h"
 
 #include "forms/common_controls.h"
-#include "gdi.h"
+#include "menus/gdi.h"
 
 namespace vndesk {
 

@@ -6,8 +6,8 @@
 
 #include <commctrl.h>
 
-#include "item_colors.h"
-#include "menu_layout.h"
+#include "menus/item_colors.h"
+#include "menus/menu_layout.h"
 
 namespace vndesk {
 

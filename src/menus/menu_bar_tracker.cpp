@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "menu_bar_tracker.h"
+#include "menus/menu_bar_tracker.h"
 
-#include "gdi.h"
-#include "item_painter.h"
-#include "our_items.h"
+#include "menus/gdi.h"
+#include "menus/item_painter.h"
+#include "menus/our_items.h"
 
 namespace vndesk {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "menu_events.h"
+#include "menus/menu_events.h"
 
 #include <algorithm>
 
-#include "convert_menu.h"
-#include "gdi.h"
-#include "item_painter.h"
-#include "menu_bar_tracker.h"
-#include "menu_char.h"
-#include "menu_items.h"
-#include "menu_module.h"
-#include "menu_text.h"
-#include "our_items.h"
+#include "menus/convert_menu.h"
+#include "menus/gdi.h"
+#include "menus/item_painter.h"
+#include "menus/menu_bar_tracker.h"
+#include "menus/menu_char.h"
+#include "menus/menu_items.h"
+#include "menus/menu_module.h"
+#include "menus/menu_text.h"
+#include "menus/our_items.h"
 
 namespace vndesk {
 

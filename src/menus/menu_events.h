@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "wnd_cool_menu.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

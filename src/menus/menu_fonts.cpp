@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "menu_fonts.h"
+#include "menus/menu_fonts.h"
 
 #include <algorithm>
 
-#include "window_calls.h"
+#include "menus/window_calls.h"
 
 namespace vndesk {
 

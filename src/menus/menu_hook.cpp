@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "menu_hook.h"
+#include "menus/menu_hook.h"
 
 #include <memory>
 
-#include "cool_menu.h"
-#include "diagnostics.h"
-#include "menu_bar_tracker.h"
-#include "menu_events.h"
-#include "menu_module.h"
-#include "window_calls.h"
-#include "window_procedure.h"
+#include "menus/cool_menu.h"
+#include "menus/diagnostics.h"
+#include "menus/menu_bar_tracker.h"
+#include "menus/menu_events.h"
+#include "menus/menu_module.h"
+#include "menus/window_calls.h"
+#include "menus/window_procedure.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "menu_items.h"
+#include "menus/menu_items.h"
 
 #include <algorithm>
 #include <iterator>

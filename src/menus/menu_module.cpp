@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "menu_module.h"
+#include "menus/menu_module.h"
 
 #include <utility>
 
 #include "com/kit/com_error.h"
 #include "com/kit/lock.h"
-#include "menu_hook.h"
-#include "window_calls.h"
+#include "menus/menu_hook.h"
+#include "menus/window_calls.h"
 
 namespace vndesk {
 

@@ -12,9 +12,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "item_data.h"
-#include "menu_fonts.h"
-#include "wnd_cool_menu.h"
+#include "menus/item_data.h"
+#include "menus/menu_fonts.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

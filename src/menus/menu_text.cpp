@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "menu_text.h"
+#include "menus/menu_text.h"
 
 #include <algorithm>
 
-#include "menu_module.h"
+#include "menus/menu_module.h"
 
 namespace vndesk {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "our_items.h"
+#include "menus/our_items.h"
 
 #include <optional>
 #include <string>
 
-#include "menu_module.h"
+#include "menus/menu_module.h"
 
 namespace vndesk {
 

@@ -9,9 +9,9 @@
 
 #include <windows.h>
 
-#include "item_data.h"
-#include "menu_items.h"
-#include "wnd_cool_menu.h"
+#include "menus/item_data.h"
+#include "menus/menu_items.h"
+#include "menus/wnd_cool_menu.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "window_calls.h"
+#include "menus/window_calls.h"
 
 namespace vndesk {
 

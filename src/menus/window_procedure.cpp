@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "window_procedure.h"
+#include "menus/window_procedure.h"
 
 #include <memory>
 
 #include "com/kit/module.h"
-#include "menu_hook.h"
-#include "window_calls.h"
+#include "menus/menu_hook.h"
+#include "menus/window_calls.h"
 
 namespace vndesk {
 

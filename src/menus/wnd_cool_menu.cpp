@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "wnd_cool_menu.h"
+#include "menus/wnd_cool_menu.h"
 
 #include <algorithm>
 #include <cwchar>
 #include <utility>
 
-#include "window_calls.h"
+#include "menus/window_calls.h"
 
 namespace vndesk {
 

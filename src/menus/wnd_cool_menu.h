@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "com/kit/module.h"
-#include "image_source.h"
-#include "item_colors.h"
-#include "menu_fonts.h"
+#include "menus/image_source.h"
+#include "menus/item_colors.h"
+#include "menus/menu_fonts.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "button_sets.h"
+#include "msgbox/button_sets.h"
 
 #include <iterator>
 

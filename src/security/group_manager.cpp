@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "group_manager.h"
+#include "security/group_manager.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "captions.h"
 #include "data/list_box.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
@@ -13,10 +12,11 @@
 #include "forms/hourglass.h"
 #include "forms/item_list.h"
 #include "forms/keys.h"
-#include "group_statements.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "permission_form.h"
+#include "security/captions.h"
+#include "security/group_statements.h"
+#include "security/permission_form.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "group_statements.h"
+#include "security/group_statements.h"
 
 #include "data/statements.h"
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "permission_form.h"
+#include "security/permission_form.h"
 
 #include <stdexcept>
 #include <vector>
 
-#include "captions.h"
 #include "data/list_box.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
@@ -14,7 +13,8 @@
 #include "forms/item_list.h"
 #include "forms/keys.h"
 #include "logon/session.h"
-#include "permissions.h"
+#include "security/captions.h"
+#include "security/permissions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "permissions.h"
+#include "security/permissions.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "user_editor.h"
+#include "security/user_editor.h"
 
-#include "captions.h"
 #include "data/list_box.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
@@ -13,9 +12,10 @@
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "security/captions.h"
+#include "security/user_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
-#include "user_statements.h"
 
 namespace vndesk {
 

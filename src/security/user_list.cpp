@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "user_list.h"
+#include "security/user_list.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "captions.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"
@@ -14,10 +13,11 @@
 #include "forms/report_list.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "security/captions.h"
+#include "security/user_editor.h"
+#include "security/user_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
-#include "user_editor.h"
-#include "user_statements.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "user_statements.h"
+#include "security/user_statements.h"
 
 #include "data/number_text.h"
 

@@ -10,7 +10,7 @@
 
 #include "com/kit/dispatch.h"
 #include "com/kit/module.h"
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/child_process.h"
 #include "support/in_threads.h"

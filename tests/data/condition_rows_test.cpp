@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Search conditions run on real databases: which customers they find, and which of them an engine
 // cannot run.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include <algorithm>
 #include <optional>

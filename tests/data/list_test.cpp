@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The list helpers over the two kinds of list: a C++ one and an object reached by name.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include <dispex.h>
 

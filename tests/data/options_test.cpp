@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Named settings in the Options table, written and read on real databases.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include "data/options.h"
 #include "support/check_hr.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statement text that the library builds, run on real databases and read back past it.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include "data/statements.h"
 #include "find/format_value.h"

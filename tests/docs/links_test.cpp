@@ -9,8 +9,8 @@
 #include <set>
 #include <sstream>
 
+#include "docs/tree.h"
 #include "reference/idl.h"
-#include "tree.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <set>
 
-#include "tree.h"
+#include "docs/tree.h"
 
 using namespace reference;
 

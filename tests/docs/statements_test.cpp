@@ -6,12 +6,12 @@
 
 #include "controls/select_statements.h"
 #include "data/statements.h"
+#include "docs/tree.h"
 #include "find/catalogue.h"
 #include "logon/logon_statement.h"
 #include "security/group_statements.h"
 #include "security/permissions.h"
 #include "security/user_statements.h"
-#include "tree.h"
 
 using namespace vndesk;
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "data/database.h"
-#include "kept_database.h"
+#include "faults/kept_database.h"
 #include "support/child_process.h"
 #include "support/env.h"
 #include "support/reliability.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "faulty_ado.h"
+#include "faults/faulty_ado.h"
 
 #include <atomic>
 

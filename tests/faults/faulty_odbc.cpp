@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "faulty_odbc.h"
+#include "faults/faulty_odbc.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "uses.h"
+#include "faults/uses.h"
 
 #include "com/kit/com_error.h"
 #include "data/options.h"

@@ -7,12 +7,12 @@
 
 #include <memory>
 
-#include "data_combo_host.h"
 #include "forms/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
+#include "ui/data_combo_host.h"
 
 namespace vndesk::test {
 namespace {

@@ -3,8 +3,8 @@
 #include "controls/item_picker.h"
 
 #include "data/database.h"
-#include "lookup_host.h"
 #include "support/screenshot.h"
+#include "ui/lookup_host.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "leaks.h"
+#include "ui/leaks.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

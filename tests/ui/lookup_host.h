@@ -3,7 +3,7 @@
 // more boxes to go on to.
 #pragma once
 
-#include "catalogue.h"
+#include "ui/catalogue.h"
 
 #include <atomic>
 

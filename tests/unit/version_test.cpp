@@ -3,7 +3,7 @@
 // it.
 #include <gtest/gtest.h>
 
-#include "documents.h"
+#include "unit/documents.h"
 #include "vndesk_version.h"
 
 using namespace vndesk::test;

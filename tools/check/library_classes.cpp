@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "library_classes.h"
+#include "check/library_classes.h"
 
 #include <oleauto.h>
 #include <wrl/client.h>

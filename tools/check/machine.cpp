@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "machine.h"
+#include "check/machine.h"
 
 #include <vector>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "pages.h"
+#include "reference/pages.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
 
-#include "signatures.h"
+#include "reference/signatures.h"
 
 namespace reference {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "com_error.h"
+#include "com/kit/com_error.h"
 
 namespace vndesk {
 

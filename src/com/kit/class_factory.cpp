@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "class_factory.h"
+#include "com/kit/class_factory.h"
 
-#include "com_object.h"
+#include "com/kit/com_object.h"
 
 namespace vndesk {
 

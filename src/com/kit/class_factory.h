@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "module.h"
+#include "com/kit/module.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "coerced.h"
+#include "com/kit/coerced.h"
 
 #include <oleauto.h>
 
 #include <cstring>
 #include <utility>
 
-#include "com_error.h"
+#include "com/kit/com_error.h"
 
 namespace vndesk {
 

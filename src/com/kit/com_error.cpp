@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com_error.h"
+#include "com/kit/com_error.h"
 
 #include <olectl.h>
 #include <windows.h>

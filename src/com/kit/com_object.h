@@ -9,8 +9,8 @@
 #include <atomic>
 #include <utility>
 
-#include "com_error.h"
-#include "module.h"
+#include "com/kit/com_error.h"
+#include "com/kit/module.h"
 
 namespace vndesk {
 

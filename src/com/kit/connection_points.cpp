@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "connection_points.h"
+#include "com/kit/connection_points.h"
 
 #include <windows.h>
 #include <olectl.h>

@@ -9,7 +9,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "dispatch.h"
+#include "com/kit/dispatch.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dispatch.h"
+#include "com/kit/dispatch.h"
 
 #include <windows.h>
 #include <oleauto.h>
@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "coerced.h"
-#include "variant.h"
+#include "com/kit/coerced.h"
+#include "com/kit/variant.h"
 
 namespace vndesk {
 

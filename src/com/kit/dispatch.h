@@ -8,10 +8,10 @@
 #include <ocidl.h>
 #include <wrl/client.h>
 
-#include "bstr.h"
-#include "com_error.h"
-#include "com_object.h"
-#include "member_table.h"
+#include "com/kit/bstr.h"
+#include "com/kit/com_error.h"
+#include "com/kit/com_object.h"
+#include "com/kit/member_table.h"
 
 namespace vndesk {
 

@@ -7,10 +7,10 @@
 
 #include <cstddef>
 
-#include "class_factory.h"
-#include "dispatch.h"
-#include "module.h"
-#include "registration.h"
+#include "com/kit/class_factory.h"
+#include "com/kit/dispatch.h"
+#include "com/kit/module.h"
+#include "com/kit/registration.h"
 
 using namespace vndesk;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "member_table.h"
+#include "com/kit/member_table.h"
 
 #include <wrl/client.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "module.h"
+#include "com/kit/module.h"
 
 #include <atomic>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "registration.h"
+#include "com/kit/registration.h"
 
 #include <windows.h>
 #include <oleauto.h>
@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "com_object.h"
-#include "module.h"
+#include "com/kit/com_object.h"
+#include "com/kit/module.h"
 
 // The import libraries have them, some SDK headers do not declare them.
 extern "C" {

@@ -5,9 +5,9 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include "dispatch.h"
-#include "lock.h"
-#include "module.h"
+#include "com/kit/dispatch.h"
+#include "com/kit/lock.h"
+#include "com/kit/module.h"
 
 namespace vndesk {
 

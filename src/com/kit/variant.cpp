@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "variant.h"
+#include "com/kit/variant.h"
 
 #include <oleauto.h>
 
-#include "com_error.h"
+#include "com/kit/com_error.h"
 
 namespace vndesk {
 
