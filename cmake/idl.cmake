@@ -68,7 +68,7 @@ function(com_dll name folder)
         set(under $<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:_>)
         target_link_options(${name} PRIVATE
             -Wl,--defsym,${under}_ZN9__gnu_cxx27__verbose_terminate_handlerEv=${under}abort)
-        # What the run-time holds is given back when the DLL goes (com/kit/run_time.cpp).
+        # What the run-time holds is given back when the DLL goes (comkit/server/run_time.cpp).
         if(CMAKE_SIZEOF_VOID_P EQUAL 4)
             target_link_options(${name} PRIVATE -Wl,-e,_vndesk_entry@12
                 "-Wl,--defsym,\"__imp__TlsAlloc@0\"=_vndesk_take_slot")

@@ -3,8 +3,8 @@
 
 #include <comutil.h>
 
-#include "com/kit/bstr.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 
 namespace vndesk {
 

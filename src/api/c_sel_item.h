@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "com/kit/connection_points.h"
+#include "comkit/object/connection_points.h"
 #include "controls/selection_boxes.h"
 #include "vndesk_idl.h"
 

@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "com/kit/bstr.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 #include "menus/cool_menu.h"
 #include "menus/menu_module.h"
 

@@ -2,7 +2,7 @@
 // clsCoolMenu: menus of a host's window, drawn by the library.
 #pragma once
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

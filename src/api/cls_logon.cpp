@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "api/cls_logon.h"
 
-#include "com/kit/bstr.h"
+#include "comkit/base/bstr.h"
 #include "forms/font.h"
 #include "logon/logon_dialog.h"
 #include "logon/session.h"

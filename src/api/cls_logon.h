@@ -2,7 +2,7 @@
 // clsLogon: the class through which hosts log users on, administer them and show messages.
 #pragma once
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "api/cls_registry.h"
 
-#include "com/kit/bstr.h"
+#include "comkit/base/bstr.h"
 #include "data/data_source.h"
 #include "data/registry.h"
 

@@ -2,7 +2,7 @@
 // clsRegistry: registry values and ODBC data sources for hosts.
 #pragma once
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-#include "com/kit/bstr.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 #include "data/database.h"
 #include "find/find_dialog.h"
 #include "logon/session.h"

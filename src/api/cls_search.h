@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 #include "data/ado.h"
 #include "vndesk_idl.h"
 

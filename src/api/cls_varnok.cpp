@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-#include "com/kit/bstr.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 #include "data/number_text.h"
 #include "data/values.h"
 #include "find/find_dialog.h"

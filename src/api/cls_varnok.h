@@ -2,7 +2,7 @@
 // Varnok: small utilities for hosts.
 #pragma once
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -9,7 +9,7 @@
 #include <windows.h>
 #include <ocidl.h>
 
-#include "com/kit/connection_points.h"
+#include "comkit/object/connection_points.h"
 #include "controls/data_combo.h"
 #include "controls/data_combo_state.h"
 #include "controls/font_link.h"

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "api/data_combo1.h"
-#include "com/kit/bstr.h"
+#include "comkit/base/bstr.h"
 #include "controls/himetric.h"
 
 namespace vndesk {

@@ -4,7 +4,7 @@
 #include <olectl.h>
 
 #include "api/data_combo1.h"
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "api/help_call_back.h"
 
-#include "com/kit/bstr.h"
+#include "comkit/base/bstr.h"
 
 namespace vndesk {
 

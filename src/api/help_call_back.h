@@ -2,7 +2,7 @@
 // HelpCallBack: raises the event that tells a host which menu item the user is on.
 #pragma once
 
-#include "com/kit/connection_points.h"
+#include "comkit/object/connection_points.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -5,17 +5,17 @@
 #include <comcat.h>
 #include <objsafe.h>
 
-#include "com/kit/com_object.h"
-#include "com/kit/module.h"
-#include "api/cls_varnok.h"
+#include "api/c_sel_item.h"
+#include "api/cls_cool_menu.h"
 #include "api/cls_logon.h"
 #include "api/cls_registry.h"
-#include "api/data_combo1.h"
-#include "controls/images.h"
-#include "api/c_sel_item.h"
 #include "api/cls_search.h"
-#include "api/cls_cool_menu.h"
+#include "api/cls_varnok.h"
+#include "api/data_combo1.h"
 #include "api/help_call_back.h"
+#include "comkit/base/module.h"
+#include "comkit/object/com_object.h"
+#include "controls/images.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "forms/upper_case.h"
 
 namespace vndesk {

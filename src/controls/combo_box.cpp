@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/combo_box.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 

@@ -7,8 +7,8 @@
 #include <memory>
 #include <utility>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 #include "controls/ole_color.h"
 #include "forms/common_controls.h"
 #include "forms/window_name.h"

@@ -4,8 +4,8 @@
 #include <comutil.h>
 #include <olectl.h>
 
-#include "com/kit/bstr.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 #include "controls/font_link.h"
 
 namespace vndesk {

@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "com/kit/com_object.h"
+#include "comkit/object/com_object.h"
 #include "controls/data_combo.h"
 
 namespace vndesk {

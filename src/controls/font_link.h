@@ -9,7 +9,7 @@
 
 #include <functional>
 
-#include "com/kit/com_object.h"
+#include "comkit/object/com_object.h"
 
 namespace vndesk {
 

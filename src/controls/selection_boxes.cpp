@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/selection_boxes.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "controls/item_picker.h"
 #include "controls/select_statements.h"
 #include "data/plain_message.h"

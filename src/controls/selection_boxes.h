@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 #include "data/database.h"
 #include "forms/tab_stroke.h"
 

@@ -3,7 +3,7 @@
 
 #include <comutil.h>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/plain_message.h"
 #include "text/ascii_text.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/values.h"
 
 namespace vndesk {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/options.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"

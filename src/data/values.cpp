@@ -4,9 +4,9 @@
 #include <comutil.h>
 #include <oleauto.h>
 
-#include "com/kit/bstr.h"
-#include "com/kit/com_error.h"
-#include "com/kit/variant.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/variant.h"
 
 namespace vndesk {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "find/field_info.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "find/ordered.h"

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "find/ordered.h"

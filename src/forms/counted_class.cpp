@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "forms/counted_class.h"
 
-#include "com/kit/com_error.h"
-#include "com/kit/lock.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/lock.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "com/kit/lock.h"
+#include "comkit/base/lock.h"
 
 namespace vndesk {
 

@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 #include "forms/control.h"
 #include "forms/form_window.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/form_window.h"
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 

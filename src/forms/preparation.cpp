@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/preparation.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "forms/form.h"
 #include "forms/upper_case.h"
 #include "text/tcvn3.h"

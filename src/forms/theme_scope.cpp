@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 #include "forms/images.h"
 
 namespace vndesk {

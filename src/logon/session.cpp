@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "com/kit/lock.h"
+#include "comkit/base/lock.h"
 
 namespace vndesk {
 

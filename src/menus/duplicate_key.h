@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 

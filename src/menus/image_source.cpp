@@ -3,8 +3,8 @@
 
 #include <comutil.h>
 
-#include "com/kit/com_error.h"
-#include "com/kit/variant.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/variant.h"
 #include "forms/common_controls.h"
 
 namespace vndesk {

@@ -8,7 +8,7 @@
 #include <commctrl.h>
 #include <oaidl.h>
 
-#include "com/kit/com_object.h"
+#include "comkit/object/com_object.h"
 
 namespace vndesk {
 

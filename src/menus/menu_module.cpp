@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "com/kit/com_error.h"
-#include "com/kit/lock.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/lock.h"
 #include "menus/menu_hook.h"
 #include "menus/window_calls.h"
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 #include "menus/menu_hook.h"
 #include "menus/window_calls.h"
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 #include "menus/image_source.h"
 #include "menus/item_colors.h"
 #include "menus/menu_fonts.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 #include "forms/form.h"
 #include "forms/images.h"
 #include "forms/keys.h"

@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "com/failing_memory.h"
-#include "com/kit/com_error.h"
-#include "com/kit/dispatch.h"
 #include "com/registered_dll.h"
+#include "comkit/base/com_error.h"
+#include "comkit/object/dispatch.h"
 #include "support/check_hr.h"
 #include "support/new_object.h"
 #include "vndesk_idl.h"

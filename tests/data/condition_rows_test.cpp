@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "find/condition.h"
 
 namespace vndesk::test {

@@ -4,8 +4,8 @@
 
 #include <dispex.h>
 
-#include "com/kit/com_error.h"
-#include "com/kit/com_object.h"
+#include "comkit/base/com_error.h"
+#include "comkit/object/com_object.h"
 #include "data/late_bound_list.h"
 #include "data/list_box.h"
 #include "find/fill_combo.h"

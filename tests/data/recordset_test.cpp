@@ -2,7 +2,7 @@
 // Opening, counting and reading record sets.
 #include "data/data_fixture.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "find/field_info.h"
 
 namespace vndesk::test {

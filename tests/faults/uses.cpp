@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "faults/uses.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "data/options.h"
 #include "support/new_object.h"
 #include "support/text.h"

@@ -6,8 +6,8 @@
 
 #include <optional>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 namespace {

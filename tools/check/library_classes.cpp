@@ -4,8 +4,8 @@
 #include <oleauto.h>
 #include <wrl/client.h>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk::check {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk::check {
 

@@ -6,7 +6,7 @@
 #include "check/options.h"
 #include "check/probes.h"
 #include "check/report.h"
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "vndesk_version.h"
 
 namespace {

@@ -2,7 +2,7 @@
 // ADO's own errors for misuse, with the descriptions that hosts know.
 #pragma once
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk::ado {
 

@@ -2,7 +2,7 @@
 #include "ado/ado_object.h"
 
 #include "ado/ado_error.h"
-#include "com/kit/variant.h"
+#include "comkit/base/variant.h"
 
 namespace vndesk::ado {
 

@@ -9,8 +9,8 @@
 
 #include <msado15_backcompat.h>
 
-#include "com/kit/bstr.h"
-#include "com/kit/dispatch.h"
+#include "comkit/base/bstr.h"
+#include "comkit/object/dispatch.h"
 
 namespace vndesk::ado {
 

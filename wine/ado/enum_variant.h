@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "com/kit/com_object.h"
+#include "comkit/object/com_object.h"
 
 namespace vndesk::ado {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The classes of the bridge: ADO's identifiers and names, in Wine prefixes only.
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 
 #include "ado/connection_object.h"
 #include "ado/recordset_object.h"

@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk::ado {
 

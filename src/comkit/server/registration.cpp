@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/registration.h"
+#include "comkit/server/registration.h"
 
 #include <windows.h>
 #include <oleauto.h>
@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "com/kit/com_object.h"
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
+#include "comkit/object/com_object.h"
 
 // The import libraries have them, some SDK headers do not declare them.
 extern "C" {

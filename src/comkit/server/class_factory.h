@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 

@@ -9,7 +9,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 #include <olectl.h>
 #include <windows.h>

@@ -5,9 +5,9 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include "com/kit/dispatch.h"
-#include "com/kit/lock.h"
-#include "com/kit/module.h"
+#include "comkit/base/lock.h"
+#include "comkit/base/module.h"
+#include "comkit/object/dispatch.h"
 
 namespace vndesk {
 

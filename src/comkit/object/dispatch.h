@@ -8,10 +8,10 @@
 #include <ocidl.h>
 #include <wrl/client.h>
 
-#include "com/kit/bstr.h"
-#include "com/kit/com_error.h"
-#include "com/kit/com_object.h"
-#include "com/kit/member_table.h"
+#include "comkit/base/bstr.h"
+#include "comkit/base/com_error.h"
+#include "comkit/object/com_object.h"
+#include "comkit/object/member_table.h"
 
 namespace vndesk {
 

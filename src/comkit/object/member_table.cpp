@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/member_table.h"
+#include "comkit/object/member_table.h"
 
 #include <wrl/client.h>
 

@@ -9,8 +9,8 @@
 #include <atomic>
 #include <utility>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 
 #include <atomic>
 

@@ -7,10 +7,10 @@
 
 #include <cstddef>
 
-#include "com/kit/class_factory.h"
-#include "com/kit/dispatch.h"
-#include "com/kit/module.h"
-#include "com/kit/registration.h"
+#include "comkit/base/module.h"
+#include "comkit/object/dispatch.h"
+#include "comkit/server/class_factory.h"
+#include "comkit/server/registration.h"
 
 using namespace vndesk;
 

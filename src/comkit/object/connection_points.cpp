@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/connection_points.h"
+#include "comkit/object/connection_points.h"
 
 #include <windows.h>
 #include <olectl.h>

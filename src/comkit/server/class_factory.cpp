@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/class_factory.h"
+#include "comkit/server/class_factory.h"
 
-#include "com/kit/com_object.h"
+#include "comkit/object/com_object.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/dispatch.h"
+#include "comkit/object/dispatch.h"
 
 #include <windows.h>
 #include <oleauto.h>
@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "com/kit/coerced.h"
-#include "com/kit/variant.h"
+#include "comkit/base/variant.h"
+#include "comkit/object/coerced.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/coerced.h"
+#include "comkit/object/coerced.h"
 
 #include <oleauto.h>
 
 #include <cstring>
 #include <utility>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 

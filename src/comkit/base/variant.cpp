@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "com/kit/variant.h"
+#include "comkit/base/variant.h"
 
 #include <oleauto.h>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk {
 
