@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Filling and searching lists beside the controls' own messages, and virtual lists beside their
 // data.
-#include "controls/name_search.h"
+#include "controls/picker/text/name_search.h"
 #include "forms/form.h"
 #include "forms/item_list.h"
 #include "forms/report_list.h"

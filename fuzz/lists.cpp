@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/name_search.h"
+#include "controls/picker/text/name_search.h"
 #include "data/list_box.h"
 
 namespace vndesk::fuzz {

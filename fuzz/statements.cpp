@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-#include "controls/select_statements.h"
+#include "controls/picker/text/select_statements.h"
 #include "data/option_statements.h"
 #include "data/statements.h"
 #include "find/catalogue.h"

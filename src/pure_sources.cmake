@@ -2,8 +2,8 @@
 # Sources without windows.h outside src/text, relative to src/, one per line: they are built and
 # tested natively too. A name whose file is not there is skipped.
 set(VNDESK_PURE_SOURCES
-    controls/name_search.cpp
-    controls/select_statements.cpp
+    controls/picker/text/name_search.cpp
+    controls/picker/text/select_statements.cpp
     data/date_text.cpp
     data/literals.cpp
     data/number_text.cpp

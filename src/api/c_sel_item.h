@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "comkit/object/connection_points.h"
-#include "controls/selection_boxes.h"
+#include "controls/picker/selection_boxes.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -11,11 +11,11 @@
 #include "api/cls_registry.h"
 #include "api/cls_search.h"
 #include "api/cls_varnok.h"
-#include "api/data_combo1.h"
 #include "api/help_call_back.h"
 #include "comkit/base/module.h"
 #include "comkit/object/com_object.h"
-#include "controls/images.h"
+#include "controls/combo/data_combo1.h"
+#include "controls/combo/images.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

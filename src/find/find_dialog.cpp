@@ -5,8 +5,8 @@
 
 #include <optional>
 
-#include "controls/data_combo.h"
-#include "controls/item_picker.h"
+#include "controls/combo/window/data_combo.h"
+#include "controls/picker/item_picker.h"
 #include "data/plain_message.h"
 #include "find/captions.h"
 #include "find/catalogue.h"

@@ -4,7 +4,7 @@
 
 #include <regex>
 
-#include "controls/select_statements.h"
+#include "controls/picker/text/select_statements.h"
 #include "data/statements.h"
 #include "docs/tree.h"
 #include "find/catalogue.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The drop-down list with hidden texts, on a form of the test's own, with real keys and mouse.
-#include "controls/data_combo.h"
+#include "controls/combo/window/data_combo.h"
 
 #include <gtest/gtest.h>
 #include <olectl.h>

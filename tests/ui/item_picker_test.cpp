@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The item picker as users see it: the list, the search while typing, choosing and cancelling.
-#include "controls/item_picker.h"
+#include "controls/picker/item_picker.h"
 
 #include "data/database.h"
 #include "support/screenshot.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The list-box wrapper on a real list of a form: texts as item data, look-up, changes noticed.
-#include "controls/cls_list_box.h"
+#include "controls/picker/cls_list_box.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include <windows.h>
 #include <olectl.h>
 
-#include "api/data_combo1.h"
 #include "comkit/base/com_error.h"
+#include "controls/combo/data_combo1.h"
 
 namespace vndesk {
 

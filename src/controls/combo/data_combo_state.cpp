@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "controls/data_combo_state.h"
+#include "controls/combo/data_combo_state.h"
 
 #include <comutil.h>
 #include <olectl.h>
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
-#include "controls/font_link.h"
+#include "controls/combo/font_link.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/cls_list_box.h"
+#include "controls/picker/cls_list_box.h"
 
 #include <stdexcept>
 

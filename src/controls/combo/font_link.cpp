@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/font_link.h"
+#include "controls/combo/font_link.h"
 
 namespace vndesk {
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "comkit/object/com_object.h"
-#include "controls/data_combo.h"
+#include "controls/combo/window/data_combo.h"
 
 namespace vndesk {
 

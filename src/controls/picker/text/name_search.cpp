@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/name_search.h"
+#include "controls/picker/text/name_search.h"
 
 #include <algorithm>
 #include <numeric>

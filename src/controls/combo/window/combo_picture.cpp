@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/combo_picture.h"
+#include "controls/combo/window/combo_picture.h"
 
 #include <vssym32.h>
 

@@ -3,10 +3,10 @@
 #include <windows.h>
 #include <olectl.h>
 
-#include "api/data_combo1.h"
 #include "comkit/base/com_error.h"
-#include "controls/combo_picture.h"
-#include "controls/ole_color.h"
+#include "controls/combo/data_combo1.h"
+#include "controls/combo/window/combo_picture.h"
+#include "controls/combo/window/ole_color.h"
 
 namespace vndesk {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "controls/item_picker.h"
+#include "controls/picker/item_picker.h"
 
 #include <vector>
 
-#include "controls/cls_list_box.h"
-#include "controls/name_search.h"
+#include "controls/picker/cls_list_box.h"
+#include "controls/picker/text/name_search.h"
 #include "data/recordset.h"
 #include "data/values.h"
 #include "forms/form.h"

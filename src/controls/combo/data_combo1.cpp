@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/data_combo1.h"
+#include "controls/combo/data_combo1.h"
 
 #include <olectl.h>
 
@@ -7,7 +7,7 @@
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
-#include "controls/himetric.h"
+#include "controls/combo/himetric.h"
 #include "forms/theme_scope.h"
 
 namespace vndesk {

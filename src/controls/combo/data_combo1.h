@@ -10,10 +10,10 @@
 #include <ocidl.h>
 
 #include "comkit/object/connection_points.h"
-#include "controls/data_combo.h"
-#include "controls/data_combo_state.h"
-#include "controls/font_link.h"
-#include "controls/safe_object.h"
+#include "controls/combo/data_combo_state.h"
+#include "controls/combo/font_link.h"
+#include "controls/combo/safe_object.h"
+#include "controls/combo/window/data_combo.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

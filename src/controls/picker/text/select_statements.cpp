@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The doubled blanks are part of the text.
-#include "controls/select_statements.h"
+#include "controls/picker/text/select_statements.h"
 
 namespace vndesk {
 

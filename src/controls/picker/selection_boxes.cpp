@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "controls/selection_boxes.h"
+#include "controls/picker/selection_boxes.h"
 
 #include "comkit/base/com_error.h"
-#include "controls/item_picker.h"
-#include "controls/select_statements.h"
+#include "controls/picker/item_picker.h"
+#include "controls/picker/text/select_statements.h"
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/combo_box.h"
+#include "controls/combo/window/combo_box.h"
 
 #include "comkit/base/com_error.h"
 

@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "controls/combo_box.h"
+#include "controls/combo/window/combo_box.h"
 #include "forms/control.h"
 #include "forms/counted_class.h"
 #include "forms/handles.h"

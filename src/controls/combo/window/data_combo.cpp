@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "controls/data_combo.h"
+#include "controls/combo/window/data_combo.h"
 
 #include <windowsx.h>
 
@@ -9,7 +9,7 @@
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/module.h"
-#include "controls/ole_color.h"
+#include "controls/combo/window/ole_color.h"
 #include "forms/common_controls.h"
 #include "forms/window_name.h"
 

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "api/data_combo1.h"
 #include "comkit/base/bstr.h"
-#include "controls/himetric.h"
+#include "controls/combo/data_combo1.h"
+#include "controls/combo/himetric.h"
 
 namespace vndesk {
 

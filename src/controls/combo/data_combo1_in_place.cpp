@@ -3,9 +3,9 @@
 #include <windows.h>
 #include <olectl.h>
 
-#include "api/data_combo1.h"
 #include "comkit/base/com_error.h"
-#include "controls/himetric.h"
+#include "controls/combo/data_combo1.h"
+#include "controls/combo/himetric.h"
 
 namespace vndesk {
 
