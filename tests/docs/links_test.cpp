@@ -110,7 +110,7 @@ using Members = std::map<std::string, std::set<std::string>>;
 
 const reference::Library& ProductLibrary() {
     static const reference::Library library =
-        reference::ReadIdl(docs::ReadFile(docs::Root() / "src/com/vndesk.idl"));
+        reference::ReadIdl(docs::ReadFile(docs::Root() / "src/api/vndesk.idl"));
     return library;
 }
 

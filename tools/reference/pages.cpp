@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kTypesPage[] = "types.md";
 constexpr char kOrigin[] =
-    "\n---\nMade from [vndesk.idl](../../src/com/vndesk.idl) by `make reference`.\n";
+    "\n---\nMade from [vndesk.idl](../../src/api/vndesk.idl) by `make reference`.\n";
 
 std::string Cell(const std::string& text) {
     std::string cell;

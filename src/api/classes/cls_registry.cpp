@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/cls_registry.h"
+#include "api/classes/cls_registry.h"
 
 #include "comkit/base/bstr.h"
 #include "data/data_source.h"

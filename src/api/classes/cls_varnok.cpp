@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/cls_varnok.h"
+#include "api/classes/cls_varnok.h"
 
 #include <comutil.h>
 

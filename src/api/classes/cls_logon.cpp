@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/cls_logon.h"
+#include "api/classes/cls_logon.h"
 
 #include "comkit/base/bstr.h"
 #include "forms/font.h"

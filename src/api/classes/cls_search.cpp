@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/cls_search.h"
+#include "api/classes/cls_search.h"
 
 #include <comutil.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/help_call_back.h"
+#include "api/classes/help_call_back.h"
 
 #include "comkit/base/bstr.h"
 

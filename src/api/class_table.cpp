@@ -5,13 +5,13 @@
 #include <comcat.h>
 #include <objsafe.h>
 
-#include "api/c_sel_item.h"
-#include "api/cls_cool_menu.h"
-#include "api/cls_logon.h"
-#include "api/cls_registry.h"
-#include "api/cls_search.h"
-#include "api/cls_varnok.h"
-#include "api/help_call_back.h"
+#include "api/classes/c_sel_item.h"
+#include "api/classes/cls_cool_menu.h"
+#include "api/classes/cls_logon.h"
+#include "api/classes/cls_registry.h"
+#include "api/classes/cls_search.h"
+#include "api/classes/cls_varnok.h"
+#include "api/classes/help_call_back.h"
 #include "comkit/base/module.h"
 #include "comkit/object/com_object.h"
 #include "controls/combo/data_combo1.h"

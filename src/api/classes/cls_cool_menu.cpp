@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/cls_cool_menu.h"
+#include "api/classes/cls_cool_menu.h"
 
 #include <comutil.h>
 

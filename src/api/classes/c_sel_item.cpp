@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "api/c_sel_item.h"
+#include "api/classes/c_sel_item.h"
 
 #include <comutil.h>
 
