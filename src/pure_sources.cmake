@@ -16,10 +16,10 @@ set(VNDESK_PURE_SOURCES
     find/number_display.cpp
     logon/logon_statement.cpp
     logon/password_code.cpp
-    menus/item_colors.cpp
-    menus/menu_caption.cpp
-    menus/menu_char.cpp
-    menus/menu_layout.cpp
+    menus/item/item_colors.cpp
+    menus/item/menu_caption.cpp
+    menus/item/menu_char.cpp
+    menus/item/menu_layout.cpp
     msgbox/button_sets.cpp
     msgbox/return_codes.cpp
     security/group_statements.cpp

@@ -3,7 +3,7 @@
 // and whatever it does to items that are drawn, it gets back what it had.
 #include "ui/menu_edits.h"
 
-#include "menus/cool_menu.h"
+#include "menus/hook/cool_menu.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 

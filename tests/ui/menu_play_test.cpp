@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "menus/cool_menu.h"
-#include "menus/menu_module.h"
+#include "menus/hook/cool_menu.h"
+#include "menus/state/menu_module.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/screenshot.h"

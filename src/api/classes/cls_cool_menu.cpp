@@ -7,8 +7,8 @@
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
-#include "menus/cool_menu.h"
-#include "menus/menu_module.h"
+#include "menus/hook/cool_menu.h"
+#include "menus/state/menu_module.h"
 
 namespace vndesk {
 
