@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "ado/number_cell.h"
+#include "ado/text/number_cell.h"
 #include "data/registry_value.h"
 
 namespace vndesk::fuzz {

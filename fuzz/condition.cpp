@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "ado/date_value.h"
+#include "ado/text/date_value.h"
 #include "find/condition.h"
 #include "find/format_value.h"
 

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "ado/date_value.h"
+#include "ado/text/date_value.h"
 #include "data/date_text.h"
 #include "find/format_value.h"
 #include "text/ascii_text.h"

@@ -3,8 +3,8 @@
 
 #include <atomic>
 
-#include "ado/recordset_refused.h"
-#include "ado/session_source.h"
+#include "ado/objects/recordset_refused.h"
+#include "ado/objects/session_source.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "ado/ado_object.h"
-#include "ado/odbc.h"
+#include "ado/engine/odbc.h"
+#include "ado/objects/ado_object.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "ado/ado_object.h"
+#include "ado/objects/ado_object.h"
 #include "faults/faulty_odbc.h"
 #include "faults/kept_database.h"
 #include "support/new_object.h"

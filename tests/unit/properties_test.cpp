@@ -11,8 +11,8 @@
 #include <locale>
 #include <vector>
 
-#include "ado/connection_string.h"
-#include "ado/sql_lexer.h"
+#include "ado/text/connection_string.h"
+#include "ado/text/sql_lexer.h"
 #include "data/literals.h"
 #include "data/number_text.h"
 #include "find/condition.h"
