@@ -3,7 +3,7 @@
 // bare calls after the same reads through ADO. The reads are measured by themselves too.
 #include "data/recordset.h"
 #include "data/values.h"
-#include "forms/form_window.h"
+#include "forms/window/form_window.h"
 #include "kit/benchmark.h"
 #include "security/group_statements.h"
 #include "security/user_statements.h"

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "forms/upper_case.h"
+#include "forms/keys/upper_case.h"
 #include "logon/password_code.h"
 
 namespace vndesk {

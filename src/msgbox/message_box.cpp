@@ -5,9 +5,9 @@
 #include <iterator>
 
 #include "comkit/base/module.h"
-#include "forms/form.h"
-#include "forms/images.h"
-#include "forms/keys.h"
+#include "forms/keys/keys.h"
+#include "forms/look/images.h"
+#include "forms/window/form.h"
 #include "msgbox/button_sets.h"
 #include "msgbox/return_codes.h"
 #include "text/fixed_texts.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Window classes that several users share.
-#include "forms/counted_class.h"
+#include "forms/window/counted_class.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "forms/form.h"
+#include "forms/window/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/text.h"

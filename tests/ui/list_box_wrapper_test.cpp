@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-#include "forms/form.h"
+#include "forms/window/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/ui_windows.h"

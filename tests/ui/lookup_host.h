@@ -7,7 +7,7 @@
 
 #include <atomic>
 
-#include "forms/window_name.h"
+#include "forms/window/window_name.h"
 #include "support/new_object.h"
 
 namespace vndesk::test {

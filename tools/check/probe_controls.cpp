@@ -5,7 +5,7 @@
 #include <uxtheme.h>
 
 #include "check/machine.h"
-#include "forms/theme_scope.h"
+#include "forms/look/theme_scope.h"
 
 namespace vndesk::check {
 

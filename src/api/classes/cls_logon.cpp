@@ -2,7 +2,7 @@
 #include "api/classes/cls_logon.h"
 
 #include "comkit/base/bstr.h"
-#include "forms/font.h"
+#include "forms/look/font.h"
 #include "logon/logon_dialog.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"

@@ -11,7 +11,7 @@
 #include "data/values.h"
 #include "find/find_dialog.h"
 #include "find/number_display.h"
-#include "forms/keys.h"
+#include "forms/keys/keys.h"
 #include "logon/session.h"
 
 namespace vndesk {

@@ -8,7 +8,7 @@
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "controls/combo/himetric.h"
-#include "forms/theme_scope.h"
+#include "forms/look/theme_scope.h"
 
 namespace vndesk {
 

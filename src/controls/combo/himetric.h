@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "forms/twips.h"
+#include "forms/look/twips.h"
 
 namespace vndesk {
 

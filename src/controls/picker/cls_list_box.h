@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/item_list.h"
+#include "forms/lists/item_list.h"
 
 namespace vndesk {
 

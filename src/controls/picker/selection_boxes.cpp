@@ -7,7 +7,7 @@
 #include "data/plain_message.h"
 #include "data/recordset.h"
 #include "data/values.h"
-#include "forms/common_controls.h"
+#include "forms/look/common_controls.h"
 #include "logon/session.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"

@@ -12,7 +12,7 @@
 
 #include "comkit/base/module.h"
 #include "data/database.h"
-#include "forms/tab_stroke.h"
+#include "forms/keys/tab_stroke.h"
 
 namespace vndesk {
 

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-#include "forms/handles.h"
+#include "forms/look/handles.h"
 #include "menus/item/item_colors.h"
 #include "menus/item/menu_layout.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menus/paint/item_picture.h"
 
-#include "forms/common_controls.h"
+#include "forms/look/common_controls.h"
 #include "menus/paint/gdi.h"
 
 namespace vndesk {

@@ -5,7 +5,7 @@
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/variant.h"
-#include "forms/common_controls.h"
+#include "forms/look/common_controls.h"
 
 namespace vndesk {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "forms/handles.h"
+#include "forms/look/handles.h"
 
 namespace vndesk {
 

@@ -3,8 +3,8 @@
 
 #include <vssym32.h>
 
-#include "forms/common_controls.h"
-#include "forms/handles.h"
+#include "forms/look/common_controls.h"
+#include "forms/look/handles.h"
 
 namespace vndesk {
 

@@ -10,8 +10,8 @@
 #include "comkit/base/com_error.h"
 #include "comkit/base/module.h"
 #include "controls/combo/window/ole_color.h"
-#include "forms/common_controls.h"
-#include "forms/window_name.h"
+#include "forms/look/common_controls.h"
+#include "forms/window/window_name.h"
 
 namespace vndesk {
 

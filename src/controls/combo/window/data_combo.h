@@ -13,9 +13,9 @@
 #include <string>
 
 #include "controls/combo/window/combo_box.h"
-#include "forms/control.h"
-#include "forms/counted_class.h"
-#include "forms/handles.h"
+#include "forms/look/handles.h"
+#include "forms/window/control.h"
+#include "forms/window/counted_class.h"
 
 namespace vndesk {
 

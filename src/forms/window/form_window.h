@@ -2,7 +2,7 @@
 // The window class of the forms, registered while a form exists, and empty windows of it.
 #pragma once
 
-#include "forms/counted_class.h"
+#include "forms/window/counted_class.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/check_list.h"
+#include "forms/lists/check_list.h"
 
 #include <commctrl.h>
 

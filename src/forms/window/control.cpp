@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "forms/control.h"
+#include "forms/window/control.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "forms/form.h"
-#include "forms/frame_caption.h"
-#include "forms/window_name.h"
+#include "forms/look/frame_caption.h"
+#include "forms/window/form.h"
+#include "forms/window/window_name.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/keys.h"
+#include "forms/keys/keys.h"
 
 namespace vndesk {
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "forms/font.h"
-#include "forms/twips.h"
+#include "forms/look/font.h"
+#include "forms/look/twips.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/form_window.h"
+#include "forms/window/form_window.h"
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/module.h"

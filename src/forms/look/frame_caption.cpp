@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The platform cuts a caption at its measured width, and hinted letters reach beyond theirs. While
 // it paints, the caption ends in a blank.
-#include "forms/frame_caption.h"
+#include "forms/look/frame_caption.h"
 
-#include "forms/common_controls.h"
+#include "forms/look/common_controls.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "forms/theme_scope.h"
+#include "forms/look/theme_scope.h"
 
 #include <commctrl.h>
 
 #include <string>
 
 #include "comkit/base/module.h"
-#include "forms/images.h"
+#include "forms/look/images.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/item_list.h"
+#include "forms/lists/item_list.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/modal_state.h"
+#include "forms/window/modal_state.h"
 
 namespace vndesk {
 

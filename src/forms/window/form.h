@@ -18,8 +18,8 @@
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/module.h"
-#include "forms/control.h"
-#include "forms/form_window.h"
+#include "forms/window/control.h"
+#include "forms/window/form_window.h"
 
 namespace vndesk {
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/control.h"
+#include "forms/window/control.h"
 
 namespace vndesk {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "forms/preparation.h"
+#include "forms/window/preparation.h"
 
 #include "comkit/base/com_error.h"
-#include "forms/form.h"
-#include "forms/upper_case.h"
+#include "forms/keys/upper_case.h"
+#include "forms/window/form.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "forms/handles.h"
+#include "forms/look/handles.h"
 
 namespace vndesk {
 

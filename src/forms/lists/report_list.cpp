@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/report_list.h"
+#include "forms/lists/report_list.h"
 
 #include <utility>
 

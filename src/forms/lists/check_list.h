@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "forms/control.h"
+#include "forms/window/control.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/font.h"
+#include "forms/look/font.h"
 
 #include <cmath>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "forms/common_controls.h"
+#include "forms/look/common_controls.h"
 
-#include "forms/library.h"
-#include "forms/theme_scope.h"
+#include "forms/look/library.h"
+#include "forms/look/theme_scope.h"
 
 namespace vndesk {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "forms/tab_stroke.h"
+#include "forms/keys/tab_stroke.h"
 
-#include "forms/keys.h"
+#include "forms/keys/keys.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/form.h"
+#include "forms/window/form.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/form_window.h"
-#include "forms/modal_state.h"
-#include "forms/preparation.h"
-#include "forms/theme_scope.h"
-#include "forms/window_name.h"
+#include "forms/look/theme_scope.h"
+#include "forms/window/form_window.h"
+#include "forms/window/modal_state.h"
+#include "forms/window/preparation.h"
+#include "forms/window/window_name.h"
 
 namespace vndesk {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/counted_class.h"
+#include "forms/window/counted_class.h"
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/lock.h"
