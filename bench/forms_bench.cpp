@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Opening, painting and closing forms beside the same controls, with the same contents, made by
 // bare calls after the same reads through ADO. The reads are measured by themselves too.
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "forms/window/form_window.h"
 #include "kit/benchmark.h"
 #include "security/group_statements.h"

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "ado/text/number_cell.h"
-#include "data/registry_value.h"
+#include "data/text/registry_value.h"
 
 namespace vndesk::fuzz {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "ado/text/date_value.h"
-#include "data/date_text.h"
+#include "data/text/date_text.h"
 #include "find/format_value.h"
 #include "text/ascii_text.h"
 

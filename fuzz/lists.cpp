@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "controls/picker/text/name_search.h"
-#include "data/list_box.h"
+#include "data/lists/list_box.h"
 
 namespace vndesk::fuzz {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 #include "find/number_display.h"
 #include "text/ascii_text.h"
 

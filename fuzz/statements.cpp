@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "controls/picker/text/select_statements.h"
-#include "data/option_statements.h"
-#include "data/statements.h"
+#include "data/text/option_statements.h"
+#include "data/text/statements.h"
 #include "find/catalogue.h"
 #include "text/ascii_text.h"
 

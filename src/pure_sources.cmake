@@ -4,12 +4,12 @@
 set(VNDESK_PURE_SOURCES
     controls/picker/text/name_search.cpp
     controls/picker/text/select_statements.cpp
-    data/date_text.cpp
-    data/literals.cpp
-    data/number_text.cpp
-    data/option_statements.cpp
-    data/registry_value.cpp
-    data/statements.cpp
+    data/text/date_text.cpp
+    data/text/literals.cpp
+    data/text/number_text.cpp
+    data/text/option_statements.cpp
+    data/text/registry_value.cpp
+    data/text/statements.cpp
     find/catalogue.cpp
     find/condition.cpp
     find/format_value.cpp

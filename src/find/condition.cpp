@@ -2,8 +2,8 @@
 // Lines of a search condition put together, for the engine and for the user.
 #include "find/condition.h"
 
-#include "data/date_text.h"
-#include "data/number_text.h"
+#include "data/text/date_text.h"
+#include "data/text/number_text.h"
 #include "find/format_value.h"
 #include "text/ascii_text.h"
 #include "text/capitals.h"

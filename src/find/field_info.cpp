@@ -2,8 +2,8 @@
 #include "find/field_info.h"
 
 #include "comkit/base/com_error.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "find/ordered.h"
 
 namespace vndesk {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "comkit/base/com_error.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "find/ordered.h"
 
 namespace vndesk {

@@ -7,7 +7,7 @@
 
 #include "controls/combo/window/data_combo.h"
 #include "controls/picker/item_picker.h"
-#include "data/plain_message.h"
+#include "data/connect/plain_message.h"
 #include "find/captions.h"
 #include "find/catalogue.h"
 #include "find/condition.h"

@@ -2,7 +2,7 @@
 // The value forms of the search conditions.
 #include "find/format_value.h"
 
-#include "data/date_text.h"
+#include "data/text/date_text.h"
 #include "text/ascii_text.h"
 
 namespace vndesk {

@@ -3,7 +3,7 @@
 // brackets counted.
 #pragma once
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 
 #include <string>
 #include <string_view>

@@ -2,7 +2,7 @@
 // Grouping of thousands and its way back.
 #include "find/number_display.h"
 
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 #include "text/ascii_text.h"
 
 #include <cmath>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "logon/logon_dialog.h"
 
-#include "data/ansi_text.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/settings/ansi_text.h"
 #include "forms/keys/keys.h"
 #include "forms/look/images.h"
 #include "forms/window/form.h"

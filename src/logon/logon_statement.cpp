@@ -2,7 +2,7 @@
 // The logon look-up; the doubled blanks are part of the text.
 #include "logon/logon_statement.h"
 
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 
 namespace vndesk {
 

@@ -2,7 +2,7 @@
 // The statement that looks for the user who logs on.
 #pragma once
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 
 #include <string>
 #include <string_view>

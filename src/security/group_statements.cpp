@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "security/group_statements.h"
 
-#include "data/statements.h"
+#include "data/text/statements.h"
 
 namespace vndesk {
 

@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <vector>
 
-#include "data/list_box.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/lists/list_box.h"
 #include "forms/keys/keys.h"
 #include "forms/lists/check_list.h"
 #include "forms/lists/item_list.h"

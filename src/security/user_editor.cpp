@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "security/user_editor.h"
 
-#include "data/list_box.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/lists/list_box.h"
 #include "forms/keys/keys.h"
 #include "forms/keys/upper_case.h"
 #include "forms/lists/item_list.h"

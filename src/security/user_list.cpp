@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "forms/keys/keys.h"
 #include "forms/lists/report_list.h"
 #include "forms/look/hourglass.h"

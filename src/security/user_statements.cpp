@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "security/user_statements.h"
 
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 
 namespace vndesk {
 

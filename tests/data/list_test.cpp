@@ -6,8 +6,8 @@
 
 #include "comkit/base/com_error.h"
 #include "comkit/object/com_object.h"
-#include "data/late_bound_list.h"
-#include "data/list_box.h"
+#include "data/lists/late_bound_list.h"
+#include "data/lists/list_box.h"
 #include "find/fill_combo.h"
 #include "support/late_bound.h"
 #include "support/script_host.h"

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 #include "support/random.h"
 
 namespace vndesk::test {

@@ -2,7 +2,7 @@
 // The statement text that the library builds, run on real databases and read back past it.
 #include "data/data_fixture.h"
 
-#include "data/statements.h"
+#include "data/text/statements.h"
 #include "find/format_value.h"
 #include "support/check_hr.h"
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "data/connect/values.h"
 #include "data/data_fixture.h"
-#include "data/values.h"
 #include "support/late_bound.h"
 
 namespace vndesk::test {

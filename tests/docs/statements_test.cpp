@@ -5,7 +5,7 @@
 #include <regex>
 
 #include "controls/picker/text/select_statements.h"
-#include "data/statements.h"
+#include "data/text/statements.h"
 #include "docs/tree.h"
 #include "find/catalogue.h"
 #include "logon/logon_statement.h"

@@ -2,7 +2,7 @@
 #include "faults/uses.h"
 
 #include "comkit/base/com_error.h"
-#include "data/options.h"
+#include "data/settings/options.h"
 #include "support/new_object.h"
 #include "support/text.h"
 #include "ui/lookup_host.h"

@@ -2,7 +2,7 @@
 // The item picker as users see it: the list, the search while typing, choosing and cancelling.
 #include "controls/picker/item_picker.h"
 
-#include "data/database.h"
+#include "data/connect/database.h"
 #include "support/screenshot.h"
 #include "ui/lookup_host.h"
 

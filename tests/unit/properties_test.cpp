@@ -13,8 +13,8 @@
 
 #include "ado/text/connection_string.h"
 #include "ado/text/sql_lexer.h"
-#include "data/literals.h"
-#include "data/number_text.h"
+#include "data/text/literals.h"
+#include "data/text/number_text.h"
 #include "find/condition.h"
 #include "find/number_display.h"
 #include "logon/logon_statement.h"

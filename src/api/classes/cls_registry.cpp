@@ -2,8 +2,8 @@
 #include "api/classes/cls_registry.h"
 
 #include "comkit/base/bstr.h"
-#include "data/data_source.h"
-#include "data/registry.h"
+#include "data/settings/data_source.h"
+#include "data/settings/registry.h"
 
 namespace vndesk {
 

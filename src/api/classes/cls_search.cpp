@@ -7,7 +7,7 @@
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
-#include "data/database.h"
+#include "data/connect/database.h"
 #include "find/find_dialog.h"
 #include "logon/session.h"
 

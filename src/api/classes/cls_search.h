@@ -5,7 +5,7 @@
 #include <string>
 
 #include "comkit/object/dispatch.h"
-#include "data/ado.h"
+#include "data/connect/ado.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {

@@ -7,8 +7,8 @@
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
-#include "data/number_text.h"
-#include "data/values.h"
+#include "data/connect/values.h"
+#include "data/text/number_text.h"
 #include "find/find_dialog.h"
 #include "find/number_display.h"
 #include "forms/keys/keys.h"

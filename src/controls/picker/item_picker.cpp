@@ -5,8 +5,8 @@
 
 #include "controls/picker/cls_list_box.h"
 #include "controls/picker/text/name_search.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "forms/keys/keys.h"
 #include "forms/keys/upper_case.h"
 #include "forms/look/hourglass.h"

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "data/database.h"
+#include "data/connect/database.h"
 
 namespace vndesk {
 

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "comkit/base/module.h"
-#include "data/database.h"
+#include "data/connect/database.h"
 #include "forms/keys/tab_stroke.h"
 
 namespace vndesk {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 
 namespace vndesk {
 

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "data/ado.h"
-#include "data/database.h"
+#include "data/connect/ado.h"
+#include "data/connect/database.h"
 
 namespace vndesk {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "data/options.h"
+#include "data/settings/options.h"
 
 #include "comkit/base/com_error.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Quoting and escaping of values in statement text.
-#include "data/literals.h"
+#include "data/text/literals.h"
 
-#include "data/date_text.h"
-#include "data/number_text.h"
+#include "data/text/date_text.h"
+#include "data/text/number_text.h"
 #include "text/ascii_text.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "data/recordset.h"
+#include "data/connect/recordset.h"
 
 #include "comkit/base/com_error.h"
-#include "data/plain_message.h"
-#include "data/statements.h"
-#include "data/values.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/values.h"
+#include "data/text/statements.h"
 
 namespace vndesk {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "data/data_source.h"
+#include "data/settings/data_source.h"
 
 #include <windows.h>
 
 #include <initializer_list>
 #include <string>
 
-#include "data/registry.h"
+#include "data/settings/registry.h"
 
 namespace vndesk {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "data/database.h"
-#include "data/option_statements.h"
+#include "data/connect/database.h"
+#include "data/text/option_statements.h"
 
 namespace vndesk {
 

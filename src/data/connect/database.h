@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "data/ado.h"
-#include "data/literals.h"
+#include "data/connect/ado.h"
+#include "data/text/literals.h"
 
 namespace vndesk {
 

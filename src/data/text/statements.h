@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Builds and patches statement text around the values that data/literals.h writes.
+// Builds and patches statement text around the values that data/text/literals.h writes.
 #pragma once
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 
 #include <string>
 #include <string_view>

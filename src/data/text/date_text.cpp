@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A small reader for typed dates and times.
-#include "data/date_text.h"
+#include "data/text/date_text.h"
 
 #include "text/ascii_text.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "data/registry.h"
+#include "data/settings/registry.h"
 
 #include <utility>
 
-#include "data/ansi_text.h"
-#include "data/registry_value.h"
+#include "data/settings/ansi_text.h"
+#include "data/text/registry_value.h"
 
 namespace vndesk {
 

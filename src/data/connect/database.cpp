@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "data/database.h"
+#include "data/connect/database.h"
 
 #include <comutil.h>
 
 #include "comkit/base/com_error.h"
-#include "data/plain_message.h"
+#include "data/connect/plain_message.h"
 #include "text/ascii_text.h"
 
 namespace vndesk {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/plain_message.h"
+#include "data/connect/plain_message.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/registry_value.h"
+#include "data/text/registry_value.h"
 
 #include <cstdint>
 

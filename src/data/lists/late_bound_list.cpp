@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "data/late_bound_list.h"
+#include "data/lists/late_bound_list.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "comkit/base/com_error.h"
-#include "data/values.h"
+#include "data/connect/values.h"
 
 namespace vndesk {
 

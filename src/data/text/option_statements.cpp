@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "data/option_statements.h"
+#include "data/text/option_statements.h"
 
-#include "data/statements.h"
+#include "data/text/statements.h"
 
 namespace vndesk {
 

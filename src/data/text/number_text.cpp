@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Number reading and writing that is the same in every locale, over the C functions: they are in
 // the system already, while the tables of the standard charconv functions for doubles take 200 KB.
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 
 #include "text/ascii_text.h"
 

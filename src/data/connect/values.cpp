@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/values.h"
+#include "data/connect/values.h"
 
 #include <comutil.h>
 #include <oleauto.h>

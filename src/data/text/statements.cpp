@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Patches lists inside statement text by position.
-#include "data/statements.h"
+#include "data/text/statements.h"
 
 #include "text/ascii_text.h"
 
