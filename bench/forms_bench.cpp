@@ -5,8 +5,8 @@
 #include "data/connect/values.h"
 #include "forms/window/form_window.h"
 #include "kit/benchmark.h"
-#include "security/group_statements.h"
-#include "security/user_statements.h"
+#include "security/text/group_statements.h"
+#include "security/text/user_statements.h"
 #include "support/sample_database.h"
 #include "vndesk_idl.h"
 

@@ -8,8 +8,8 @@
 #include <algorithm>
 
 #include "ado/text/date_value.h"
-#include "find/condition.h"
-#include "find/format_value.h"
+#include "find/text/condition.h"
+#include "find/text/format_value.h"
 
 namespace vndesk::fuzz {
 

@@ -7,7 +7,7 @@
 
 #include "ado/text/date_value.h"
 #include "data/text/date_text.h"
-#include "find/format_value.h"
+#include "find/text/format_value.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

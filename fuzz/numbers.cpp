@@ -9,7 +9,7 @@
 #include <stdexcept>
 
 #include "data/text/number_text.h"
-#include "find/number_display.h"
+#include "find/text/number_display.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

@@ -9,7 +9,7 @@
 #include "controls/picker/text/select_statements.h"
 #include "data/text/option_statements.h"
 #include "data/text/statements.h"
-#include "find/catalogue.h"
+#include "find/text/catalogue.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "forms/keys/upper_case.h"
-#include "logon/password_code.h"
+#include "logon/text/password_code.h"
 
 namespace vndesk {
 

@@ -8,8 +8,8 @@
 #include "forms/keys/keys.h"
 #include "forms/look/images.h"
 #include "forms/window/form.h"
-#include "msgbox/button_sets.h"
-#include "msgbox/return_codes.h"
+#include "msgbox/text/button_sets.h"
+#include "msgbox/text/return_codes.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -15,8 +15,8 @@
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/captions.h"
-#include "security/group_statements.h"
 #include "security/permission_form.h"
+#include "security/text/group_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

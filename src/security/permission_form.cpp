@@ -14,7 +14,7 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "security/captions.h"
-#include "security/permissions.h"
+#include "security/text/permissions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

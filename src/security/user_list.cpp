@@ -14,8 +14,8 @@
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/captions.h"
+#include "security/text/user_statements.h"
 #include "security/user_editor.h"
-#include "security/user_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "comkit/base/com_error.h"
-#include "find/condition.h"
+#include "find/text/condition.h"
 
 namespace vndesk::test {
 namespace {

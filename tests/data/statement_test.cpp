@@ -3,7 +3,7 @@
 #include "data/data_fixture.h"
 
 #include "data/text/statements.h"
-#include "find/format_value.h"
+#include "find/text/format_value.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

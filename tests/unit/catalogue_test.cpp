@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statements of the find dialog, text for text.
-#include "find/catalogue.h"
+#include "find/text/catalogue.h"
 #include "find/ordered.h"
 
 #include <gtest/gtest.h>

@@ -15,9 +15,9 @@
 #include "ado/text/sql_lexer.h"
 #include "data/text/literals.h"
 #include "data/text/number_text.h"
-#include "find/condition.h"
-#include "find/number_display.h"
-#include "logon/logon_statement.h"
+#include "find/text/condition.h"
+#include "find/text/number_display.h"
+#include "logon/text/logon_statement.h"
 #include "support/random.h"
 #include "text/tcvn3.h"
 

@@ -10,7 +10,7 @@
 #include "data/connect/values.h"
 #include "data/text/number_text.h"
 #include "find/find_dialog.h"
-#include "find/number_display.h"
+#include "find/text/number_display.h"
 #include "forms/keys/keys.h"
 #include "logon/session.h"
 

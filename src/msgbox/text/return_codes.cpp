@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "msgbox/return_codes.h"
+#include "msgbox/text/return_codes.h"
 
 #include "text/fixed_texts.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "security/user_statements.h"
+#include "security/text/user_statements.h"
 
 #include "data/text/number_text.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "security/group_statements.h"
+#include "security/text/group_statements.h"
 
 #include "data/text/statements.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "msgbox/button_sets.h"
+#include "msgbox/text/button_sets.h"
 
 #include <iterator>
 

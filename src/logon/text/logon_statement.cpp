@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The logon look-up; the doubled blanks are part of the text.
-#include "logon/logon_statement.h"
+#include "logon/text/logon_statement.h"
 
 #include "data/text/number_text.h"
 

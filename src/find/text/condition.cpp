@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Lines of a search condition put together, for the engine and for the user.
-#include "find/condition.h"
+#include "find/text/condition.h"
 
 #include "data/text/date_text.h"
 #include "data/text/number_text.h"
-#include "find/format_value.h"
+#include "find/text/format_value.h"
 #include "text/ascii_text.h"
 #include "text/capitals.h"
 #include "text/fixed_texts.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Grouping of thousands and its way back.
-#include "find/number_display.h"
+#include "find/text/number_display.h"
 
 #include "data/text/number_text.h"
 #include "text/ascii_text.h"

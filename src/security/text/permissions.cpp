@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "security/permissions.h"
+#include "security/text/permissions.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Statements on the catalogue tables; doubled blanks are part of the text.
-#include "find/catalogue.h"
+#include "find/text/catalogue.h"
 
 #include "text/ascii_text.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The value forms of the search conditions.
-#include "find/format_value.h"
+#include "find/text/format_value.h"
 
 #include "data/text/date_text.h"
 #include "text/ascii_text.h"
