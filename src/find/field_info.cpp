@@ -4,7 +4,7 @@
 #include "comkit/base/com_error.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
-#include "find/ordered.h"
+#include "find/text/ordered.h"
 
 namespace vndesk {
 

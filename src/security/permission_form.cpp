@@ -13,7 +13,7 @@
 #include "forms/lists/item_list.h"
 #include "forms/window/form.h"
 #include "logon/session.h"
-#include "security/captions.h"
+#include "security/text/captions.h"
 #include "security/text/permissions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"

@@ -12,7 +12,7 @@
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "security/captions.h"
+#include "security/text/captions.h"
 #include "security/text/user_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"

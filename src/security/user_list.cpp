@@ -13,7 +13,7 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "security/captions.h"
+#include "security/text/captions.h"
 #include "security/text/user_statements.h"
 #include "security/user_editor.h"
 #include "text/fixed_texts.h"
