@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Opening, painting and closing forms beside the same controls, with the same contents, made by
 // bare calls after the same reads through ADO. The reads are measured by themselves too.
-#include "data/recordset.h"
-#include "data/values.h"
-#include "forms/form_window.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "forms/window/form_window.h"
 #include "kit/benchmark.h"
-#include "security/group_statements.h"
-#include "security/user_statements.h"
+#include "security/text/group_statements.h"
+#include "security/text/user_statements.h"
 #include "support/sample_database.h"
 #include "vndesk_idl.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Filling and searching lists beside the controls' own messages, and virtual lists beside their
 // data.
-#include "controls/name_search.h"
-#include "forms/form.h"
-#include "forms/item_list.h"
-#include "forms/report_list.h"
+#include "controls/picker/text/name_search.h"
+#include "forms/lists/item_list.h"
+#include "forms/lists/report_list.h"
+#include "forms/window/form.h"
 #include "kit/benchmark.h"
 
 #include <windows.h>

@@ -2,10 +2,10 @@
 // One menu item measured and drawn as the platform asks for it, beside the bare calls that measure
 // and draw the same item into the same kind of device context.
 #include "kit/benchmark.h"
-#include "menus/cool_menu.h"
-#include "menus/menu_events.h"
-#include "menus/menu_items.h"
-#include "menus/menu_module.h"
+#include "menus/hook/cool_menu.h"
+#include "menus/hook/menu_events.h"
+#include "menus/hook/menu_items.h"
+#include "menus/state/menu_module.h"
 
 #include <windows.h>
 #include <commctrl.h>

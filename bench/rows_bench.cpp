@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Record sets through ADO beside one pass over the same rows by plain ODBC, in 1,000, 10,000 and
 // 100,000 rows.
-#include "data/database.h"
-#include "data/recordset.h"
-#include "data/values.h"
+#include "data/connect/database.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
 #include "kit/benchmark.h"
 #include "support/sample_database.h"
 

@@ -1,28 +1,10 @@
 # SPDX-License-Identifier: MIT
 # Small helpers of the folders' CMakeLists.
 
-# A library must have a source while its folder is still empty.
-file(WRITE "${CMAKE_BINARY_DIR}/empty.cpp.new" "// Stands in for a folder without sources.\n")
-file(COPY_FILE "${CMAKE_BINARY_DIR}/empty.cpp.new" "${CMAKE_BINARY_DIR}/empty.cpp" ONLY_IF_DIFFERENT)
-
 # static_library(name sources...): a static library with the project's options.
 function(static_library name)
     add_library(${name} STATIC ${ARGN})
-    if("${ARGN}" STREQUAL "")
-        target_sources(${name} PRIVATE "${CMAKE_BINARY_DIR}/empty.cpp")
-    endif()
     target_link_libraries(${name} PUBLIC vndesk_options)
-endfunction()
-
-# existing_sources(result folder names...): those of the names that are there, as full paths.
-function(existing_sources result folder)
-    set(found "")
-    foreach(name ${ARGN})
-        if(EXISTS "${folder}/${name}")
-            list(APPEND found "${folder}/${name}")
-        endif()
-    endforeach()
-    set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
 # put_into_dist(target [subfolder]): a copy of the result in dist/<arch>/, stripped for Windows.

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
-#include "ado/number_cell.h"
-#include "data/registry_value.h"
+#include "ado/text/number_cell.h"
+#include "data/text/registry_value.h"
 
 namespace vndesk::fuzz {
 

@@ -7,11 +7,11 @@
 #include <stdexcept>
 #include <vector>
 
-#include "logon/logon_statement.h"
-#include "logon/password_code.h"
-#include "msgbox/button_sets.h"
-#include "msgbox/return_codes.h"
-#include "security/permissions.h"
+#include "logon/text/logon_statement.h"
+#include "logon/text/password_code.h"
+#include "msgbox/text/button_sets.h"
+#include "msgbox/text/return_codes.h"
+#include "security/text/permissions.h"
 
 namespace vndesk::fuzz {
 

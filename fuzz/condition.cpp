@@ -7,9 +7,9 @@
 
 #include <algorithm>
 
-#include "ado/date_value.h"
-#include "find/condition.h"
-#include "find/format_value.h"
+#include "ado/text/date_value.h"
+#include "find/text/condition.h"
+#include "find/text/format_value.h"
 
 namespace vndesk::fuzz {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "ado/connection_string.h"
+#include "ado/text/connection_string.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

@@ -5,9 +5,9 @@
 
 #include <cmath>
 
-#include "ado/date_value.h"
-#include "data/date_text.h"
-#include "find/format_value.h"
+#include "ado/text/date_value.h"
+#include "data/text/date_text.h"
+#include "find/text/format_value.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/name_search.h"
-#include "data/list_box.h"
+#include "controls/picker/text/name_search.h"
+#include "data/lists/list_box.h"
 
 namespace vndesk::fuzz {
 

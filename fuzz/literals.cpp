@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "data/date_text.h"
-#include "data/literals.h"
-#include "data/number_text.h"
+#include "data/text/date_text.h"
+#include "data/text/literals.h"
+#include "data/text/number_text.h"
 
 namespace vndesk::fuzz {
 

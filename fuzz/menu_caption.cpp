@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "menus/menu_caption.h"
-#include "menus/menu_char.h"
+#include "menus/item/menu_caption.h"
+#include "menus/item/menu_char.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "menus/item_colors.h"
-#include "menus/menu_layout.h"
+#include "menus/item/item_colors.h"
+#include "menus/item/menu_layout.h"
 
 namespace vndesk::fuzz {
 

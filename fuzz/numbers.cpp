@@ -8,8 +8,8 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "data/number_text.h"
-#include "find/number_display.h"
+#include "data/text/number_text.h"
+#include "find/text/number_display.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

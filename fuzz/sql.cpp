@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "ado/dialect.h"
-#include "ado/sql_lexer.h"
+#include "ado/text/dialect.h"
+#include "ado/text/sql_lexer.h"
 
 namespace vndesk::fuzz {
 

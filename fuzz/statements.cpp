@@ -6,10 +6,10 @@
 
 #include <stdexcept>
 
-#include "controls/select_statements.h"
-#include "data/option_statements.h"
-#include "data/statements.h"
-#include "find/catalogue.h"
+#include "controls/picker/text/select_statements.h"
+#include "data/text/option_statements.h"
+#include "data/text/statements.h"
+#include "find/text/catalogue.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::fuzz {

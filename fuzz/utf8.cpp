@@ -7,7 +7,7 @@
 #include <cstring>
 #include <vector>
 
-#include "ado/utf8.h"
+#include "ado/text/utf8.h"
 
 namespace vndesk::fuzz {
 

@@ -44,8 +44,8 @@ VIAddVersionKey /LANG=0 FileDescription "${PRODUCT} setup"
 VIAddVersionKey /LANG=0 FileVersion "${VERSION}.0"
 VIAddVersionKey /LANG=0 LegalCopyright "MIT License"
 
-!define MUI_ICON "${SOURCES}/src/forms/images/emblem.ico"
-!define MUI_UNICON "${SOURCES}/src/forms/images/emblem.ico"
+!define MUI_ICON "${SOURCES}/src/forms/look/images/emblem.ico"
+!define MUI_UNICON "${SOURCES}/src/forms/look/images/emblem.ico"
 !define MUI_ABORTWARNING
 !define MUI_LANGDLL_ALWAYSSHOW
 !define MUI_LANGDLL_WINDOWTITLE "${PRODUCT} ${VERSION}"

@@ -4,7 +4,7 @@
 
 #include <charconv>
 
-#include "ado/utf8.h"
+#include "ado/text/utf8.h"
 
 namespace vndesk::fuzz {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/sql_lexer.h"
+#include "ado/text/sql_lexer.h"
 
 namespace vndesk::fuzz {
 

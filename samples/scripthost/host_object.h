@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The objects that scripts know as WScript and WScript.Arguments.
 #pragma once
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
+#include <windows.h>
+#include <activscp.h>
 
 #include "event_sink.h"
-#include "script_host.h"
 
 namespace vndesk {
 
@@ -45,8 +47,10 @@ private:
 
 class HostObject final : public ScriptObject {
 public:
-    HostObject(ScriptHost::Echo echo, ScriptHost::Quit onQuit)
-        : echo_(std::move(echo)), onQuit_(std::move(onQuit)) {}
+    using Echo = std::function<void(const std::wstring& line)>;
+    using Quit = std::function<void(int exitCode)>;
+
+    HostObject(Echo echo, Quit onQuit) : echo_(std::move(echo)), onQuit_(std::move(onQuit)) {}
 
     void SetEngine(IActiveScript* engine) { engine_ = engine; }
     void SetArguments(std::vector<std::wstring> arguments) { arguments_ = std::move(arguments); }
@@ -61,8 +65,8 @@ private:
     HRESULT Create(const Arguments& arguments, VARIANT* result, std::wstring& error);
     HRESULT Join(VARIANT* object, const std::wstring& prefix, std::wstring& error);
 
-    ScriptHost::Echo echo_;
-    ScriptHost::Quit onQuit_;
+    Echo echo_;
+    Quit onQuit_;
     IActiveScript* engine_ = nullptr; // holds us, so not counted
     std::vector<std::wstring> arguments_;
     std::vector<EventConnection> connections_;

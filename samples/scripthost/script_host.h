@@ -4,13 +4,14 @@
 // Echo and Connect(object, prefix), which joins an object's events to procedures
 // <prefix><event name>. A script may use these words for variables of its own.
 #pragma once
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 #include <windows.h>
 #include <activscp.h>
 #include <wrl/client.h>
+
+#include "host_object.h"
 
 namespace vndesk {
 
@@ -24,12 +25,11 @@ struct ScriptResult {
 };
 
 class ScriptSite;
-class HostObject;
 
 class ScriptHost {
 public:
-    using Echo = std::function<void(const std::wstring& line)>;
-    using Quit = std::function<void(int exitCode)>;
+    using Echo = HostObject::Echo;
+    using Quit = HostObject::Quit;
 
     // Throws std::runtime_error when there is no such engine. Without an onQuit of its own that
     // does not return, Quit ends the script by an error, which "On Error Resume Next" hides.

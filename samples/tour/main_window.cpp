@@ -52,10 +52,34 @@ void ShowStatus(const Window& data, const std::wstring& text) {
     SetWindowTextW(data.statusBar, text.c_str());
 }
 
+void ShowState(HWND window, const Tour& tour) {
+    Window& data = Data(window);
+    EnableCommands(GetMenu(window), tour);
+    const std::wstring enabled = EnabledCommands(tour);
+    if (enabled != data.enabled)
+        PrintLine(L"Enabled=" + enabled);
+    data.enabled = enabled;
+    if (data.listOf != tour.UserCode()) {
+        ShowWindow(data.list, SW_HIDE);
+        SetWindowTextW(window, kTitle);
+    }
+    ShowStatus(data, StatusText(tour));
+    InvalidateRect(window, nullptr, TRUE);
+}
+
+void ShowList(HWND window, const List& list, const std::vector<Row>& rows) {
+    Window& data = Data(window);
+    FillListView(data.list, list, rows, ScreenDpi());
+    data.listOf = data.tour.UserCode();
+    SetWindowTextW(window, (std::wstring(list.title) + L" – " + kTitle).c_str());
+    ShowWindow(data.list, SW_SHOW);
+    SetFocus(data.list);
+}
+
 void Create(HWND window, Tour& tour) {
     auto* data = new Window{tour};
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
-    tour.Attach(window);
+    tour.Attach(window, {ShowState, ShowList});
     data->statusBar = CreateStatusWindowW(WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP,
                                           StatusText(tour).c_str(), window, kStatusBar);
     data->list = CreateListView(window);
@@ -160,28 +184,4 @@ HWND CreateMainWindow(Tour& tour) {
     data.menus.Install(window, [&data](const std::wstring& help) { ShowStatus(data, help); });
     ShowState(window, tour);
     return window;
-}
-
-void ShowState(HWND window, const Tour& tour) {
-    Window& data = Data(window);
-    EnableCommands(GetMenu(window), tour);
-    const std::wstring enabled = EnabledCommands(tour);
-    if (enabled != data.enabled)
-        PrintLine(L"Enabled=" + enabled);
-    data.enabled = enabled;
-    if (data.listOf != tour.UserCode()) {
-        ShowWindow(data.list, SW_HIDE);
-        SetWindowTextW(window, kTitle);
-    }
-    ShowStatus(data, StatusText(tour));
-    InvalidateRect(window, nullptr, TRUE);
-}
-
-void ShowList(HWND window, const List& list, const std::vector<Row>& rows) {
-    Window& data = Data(window);
-    FillListView(data.list, list, rows, ScreenDpi());
-    data.listOf = data.tour.UserCode();
-    SetWindowTextW(window, (std::wstring(list.title) + L" – " + kTitle).c_str());
-    ShowWindow(data.list, SW_SHOW);
-    SetFocus(data.list);
 }

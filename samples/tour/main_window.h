@@ -7,9 +7,3 @@
 #include "tour.h"
 
 HWND CreateMainWindow(Tour& tour);
-
-// Shows who is logged on and enables the commands that the user may run. A list of another user
-// goes.
-void ShowState(HWND window, const Tour& tour);
-
-void ShowList(HWND window, const List& list, const std::vector<Row>& rows);

@@ -4,7 +4,6 @@
 #include <comdef.h>
 
 #include "host_error.h"
-#include "main_window.h"
 #include "output.h"
 
 namespace {
@@ -63,7 +62,7 @@ void Tour::ReadUser() {
         name_ = TextOf(users.front()[0]);
         rights_ = Rights(database, code_);
     });
-    ShowState(window_, *this);
+    view_.showState(window_, *this);
 }
 
 void Tour::LogOn() {
@@ -108,7 +107,9 @@ void Tour::Quit() {
 }
 
 void Tour::ShowRows(const List& list) {
-    Try([&] { ShowList(window_, list, HostDatabase(options_.connect).Read(list.statement)); });
+    Try([&] {
+        view_.showList(window_, list, HostDatabase(options_.connect).Read(list.statement));
+    });
 }
 
 // The condition is put into the program's own statement as it is; one that the database does not
@@ -121,7 +122,7 @@ void Tour::FindRows(const Search& search) {
         PrintLine(L"Condition=" + condition);
         const auto rows =
             HostDatabase(options_.connect).Read(search.found.statement + condition + search.order);
-        ShowList(window_, search.found, rows);
+        view_.showList(window_, search.found, rows);
         if (rows.empty())
             Tell(kNothingFound, vbInformation);
     });

@@ -4,17 +4,30 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "lists.h"
 #include "options.h"
 #include "rights.h"
 #include "vndesk_client.h"
 
+class Tour;
+
+// How the program's window shows what the commands have changed or found.
+struct View {
+    // Who is logged on, and which commands the user may run. A list of another user goes.
+    void (*showState)(HWND window, const Tour& tour) = nullptr;
+    void (*showList)(HWND window, const List& list, const std::vector<Row>& rows) = nullptr;
+};
+
 class Tour {
 public:
     explicit Tour(const Options& options) : options_(options) {}
 
-    void Attach(HWND window) { window_ = window; }
+    void Attach(HWND window, const View& view) {
+        window_ = window;
+        view_ = view;
+    }
 
     // The commands of commands.cpp. An error ends the command with a message, never the program.
     void LogOn();
@@ -44,6 +57,7 @@ private:
     Options options_;
     VnDeskClient vndesk_; // one object serves every call
     HWND window_ = nullptr;
+    View view_;
     long code_ = 0;
     std::wstring name_;
     Rights rights_;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "field_info.h"
+#include "find/field_info.h"
 
-#include "com/kit/com_error.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "ordered.h"
+#include "comkit/base/com_error.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "find/text/ordered.h"
 
 namespace vndesk {
 

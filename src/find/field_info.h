@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "data/database.h"
+#include "data/connect/database.h"
 
 namespace vndesk {
 

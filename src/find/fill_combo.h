@@ -5,10 +5,10 @@
 
 #include <string>
 
-#include "com/kit/com_error.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "find/ordered.h"
+#include "comkit/base/com_error.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "find/text/ordered.h"
 
 namespace vndesk {
 

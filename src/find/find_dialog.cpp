@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "find_dialog.h"
+#include "find/find_dialog.h"
 
 #include <commctrl.h>
 
 #include <optional>
 
-#include "captions.h"
-#include "catalogue.h"
-#include "condition.h"
-#include "controls/data_combo.h"
-#include "controls/item_picker.h"
-#include "data/plain_message.h"
-#include "field_info.h"
-#include "fill_combo.h"
-#include "forms/form.h"
-#include "forms/keys.h"
-#include "forms/tab_stroke.h"
+#include "controls/combo/window/data_combo.h"
+#include "controls/picker/item_picker.h"
+#include "data/connect/plain_message.h"
+#include "find/field_info.h"
+#include "find/fill_combo.h"
+#include "find/text/captions.h"
+#include "find/text/catalogue.h"
+#include "find/text/condition.h"
+#include "forms/keys/keys.h"
+#include "forms/keys/tab_stroke.h"
+#include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "text/fixed_texts.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "password.h"
+#include "logon/password.h"
 
 #include <windows.h>
 
 #include <string>
 
-#include "forms/upper_case.h"
-#include "password_code.h"
+#include "forms/keys/upper_case.h"
+#include "logon/text/password_code.h"
 
 namespace vndesk {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "session.h"
+#include "logon/session.h"
 
 #include <utility>
 
-#include "com/kit/lock.h"
+#include "comkit/base/lock.h"
 
 namespace vndesk {
 

@@ -7,7 +7,7 @@
 
 #include <string_view>
 
-#include "data/database.h"
+#include "data/connect/database.h"
 
 namespace vndesk {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "message_box.h"
+#include "msgbox/message_box.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "button_sets.h"
-#include "com/kit/module.h"
-#include "forms/form.h"
-#include "forms/images.h"
-#include "forms/keys.h"
-#include "return_codes.h"
+#include "comkit/base/module.h"
+#include "forms/keys/keys.h"
+#include "forms/look/images.h"
+#include "forms/window/form.h"
+#include "msgbox/text/button_sets.h"
+#include "msgbox/text/return_codes.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

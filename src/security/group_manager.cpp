@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "group_manager.h"
+#include "security/group_manager.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "captions.h"
-#include "data/list_box.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "forms/form.h"
-#include "forms/hourglass.h"
-#include "forms/item_list.h"
-#include "forms/keys.h"
-#include "group_statements.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/lists/list_box.h"
+#include "forms/keys/keys.h"
+#include "forms/lists/item_list.h"
+#include "forms/look/hourglass.h"
+#include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "permission_form.h"
+#include "security/permission_form.h"
+#include "security/text/captions.h"
+#include "security/text/group_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

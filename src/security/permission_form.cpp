@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include "permission_form.h"
+#include "security/permission_form.h"
 
 #include <stdexcept>
 #include <vector>
 
-#include "captions.h"
-#include "data/list_box.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "forms/check_list.h"
-#include "forms/form.h"
-#include "forms/item_list.h"
-#include "forms/keys.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/lists/list_box.h"
+#include "forms/keys/keys.h"
+#include "forms/lists/check_list.h"
+#include "forms/lists/item_list.h"
+#include "forms/window/form.h"
 #include "logon/session.h"
-#include "permissions.h"
+#include "security/text/captions.h"
+#include "security/text/permissions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "user_editor.h"
+#include "security/user_editor.h"
 
-#include "captions.h"
-#include "data/list_box.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "forms/form.h"
-#include "forms/item_list.h"
-#include "forms/keys.h"
-#include "forms/upper_case.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "data/lists/list_box.h"
+#include "forms/keys/keys.h"
+#include "forms/keys/upper_case.h"
+#include "forms/lists/item_list.h"
+#include "forms/window/form.h"
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "security/text/captions.h"
+#include "security/text/user_statements.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
-#include "user_statements.h"
 
 namespace vndesk {
 

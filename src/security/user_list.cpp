@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "user_list.h"
+#include "security/user_list.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "captions.h"
-#include "data/plain_message.h"
-#include "data/recordset.h"
-#include "data/values.h"
-#include "forms/form.h"
-#include "forms/hourglass.h"
-#include "forms/keys.h"
-#include "forms/report_list.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "forms/keys/keys.h"
+#include "forms/lists/report_list.h"
+#include "forms/look/hourglass.h"
+#include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "security/text/captions.h"
+#include "security/text/user_statements.h"
+#include "security/user_editor.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
-#include "user_editor.h"
-#include "user_statements.h"
 
 namespace vndesk {
 

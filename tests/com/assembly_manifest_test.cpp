@@ -2,7 +2,7 @@
 // The manifests for use without registration say what registration says, class by class.
 #include <map>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/text.h"
 #include "vndesk_version.h"

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "registered_dll.h"
-#include "registry_edit.h"
+#include "com/registered_dll.h"
+#include "com/registry_edit.h"
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"

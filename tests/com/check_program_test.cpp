@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "damaged_machine.h"
+#include "com/damaged_machine.h"
 #include "support/child_process.h"
 #include "support/env.h"
 #include "support/strict_json.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the kit gives every class with events, tried on a small source of the test's own.
-#include "com/kit/connection_points.h"
+#include "comkit/object/connection_points.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 #include <set>
 #include <wrl/client.h>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
 #include "support/late_bound.h"

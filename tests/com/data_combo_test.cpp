@@ -6,8 +6,8 @@
 #include <objsafe.h>
 #include <olectl.h>
 
-#include "new_data_combo.h"
-#include "registered_dll.h"
+#include "com/new_data_combo.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/control_container.h"
 #include "support/late_bound.h"

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"

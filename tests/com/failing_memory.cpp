@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "failing_memory.h"
+#include "com/failing_memory.h"
 
 #include <cstdlib>
 #include <new>

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-#include "hostile_values.h"
-#include "registered_dll.h"
+#include "com/hostile_values.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/reliability.h"
 #include "support/text.h"

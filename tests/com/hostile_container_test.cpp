@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "new_data_combo.h"
-#include "registered_dll.h"
+#include "com/new_data_combo.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/reliability.h"
 #include "vndesk_idl.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "hostile_values.h"
+#include "com/hostile_values.h"
 
 #include <oleauto.h>
 #include <windows.h>

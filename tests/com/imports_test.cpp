@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 
 namespace {
 

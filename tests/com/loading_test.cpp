@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/leak_probe.h"
 #include "support/process_use.h"

@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/text.h"
 #include "vndesk_idl.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/env.h"
 #include "support/text.h"
 

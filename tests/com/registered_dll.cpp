@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 
 #include <memory>
 

@@ -9,8 +9,8 @@
 #include <memory>
 #include <thread>
 
-#include "activation_context.h"
-#include "damaged_machine.h"
+#include "com/activation_context.h"
+#include "com/damaged_machine.h"
 #include "support/child_process.h"
 #include "support/control_container.h"
 #include "support/late_bound.h"

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "registered_dll.h"
-#include "registry_edit.h"
+#include "com/registered_dll.h"
+#include "com/registry_edit.h"
 #include "support/check_hr.h"
-#include "support/temp_dir.h"
 #include "support/reliability.h"
+#include "support/temp_dir.h"
 #include "support/text.h"
 
 namespace {

@@ -3,7 +3,7 @@
 // Each test leaves the registry as it found it.
 #include <gtest/gtest.h>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/late_bound.h"
 #include "support/script_host.h"

@@ -9,10 +9,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "com/kit/com_error.h"
-#include "com/kit/dispatch.h"
-#include "failing_memory.h"
-#include "registered_dll.h"
+#include "com/failing_memory.h"
+#include "com/registered_dll.h"
+#include "comkit/base/com_error.h"
+#include "comkit/object/dispatch.h"
 #include "support/check_hr.h"
 #include "support/new_object.h"
 #include "vndesk_idl.h"

@@ -8,9 +8,9 @@
 #include <optional>
 #include <thread>
 
-#include "com/kit/dispatch.h"
-#include "com/kit/module.h"
-#include "registered_dll.h"
+#include "com/registered_dll.h"
+#include "comkit/base/module.h"
+#include "comkit/object/dispatch.h"
 #include "support/check_hr.h"
 #include "support/child_process.h"
 #include "support/in_threads.h"

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "registered_dll.h"
+#include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/env.h"
 #include "support/late_bound.h"

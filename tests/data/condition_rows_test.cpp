@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Search conditions run on real databases: which customers they find, and which of them an engine
 // cannot run.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include <algorithm>
 #include <optional>
 #include <vector>
 
-#include "com/kit/com_error.h"
-#include "find/condition.h"
+#include "comkit/base/com_error.h"
+#include "find/text/condition.h"
 
 namespace vndesk::test {
 namespace {

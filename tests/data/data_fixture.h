@@ -7,8 +7,8 @@
 #include <string>
 #include <windows.h>
 
-#include "data/database.h"
-#include "data/recordset.h"
+#include "data/connect/database.h"
+#include "data/connect/recordset.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/sample_database.h"

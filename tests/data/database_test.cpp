@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Opening a database: which kind it is, and what happens when it cannot be opened.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include "support/check_hr.h"
 #include "support/temp_dir.h"

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The list helpers over the two kinds of list: a C++ one and an object reached by name.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include <dispex.h>
 
-#include "com/kit/com_error.h"
-#include "com/kit/com_object.h"
-#include "data/late_bound_list.h"
-#include "data/list_box.h"
+#include "comkit/base/com_error.h"
+#include "comkit/object/com_object.h"
+#include "data/lists/late_bound_list.h"
+#include "data/lists/list_box.h"
 #include "find/fill_combo.h"
 #include "support/late_bound.h"
 #include "support/script_host.h"

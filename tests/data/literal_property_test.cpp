@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Random texts written as literals and read back from the engines: they come as they were, except
 // that double quotes are stored doubled.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
 #include <vector>
 
-#include "data/literals.h"
+#include "data/text/literals.h"
 #include "support/random.h"
 
 namespace vndesk::test {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Named settings in the Options table, written and read on real databases.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
-#include "data/options.h"
+#include "data/settings/options.h"
 #include "support/check_hr.h"
 #include "support/env.h"
 #include "support/temp_dir.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Opening, counting and reading record sets.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 #include "find/field_info.h"
 
 namespace vndesk::test {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The statement text that the library builds, run on real databases and read back past it.
-#include "data_fixture.h"
+#include "data/data_fixture.h"
 
-#include "data/statements.h"
-#include "find/format_value.h"
+#include "data/text/statements.h"
+#include "find/text/format_value.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

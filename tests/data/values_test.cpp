@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "data/values.h"
-#include "data_fixture.h"
+#include "data/connect/values.h"
+#include "data/data_fixture.h"
 #include "support/late_bound.h"
 
 namespace vndesk::test {

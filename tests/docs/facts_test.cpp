@@ -9,7 +9,7 @@
 #include <set>
 #include <sstream>
 
-#include "tree.h"
+#include "docs/tree.h"
 
 using namespace vndesk;
 

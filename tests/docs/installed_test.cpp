@@ -7,7 +7,7 @@
 #include <set>
 #include <sstream>
 
-#include "tree.h"
+#include "docs/tree.h"
 
 namespace {
 

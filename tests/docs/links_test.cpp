@@ -9,8 +9,8 @@
 #include <set>
 #include <sstream>
 
+#include "docs/tree.h"
 #include "reference/idl.h"
-#include "tree.h"
 
 namespace {
 
@@ -110,7 +110,7 @@ using Members = std::map<std::string, std::set<std::string>>;
 
 const reference::Library& ProductLibrary() {
     static const reference::Library library =
-        reference::ReadIdl(docs::ReadFile(docs::Root() / "src/com/vndesk.idl"));
+        reference::ReadIdl(docs::ReadFile(docs::Root() / "src/api/vndesk.idl"));
     return library;
 }
 

@@ -7,7 +7,7 @@
 
 #include <set>
 
-#include "tree.h"
+#include "docs/tree.h"
 
 using namespace reference;
 
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const Library& ProductLibrary() {
-    static const Library library = ReadIdl(docs::ReadFile(docs::Root() / "src/com/vndesk.idl"));
+    static const Library library = ReadIdl(docs::ReadFile(docs::Root() / "src/api/vndesk.idl"));
     return library;
 }
 
@@ -45,7 +45,7 @@ TEST(ReferenceTest, NothingIsWithoutADescription) {
 
 // Far fewer would mean that the reader passes over something.
 TEST(ReferenceTest, ReadsEveryDeclarationOfTheIdl) {
-    const std::string idl = docs::ReadFile(docs::Root() / "src/com/vndesk.idl");
+    const std::string idl = docs::ReadFile(docs::Root() / "src/api/vndesk.idl");
     const auto count = [&](const std::string& word) {
         int found = 0;
         for (std::size_t at = idl.find(word); at != std::string::npos; at = idl.find(word, at + 1))

@@ -4,14 +4,14 @@
 
 #include <regex>
 
-#include "controls/select_statements.h"
-#include "data/statements.h"
-#include "find/catalogue.h"
-#include "logon/logon_statement.h"
-#include "security/group_statements.h"
-#include "security/permissions.h"
-#include "security/user_statements.h"
-#include "tree.h"
+#include "controls/picker/text/select_statements.h"
+#include "data/text/statements.h"
+#include "docs/tree.h"
+#include "find/text/catalogue.h"
+#include "logon/text/logon_statement.h"
+#include "security/text/group_statements.h"
+#include "security/text/permissions.h"
+#include "security/text/user_statements.h"
 
 using namespace vndesk;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tree.h"
+#include "docs/tree.h"
 
 #include <algorithm>
 #include <cstdlib>

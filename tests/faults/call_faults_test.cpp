@@ -7,8 +7,8 @@
 
 #include <algorithm>
 
-#include "faulty_ado.h"
-#include "kept_database.h"
+#include "faults/faulty_ado.h"
+#include "faults/kept_database.h"
 #include "support/reliability.h"
 #include "support/text.h"
 

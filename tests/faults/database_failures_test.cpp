@@ -4,8 +4,8 @@
 // away or is back. The harm is done while the form of the last step is open.
 #include <gtest/gtest.h>
 
-#include "data/database.h"
-#include "kept_database.h"
+#include "data/connect/database.h"
+#include "faults/kept_database.h"
 #include "support/child_process.h"
 #include "support/env.h"
 #include "support/reliability.h"

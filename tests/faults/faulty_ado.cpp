@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "faulty_ado.h"
+#include "faults/faulty_ado.h"
 
 #include <atomic>
 
-#include "ado/recordset_refused.h"
-#include "ado/session_source.h"
+#include "ado/objects/recordset_refused.h"
+#include "ado/objects/session_source.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

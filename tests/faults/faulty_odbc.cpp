@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "faulty_odbc.h"
+#include "faults/faulty_odbc.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "ado/ado_object.h"
-#include "ado/odbc.h"
+#include "ado/engine/odbc.h"
+#include "ado/objects/ado_object.h"
 #include "support/check_hr.h"
 
 namespace vndesk::test {

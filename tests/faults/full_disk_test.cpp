@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "faults/uses.h"
 #include "support/env.h"
 #include "support/reliability.h"
-#include "uses.h"
 
 namespace vndesk::test {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <algorithm>
 
+#include "faults/uses.h"
 #include "support/leak_probe.h"
-#include "uses.h"
 
 namespace vndesk::test {
 

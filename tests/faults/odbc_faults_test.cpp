@@ -8,9 +8,9 @@
 
 #include <algorithm>
 
-#include "ado/ado_object.h"
-#include "faulty_odbc.h"
-#include "kept_database.h"
+#include "ado/objects/ado_object.h"
+#include "faults/faulty_odbc.h"
+#include "faults/kept_database.h"
 #include "support/new_object.h"
 #include "support/reliability.h"
 #include "support/text.h"

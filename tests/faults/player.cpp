@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "player.h"
+#include "faults/player.h"
 
 #include "support/ui_windows.h"
 

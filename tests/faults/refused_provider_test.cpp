@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "faulty_ado.h"
-#include "uses.h"
+#include "faults/faulty_ado.h"
+#include "faults/uses.h"
 
 namespace vndesk::test {
 namespace {

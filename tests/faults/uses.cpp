@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "uses.h"
+#include "faults/uses.h"
 
-#include "com/kit/com_error.h"
-#include "data/options.h"
+#include "comkit/base/com_error.h"
+#include "data/settings/options.h"
 #include "support/new_object.h"
 #include "support/text.h"
 #include "ui/lookup_host.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "player.h"
+#include "faults/player.h"
 #include "support/sample_database.h"
 
 namespace vndesk::test {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Installations that cannot succeed: an exit code that says why, and everything as it was.
-#include "install_fixture.h"
+#include "install/install_fixture.h"
 #include "support/child_process.h"
 
 namespace {

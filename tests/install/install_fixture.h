@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "setup.h"
-#include "snapshot.h"
+#include "install/setup.h"
+#include "install/snapshot.h"
 #include "support/text.h"
 #include "vndesk_version.h"
 

@@ -5,7 +5,7 @@
 #include <shlobj.h>
 #include <wrl/client.h>
 
-#include "install_fixture.h"
+#include "install/install_fixture.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // Running the setup where an installation is already.
 #include <algorithm>
 
-#include "install_fixture.h"
+#include "install/install_fixture.h"
 
 namespace {
 

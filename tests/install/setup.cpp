@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "setup.h"
+#include "install/setup.h"
 
 #include <shlobj.h>
 

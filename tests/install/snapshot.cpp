@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "snapshot.h"
+#include "install/snapshot.h"
 
 #include <windows.h>
 

@@ -2,9 +2,9 @@
 // What the tests with bad content share: a host's call with a walker that plays its user.
 #pragma once
 
-#include "bad_texts.h"
-#include "database_rules.h"
-#include "walker.h"
+#include "reliability/bad_texts.h"
+#include "reliability/database_rules.h"
+#include "reliability/walker.h"
 
 #include "support/env.h"
 #include "ui/search.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rows that the tables should not have: nulls, values of another type, names given twice. Every
 // form opens, works on, and leaves the rows as they were.
-#include "bad_content.h"
+#include "reliability/bad_content.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Bad texts in the tables of users, groups and menus: every form shows them, works on, and writes
 // back what it has read.
-#include "bad_content.h"
+#include "reliability/bad_content.h"
 
 namespace vndesk::test {
 namespace {

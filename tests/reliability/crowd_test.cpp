@@ -8,7 +8,7 @@
 #include <memory>
 #include <sstream>
 
-#include "database_rules.h"
+#include "reliability/database_rules.h"
 #include "support/child_process.h"
 #include "support/env.h"
 #include "support/temp_dir.h"

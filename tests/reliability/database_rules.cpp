@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "database_rules.h"
+#include "reliability/database_rules.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Tables of a size that nobody expects: the forms open, show every row, and can be used. How long
 // that takes is printed, not judged.
-#include "bad_content.h"
+#include "reliability/bad_content.h"
 
 namespace vndesk::test {
 namespace {

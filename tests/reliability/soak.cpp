@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "soak.h"
+#include "reliability/soak.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <vector>
 
-#include "soak_texts.h"
+#include "reliability/soak_texts.h"
 #include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"

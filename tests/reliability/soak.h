@@ -9,7 +9,7 @@
 #include <set>
 #include <string>
 
-#include "soak_actions.h"
+#include "reliability/soak_actions.h"
 #include "support/child_process.h"
 #include "support/process_use.h"
 #include "support/sample_database.h"

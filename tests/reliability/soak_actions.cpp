@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "soak_actions.h"
+#include "reliability/soak_actions.h"
 
 #include <commctrl.h>
 
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "soak_texts.h"
+#include "reliability/soak_texts.h"
 #include "support/keys.h"
 #include "support/text.h"
 #include "support/ui_windows.h"

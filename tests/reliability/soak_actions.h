@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "dice.h"
+#include "reliability/dice.h"
 
 namespace vndesk::test {
 

@@ -3,8 +3,8 @@
 // and which one; even seeds use the server database where there is one.
 #include <gtest/gtest.h>
 
-#include "database_rules.h"
-#include "soak.h"
+#include "reliability/database_rules.h"
+#include "reliability/soak.h"
 #include "support/env.h"
 
 namespace vndesk::test {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "soak_texts.h"
+#include "reliability/soak_texts.h"
 
 #include <algorithm>
 #include <iterator>

@@ -7,11 +7,11 @@
 #include "ui/host.h"
 #include "ui/host_process.h"
 
-#include "../../samples/tour/rights.h"
 #include "support/env.h"
 #include "support/sample_database.h"
 #include "support/script_host.h"
 #include "support/text.h"
+#include "../../samples/tour/rights.h"
 
 namespace vndesk::test {
 namespace {

@@ -4,7 +4,7 @@
 // provider.
 #pragma once
 
-#include "host.h"
+#include "ui/host.h"
 
 #include <commctrl.h>
 

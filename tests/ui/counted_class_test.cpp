@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Window classes that several users share.
-#include "forms/counted_class.h"
+#include "forms/window/counted_class.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk {
 namespace {

@@ -4,14 +4,14 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
-#include "data_combo_host.h"
-#include "leaks.h"
 #include "support/keys.h"
-#include "support/reliability.h"
 #include "support/property_bag.h"
+#include "support/reliability.h"
 #include "support/screenshot.h"
 #include "support/script_host.h"
 #include "support/text.h"
+#include "ui/data_combo_host.h"
+#include "ui/leaks.h"
 
 namespace vndesk::test {
 namespace {

@@ -6,9 +6,9 @@
 
 #include <algorithm>
 
-#include "data_combo_host.h"
 #include "support/control_container.h"
 #include "support/keys.h"
+#include "ui/data_combo_host.h"
 
 namespace vndesk::test {
 namespace {

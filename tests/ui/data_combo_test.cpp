@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The drop-down list with hidden texts, on a form of the test's own, with real keys and mouse.
-#include "controls/data_combo.h"
+#include "controls/combo/window/data_combo.h"
 
 #include <gtest/gtest.h>
 #include <olectl.h>
 
 #include <memory>
 
-#include "data_combo_host.h"
-#include "forms/form.h"
+#include "forms/window/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
+#include "ui/data_combo_host.h"
 
 namespace vndesk::test {
 namespace {

@@ -3,8 +3,8 @@
 // all.
 #pragma once
 
-#include "lookup_host.h"
-#include "search.h"
+#include "ui/lookup_host.h"
+#include "ui/search.h"
 
 namespace vndesk::test {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "forms/font.h"
+#include "forms/look/font.h"
 #include "support/in_threads.h"
 #include "support/reliability.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The form library itself: preparation, captions, fonts, focus and keys, on a small form of the
 // test's own.
-#include "forms/form.h"
+#include "forms/window/form.h"
 
 #include <gtest/gtest.h>
 
-#include "forms/preparation.h"
+#include "forms/window/preparation.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/ui_windows.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The group manager as administrators see it.
-#include "administration.h"
+#include "ui/administration.h"
 
 namespace vndesk::test {
 namespace {

@@ -3,7 +3,7 @@
 // its forms are worked by messages to their controls.
 #pragma once
 
-#include "administration.h"
+#include "ui/administration.h"
 
 #include "support/child_process.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The items of real list boxes of a form, by places that no item has.
-#include "forms/item_list.h"
+#include "forms/lists/item_list.h"
 
 #include <gtest/gtest.h>
 
-#include "forms/form.h"
+#include "forms/window/form.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {

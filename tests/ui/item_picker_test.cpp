@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The item picker as users see it: the list, the search while typing, choosing and cancelling.
-#include "controls/item_picker.h"
+#include "controls/picker/item_picker.h"
 
-#include "data/database.h"
-#include "lookup_host.h"
+#include "data/connect/database.h"
 #include "support/screenshot.h"
+#include "ui/lookup_host.h"
 
 namespace vndesk::test {
 namespace {

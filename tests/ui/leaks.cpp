@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "leaks.h"
+#include "ui/leaks.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "forms/form_window.h"
-#include "forms/images.h"
+#include "forms/look/images.h"
+#include "forms/window/form_window.h"
 #include "support/leak_probe.h"
 #include "support/reliability.h"
 #include "support/ui_windows.h"

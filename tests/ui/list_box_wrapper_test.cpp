@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The list-box wrapper on a real list of a form: texts as item data, look-up, changes noticed.
-#include "controls/cls_list_box.h"
+#include "controls/picker/cls_list_box.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "forms/form.h"
+#include "forms/window/form.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/ui_windows.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The logon dialog as hosts see it: through the registered class, with real keys, on real
 // databases.
-#include "host.h"
+#include "ui/host.h"
 
 #include "support/keys.h"
 #include "support/sample_database.h"

@@ -3,11 +3,11 @@
 // more boxes to go on to.
 #pragma once
 
-#include "catalogue.h"
+#include "ui/catalogue.h"
 
 #include <atomic>
 
-#include "forms/window_name.h"
+#include "forms/window/window_name.h"
 #include "support/new_object.h"
 
 namespace vndesk::test {

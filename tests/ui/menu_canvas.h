@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-#include "menu_host.h"
+#include "ui/menu_host.h"
 
 namespace vndesk::test {
 

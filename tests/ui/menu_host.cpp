@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "menu_host.h"
+#include "ui/menu_host.h"
 
 #include <cwchar>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Which items are drawn and which stay their host's: whatever numbers a host keeps in its items,
 // and whatever it does to items that are drawn, it gets back what it had.
-#include "menu_edits.h"
+#include "ui/menu_edits.h"
 
-#include "menus/cool_menu.h"
+#include "menus/hook/cool_menu.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 

@@ -2,12 +2,12 @@
 // The collections behind drawn menus, and what a window's entry keeps.
 #include <gtest/gtest.h>
 
-#include "menu_host.h"
-#include "menus/cool_menu.h"
-#include "menus/duplicate_key.h"
-#include "menus/menu_module.h"
-#include "menus/our_items.h"
+#include "menus/hook/cool_menu.h"
+#include "menus/hook/our_items.h"
+#include "menus/state/duplicate_key.h"
+#include "menus/state/menu_module.h"
 #include "support/leak_probe.h"
+#include "ui/menu_host.h"
 
 namespace vndesk::test {
 namespace {

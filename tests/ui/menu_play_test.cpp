@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus under real keys and mouse moves, on a window whose thread pumps.
-#include "menu_host.h"
+#include "ui/menu_host.h"
 
 #include <algorithm>
 
-#include "menus/cool_menu.h"
-#include "menus/menu_module.h"
+#include "menus/hook/cool_menu.h"
+#include "menus/state/menu_module.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/screenshot.h"

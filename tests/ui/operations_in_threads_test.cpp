@@ -5,9 +5,9 @@
 
 #include <atomic>
 
-#include "search.h"
 #include "support/in_threads.h"
-#include "thread_script.h"
+#include "ui/search.h"
+#include "ui/thread_script.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A host that ends its process in the middle of a form: at once, with its own exit code, and
 // without a word, whoever asks for it.
-#include "each_form.h"
+#include "ui/each_form.h"
 
-#include "host_process.h"
 #include "support/reliability.h"
+#include "ui/host_process.h"
 
 namespace vndesk::test {
 namespace {

@@ -3,7 +3,7 @@
 // user's way through the find dialog.
 #pragma once
 
-#include "administration.h"
+#include "ui/administration.h"
 
 #include <functional>
 

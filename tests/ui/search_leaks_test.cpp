@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The find dialog opened and closed again and again in one process.
-#include "search.h"
+#include "ui/search.h"
 
-#include "leaks.h"
 #include "support/reliability.h"
+#include "ui/leaks.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The administration forms opened and closed again and again in one process.
-#include "administration.h"
+#include "ui/administration.h"
 
-#include "leaks.h"
 #include "support/reliability.h"
+#include "ui/leaks.h"
 
 namespace vndesk::test {
 namespace {

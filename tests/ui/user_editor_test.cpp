@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The user editor as administrators and users see it: from the user list, and alone for the own
 // password.
-#include "administration.h"
+#include "ui/administration.h"
 
 namespace vndesk::test {
 namespace {

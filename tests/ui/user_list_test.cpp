@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The list of users as administrators see it.
-#include "administration.h"
+#include "ui/administration.h"
 
 namespace vndesk::test {
 namespace {

@@ -2,8 +2,8 @@
 // Numbers, truth values and UTF-8 as drivers deliver them to the ADO for Wine.
 #include <gtest/gtest.h>
 
-#include "ado/number_cell.h"
-#include "ado/utf8.h"
+#include "ado/text/number_cell.h"
+#include "ado/text/utf8.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "ado/connection_string.h"
+#include "ado/text/connection_string.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // Date texts of the ADO for Wine.
 #include <gtest/gtest.h>
 
-#include "ado/date_value.h"
+#include "ado/text/date_value.h"
 
 namespace {
 

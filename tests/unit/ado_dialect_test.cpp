@@ -2,7 +2,7 @@
 // Rewriting of statements for the engine at hand by the ADO for Wine.
 #include <gtest/gtest.h>
 
-#include "ado/dialect.h"
+#include "ado/text/dialect.h"
 
 namespace {
 

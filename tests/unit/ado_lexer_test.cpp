@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ado/sql_lexer.h"
+#include "ado/text/sql_lexer.h"
 
 namespace {
 

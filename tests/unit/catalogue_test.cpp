@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The statements of the find dialog, text for text.
-#include "find/catalogue.h"
-#include "find/ordered.h"
+#include "find/text/catalogue.h"
+#include "find/text/ordered.h"
 
 #include <gtest/gtest.h>
 

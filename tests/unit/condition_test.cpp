@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Search conditions, text for text.
-#include "find/condition.h"
+#include "find/text/condition.h"
 
 #include <gtest/gtest.h>
 

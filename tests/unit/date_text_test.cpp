@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Which texts are dates.
-#include "data/date_text.h"
+#include "data/text/date_text.h"
 
 #include <gtest/gtest.h>
 

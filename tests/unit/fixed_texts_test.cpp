@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the fixed texts show on the screen.
-#include "security/captions.h"
-#include "find/captions.h"
+#include "find/text/captions.h"
+#include "security/text/captions.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 

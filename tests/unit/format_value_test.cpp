@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Values, dates and brackets of search conditions.
-#include "find/format_value.h"
+#include "find/text/format_value.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statements of the group manager, text for text.
-#include "security/group_statements.h"
+#include "security/text/group_statements.h"
 
 #include <gtest/gtest.h>
 

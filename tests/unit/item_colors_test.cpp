@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Colours of menu items by state.
-#include "menus/item_colors.h"
+#include "menus/item/item_colors.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Values written into statement text.
-#include "data/literals.h"
+#include "data/text/literals.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statement that looks for the user.
-#include "logon/logon_statement.h"
+#include "logon/text/logon_statement.h"
 
 #include <gtest/gtest.h>
 

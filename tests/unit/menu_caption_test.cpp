@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What hosts write into the captions of menu items.
-#include "menus/menu_caption.h"
+#include "menus/item/menu_caption.h"
 
 #include <gtest/gtest.h>
 

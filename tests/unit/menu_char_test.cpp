@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Which menu item a typed letter means.
-#include "menus/menu_char.h"
+#include "menus/item/menu_char.h"
 
 #include <gtest/gtest.h>
 

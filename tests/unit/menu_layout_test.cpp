@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Sizes of menu items and the places of their pieces.
-#include "menus/menu_layout.h"
+#include "menus/item/menu_layout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The search for the first name with a beginning, one name after the other and in the index.
-#include "controls/name_search.h"
+#include "controls/picker/text/name_search.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Numbers as users read them.
-#include "find/number_display.h"
+#include "find/text/number_display.h"
 
 #include <gtest/gtest.h>
 

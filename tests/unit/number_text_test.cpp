@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Numbers read from and written to text.
-#include "data/number_text.h"
+#include "data/text/number_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statements behind named settings, character by character.
-#include "data/option_statements.h"
+#include "data/text/option_statements.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Menu rights: masks, their limit of 31 commands, and the statements around them.
-#include "security/permissions.h"
+#include "security/text/permissions.h"
 
 #include <gtest/gtest.h>
 

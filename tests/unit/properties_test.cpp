@@ -11,13 +11,13 @@
 #include <locale>
 #include <vector>
 
-#include "ado/connection_string.h"
-#include "ado/sql_lexer.h"
-#include "data/literals.h"
-#include "data/number_text.h"
-#include "find/condition.h"
-#include "find/number_display.h"
-#include "logon/logon_statement.h"
+#include "ado/text/connection_string.h"
+#include "ado/text/sql_lexer.h"
+#include "data/text/literals.h"
+#include "data/text/number_text.h"
+#include "find/text/condition.h"
+#include "find/text/number_display.h"
+#include "logon/text/logon_statement.h"
 #include "support/random.h"
 #include "text/tcvn3.h"
 

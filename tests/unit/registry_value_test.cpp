@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Bytes of registry values as text.
-#include "data/registry_value.h"
+#include "data/text/registry_value.h"
 
 #include <gtest/gtest.h>
 

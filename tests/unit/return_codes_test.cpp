@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What the message box's buttons return, and where they stand.
-#include "msgbox/return_codes.h"
+#include "msgbox/text/return_codes.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "msgbox/button_sets.h"
+#include "msgbox/text/button_sets.h"
 #include "text/fixed_texts.h"
 
 using namespace vndesk;

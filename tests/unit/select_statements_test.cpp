@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The look-up statements of the selection boxes, text for text.
-#include "controls/select_statements.h"
+#include "controls/picker/text/select_statements.h"
 
 #include <gtest/gtest.h>
 

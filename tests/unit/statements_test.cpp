@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Patching of INSERT and UPDATE statements.
-#include "data/statements.h"
+#include "data/text/statements.h"
 
 #include <gtest/gtest.h>
 

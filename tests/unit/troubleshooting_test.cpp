@@ -6,7 +6,7 @@
 
 #include <map>
 
-#include "documents.h"
+#include "unit/documents.h"
 
 using namespace vndesk::check;
 using namespace vndesk::test;

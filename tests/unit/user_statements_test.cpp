@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The statements of the user editor and the user list, text for text.
-#include "security/user_statements.h"
+#include "security/text/user_statements.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 // it.
 #include <gtest/gtest.h>
 
-#include "documents.h"
+#include "unit/documents.h"
 #include "vndesk_version.h"
 
 using namespace vndesk::test;
@@ -24,7 +24,7 @@ std::string Between(const std::string& text, const std::string& before, const st
 TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
     const std::string version = VNDESK_SHORT_VERSION, interfaces = VNDESK_INTERFACE_VERSION;
     EXPECT_EQ(version, Between(ReadSource("CMakeLists.txt"), "project(VnDesk VERSION ", " "));
-    const std::string idl = ReadSource("src/com/vndesk.idl");
+    const std::string idl = ReadSource("src/api/vndesk.idl");
     EXPECT_EQ(interfaces, Between(idl, "version(", ")"));
     EXPECT_EQ(interfaces, Between(idl, "helpstring(\"VnDesk ", ":"));
     // The newest entry comes first; a date or a word may follow.
@@ -38,7 +38,7 @@ TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
 
 TEST(Version, IsWrittenIntoNoResourceByHand) {
     for (const char* resource :
-         {"src/com/vndesk.rc", "wine/ado/adobridge.rc", "tools/check/check.rc"})
+         {"src/api/vndesk.rc", "wine/ado/adobridge.rc", "tools/check/check.rc"})
         for (const std::string& line : Lines(ReadSource(resource)))
             if (line.find("VERSION ") == 0 || line.find("FILEVERSION") == 0 ||
                 line.find("PRODUCTVERSION") == 0 || line.find("\"FileVersion\"") != line.npos ||

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Opening and closing connections, executing, transactions, errors.
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 #include "support/env.h"
 #include "support/text.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 #include "support/env.h"
 #include "support/text.h"

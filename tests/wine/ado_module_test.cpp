@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The bridge as a whole: registration, many rows, the statement trace, and that nothing is left
 // over.
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 #include <cstdio>
 

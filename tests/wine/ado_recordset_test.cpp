@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Opening, walking and closing record sets.
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 namespace {
 

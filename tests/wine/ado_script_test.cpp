@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The ADO for Wine as VBScript and JScript use it: late bound, with default members.
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 #include "support/late_bound.h"
 #include "support/script_host.h"

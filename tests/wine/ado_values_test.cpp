@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Values of every type, both ways, on both engines.
-#include "ado_fixture.h"
+#include "wine/ado_fixture.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "findings.h"
+#include "check/findings.h"
 
 #include <algorithm>
 #include <iterator>

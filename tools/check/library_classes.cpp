@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "library_classes.h"
+#include "check/library_classes.h"
 
 #include <oleauto.h>
 #include <wrl/client.h>
 
-#include "com/kit/com_error.h"
-#include "com/kit/module.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 
 namespace vndesk::check {
 

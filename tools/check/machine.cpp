@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "machine.h"
+#include "check/machine.h"
 
 #include <vector>
 
-#include "com/kit/com_error.h"
+#include "comkit/base/com_error.h"
 
 namespace vndesk::check {
 

@@ -2,11 +2,11 @@
 // vndesk-check: tells in plain words whether VnDesk can be used on this machine, and what is wrong.
 #include <windows.h>
 
-#include "com/kit/com_error.h"
-#include "machine.h"
-#include "options.h"
-#include "probes.h"
-#include "report.h"
+#include "check/machine.h"
+#include "check/options.h"
+#include "check/probes.h"
+#include "check/report.h"
+#include "comkit/base/com_error.h"
 #include "vndesk_version.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "options.h"
+#include "check/options.h"
 
 namespace vndesk::check {
 

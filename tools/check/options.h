@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "texts.h"
+#include "check/texts.h"
 
 namespace vndesk::check {
 

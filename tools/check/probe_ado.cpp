@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // ADO and the OLE DB providers that connection strings name.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <oleauto.h>
 #include <wrl/client.h>
 
-#include "machine.h"
+#include "check/machine.h"
 
 namespace vndesk::check {
 

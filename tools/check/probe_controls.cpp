@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The common controls that the library's own manifest gets on this machine.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <uxtheme.h>
 
-#include "forms/theme_scope.h"
-#include "machine.h"
+#include "check/machine.h"
+#include "forms/look/theme_scope.h"
 
 namespace vndesk::check {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The fonts that forms, messages and menus are drawn with, and whether they have Vietnamese
 // letters.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <iterator>
 
-#include "letters.h"
-#include "machine.h"
+#include "check/letters.h"
+#include "check/machine.h"
 
 namespace vndesk::check {
 

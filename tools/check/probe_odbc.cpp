@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The ODBC drivers that programs of this bitness find.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <windows.h>
 #include <sqlext.h>
 
-#include "machine.h"
+#include "check/machine.h"
 
 namespace vndesk::check {
 

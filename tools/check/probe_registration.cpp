@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Which registration of the library is in force, the file behind it, and each class through COM.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <algorithm>
 
 #include <wrl/client.h>
 
-#include "machine.h"
+#include "check/machine.h"
 #include "vndesk_version.h"
 
 namespace vndesk::check {

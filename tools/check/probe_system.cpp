@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The system: its name and bitness, Wine, the ANSI code page.
-#include "probes.h"
+#include "check/probes.h"
 
-#include "machine.h"
+#include "check/machine.h"
 
 namespace vndesk::check {
 

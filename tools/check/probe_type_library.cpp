@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The registered type library: what early-bound hosts and calls between threads need.
-#include "probes.h"
+#include "check/probes.h"
 
 #include <oleauto.h>
 #include <wrl/client.h>
 
-#include "machine.h"
+#include "check/machine.h"
 
 namespace vndesk::check {
 

@@ -2,8 +2,8 @@
 // The probes, one source file per area. Each adds what it finds; none changes anything.
 #pragma once
 
-#include "findings.h"
-#include "library_classes.h"
+#include "check/findings.h"
+#include "check/library_classes.h"
 
 namespace vndesk::check {
 

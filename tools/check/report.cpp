@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "report.h"
+#include "check/report.h"
 
 #include <cwchar>
 #include <string_view>

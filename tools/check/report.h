@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "findings.h"
-#include "texts.h"
+#include "check/findings.h"
+#include "check/texts.h"
 
 namespace vndesk::check {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "texts.h"
+#include "check/texts.h"
 
-#include "texts_tables.h"
+#include "check/texts_tables.h"
 
 namespace vndesk::check {
 

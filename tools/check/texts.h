@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "findings.h"
+#include "check/findings.h"
 
 namespace vndesk::check {
 

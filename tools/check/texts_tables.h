@@ -2,7 +2,7 @@
 // The tables behind texts.h, one source file per language. Rows are in the order of Id.
 #pragma once
 
-#include "texts.h"
+#include "check/texts.h"
 
 namespace vndesk::check {
 

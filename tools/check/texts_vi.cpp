@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Vietnamese words of vndesk-check, in the order of Id.
-#include "texts_tables.h"
+#include "check/texts_tables.h"
 
 namespace vndesk::check {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Help texts and remarks taken apart.
-#include "idl.h"
-#include "remarks.h"
+#include "reference/idl.h"
+#include "reference/remarks.h"
 
 #include <algorithm>
 #include <cctype>

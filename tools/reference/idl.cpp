@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Reads the part of IDL that the library is written in; anything else is an error, so that nothing
 // is left out of the pages.
-#include "idl.h"
+#include "reference/idl.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
-#include "remarks.h"
-#include "tokens.h"
+#include "reference/remarks.h"
+#include "reference/tokens.h"
 
 namespace reference {
 

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "pages.h"
+#include "reference/pages.h"
 
 namespace {
 

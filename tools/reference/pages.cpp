@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "pages.h"
+#include "reference/pages.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
 
-#include "signatures.h"
+#include "reference/signatures.h"
 
 namespace reference {
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kTypesPage[] = "types.md";
 constexpr char kOrigin[] =
-    "\n---\nMade from [vndesk.idl](../../src/com/vndesk.idl) by `make reference`.\n";
+    "\n---\nMade from [vndesk.idl](../../src/api/vndesk.idl) by `make reference`.\n";
 
 std::string Cell(const std::string& text) {
     std::string cell;

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "idl.h"
+#include "reference/idl.h"
 
 namespace reference {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "idl.h"
+#include "reference/idl.h"
 
 namespace reference {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "signatures.h"
+#include "reference/signatures.h"
 
 #include <map>
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "idl.h"
+#include "reference/idl.h"
 
 namespace reference {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tokens.h"
+#include "reference/tokens.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The classes of the bridge: ADO's identifiers and names, in Wine prefixes only.
-#include "com/kit/module.h"
+#include "comkit/base/module.h"
 
-#include "ado/connection_object.h"
-#include "ado/recordset_object.h"
-#include "ado/wine_path.h"
+#include "ado/engine/wine_path.h"
+#include "ado/objects/connection_object.h"
+#include "ado/objects/recordset_object.h"
 
 namespace vndesk {
 

@@ -12,12 +12,12 @@
 #include <string>
 #include <vector>
 
-#include "steps.h"
 #include "support/child_process.h"
 #include "support/keys.h"
 #include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
+#include "tools/vnplay/steps.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "steps.h"
+#include "tools/vnplay/steps.h"
 
 #include <cstdio>
 

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <thread>
 
-#include "controls/data_combo.h"
+#include "controls/combo/window/data_combo.h"
 #include "support/check_hr.h"
 #include "support/late_bound.h"
 #include "support/ui_windows.h"

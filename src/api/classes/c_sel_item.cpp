@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "api/classes/c_sel_item.h"
+
+#include <comutil.h>
+
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
+
+namespace vndesk {
+
+namespace {
+
+constexpr DISPID kChange = 1;
+
+// Window handles fit into 32 bits and are sign-extended.
+HWND WindowFrom(long handle) {
+    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+}
+
+} // namespace
+
+SelItem::SelItem() : boxes_(SelectionBoxes::Make()) {
+    boxes_->Change = [this] { Fire(kChange); };
+}
+
+// The boxes may be in the middle of a look-up that outlives this object: they go on alone.
+SelItem::~SelItem() {
+    boxes_->Unbind();
+    boxes_->Change = nullptr;
+}
+
+STDMETHODIMP SelItem::SetTextSel(long window) {
+    return Guard([&] { boxes_->SetTextSel(WindowFrom(window)); });
+}
+
+STDMETHODIMP SelItem::SetTextSelID(long window) {
+    return Guard([&] { boxes_->SetTextSelID(WindowFrom(window)); });
+}
+
+STDMETHODIMP SelItem::Clear() {
+    return Guard([&] { boxes_->Clear(); });
+}
+
+STDMETHODIMP SelItem::get_SelName(BSTR* name) {
+    return Guard([&] { SetOut(name, [&] { return ToBstr(boxes_->SelName()); }); });
+}
+
+STDMETHODIMP SelItem::get_SelID(BSTR* code) {
+    return Guard([&] { SetOut(code, [&] { return ToBstr(boxes_->SelID()); }); });
+}
+
+STDMETHODIMP SelItem::get_SqlName(BSTR* statement) {
+    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlName); }); });
+}
+
+STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
+    return Guard([&] { boxes_->SqlName = FromBstr(statement); });
+}
+
+STDMETHODIMP SelItem::get_SqlID(BSTR* statement) {
+    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlID); }); });
+}
+
+STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
+    return Guard([&] { boxes_->SqlID = FromBstr(statement); });
+}
+
+STDMETHODIMP SelItem::get_SearchText(BSTR* text) {
+    return Guard([&] { SetOut(text, [&] { return ToBstr(boxes_->searchText); }); });
+}
+
+STDMETHODIMP SelItem::put_SearchText(BSTR text) {
+    return Guard([&] { boxes_->searchText = FromBstr(text); });
+}
+
+STDMETHODIMP SelItem::get_ActiveConnection(VARIANT* connection) {
+    return Guard([&] {
+        VARIANT& result = ClearedOut(connection);
+        V_BSTR(&result) = ToBstr(boxes_->connectionString);
+        V_VT(&result) = VT_BSTR;
+    });
+}
+
+STDMETHODIMP SelItem::put_ActiveConnection(VARIANT connection) {
+    return Guard([&] {
+        _variant_t text = Resolved(connection);
+        CheckHr(VariantChangeType(&text, &text, 0, VT_BSTR));
+        boxes_->connectionString = FromBstr(V_BSTR(&text));
+    });
+}
+
+} // namespace vndesk

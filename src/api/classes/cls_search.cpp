@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "api/classes/cls_search.h"
+
+#include <comutil.h>
+
+#include <optional>
+
+#include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
+#include "data/connect/database.h"
+#include "find/find_dialog.h"
+#include "logon/session.h"
+
+namespace vndesk {
+
+namespace {
+
+// A window handle out of a number of whatever type.
+HWND ToWindow(const _variant_t& given) {
+    _variant_t number = Resolved(given);
+    CheckHr(VariantChangeType(&number, &number, 0, VT_I8));
+    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(number.llVal));
+}
+
+// The window of a host's form, or none when the object has no property hWnd.
+HWND WindowOfForm(IDispatch* form) {
+    auto* name = const_cast<wchar_t*>(L"hWnd");
+    DISPID id = 0;
+    if (!form || FAILED(form->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id)))
+        return nullptr;
+    DISPPARAMS none = {};
+    _variant_t window;
+    CheckHr(form->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &window,
+                         nullptr, nullptr));
+    return ToWindow(window);
+}
+
+HWND OwnerWindow(const VARIANT& ownerForm) {
+    const _variant_t owner = Resolved(ownerForm);
+    switch (owner.vt) {
+    case VT_ERROR: // left out
+    case VT_EMPTY:
+    case VT_NULL:
+        return nullptr;
+    case VT_DISPATCH:
+        return WindowOfForm(owner.pdispVal);
+    case VT_UNKNOWN: {
+        ComPtr<IDispatch> form;
+        if (owner.punkVal)
+            owner.punkVal->QueryInterface(IID_PPV_ARGS(&form));
+        return WindowOfForm(form.Get());
+    }
+    default:
+        return ToWindow(owner);
+    }
+}
+
+} // namespace
+
+_Connection& Search::Connection() {
+    if (!connection_)
+        connection_ = NewConnection();
+    return *connection_.Get();
+}
+
+void Search::CheckConnection(HRESULT code) {
+    CheckCall(code, connection_.Get(), __uuidof(_Connection));
+}
+
+STDMETHODIMP Search::get_ActiveConnection(VARIANT* value) {
+    return Guard([&] {
+        if (!value)
+            throw ComError(E_POINTER);
+        VariantInit(value);
+        CheckHr(Connection().QueryInterface(IID_PPV_ARGS(&value->pdispVal)));
+        value->vt = VT_DISPATCH;
+    });
+}
+
+STDMETHODIMP Search::put_ActiveConnection(VARIANT value) {
+    return Guard([&] {
+        _variant_t text = Resolved(value);
+        CheckHr(VariantChangeType(&text, &text, 0, VT_BSTR));
+        CheckConnection(Connection().put_ConnectionString(text.bstrVal));
+    });
+}
+
+STDMETHODIMP Search::get_TableSearch(BSTR* value) {
+    return Guard([&] { SetOut(value, [&] { return ToBstr(table_); }); });
+}
+
+STDMETHODIMP Search::put_TableSearch(BSTR value) {
+    return Guard([&] { table_ = FromBstr(value); });
+}
+
+STDMETHODIMP Search::get_Result(BSTR* value) {
+    return Guard([&] { SetOut(value, [&] { return ToBstr(result_); }); });
+}
+
+// The condition can be read only after the dialog has closed, so every style shows it modally.
+STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
+    return Guard([&] {
+        if (!modal)
+            throw ComError(E_POINTER);
+        // A call that fails leaves no condition of an earlier one to be taken for its own.
+        result_.clear();
+        const HWND owner = OwnerWindow(ownerForm);
+        _bstr_t text;
+        long state = adStateClosed;
+        if (connection_) {
+            CheckConnection(connection_->get_ConnectionString(text.GetAddress()));
+            CheckConnection(connection_->get_State(&state));
+        }
+        const std::wstring given = FromBstr(text.GetBSTR());
+        // Without a connection of its own the search runs on the session's.
+        std::optional<SessionConnection> session;
+        if (state & adStateOpen)
+            session.emplace(Database{connection_, KindOf(given), given});
+        else if (!given.empty())
+            session.emplace(given);
+        result_ = ShowFindDialog(table_, owner);
+    });
+}
+
+} // namespace vndesk

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// clsSearch: the search dialog over one table of a host's database.
+#pragma once
+
+#include <string>
+
+#include "comkit/object/dispatch.h"
+#include "data/connect/ado.h"
+#include "vndesk_idl.h"
+
+namespace vndesk {
+
+class Search final : public ClassObject<Search, clsSearch, ISearch> {
+public:
+    static constexpr const wchar_t* kProgId = L"VnDesk.clsSearch";
+
+    STDMETHODIMP get_ActiveConnection(VARIANT* value) override;
+    STDMETHODIMP put_ActiveConnection(VARIANT value) override;
+    STDMETHODIMP get_TableSearch(BSTR* value) override;
+    STDMETHODIMP put_TableSearch(BSTR value) override;
+    STDMETHODIMP get_Result(BSTR* value) override;
+    STDMETHODIMP Show(long* modal, VARIANT ownerForm) override;
+
+private:
+    _Connection& Connection();
+    void CheckConnection(HRESULT code);
+
+    // Made when it is first asked for. It holds the connection string; the class never opens it.
+    AdoConnection connection_;
+    std::wstring table_;
+    std::wstring result_;
+};
+
+} // namespace vndesk

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Texts across the COM boundary: BSTRs may hold zero characters and a null one is the empty text.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <string>
+#include <string_view>
+
+#include "comkit/base/com_error.h"
+
+namespace vndesk {
+
+inline std::wstring FromBstr(BSTR text) {
+    return {text ? text : L"", SysStringLen(text)};
+}
+
+// The caller owns the result.
+inline BSTR ToBstr(std::wstring_view text) {
+    const BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (!copy)
+        throw ComError(E_OUTOFMEMORY);
+    return copy;
+}
+
+// Out parameters are cleared before anything can fail.
+template <class T> T& ClearedOut(T* out) {
+    if (!out)
+        throw ComError(E_POINTER);
+    *out = T{};
+    return *out;
+}
+
+// Sets an out parameter to what the work gives. "ClearedOut(out) = work" would do the work first,
+// and the missing place would be noticed too late.
+template <class T, class Work> void SetOut(T* out, Work&& work) {
+    T& place = ClearedOut(out);
+    place = work();
+}
+
+// A text passed by reference must have a place; the text itself may be null.
+inline std::wstring FromReference(const BSTR* text) {
+    if (!text)
+        throw ComError(E_POINTER);
+    return FromBstr(*text);
+}
+
+} // namespace vndesk

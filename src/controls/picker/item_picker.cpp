@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "controls/picker/item_picker.h"
+
+#include <vector>
+
+#include "controls/picker/cls_list_box.h"
+#include "controls/picker/text/name_search.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "forms/keys/keys.h"
+#include "forms/keys/upper_case.h"
+#include "forms/look/hourglass.h"
+#include "forms/window/form.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlSpec kControls[] = {
+    {Frame, L"FrDetail", L"", {150, 120, 6000, 5280}, kGrowRight | kGrowDown},
+    {LabelW, L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic},
+    {TextBoxW, L"TxtSelH", L"", {1230, 435, 4740, 330}, kGrowRight},
+    // Choosing comes next after the search box, for those who go on with Enter.
+    {CommandButtonW,
+     L"CmdSel",
+     texts::kPickerChoose,
+     {3450, 5520, 1290, 375},
+     kDisabled | kMoveRight | kMoveDown},
+    {CommandButtonW,
+     L"CmdQuit",
+     texts::kPickerQuit,
+     {4860, 5520, 1290, 375},
+     kCancel | kMoveRight | kMoveDown},
+    {ListBoxW, L"lv1IP", L"", {330, 870, 5640, 4020}, kGrowRight | kGrowDown},
+    {LabelW, L"lblCode", L"", {330, 5010, 5640, 240}, kEllipsis | kGrowRight | kMoveDown},
+    // Part of the form's set of controls, without behaviour, so it is not shown.
+    {ListView, L"Lv1", L"", {330, 870, 5640, 4020}, kHidden},
+};
+
+constexpr FormSpec kForm = {
+    L"FmSelHang", texts::kPickerTitle, 6300, 6015, FormBorder::Sizable, false, kControls};
+
+constexpr UINT_PTR kIndexTimer = 1;
+
+bool MovesTheList(WPARAM key) {
+    return key == VK_DOWN || key == VK_UP || key == VK_NEXT || key == VK_PRIOR;
+}
+
+class ItemPicker final : public Form {
+public:
+    explicit ItemPicker(const Database& database) : Form(kForm), database_(database) {}
+
+    std::wstring SqlText;
+    std::wstring SelValue;
+    std::wstring searchText;
+
+protected:
+    void OnLoad() override {
+        Get(L"lv1IP").onClick = [this] { ItemSelected(); };
+        Get(L"lv1IP").onDoubleClick = [this] { Choose(); };
+        Get(L"TxtSelH").onChange = [this] { SearchChanged(); };
+        Get(L"CmdSel").onClick = [this] { Choose(); };
+        Get(L"CmdQuit").onClick = [this] { Unload(); };
+    }
+
+    void OnPrepared() override {
+        items_.SetTListBox(Get(L"lv1IP"));
+        ReadInfo(SqlText);
+        SelValue = items_.Value();
+        Control& search = Get(L"TxtSelH");
+        search.SetText(searchText);
+        // The focus will select the whole text, and the first letter typed would replace what the
+        // list was made for. This comes after the focus.
+        PostMessageW(search.Window(), EM_SETSEL, searchText.size(),
+                     static_cast<LPARAM>(searchText.size()));
+        if (items_.ListCount() > 0)
+            items_.SetListIndex(0);
+        else
+            Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
+        Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
+        // Comes when everything is painted and no key waits.
+        SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
+    }
+
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_TIMER && wParam == kIndexTimer) {
+            KillTimer(Window(), kIndexTimer);
+            names_.Index();
+            return 0;
+        }
+        return Form::OnMessage(message, wParam, lParam);
+    }
+
+    // Enter moves on like Tab; it never presses a button.
+    bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
+
+    // The list moves while the focus stays in the search box.
+    bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (control.Name() != L"TxtSelH" || !MovesTheList(key))
+            return false;
+        PostMessageW(Get(L"lv1IP").Window(), WM_KEYDOWN, key, 0);
+        return true;
+    }
+
+    void OnUnload() override {
+        if (!chosen_)
+            SelValue.clear();
+    }
+
+private:
+    long ReadInfo(const std::wstring& statement) {
+        long count = 0;
+        Trap([&] {
+            const Hourglass waiting;
+            Recordset rows;
+            if (OpenRecordset(database_, rows, statement) != 0)
+                return;
+            if (!rows.Eof())
+                Fill(rows);
+            count = CountRecords(rows);
+            rows.Close();
+        });
+        return count;
+    }
+
+    void Fill(Recordset& rows) {
+        const ItemList::Filling filling = items_.Filling();
+        items_.Clear();
+        names_.Clear();
+        for (; !rows.Eof(); rows.MoveNext()) {
+            std::wstring name = NullToText(rows.Value(1L));
+            items_.AddItem(name);
+            names_.Add(UpperCase(std::move(name)));
+            items_.SetItemData(items_.NewIndex(), NullToText(rows.Value(0L)));
+        }
+    }
+
+    // The first item whose name begins with the text, letter case aside.
+    long FindString(const std::wstring& text) const { return names_.Find(UpperCase(text)); }
+
+    void ItemSelected() {
+        const long index = items_.ListIndex();
+        if (items_.ListCount() == 0 || index < 0)
+            return;
+        SelValue = items_.ItemData(index);
+        Get(L"lblCode").SetCaption(ToUncText(texts::kPickerCode, kToUnicode) + SelValue);
+        Get(L"CmdSel").SetEnabled(true);
+    }
+
+    // A text that no name begins with leaves the selection where it was.
+    void SearchChanged() {
+        if (const long index = FindString(Get(L"TxtSelH").Text()); index >= 0)
+            items_.SetListIndex(index);
+    }
+
+    void Choose() {
+        chosen_ = true;
+        Unload();
+    }
+
+    const Database& database_;
+    clsListBox items_;
+    NameSearch names_;
+    bool chosen_ = false;
+};
+
+} // namespace
+
+std::wstring PickItem(const Database& database, const std::wstring& sqlText,
+                      const std::wstring& searchText) {
+    ItemPicker picker(database);
+    picker.SqlText = sqlText;
+    picker.searchText = searchText;
+    picker.ShowModal();
+    return picker.SelValue;
+}
+
+} // namespace vndesk

@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include "controls/picker/selection_boxes.h"
+
+#include "comkit/base/com_error.h"
+#include "controls/picker/item_picker.h"
+#include "controls/picker/text/select_statements.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "forms/look/common_controls.h"
+#include "logon/session.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+// Posted to the code box when the focus has left it: while the focus moves, no box may be shown.
+UINT ValidateMessage() {
+    static const UINT message = RegisterWindowMessageW(L"VnDesk.ValidateCode");
+    return message;
+}
+
+HWND FormOf(HWND window) {
+    return GetAncestor(window, GA_ROOT);
+}
+
+// Unless the user works in another form meanwhile.
+void GiveFocus(HWND window) {
+    const HWND active = GetActiveWindow();
+    if (window && (!active || active == FormOf(window)))
+        SetFocus(window);
+}
+
+bool IsEnter(const MSG* message) {
+    return message && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
+}
+
+// True while one look-up runs: what its windows cause does not start another.
+class Busy {
+public:
+    explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Busy() { flag_ = false; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    bool& flag_;
+};
+
+// The database of one look-up.
+class LookUpDatabase {
+public:
+    explicit LookUpDatabase(const std::wstring& connectionString) {
+        if (!connectionString.empty())
+            own_.emplace(connectionString);
+        database_ = CurrentDatabase();
+    }
+
+    const Database& operator*() const { return database_; }
+
+private:
+    std::optional<SessionConnection> own_;
+    Database database_;
+};
+
+} // namespace
+
+// --- The windows ---
+
+void SelectionBoxes::Box::Bind(HWND newWindow) {
+    if (newWindow && GetWindowThreadProcessId(newWindow, nullptr) != GetCurrentThreadId())
+        throw ComError(E_INVALIDARG, L"The text box is not a window of the calling thread.");
+    Release();
+    if (!newWindow)
+        return;
+    // The platform's edit windows know both kinds of text. One that an ANSI host has made would
+    // stay ANSI under a subclass, and lose letters.
+    if (!IsWindowUnicode(newWindow))
+        SetWindowLongPtrW(newWindow, GWLP_WNDPROC, GetWindowLongPtrW(newWindow, GWLP_WNDPROC));
+    if (!Controls6().SetWindowSubclass(newWindow, BoxProcedure, reinterpret_cast<UINT_PTR>(this),
+                                       reinterpret_cast<DWORD_PTR>(this)))
+        throw ComError(E_FAIL, L"The text box cannot be bound.");
+    window = newWindow;
+    moveOn.emplace(window);
+}
+
+void SelectionBoxes::Box::Release() {
+    moveOn.reset();
+    if (window)
+        Controls6().RemoveWindowSubclass(window, BoxProcedure, reinterpret_cast<UINT_PTR>(this));
+    window = nullptr;
+}
+
+std::wstring SelectionBoxes::Box::Text() const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)), L'\0');
+    if (!text.empty())
+        text.resize(static_cast<size_t>(
+            GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
+    return text;
+}
+
+void SelectionBoxes::Box::Show(const std::wstring& text) const {
+    if (window)
+        SetWindowTextW(window, text.c_str());
+}
+
+LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM wParam,
+                                              LPARAM lParam, UINT_PTR, DWORD_PTR data) {
+    Box& box = *reinterpret_cast<Box*>(data);
+    const auto self = box.owner.shared_from_this();
+    if (message == WM_NCDESTROY)
+        box.Release();
+    std::optional<LRESULT> result;
+    Trap([&] {
+        if (&box == &self->nameBox_)
+            result = self->OnNameBox(message, wParam, lParam);
+        else
+            self->OnCodeBox(message, wParam);
+    });
+    return result ? *result : Controls6().DefSubclassProc(window, message, wParam, lParam);
+}
+
+std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_GETDLGCODE:
+        // A dialog would press its default button.
+        if (IsEnter(reinterpret_cast<const MSG*>(lParam)) && nameBox_.Text() != selName_)
+            return Controls6().DefSubclassProc(nameBox_.window, message, wParam, lParam) |
+                   DLGC_WANTMESSAGE;
+        return std::nullopt;
+    case WM_KEYDOWN:
+        swallowEnter_ = wParam == VK_RETURN && nameBox_.Text() != selName_;
+        if (!swallowEnter_)
+            return std::nullopt;
+        PickByName();
+        return 0;
+    case WM_CHAR:
+        // The character of the Enter key that opened the picker: the box would beep.
+        if (wParam != VK_RETURN || !swallowEnter_)
+            return std::nullopt;
+        swallowEnter_ = false;
+        return 0;
+    case WM_KILLFOCUS:
+        if (FormOf(reinterpret_cast<HWND>(wParam)) == FormOf(nameBox_.window) &&
+            nameBox_.Text().empty())
+            Forget();
+        return std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+// The focus that goes to another form, a message or another program comes back: only a move within
+// the form counts as leaving.
+void SelectionBoxes::OnCodeBox(UINT message, WPARAM wParam) {
+    if (message == WM_KILLFOCUS) {
+        if (FormOf(reinterpret_cast<HWND>(wParam)) == FormOf(codeBox_.window))
+            PostMessageW(codeBox_.window, ValidateMessage(), 0, 0);
+    } else if (message == ValidateMessage()) {
+        ValidateCode();
+    }
+}
+
+// --- The entry ---
+
+std::shared_ptr<SelectionBoxes> SelectionBoxes::Make() {
+    return std::shared_ptr<SelectionBoxes>(new SelectionBoxes);
+}
+
+SelectionBoxes::~SelectionBoxes() {
+    Unbind();
+}
+
+void SelectionBoxes::SetTextSel(HWND nameBox) {
+    nameBox_.Bind(nameBox);
+}
+
+void SelectionBoxes::SetTextSelID(HWND codeBox) {
+    codeBox_.Bind(codeBox);
+}
+
+void SelectionBoxes::Unbind() {
+    nameBox_.Release();
+    codeBox_.Release();
+}
+
+void SelectionBoxes::Forget() {
+    selName_.clear();
+    selID_.clear();
+    previousID_.clear();
+}
+
+void SelectionBoxes::Clear() {
+    Forget();
+    nameBox_.Show(selName_);
+}
+
+void SelectionBoxes::Choose(const Entry& entry) {
+    selName_ = entry.name;
+    selID_ = entry.id;
+    nameBox_.Show(selName_);
+    codeBox_.Show(selID_);
+}
+
+void SelectionBoxes::RaiseChange() {
+    // A copy: the handler may replace it.
+    if (const auto change = Change; change && selID_ != previousID_)
+        change();
+}
+
+void SelectionBoxes::PickByName() {
+    if (busy_)
+        return;
+    const Busy busy(busy_);
+    previousID_ = selID_;
+    const std::wstring typed = nameBox_.Text();
+    const LookUpDatabase database(connectionString);
+    const std::wstring code =
+        PickItem(*database, NamesBeginningStatement(SqlName, typed, (*database).kind),
+                 searchText.empty() ? typed : searchText);
+    // Messages may have come between, and not every form gives its focus back by itself.
+    GiveFocus(nameBox_.window);
+    if (code.empty()) {
+        nameBox_.Show(selName_);
+        return;
+    }
+    std::wstring error;
+    const std::optional<Entry> entry = LookUp(*database, code, error);
+    if (!entry) {
+        PlainMessage(ToUncText(texts::kSelectNotOpened, kToUnicode) + error);
+        GiveFocus(nameBox_.window);
+        return;
+    }
+    Choose(*entry);
+    if (nameBox_.moveOn)
+        nameBox_.moveOn->SendAfterClosing();
+    RaiseChange();
+}
+
+void SelectionBoxes::ValidateCode() {
+    const HWND next = GetFocus();
+    // In the meantime another box may have taken the focus back to tell its own mistake.
+    if (busy_ || FormOf(next) != FormOf(codeBox_.window))
+        return;
+    const Busy busy(busy_);
+    const std::wstring code = codeBox_.Text();
+    if (code != selID_) {
+        previousID_ = selID_;
+        std::wstring error;
+        const std::optional<Entry> entry = LookUp(*LookUpDatabase(connectionString), code, error);
+        GiveFocus(next);
+        if (entry) {
+            Choose(*entry);
+            RaiseChange();
+            if (codeBox_.moveOn)
+                codeBox_.moveOn->Send();
+        } else if (!code.empty()) {
+            Refuse(code);
+        }
+    }
+    if (codeBox_.window && codeBox_.Text().empty())
+        Clear();
+}
+
+// The focus stays in the box, with the code ready to be typed anew.
+void SelectionBoxes::Refuse(const std::wstring& code) {
+    // First of all, so that the box that has the focus now is left while this one is served.
+    GiveFocus(codeBox_.window);
+    PlainMessage(ToUncText(texts::kSelectCode, kToUnicode) + code +
+                     ToUncText(texts::kSelectNotFound, kToUnicode),
+                 ToUncText(texts::kNotice, kToUnicode).c_str());
+    GiveFocus(codeBox_.window);
+    if (codeBox_.window)
+        SendMessageW(codeBox_.window, EM_SETSEL, 0, -1);
+}
+
+std::optional<SelectionBoxes::Entry> SelectionBoxes::LookUp(const Database& database,
+                                                            const std::wstring& code,
+                                                            std::wstring& error) const {
+    std::optional<Entry> entry;
+    Trap([&] {
+        Recordset rows;
+        if (OpenRecordset(database, rows, CodeStatement(SqlID, code, database.kind), &error) != 0)
+            return;
+        if (CountRecords(rows) > 0)
+            entry = {NullToText(rows.Value(0L)), NullToText(rows.Value(1L))};
+        rows.Close();
+    });
+    return entry;
+}
+
+} // namespace vndesk

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// The name box and the code box of a host's form, tied to one entry of a catalogue. Enter in the
+// name box opens the picker with the names beginning so; leaving the code box looks the code up.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "comkit/base/module.h"
+#include "data/connect/database.h"
+#include "forms/keys/tab_stroke.h"
+
+namespace vndesk {
+
+class SelectionBoxes : public std::enable_shared_from_this<SelectionBoxes> {
+public:
+    // Shared, because a handler of the host may let the last reference go while a box is being
+    // served.
+    static std::shared_ptr<SelectionBoxes> Make();
+    ~SelectionBoxes();
+    SelectionBoxes(const SelectionBoxes&) = delete;
+    SelectionBoxes& operator=(const SelectionBoxes&) = delete;
+
+    // Binds an edit window of the calling thread, in place of the one before; null unbinds. A
+    // window that is destroyed unbinds itself.
+    void SetTextSel(HWND nameBox);
+    void SetTextSelID(HWND codeBox);
+    void Unbind();
+
+    // Forgets the entry and empties the name box.
+    void Clear();
+    const std::wstring& SelName() const { return selName_; }
+    const std::wstring& SelID() const { return selID_; }
+
+    // Statements up to and with the column that is compared: the name's and the code's.
+    std::wstring SqlName;
+    std::wstring SqlID;
+    // What the picker's search box starts with; empty stands for what was typed in the name box.
+    std::wstring searchText;
+    // Opened for each look-up; empty stands for the session's current connection.
+    std::wstring connectionString;
+
+    // Another code was chosen. Clearing is not choosing.
+    std::function<void()> Change;
+
+private:
+    struct Box {
+        SelectionBoxes& owner;
+        HWND window = nullptr;
+        std::optional<TabStroke> moveOn = {};
+
+        void Bind(HWND newWindow);
+        void Release();
+        std::wstring Text() const;
+        void Show(const std::wstring& text) const;
+    };
+    struct Entry {
+        std::wstring id;
+        std::wstring name;
+    };
+
+    SelectionBoxes() = default;
+
+    static LRESULT CALLBACK BoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR id, DWORD_PTR box);
+    std::optional<LRESULT> OnNameBox(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCodeBox(UINT message, WPARAM wParam);
+
+    void PickByName();
+    void ValidateCode();
+    void Refuse(const std::wstring& code);
+    std::optional<Entry> LookUp(const Database& database, const std::wstring& code,
+                                std::wstring& error) const;
+    void Choose(const Entry& entry);
+    void RaiseChange();
+    void Forget();
+
+    const ModuleLock lock_;
+    Box nameBox_{*this};
+    Box codeBox_{*this};
+    std::wstring selName_;
+    std::wstring selID_;
+    std::wstring previousID_;
+    bool swallowEnter_ = false;
+    bool busy_ = false;
+};
+
+} // namespace vndesk

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "data/connect/values.h"
+
+#include <comutil.h>
+#include <oleauto.h>
+
+#include "comkit/base/bstr.h"
+#include "comkit/base/com_error.h"
+#include "comkit/base/variant.h"
+
+namespace vndesk {
+
+namespace {
+
+// In the invariant locale, so that the same row reads the same on every machine.
+bool Convert(const VARIANT& value, VARTYPE type, _variant_t& result) {
+    return IsSound(value) && SUCCEEDED(VariantChangeTypeEx(&result, const_cast<VARIANT*>(&value),
+                                                           LOCALE_INVARIANT, 0, type));
+}
+
+} // namespace
+
+// Most values have the type that is asked for: they go without a conversion, which would make
+// another copy of a text.
+
+std::wstring NullToText(const VARIANT& value) {
+    if (V_VT(&value) == VT_BSTR)
+        return FromBstr(V_BSTR(&value));
+    _variant_t text;
+    if (!Convert(value, VT_BSTR, text))
+        return {};
+    return {V_BSTR(&text), SysStringLen(V_BSTR(&text))};
+}
+
+long NullToInteger(const VARIANT& value) {
+    if (V_VT(&value) == VT_I4)
+        return V_I4(&value);
+    _variant_t number;
+    return Convert(value, VT_I4, number) ? V_I4(&number) : 0;
+}
+
+double NullToDouble(const VARIANT& value) {
+    _variant_t number;
+    return Convert(value, VT_R8, number) ? V_R8(&number) : 0;
+}
+
+long ToInteger(const VARIANT& value) {
+    _variant_t number;
+    if (!Convert(value, VT_I4, number))
+        throw ComError(DISP_E_TYPEMISMATCH);
+    return V_I4(&number);
+}
+
+} // namespace vndesk

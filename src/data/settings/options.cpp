@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "data/settings/options.h"
+
+#include "comkit/base/com_error.h"
+#include "data/connect/plain_message.h"
+#include "data/connect/recordset.h"
+#include "data/connect/values.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+// A look-up that failed counts as found: the update after it tells what is wrong with the table.
+bool IsThere(const Database& database, OptionName name) {
+    Recordset rows;
+    return OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) != 0 ||
+           CountRecords(rows) > 0;
+}
+
+} // namespace
+
+std::wstring GetOption(const Database& database, OptionName name, std::wstring_view otherwise) {
+    std::wstring value;
+    Trap([&] {
+        Recordset rows;
+        if (OpenRecordset(database, rows, ReadOptionStatement(name, database.kind)) == 0 &&
+            !rows.Eof())
+            value = NullToText(rows.Value(L"KeyValue"));
+    });
+    return value.empty() ? std::wstring(otherwise) : value;
+}
+
+long SetOption(const Database& database, OptionName name, std::wstring_view value,
+               std::wstring_view description, bool insertOnly) {
+    const bool found = !insertOnly && IsThere(database, name);
+    const auto statement = found ? UpdateOptionStatement : InsertOptionStatement;
+    const ErrorState error =
+        Trap([&] { Execute(database, statement(name, value, description, database.kind)); });
+    if (error)
+        PlainMessage(ToUncText(texts::kOptionsNotSaved, kToUnicode) + std::wstring(name.section) +
+                         L"-" + std::wstring(name.key) +
+                         ToUncText(texts::kOptionsErrorIs, kToUnicode) + error.description,
+                     L"");
+    return error.code;
+}
+
+} // namespace vndesk

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// Lines of a search condition put together, for the engine and for the user.
+#include "find/text/condition.h"
+
+#include "data/text/date_text.h"
+#include "data/text/number_text.h"
+#include "find/text/format_value.h"
+#include "text/ascii_text.h"
+#include "text/capitals.h"
+#include "text/fixed_texts.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+bool NeedsNumber(long fieldType) {
+    return fieldType == 3 || fieldType == 13;
+}
+
+bool NeedsDate(long fieldType) {
+    return fieldType == 8;
+}
+
+// The first line is always part of the condition, those below only while they are valid.
+template <class LineText>
+std::wstring Joined(const ConditionLines& lines, std::wstring ConditionLine::*join,
+                    const std::wstring& defaultJoin, LineText lineText) {
+    std::wstring condition = lineText(lines[0]);
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        if (!CheckSql(lines[i]))
+            continue;
+        const std::wstring& word = lines[i].*join;
+        condition += (word.empty() ? defaultJoin : word) + lineText(lines[i]);
+    }
+    return condition;
+}
+
+} // namespace
+
+bool CheckSql(const ConditionLine& line) {
+    // Blanks count: whoever types one may be looking for it.
+    if (!line.enabled || line.value.empty() || line.fieldIndex < 0 || line.operatorIndex < 0)
+        return false;
+    if (NeedsNumber(line.fieldType))
+        return IsNumericEntry(line.value);
+    return !NeedsDate(line.fieldType) || IsDate(line.value);
+}
+
+std::wstring GetSql(const ConditionLine& line, DatabaseKind dbKind) {
+    const std::wstring op = InCapitals(line.operatorName);
+    return GetBrackets(L"(" + line.fieldName + L"  " + op + L"  " +
+                       FormatValue(TrimBlanks(line.value), line.fieldType, op, dbKind) + L")");
+}
+
+std::wstring GetDisplay(const ConditionLine& line) {
+    return L"(" + line.fieldText + L"  " + line.operatorText + L"  '" +
+           std::wstring(TrimBlanks(line.value)) + L"')";
+}
+
+std::wstring GetBrackets(std::wstring_view text) {
+    const long surplus = CountChar(text, L"(") - CountChar(text, L")");
+    std::wstring balanced(text);
+    balanced.append(static_cast<std::size_t>(surplus < 0 ? -surplus : surplus),
+                    surplus < 0 ? L'(' : L')');
+    return balanced;
+}
+
+std::wstring GetRes(const ConditionLines& lines, DatabaseKind dbKind) {
+    return Joined(lines, &ConditionLine::joinName, L"And",
+                  [dbKind](const ConditionLine& line) { return GetSql(line, dbKind); });
+}
+
+std::wstring GetDis(const ConditionLines& lines) {
+    return Joined(lines, &ConditionLine::joinText, ToUncText(texts::kFindAnd, kToUnicode),
+                  GetDisplay);
+}
+
+} // namespace vndesk

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// One of the platform's libraries and its functions, found when they are needed.
+#pragma once
+
+#include <windows.h>
+
+#include "comkit/base/com_error.h"
+
+namespace vndesk {
+
+// The library stays loaded, as windows of its classes keep it anyway. What is missing is raised.
+class Library {
+public:
+    explicit Library(const wchar_t* name) : module_(LoadLibraryW(name)) {
+        // Without a module the functions would be looked for in the host's program.
+        if (!module_)
+            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+    }
+
+    template <class Function> void Find(Function& function, const char* name) const {
+        function =
+            reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
+        if (!function)
+            throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+    }
+
+private:
+    HMODULE module_;
+};
+
+} // namespace vndesk

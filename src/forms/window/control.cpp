@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: MIT
+#include "forms/window/control.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "forms/look/frame_caption.h"
+#include "forms/window/form.h"
+#include "forms/window/window_name.h"
+
+namespace vndesk {
+
+namespace {
+
+// What each kind is made of.
+struct KindRow {
+    const wchar_t* typeName;
+    const wchar_t* windowClass;
+    DWORD style;
+    DWORD extendedStyle;
+    bool hasFont;
+    bool hasCaption;
+};
+
+constexpr KindRow kKinds[] = {
+    {L"LabelW", L"STATIC", SS_LEFT, 0, true, true},
+    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true, false},
+    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true, false},
+    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
+    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
+    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    // The control keeps its size whatever icon it gets.
+    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
+    {L"Line", nullptr, 0, 0, false, false},
+    {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+     WS_EX_CLIENTEDGE, true, false},
+    {L"ListBoxW", WC_LISTVIEWW,
+     LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
+     WS_EX_CLIENTEDGE, true, false},
+    {L"ListView", WC_LISTVIEWW,
+     LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP, WS_EX_CLIENTEDGE,
+     true, false},
+    // Transparent: the form paints the inside.
+    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
+    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true, false},
+};
+
+const KindRow& Row(ControlKind kind) {
+    return kKinds[static_cast<size_t>(kind)];
+}
+
+const wchar_t* ClassFor(const ControlSpec& design) {
+    return design.windowClass ? design.windowClass : Row(design.kind).windowClass;
+}
+
+DWORD StyleFor(const ControlSpec& design) {
+    DWORD style = Row(design.kind).style;
+    if (design.kind == ControlKind::LabelW) {
+        if (!(design.flags & kMnemonic))
+            style |= SS_NOPREFIX;
+        if (design.flags & kEllipsis)
+            style |= SS_ENDELLIPSIS;
+    }
+    if (design.flags & kPassword)
+        style |= ES_PASSWORD;
+    if (design.flags & kMultiLine)
+        style = (style & ~DWORD{ES_AUTOHSCROLL}) | ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL;
+    if (design.flags & kReadOnly)
+        style |= ES_READONLY;
+    if (design.flags & kDefault)
+        style |= BS_DEFPUSHBUTTON;
+    if (design.flags & kMultiSelect)
+        style |= LBS_EXTENDEDSEL;
+    if (design.flags & kDisabled)
+        style |= WS_DISABLED;
+    if (!(design.flags & kHidden))
+        style |= WS_VISIBLE;
+    // Only where it is needed: the controls in a frame would be cut out by the frame itself.
+    if (design.flags & kBehind)
+        style |= WS_CLIPSIBLINGS;
+    return style | WS_CHILD;
+}
+
+// What is set while the form is being laid out is set on hidden windows, and most of it is there
+// already. Each of these calls costs as much as a small window on some systems: those that change
+// nothing are left out.
+void SetStyle(HWND window, int index, LONG_PTR style) {
+    if (GetWindowLongPtrW(window, index) != style)
+        SetWindowLongPtrW(window, index, style);
+}
+
+void RepaintIfVisible(HWND window) {
+    if (IsWindowVisible(window))
+        InvalidateRect(window, nullptr, TRUE);
+}
+
+RECT PixelsOf(const TwipsRect& place, int dpi) {
+    // Right and bottom are rounded, not the size, so that neighbours meet.
+    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
+            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
+}
+
+} // namespace
+
+Control::Control(Form& form, const ControlSpec& design, int id)
+    : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0),
+      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
+      place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
+      visible_(!(design.flags & kHidden)) {
+    if (!ClassFor(design))
+        return;
+    CreateControlWindow(design, id);
+    // Preparation sets the font that is seen, made from this one.
+    if (Row(kind_).hasFont)
+        font_ = {design.fontName, design.fontPoints};
+}
+
+Control::~Control() {
+    Detach();
+}
+
+void Control::Detach() {
+    if (window_)
+        ClearWindowName(window_);
+    window_ = nullptr;
+}
+
+void Control::CreateControlWindow(const ControlSpec& design, int id) {
+    const KindRow& row = Row(kind_);
+    box_ = PixelsOf(place_, Dpi());
+    window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
+                              box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
+                              form_.Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                              ModuleInstance(), nullptr);
+    if (!window_)
+        throw ComError(HRESULT_FROM_WIN32(GetLastError()));
+    SetWindowName(window_, name_);
+    if (kind_ == ControlKind::Frame)
+        KeepLastLetter(window_);
+    if (flags_ & kPassword)
+        SendMessageW(window_, EM_SETPASSWORDCHAR, L'*', 0);
+    if (design.toolTip)
+        form_.AddToolTip(window_, design.toolTip);
+}
+
+int Control::Dpi() const {
+    return form_.Dpi();
+}
+
+const wchar_t* Control::TypeName() const {
+    return Row(kind_).typeName;
+}
+
+bool Control::HasCaption() const {
+    return Row(kind_).hasCaption;
+}
+
+std::wstring Control::Text() const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window_)), L'\0');
+    if (!text.empty())
+        text.resize(static_cast<size_t>(
+            GetWindowTextW(window_, text.data(), static_cast<int>(text.size()) + 1)));
+    return text;
+}
+
+void Control::SetText(std::wstring_view text) {
+    SetWindowTextW(window_, std::wstring(text).c_str());
+    if (flags_ & kAutoSize)
+        FitToText();
+}
+
+bool Control::SetFont(const FontSpec& font) {
+    if (!Row(kind_).hasFont)
+        return false;
+    auto handle = Font::Get(font, Dpi());
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(handle->Handle()),
+                 IsWindowVisible(window_));
+    font_ = font;
+    fontHandle_ = std::move(handle);
+    if (flags_ & kAutoSize)
+        FitToText();
+    FitToLine();
+    return true;
+}
+
+void Control::Move(const TwipsRect& place) {
+    place_ = place;
+    if (!window_) {
+        form_.Repaint();
+        return;
+    }
+    RECT box = PixelsOf(place, Dpi());
+    if (mostPixels_ > 0)
+        box.bottom = std::min(box.bottom, box.top + mostPixels_);
+    if (EqualRect(&box, &box_))
+        return;
+    box_ = box;
+    SetWindowPos(window_, nullptr, box.left, box.top, box.right - box.left, box.bottom - box.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Control::SetVisible(bool visible) {
+    if (window_ && visible != visible_)
+        ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+    visible_ = visible;
+}
+
+void Control::SetEnabled(bool enabled) {
+    EnableWindow(window_, enabled);
+    if (kind_ != ControlKind::Frame)
+        return;
+    for (const auto& control : form_.Controls())
+        if (control.get() != this && Contains(*control))
+            control->SetEnabled(enabled);
+}
+
+bool Control::Contains(const Control& other) const {
+    return other.Left() >= Left() && other.Top() >= Top() &&
+           other.Left() + other.Width() <= Left() + Width() &&
+           other.Top() + other.Height() <= Top() + Height();
+}
+
+void Control::SetLeftMargin(int pixels) {
+    if (kind_ == ControlKind::TextBoxW)
+        SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0));
+}
+
+void Control::Select(int start, int length) {
+    SendMessageW(window_, EM_SETSEL, start, start + length);
+}
+
+void Control::Focus() {
+    // The dialog's own way keeps the default button's frame right.
+    SendMessageW(form_.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
+}
+
+void Control::SetIcon(HICON icon) {
+    SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+HICON Control::Icon() const {
+    return reinterpret_cast<HICON>(SendMessageW(window_, STM_GETICON, 0, 0));
+}
+
+void Control::SetRightToLeft(bool rightToLeft) {
+    constexpr LONG_PTR kMirrored = WS_EX_RTLREADING | WS_EX_RIGHT;
+    const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
+    SetStyle(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
+    // A label reads its alignment from its style only.
+    if (kind_ == ControlKind::LabelW) {
+        const LONG_PTR plain =
+            GetWindowLongPtrW(window_, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
+        SetStyle(window_, GWL_STYLE, plain | (rightToLeft ? SS_RIGHT : SS_LEFT));
+    }
+    RepaintIfVisible(window_);
+}
+
+void Control::SetLargest(double width, double height) {
+    mostWidth_ = width;
+    mostHeight_ = height;
+}
+
+void Control::SetColors(COLORREF back, COLORREF fore) {
+    backColor_ = back;
+    foreColor_ = fore;
+    backBrush_.reset(back == CLR_INVALID ? nullptr : CreateSolidBrush(back));
+    if (window_)
+        RepaintIfVisible(window_);
+    else
+        form_.Repaint();
+}
+
+// The platform puts the text of a one-line box at its upper edge, however high the box is. It gets
+// no higher than a combo box makes itself, which has its text in the middle.
+void Control::FitToLine() {
+    constexpr int kAroundText = 8;
+    if (kind_ != ControlKind::TextBoxW || (flags_ & kMultiLine) || !fontHandle_)
+        return;
+    TEXTMETRICW metrics = {};
+    const HDC dc = GetDC(window_);
+    {
+        const Selected font(dc, fontHandle_->Handle());
+        GetTextMetricsW(dc, &metrics);
+    }
+    ReleaseDC(window_, dc);
+    mostPixels_ = metrics.tmHeight + kAroundText;
+    Move(place_);
+}
+
+void Control::FitToText() {
+    RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, Dpi()) : 0, 0};
+    if (const std::wstring text = Text(); !text.empty()) {
+        const UINT wrap = mostWidth_ > 0 ? DT_WORDBREAK | DT_EDITCONTROL : 0;
+        const HDC dc = GetDC(window_);
+        {
+            const Selected font(dc, fontHandle_ ? static_cast<HGDIOBJ>(fontHandle_->Handle())
+                                                : GetStockObject(DEFAULT_GUI_FONT));
+            DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box,
+                      DT_CALCRECT | DT_EXPANDTABS | DT_NOPREFIX | wrap);
+        }
+        ReleaseDC(window_, dc);
+    }
+    double height = std::max(leastHeight_, ToTwips(box.bottom, Dpi()));
+    if (mostHeight_ > 0)
+        height = std::min(height, mostHeight_);
+    Move({Left(), Top(), std::max(leastWidth_, ToTwips(box.right, Dpi())), height});
+}
+
+} // namespace vndesk

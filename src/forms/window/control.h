@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+// The controls of the forms: one class over the platform's control windows, with the properties
+// that the forms use. Texts are Unicode here; places and sizes are twips.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "forms/look/font.h"
+#include "forms/look/twips.h"
+
+namespace vndesk {
+
+class Form;
+
+enum class ControlKind {
+    LabelW,
+    TextBoxW,
+    ComboBoxW,
+    CommandButtonW,
+    CheckBoxW,
+    OptionButtonW,
+    Image,
+    Line,
+    ListBoxW,
+    CheckListW,
+    ListView,
+    Frame,
+    Custom // a window class that a subsystem brings
+};
+
+// Design-time properties that are simply on or off.
+enum ControlFlags : unsigned {
+    kHidden = 1,
+    kDisabled = 2,
+    kAutoSize = 4,   // a label that takes the size of its text; its designed size is the least
+    kPassword = 8,   // a text box that shows asterisks
+    kDefault = 16,   // the button that Enter presses when no button has the focus
+    kCancel = 32,    // the button that Escape presses
+    kEllipsis = 64,  // a one-line label that ends in "..." where it is too long
+    kMnemonic = 128, // a label whose "&" marks the letter that leads to the next control
+    kMultiSelect = 256,
+    // What a control does when the user drags the form's edge.
+    kGrowRight = 512,
+    kGrowDown = 1024,
+    kMoveRight = 2048,
+    kMoveDown = 4096,
+    kBehind = 8192,     // other controls lie on it
+    kMultiLine = 16384, // a text box of several lines, with a scroll bar
+    kReadOnly = 32768,
+};
+
+// One row of a form's layout table. The caption is TCVN3 unless the form says that it converts
+// none.
+struct ControlSpec {
+    ControlKind kind;
+    const wchar_t* name;
+    const wchar_t* caption;
+    TwipsRect place;
+    unsigned flags = 0;
+    const wchar_t* toolTip = nullptr;
+    const wchar_t* fontName = L"VK Sans Serif";
+    double fontPoints = 8;
+    // Of custom controls only. The window is the container of what stands in it.
+    const wchar_t* windowClass = nullptr;
+};
+
+class Control {
+public:
+    Control(Form& form, const ControlSpec& design, int id);
+    ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    const std::wstring& Name() const { return name_; }
+    ControlKind Kind() const { return kind_; }
+    const wchar_t* TypeName() const;
+    // Null for lines, which the form draws itself, and once the form is gone.
+    HWND Window() const { return window_; }
+    // The form's window is being destroyed and takes this one with it.
+    void Detach();
+
+    std::wstring Text() const;
+    void SetText(std::wstring_view text);
+    // The caption is the text of everything but text and combo boxes.
+    std::wstring Caption() const { return Text(); }
+    void SetCaption(std::wstring_view caption) { SetText(caption); }
+    bool HasCaption() const;
+    unsigned Flags() const { return flags_; }
+
+    const FontSpec& FontOf() const { return font_; }
+    // False for controls that have no font.
+    bool SetFont(const FontSpec& font);
+
+    const TwipsRect& Place() const { return place_; }
+    double Left() const { return place_.left; }
+    double Top() const { return place_.top; }
+    double Width() const { return place_.width; }
+    double Height() const { return place_.height; }
+    void Move(const TwipsRect& place);
+    void SetLeft(double left) { Move({left, Top(), Width(), Height()}); }
+    void SetTop(double top) { Move({Left(), top, Width(), Height()}); }
+    void SetWidth(double width) { Move({Left(), Top(), width, Height()}); }
+
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    bool Enabled() const { return IsWindowEnabled(window_) != FALSE; }
+    // A frame takes the controls that lie in it with it.
+    void SetEnabled(bool enabled);
+
+    // Text boxes only.
+    void SetLeftMargin(int pixels);
+    void Select(int start, int length);
+    void Focus();
+
+    // Images only; the icon stays the caller's.
+    void SetIcon(HICON icon);
+    HICON Icon() const;
+
+    void SetRightToLeft(bool rightToLeft);
+
+    // The most that an auto-sizing label may grow to; longer lines are wrapped.
+    void SetLargest(double width, double height);
+
+    COLORREF BackColor() const { return backColor_; }
+    COLORREF ForeColor() const { return foreColor_; }
+    void SetColors(COLORREF back, COLORREF fore);
+    // CLR_INVALID stands for "as the system draws it".
+    HBRUSH BackBrush() const { return backBrush_.get(); }
+
+    std::wstring tag;
+    bool isDefault = false;
+    bool isCancel = false;
+    std::function<void()> onClick;
+    std::function<void()> onChange;
+    std::function<void()> onDoubleClick;
+    // List boxes only.
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+    std::function<void(int button)> onMouseDown;
+    std::function<LRESULT(NMHDR& notification)> onNotify;
+
+private:
+    void CreateControlWindow(const ControlSpec& design, int id);
+    void FitToText();
+    void FitToLine();
+    bool Contains(const Control& other) const;
+    int Dpi() const;
+
+    Form& form_;
+    std::wstring name_;
+    ControlKind kind_;
+    unsigned flags_;
+    TwipsRect place_;
+    RECT box_ = {}; // the same in pixels, as the window was last given it
+    double leastWidth_;
+    double leastHeight_;
+    double mostWidth_ = 0;
+    double mostHeight_ = 0;
+    int mostPixels_ = 0; // of the height of a one-line text box
+    bool visible_;
+    FontSpec font_;
+    std::shared_ptr<Font> fontHandle_;
+    COLORREF backColor_ = CLR_INVALID;
+    COLORREF foreColor_ = CLR_INVALID;
+    UniqueBrush backBrush_;
+    HWND window_ = nullptr;
+};
+
+} // namespace vndesk

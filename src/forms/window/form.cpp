@@ -1,0 +1,428 @@
+// SPDX-License-Identifier: MIT
+#include "forms/window/form.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/look/theme_scope.h"
+#include "forms/window/form_window.h"
+#include "forms/window/modal_state.h"
+#include "forms/window/preparation.h"
+#include "forms/window/window_name.h"
+
+namespace vndesk {
+
+namespace {
+
+// Clear of the platform's IDOK, IDCANCEL and their like.
+constexpr int kFirstControlId = 100;
+
+constexpr wchar_t kEnter = 13;
+constexpr wchar_t kEscape = 27;
+
+DWORD StyleFor(FormBorder border) {
+    constexpr DWORD kCommon = WS_POPUP | WS_CLIPCHILDREN;
+    switch (border) {
+    case FormBorder::None:
+        return kCommon;
+    case FormBorder::FixedDialog:
+        return kCommon | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    case FormBorder::Sizable:
+        return kCommon | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX;
+    }
+    return kCommon;
+}
+
+DWORD ExtendedStyleFor(FormBorder border) {
+    return WS_EX_CONTROLPARENT | (border == FormBorder::None ? 0 : WS_EX_DLGMODALFRAME);
+}
+
+} // namespace
+
+Form::~Form() {
+    Destroy();
+}
+
+void Form::Load() {
+    if (window_)
+        return;
+    const ThemeScope theme;
+    CreateFormWindow();
+    controls_.reserve(spec_.controls.size());
+    for (const ControlSpec& control : spec_.controls)
+        controls_.push_back(std::make_unique<Control>(
+            *this, control, kFirstControlId + static_cast<int>(controls_.size())));
+    for (size_t i = 0; i < controls_.size(); ++i)
+        if (controls_[i]->isDefault)
+            SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(kFirstControlId) + i, 0);
+    OnLoad();
+    PrepareForm(*this);
+    OnPrepared();
+    // The window had its size before it had controls to lay out.
+    OnResize();
+}
+
+void Form::CreateFormWindow() {
+    dpi_ = ScreenDpi();
+    caption_ = spec_.caption;
+    const DWORD style = StyleFor(spec_.border);
+    const DWORD extendedStyle = ExtendedStyleFor(spec_.border);
+    windowClass_.emplace(WindowProcedure);
+    // Owned, so that the form cannot sink behind the window that the user works in.
+    window_ =
+        CreateEmptyDialog(IsWindow(owner_) ? owner_ : GetActiveWindow(), style, extendedStyle);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowName(window_, spec_.name);
+    RECT frame = {0, 0, ToPixels(spec_.clientWidth, dpi_), ToPixels(spec_.clientHeight, dpi_)};
+    AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
+    least_ = {frame.right - frame.left, frame.bottom - frame.top};
+    place_ = {}; // a form may be loaded again
+    Centre(ToTwips(least_.cx, dpi_), ToTwips(least_.cy, dpi_));
+}
+
+void Form::ShowModal() {
+    Load();
+    {
+        const ModalState others(window_);
+        modal_ = true;
+        ShowWindow(window_, SW_SHOW);
+        SetForegroundWindow(window_);
+        SendMessageW(window_, WM_NEXTDLGCTL,
+                     reinterpret_cast<WPARAM>(GetNextDlgTabItem(window_, nullptr, FALSE)), TRUE);
+        RunLoop();
+        modal_ = false;
+    }
+    Destroy();
+    if (failure_)
+        std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void Form::Fail() {
+    failure_ = std::current_exception();
+    Unload();
+}
+
+void Form::RunLoop() {
+    MSG message;
+    while (window_ && !unloading_) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            // The host is ending: the form goes, and its caller's loop hears of it too.
+            if (got == 0)
+                PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (PreviewKey(message) || IsDialogMessageW(window_, &message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+bool Form::PreviewKey(const MSG& message) {
+    if (message.hwnd != window_ && !IsChild(window_, message.hwnd))
+        return false;
+    const auto code = static_cast<wchar_t>(message.wParam);
+    bool handled = false;
+    // F10 comes as a key of the menu.
+    if (message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && code == VK_F10))
+        if (const Control* control = FromWindow(message.hwnd))
+            Fire([&] { handled = OnKeyDown(*control, message.wParam); });
+    if (handled || MoveFromButton(message))
+        return true;
+    // The dialog keeps Enter and Escape for itself before they become characters.
+    if (message.message == WM_KEYDOWN && (code == VK_RETURN || code == VK_ESCAPE))
+        Fire([&] { handled = OnKeyPress(code == VK_RETURN ? kEnter : kEscape); });
+    else if (message.message == WM_CHAR && code != kEnter && code != kEscape)
+        Fire([&] { handled = OnKeyPress(code); });
+    return handled;
+}
+
+// Arrows lead from a button where Tab does. The dialog would take them to the next window whatever
+// it is, and a label with the keyboard leaves the user without one.
+bool Form::MoveFromButton(const MSG& message) {
+    const bool forward = message.wParam == VK_RIGHT || message.wParam == VK_DOWN;
+    const bool back = message.wParam == VK_LEFT || message.wParam == VK_UP;
+    if (message.message != WM_KEYDOWN || !(forward || back))
+        return false;
+    const Control* control = FromWindow(message.hwnd);
+    if (!control || control->Kind() != ControlKind::CommandButtonW)
+        return false;
+    SendMessageW(window_, WM_NEXTDLGCTL, back, FALSE);
+    return true;
+}
+
+void Form::Unload() {
+    unloading_ = true;
+    if (modal_)
+        // A press that another program sends does not wake the loop.
+        PostMessageW(window_, WM_NULL, 0, 0);
+    else
+        Destroy();
+}
+
+void Form::Destroy() {
+    if (window_)
+        DestroyWindow(window_);
+    controls_.clear();
+    windowClass_.reset();
+    unloading_ = false;
+}
+
+Control& Form::Get(std::wstring_view name) {
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [&](const auto& control) { return control->Name() == name; });
+    if (found == controls_.end())
+        throw ComError(E_INVALIDARG);
+    return **found;
+}
+
+void Form::Move(const TwipsRect& place) {
+    place_ = place;
+    SetWindowPos(window_, nullptr, ToPixels(place.left, dpi_), ToPixels(place.top, dpi_),
+                 ToPixels(place.width, dpi_), ToPixels(place.height, dpi_),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Form::Centre(double width, double height) {
+    const auto middle = [&](int metric, double size) {
+        const int screen = GetSystemMetrics(metric);
+        return std::lround(ToTwips(screen, dpi_) - size) / 2;
+    };
+    const TwipsRect place = {static_cast<double>(middle(SM_CXSCREEN, width)),
+                             static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
+    // A form that has kept its size while it loaded is there already.
+    if (place != place_)
+        Move(place);
+}
+
+void Form::SetRightToLeft(bool rightToLeft) {
+    const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
+    const LONG_PTR wanted =
+        rightToLeft ? style | WS_EX_RTLREADING : style & ~LONG_PTR{WS_EX_RTLREADING};
+    if (wanted != style)
+        SetWindowLongPtrW(window_, GWL_EXSTYLE, wanted);
+}
+
+void Form::Repaint() {
+    // Without a window the call would repaint the whole desktop.
+    if (window_ && IsWindowVisible(window_))
+        InvalidateRect(window_, nullptr, TRUE);
+}
+
+void Form::AddToolTip(HWND control, const wchar_t* text) {
+    if (!toolTips_)
+        toolTips_ =
+            CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0,
+                            0, 0, window_, nullptr, ModuleInstance(), nullptr);
+    TOOLINFOW tool = {};
+    // The size without the last member is what every version of the common controls accepts.
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window_;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = const_cast<wchar_t*>(text);
+    SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+LRESULT CALLBACK Form::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!form)
+        return DefDlgProcW(window, message, wParam, lParam);
+    LRESULT result = 0;
+    if (Trap([&] { result = form->OnMessage(message, wParam, lParam); }))
+        return DefDlgProcW(window, message, wParam, lParam);
+    return result;
+}
+
+LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    switch (message) {
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    case WM_CLOSE:
+        Unload();
+        return 0;
+    case WM_SIZE:
+        if (!controls_.empty() && wParam != SIZE_MINIMIZED) {
+            FollowEdges();
+            OnResize();
+        }
+        break;
+    case WM_GETMINMAXINFO:
+        if (spec_.border == FormBorder::Sizable)
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least_.cx, least_.cy};
+        break;
+    case WM_NOTIFY:
+        return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case WM_LBUTTONDOWN:
+        if (OnMouseDown(1, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}))
+            return 0;
+        break;
+    case WM_RBUTTONDOWN:
+        if (OnMouseDown(2, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}))
+            return 0;
+        break;
+    case WM_CTLCOLORSTATIC:
+        if (const HBRUSH brush =
+                OnControlColor(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)))
+            return reinterpret_cast<LRESULT>(brush);
+        break;
+    case WM_PAINT:
+        PaintLines();
+        return 0;
+    case WM_DESTROY:
+        Trap([&] { OnUnload(); });
+        for (const auto& control : controls_)
+            control->Detach();
+        ClearWindowName(window);
+        toolTips_ = nullptr;
+        break;
+    case WM_NCDESTROY:
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        window_ = nullptr;
+        break;
+    default:
+        break;
+    }
+    return DefDlgProcW(window, message, wParam, lParam);
+}
+
+void Form::OnCommand(int id, int notification) {
+    // Escape reaches a dialog as this command, from a control that need not exist.
+    if (id == IDCANCEL) {
+        if (const Control* cancel = CancelButton(); cancel && cancel->Enabled())
+            Fire(cancel->onClick);
+        return;
+    }
+    const size_t index = static_cast<size_t>(id) - kFirstControlId;
+    if (id < kFirstControlId || index >= controls_.size())
+        return;
+    const Control& control = *controls_[index];
+    switch (control.Kind()) {
+    case ControlKind::TextBoxW:
+        if (notification == EN_CHANGE)
+            Fire(control.onChange);
+        break;
+    case ControlKind::ComboBoxW:
+        if (notification == CBN_SELCHANGE)
+            Fire(control.onClick);
+        break;
+    case ControlKind::ListBoxW:
+        if (notification == LBN_SELCHANGE)
+            Fire(control.onClick);
+        else if (notification == LBN_DBLCLK)
+            Fire(control.onDoubleClick);
+        else if (notification == LBN_SETFOCUS)
+            Fire(control.onGotFocus);
+        else if (notification == LBN_KILLFOCUS)
+            Fire(control.onLostFocus);
+        break;
+    default:
+        // Enter presses the default button through its identifier even while it is disabled.
+        if (notification == BN_CLICKED && control.Enabled())
+            Fire(control.onClick);
+        break;
+    }
+}
+
+LRESULT Form::OnNotify(NMHDR& notification) {
+    LRESULT result = 0;
+    if (const Control* control = FromWindow(notification.hwndFrom); control && control->onNotify)
+        Trap([&] { result = control->onNotify(notification); });
+    return result;
+}
+
+// Each control keeps its distance to the edges that it follows.
+void Form::FollowEdges() {
+    RECT client;
+    if (spec_.border != FormBorder::Sizable || !GetClientRect(window_, &client))
+        return;
+    const double wider = ToTwips(client.right, dpi_) - spec_.clientWidth;
+    const double higher = ToTwips(client.bottom, dpi_) - spec_.clientHeight;
+    for (size_t i = 0; i < controls_.size(); ++i) {
+        const unsigned flags = controls_[i]->Flags();
+        TwipsRect place = spec_.controls[i].place;
+        place.left += flags & kMoveRight ? wider : 0;
+        place.top += flags & kMoveDown ? higher : 0;
+        place.width += flags & kGrowRight ? wider : 0;
+        place.height += flags & kGrowDown ? higher : 0;
+        if (flags & (kMoveRight | kMoveDown | kGrowRight | kGrowDown))
+            controls_[i]->Move(place);
+    }
+}
+
+bool Form::OnMouseDown(int button, POINT point) {
+    Control* control = FromPoint(point);
+    if (!control || !control->onMouseDown)
+        return false;
+    Fire([&] { control->onMouseDown(button); });
+    return true;
+}
+
+HBRUSH Form::OnControlColor(HDC dc, HWND window) {
+    const Control* control = FromWindow(window);
+    if (!control || !control->BackBrush())
+        return nullptr;
+    SetBkColor(dc, control->BackColor());
+    SetTextColor(dc, control->ForeColor());
+    return control->BackBrush();
+}
+
+void Form::PaintLines() {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window_, &paint);
+    for (const auto& control : controls_) {
+        if (control->Kind() != ControlKind::Line || !control->Visible())
+            continue;
+        const TwipsRect& line = control->Place();
+        RECT bar = {ToPixels(line.left, dpi_), ToPixels(line.top, dpi_),
+                    ToPixels(line.left + line.width, dpi_), ToPixels(line.top + line.height, dpi_)};
+        bar.right = std::max(bar.right, bar.left + 1);
+        bar.bottom = std::max(bar.bottom, bar.top + 1);
+        FillRect(dc, &bar,
+                 control->BackBrush() ? control->BackBrush() : GetSysColorBrush(COLOR_WINDOWFRAME));
+    }
+    EndPaint(window_, &paint);
+}
+
+// The control that a window is, or is a part of.
+Control* Form::FromWindow(HWND window) {
+    for (; window && window != window_; window = GetParent(window))
+        for (const auto& control : controls_)
+            if (control->Window() == window)
+                return control.get();
+    return nullptr;
+}
+
+// Labels and images let the mouse through to the form; the first in the table lies on top.
+Control* Form::FromPoint(POINT point) {
+    for (const auto& control : controls_) {
+        RECT box;
+        if (!control->Visible() || !control->Window() || !GetWindowRect(control->Window(), &box))
+            continue;
+        MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&box), 2);
+        if (PtInRect(&box, point))
+            return control.get();
+    }
+    return nullptr;
+}
+
+Control* Form::CancelButton() {
+    for (const auto& control : controls_)
+        if (control->isCancel && control->Visible())
+            return control.get();
+    return nullptr;
+}
+
+// An error in a handler ends the handler, never the form.
+void Form::Fire(const std::function<void()>& handler) {
+    if (handler)
+        Trap([&] { handler(); });
+}
+
+} // namespace vndesk

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// A modal form: a window laid out from a table, whose behaviour is a handful of handlers. The
+// window is a dialog of the platform, which moves the focus, finds the letters behind Alt and keeps
+// the default button.
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
+#include "forms/window/control.h"
+#include "forms/window/form_window.h"
+
+namespace vndesk {
+
+enum class FormBorder { None, FixedDialog, Sizable };
+
+struct FormSpec {
+    const wchar_t* name;
+    const wchar_t* caption; // TCVN3
+    double clientWidth;
+    double clientHeight;
+    FormBorder border;
+    // The form converts the texts that it puts on its controls by itself: preparation leaves them
+    // alone.
+    bool titleOnly;
+    std::span<const ControlSpec> controls;
+};
+
+class Form {
+public:
+    explicit Form(const FormSpec& design) : spec_(design) {}
+    virtual ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    // The window that the form stays in front of, before it is loaded; without one, or when it is
+    // gone, that in which the user works.
+    void SetOwner(HWND owner) { owner_ = owner; }
+    // Creates the window and its controls, runs OnLoad and prepares the form. Nothing when loaded
+    // already.
+    void Load();
+    // Returns when the form has been unloaded. The other windows of the thread wait that long.
+    void ShowModal();
+    // Ends the form; from a handler this takes effect when the handler returns.
+    void Unload();
+
+    std::wstring Name() const { return spec_.name; }
+    HWND Window() const { return window_; }
+    int Dpi() const { return dpi_; }
+    const std::wstring& Caption() const { return caption_; }
+    bool TitleOnly() const { return spec_.titleOnly; }
+    const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
+    Control& Get(std::wstring_view name);
+
+    // Outer size and place.
+    double Width() const { return place_.width; }
+    double Height() const { return place_.height; }
+    const TwipsRect& Place() const { return place_; }
+    void Move(const TwipsRect& place);
+    void Centre() { Centre(Width(), Height()); }
+    // Takes the size at once.
+    void Centre(double width, double height);
+    void SetRightToLeft(bool rightToLeft);
+
+    void Repaint();
+    void AddToolTip(HWND control, const wchar_t* text);
+
+protected:
+    virtual void OnLoad() {}
+    // The captions are Unicode and the fonts set: the place to fill the controls.
+    virtual void OnPrepared() {}
+    virtual void OnUnload() {}
+    virtual void OnResize() {}
+    // Every character, before the control with the focus gets it. True keeps it from the control.
+    virtual bool OnKeyPress(wchar_t) { return false; }
+    // Every key, named by its virtual code, before the control with the focus gets it.
+    virtual bool OnKeyDown(const Control&, WPARAM) { return false; }
+    virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Names of controls, each with the member function that its click calls.
+    template <class Derived>
+    using ClickTable = std::initializer_list<std::pair<std::wstring_view, void (Derived::*)()>>;
+
+    template <class Derived> void TieClicks(ClickTable<Derived> clicks) {
+        for (const auto& [name, handler] : clicks)
+            Get(name).onClick = [form = static_cast<Derived*>(this), handler = handler] {
+                (form->*handler)();
+            };
+    }
+
+    // Ends the form with the error now being handled: ShowModal raises it to the form's opener.
+    void Fail();
+
+private:
+    static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam);
+
+    void CreateFormWindow();
+    void RunLoop();
+    bool PreviewKey(const MSG& message);
+    bool MoveFromButton(const MSG& message);
+    void OnCommand(int id, int notification);
+    bool OnMouseDown(int button, POINT point);
+    HBRUSH OnControlColor(HDC dc, HWND control);
+    void PaintLines();
+    void FollowEdges();
+    LRESULT OnNotify(NMHDR& notification);
+    Control* FromWindow(HWND window);
+    Control* FromPoint(POINT point);
+    Control* CancelButton();
+    void Fire(const std::function<void()>& handler);
+    void Destroy();
+
+    const FormSpec& spec_;
+    std::optional<FormClass> windowClass_;
+    HWND owner_ = nullptr;
+    HWND window_ = nullptr;
+    HWND toolTips_ = nullptr;
+    int dpi_ = USER_DEFAULT_SCREEN_DPI;
+    std::wstring caption_;
+    TwipsRect place_;
+    std::vector<std::unique_ptr<Control>> controls_;
+    // The designed outer size, below which a sizable form does not go.
+    SIZE least_ = {};
+    bool modal_ = false;
+    bool unloading_ = false;
+    std::exception_ptr failure_;
+};
+
+} // namespace vndesk

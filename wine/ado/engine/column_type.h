@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// What a column of a driver is to a host.
+#pragma once
+
+#include "ado/engine/odbc.h"
+#include "ado/engine/row_set.h"
+
+namespace vndesk::ado {
+
+ColumnInfo DescribeColumn(const OdbcColumn& column);
+
+} // namespace vndesk::ado
