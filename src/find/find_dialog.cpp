@@ -16,7 +16,6 @@
 #include "forms/keys/keys.h"
 #include "forms/keys/tab_stroke.h"
 #include "forms/window/form.h"
-#include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
@@ -91,7 +90,8 @@ std::wstring RowName(const Control& control) {
 
 class FindForm final : public Form {
 public:
-    explicit FindForm(const std::wstring& table) : Form(kForm), table_(table) {}
+    FindForm(const Database& database, const std::wstring& table)
+        : Form(kForm), database_(database), table_(table) {}
 
     std::wstring result;
 
@@ -104,7 +104,7 @@ protected:
 
     void OnPrepared() override {
         ReadData();
-        info_ = ReadFieldInfo(Current(), FieldInfoStatement(table_), kCatalogueOrder);
+        info_ = ReadFieldInfo(database_, FieldInfoStatement(table_), kCatalogueOrder);
         for (long i = kFirst; i < kLines; ++i)
             Listen(i);
         result.clear();
@@ -136,8 +136,6 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentDatabase(); }
-
     Control& At(const wchar_t* row, long line) {
         return Get(row + (L"(" + std::to_wstring(line) + L")"));
     }
@@ -150,7 +148,7 @@ private:
 
     void ReadData() {
         DataCombo& fields = Fields(kFirst);
-        FillCombo(Current(), fields, FieldListStatement(table_), kCatalogueOrder);
+        FillCombo(database_, fields, FieldListStatement(table_), kCatalogueOrder);
         for (long i = kFirst + 1; i < kLines; ++i) {
             AddValue(Joins(i), Shown(texts::kFindAnd), L"and");
             AddValue(Joins(i), Shown(texts::kFindOr), L"or");
@@ -223,7 +221,7 @@ private:
         const long field = Fields(line).ListIndex();
         ShowCue(line, field);
         if (field >= 0)
-            FillCombo(Current(), Predicates(line), OperatorListStatement(FieldType(field)), L"");
+            FillCombo(database_, Predicates(line), OperatorListStatement(FieldType(field)), L"");
     }
 
     const wchar_t* CueFor(long field) {
@@ -262,7 +260,7 @@ private:
             return;
         Control& box = At(L"MskValue", line);
         const std::wstring picked =
-            PickItem(Current(), LookUpStatement(relation, box.Text(), Current().kind), box.Text());
+            PickItem(database_, LookUpStatement(relation, box.Text(), database_.kind), box.Text());
         if (picked.empty())
             return;
         box.SetText(picked);
@@ -272,7 +270,7 @@ private:
 
     void Confirm() {
         Reporting([this] {
-            result = GetRes(Lines(), Current().kind);
+            result = GetRes(Lines(), database_.kind);
             Unload();
         });
     }
@@ -287,6 +285,7 @@ private:
         ShowMsg(texts::kFindHelpText, kOkOnly, title, kInformation, false);
     }
 
+    const Database& database_;
     const std::wstring table_;
     FieldInfo info_;
     std::optional<TabStroke> moveOn_;
@@ -294,9 +293,9 @@ private:
 
 } // namespace
 
-std::wstring ShowFindDialog(const std::wstring& table, HWND owner) {
+std::wstring ShowFindDialog(const Database& database, const std::wstring& table, HWND owner) {
     const DataComboClass comboClass;
-    FindForm form(table);
+    FindForm form(database, table);
     form.SetOwner(owner);
     form.ShowModal();
     return form.result;

@@ -6,10 +6,12 @@
 
 #include <string>
 
+#include "data/connect/database.h"
+
 namespace vndesk {
 
-// Returns the condition, to be put behind WHERE, or nothing after Cancel. Reads the catalogue of
-// the session's current database. `owner` may be null.
-std::wstring ShowFindDialog(const std::wstring& table, HWND owner);
+// Returns the condition, to be put behind WHERE, or nothing after Cancel. Reads the database's
+// catalogue. `owner` may be null.
+std::wstring ShowFindDialog(const Database& database, const std::wstring& table, HWND owner);
 
 } // namespace vndesk

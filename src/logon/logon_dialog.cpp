@@ -8,7 +8,6 @@
 #include "forms/look/images.h"
 #include "forms/window/form.h"
 #include "logon/password.h"
-#include "logon/session.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
 #include "text/ascii_text.h"
@@ -41,7 +40,7 @@ constexpr FormSpec kForm = {L"FrmLogon", L"Login", 5190, 1830, FormBorder::Fixed
 
 class LogonForm final : public Form {
 public:
-    LogonForm() : Form(kForm) {}
+    explicit LogonForm(const Database& database) : Form(kForm), database_(database) {}
 
     long result = 0;
 
@@ -83,11 +82,10 @@ private:
     // Rows that come for a name with an apostrophe answer a condition of the name's own. What could
     // be more than a condition is not even sent: whoever sees the dialog can type it.
     bool LookUp(Recordset& users, std::wstring_view name, double code) {
-        const Database& database = CurrentDatabase();
         // What a driver may read that takes statements in the code page.
         const std::wstring inCodePage = WithAnsiApostrophes(name);
         if (!MayMeanMore({name}) && !MayMeanMore({inCodePage}))
-            OpenRecordset(database, users, LogonStatement(name, code, database.kind));
+            OpenRecordset(database_, users, LogonStatement(name, code, database_.kind));
         return !EndsLiteral(inCodePage) && CountRecords(users) > 0;
     }
 
@@ -96,13 +94,14 @@ private:
         Unload();
     }
 
+    const Database& database_;
     UniqueIcon picture_;
 };
 
 } // namespace
 
-long ShowLogonDialog() {
-    LogonForm form;
+long ShowLogonDialog(const Database& database) {
+    LogonForm form(database);
     form.ShowModal();
     return form.result;
 }

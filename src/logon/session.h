@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the forms of one operation share: the database that it has opened. Each thread has
-// operations of its own.
+// The session: the databases of the operations that run. Forms and statements are handed theirs;
+// the session is asked only where a host may leave the connection out. Each thread has operations
+// of its own.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +12,12 @@
 
 namespace vndesk {
 
-// Of the operation that the calling thread started last; a closed one where none runs.
+// Of the operation that the calling thread started last, valid while that runs; a closed one where
+// none runs.
 const Database& CurrentDatabase();
 
-// The session's database for the length of one operation. A host that starts a second operation
-// from inside the first gets its own; the first finds its connection again afterwards.
+// The database of one operation, the session's as long as it runs. A second operation that the host
+// starts from inside the first has its own.
 class SessionConnection {
 public:
     // Opens a connection, and closes it at the end.
@@ -25,6 +27,8 @@ public:
     ~SessionConnection();
     SessionConnection(const SessionConnection&) = delete;
     SessionConnection& operator=(const SessionConnection&) = delete;
+
+    const Database& operator*() const { return database_; }
 
 private:
     friend const Database& CurrentDatabase();

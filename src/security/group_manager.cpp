@@ -12,7 +12,6 @@
 #include "forms/lists/item_list.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form.h"
-#include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/permission_form.h"
 #include "security/text/captions.h"
@@ -61,7 +60,7 @@ constexpr wchar_t kDeleteTitle[] = L"Delete";
 
 class GroupManager final : public Form {
 public:
-    GroupManager() : Form(kForm) {}
+    explicit GroupManager(const Database& database) : Form(kForm), database_(database) {}
 
 protected:
     void OnLoad() override {
@@ -95,8 +94,6 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentDatabase(); }
-
     static std::wstring ItemText(const std::wstring& name, const std::wstring& description) {
         return name + L"-" + description;
     }
@@ -104,7 +101,7 @@ private:
     void ReadInfo(const std::wstring& source) {
         const Hourglass waiting;
         Recordset rows;
-        if (OpenRecordset(Current(), rows, source) != 0 || CountRecords(rows) == 0)
+        if (OpenRecordset(database_, rows, source) != 0 || CountRecords(rows) == 0)
             return;
         const ItemList::Filling filling(*groups_);
         groups_->Clear();
@@ -126,7 +123,7 @@ private:
             const ItemList::Filling filling(*members_);
             members_->Clear();
             Recordset rows;
-            if (OpenRecordset(Current(), rows, GroupMembersStatement(code)) != 0)
+            if (OpenRecordset(database_, rows, GroupMembersStatement(code)) != 0)
                 return;
             for (; !rows.Eof(); rows.MoveNext())
                 members_->AddItem(NullToText(rows.Value(L"Name")));
@@ -137,7 +134,7 @@ private:
         std::wstring name, description;
         Trap([&] {
             Recordset group;
-            OpenRecordset(Current(), group, GroupStatement(tableName_, code));
+            OpenRecordset(database_, group, GroupStatement(tableName_, code));
             name = NullToText(group.Value(L"Name"));
             description = NullToText(group.Value(L"Des"));
         });
@@ -149,7 +146,7 @@ private:
 
     // The details of a new group: its name is the number after the largest name.
     void AddRecord() {
-        const long long largest = LastValue(Current(), L"Groups", L"Name");
+        const long long largest = LastValue(database_, L"Groups", L"Name");
         Get(L"txtName").SetText(std::to_wstring(largest + 1));
         Get(L"TxtDesc").SetText(L"");
     }
@@ -181,12 +178,12 @@ private:
 
     // The error of the statement; none on success.
     ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
-        const DatabaseKind kind = Current().kind;
+        const DatabaseKind kind = database_.kind;
         return Trap([&] {
             // It could change other groups, or all of them.
             if (MayMeanMore({WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
-            Execute(Current(),
+            Execute(database_,
                     code == 0 ? InsertGroupStatement(tableName_, name, description, kind)
                               : UpdateGroupStatement(tableName_, code, name, description, kind));
         });
@@ -224,14 +221,14 @@ private:
     // It is shown from now on, and what is written next changes it: its code must be the right one.
     void AddedFirst(const std::wstring& name, const std::wstring& description) {
         AddListItem(*groups_, ItemText(name, description),
-                    LastValue(Current(), L"Groups", L"Code", Failure::Ignored));
+                    LastValue(database_, L"Groups", L"Code", Failure::Ignored));
         groups_->SetListIndex(0);
         curCode_ = groups_->ItemData(0);
     }
 
     // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
     // again. The group has been added, so nothing is told.
-    long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
+    long NewCode() { return LastValue(database_, tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {
         if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")
@@ -250,12 +247,12 @@ private:
         Get(left > 0 ? L"Lv1" : L"txtName").Focus();
         if (codes.empty())
             return;
-        Trap([&] { Execute(Current(), DeleteGroupsStatement(tableName_, codes)); });
+        Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes)); });
         Tell(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
     void ShowRights() {
-        if (const ErrorState error = Trap([&] { ShowPermissionForm(curCode_); }))
+        if (const ErrorState error = Trap([&] { ShowPermissionForm(database_, curCode_); }))
             PlainMessage(error.description);
     }
 
@@ -265,6 +262,7 @@ private:
         return ShowMsg(message, buttons, title, kNoIcon, false);
     }
 
+    const Database& database_;
     const std::wstring tableName_ = L"[Groups]";
     long curCode_ = 0;
     bool browseMode_ = true;
@@ -274,8 +272,8 @@ private:
 
 } // namespace
 
-void ShowGroupManager() {
-    GroupManager().ShowModal();
+void ShowGroupManager(const Database& database) {
+    GroupManager(database).ShowModal();
 }
 
 } // namespace vndesk

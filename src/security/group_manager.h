@@ -2,9 +2,10 @@
 // The form in which user groups are listed, added, described and deleted, and their rights opened.
 #pragma once
 
+#include "data/connect/database.h"
+
 namespace vndesk {
 
-// Runs on the session's current database.
-void ShowGroupManager();
+void ShowGroupManager(const Database& database);
 
 } // namespace vndesk

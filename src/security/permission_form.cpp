@@ -12,7 +12,6 @@
 #include "forms/lists/check_list.h"
 #include "forms/lists/item_list.h"
 #include "forms/window/form.h"
-#include "logon/session.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
 #include "text/fixed_texts.h"
@@ -50,7 +49,8 @@ constexpr long kFirstMaskColumn = 3;
 
 class PermissionForm final : public Form {
 public:
-    explicit PermissionForm(long groupCode) : Form(kForm), groupCode_(groupCode) {}
+    PermissionForm(const Database& database, long groupCode)
+        : Form(kForm), database_(database), groupCode_(groupCode) {}
 
 protected:
     void OnLoad() override {
@@ -85,8 +85,6 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentDatabase(); }
-
     // A bar with too many commands is told, and the form goes on.
     template <class Step> void Reporting(Step step) {
         if (const ErrorState error = Trap(step))
@@ -95,7 +93,7 @@ private:
 
     template <class AddItem> void ReadInf(const std::wstring& source, AddItem addItem) {
         Recordset rows;
-        if (OpenRecordset(Current(), rows, source) != 0)
+        if (OpenRecordset(database_, rows, source) != 0)
             return;
         for (; !rows.Eof(); rows.MoveNext())
             addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
@@ -104,7 +102,7 @@ private:
     // False when the rights cannot be read, which has been told.
     bool ReadPms() {
         Recordset group;
-        if (OpenRecordset(Current(), group, GroupRightsStatement(groupCode_)) != 0)
+        if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_)) != 0)
             return false;
         // A group that is gone has no rights, and none are written.
         if (group.Eof())
@@ -160,19 +158,20 @@ private:
 
     void Confirm() {
         Recordset groups;
-        if (OpenRecordset(Current(), groups, L"Groups") != 0)
+        if (OpenRecordset(database_, groups, L"Groups") != 0)
             return;
         try {
             std::vector<std::wstring> columns;
             for (long k = 0; k < bars_->ListCount(); ++k)
                 columns.push_back(groups.FieldName(kFirstMaskColumn + k));
-            Execute(Current(), WriteRightsStatement(columns, pms_, groupCode_));
+            Execute(database_, WriteRightsStatement(columns, pms_, groupCode_));
             Unload();
         } catch (...) {
             Fail();
         }
     }
 
+    const Database& database_;
     const long groupCode_;
     // One mask a bar, and a spare one.
     std::vector<long> pms_;
@@ -182,8 +181,8 @@ private:
 
 } // namespace
 
-void ShowPermissionForm(long groupCode) {
-    PermissionForm(groupCode).ShowModal();
+void ShowPermissionForm(const Database& database, long groupCode) {
+    PermissionForm(database, groupCode).ShowModal();
 }
 
 } // namespace vndesk

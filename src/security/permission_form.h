@@ -2,9 +2,11 @@
 // The form in which the menu commands of one group are ticked.
 #pragma once
 
+#include "data/connect/database.h"
+
 namespace vndesk {
 
-// Runs on the session's current database. A write that fails ends the form and is raised here.
-void ShowPermissionForm(long groupCode);
+// A write that fails ends the form and is raised here.
+void ShowPermissionForm(const Database& database, long groupCode);
 
 } // namespace vndesk

@@ -10,7 +10,6 @@
 #include "forms/lists/item_list.h"
 #include "forms/window/form.h"
 #include "logon/password.h"
-#include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
@@ -53,7 +52,8 @@ void Tell(const wchar_t* message, std::wstring title) {
 
 class UserEditor final : public Form {
 public:
-    explicit UserEditor(const UserEditorOptions& options) : Form(kForm), options_(options) {}
+    UserEditor(const Database& database, const UserEditorOptions& options)
+        : Form(kForm), database_(database), options_(options) {}
 
 protected:
     void OnLoad() override {
@@ -94,11 +94,9 @@ private:
         return nullptr;
     }
 
-    const Database& Current() const { return CurrentDatabase(); }
-
     void ReadDict(const wchar_t* source) {
         Recordset rows;
-        if (OpenRecordset(Current(), rows, source) != 0)
+        if (OpenRecordset(database_, rows, source) != 0)
             return;
         ItemList groups(Get(L"TxtIdGroup"));
         const long selected = groups.ListIndex();
@@ -118,7 +116,7 @@ private:
         Recordset user;
         const std::wstring& name = options_.OldName;
         if (!MayMeanMore({name}))
-            OpenRecordset(Current(), user, LoadUserStatement(name, Current().kind));
+            OpenRecordset(database_, user, LoadUserStatement(name, database_.kind));
         // Rows that come for a name with an apostrophe are those of others.
         if (EndsLiteral(name) || CountRecords(user) == 0)
             return;
@@ -157,14 +155,14 @@ private:
         const std::wstring description = Get(L"TxtDes").Text();
         if (MayMeanMore({WithoutPairs(name), WithoutPairs(description), options_.OldName}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
-        const DatabaseKind kind = Current().kind;
+        const DatabaseKind kind = database_.kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
         // Its rows are not needed; a failure to read the user is told before the check.
         if (options_.EditMode)
-            OpenRecordset(Current(), edited, LoadUserStatement(options_.OldName, kind));
+            OpenRecordset(database_, edited, LoadUserStatement(options_.OldName, kind));
         const long error =
-            OpenRecordset(Current(), taken,
+            OpenRecordset(database_, taken,
                           options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
                                             : UserNamedStatement(name, kind));
         bool done = false;
@@ -187,11 +185,11 @@ private:
         const UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0)};
         const auto password = [this] { return PasswordCodeOf(Get(L"TxtPass").Text()); };
         if (!options_.EditMode) {
-            Execute(Current(), InsertUserStatement(user, password(), kind));
+            Execute(database_, InsertUserStatement(user, password(), kind));
             return;
         }
         const auto newPassword = passChanged_ ? std::optional(password()) : std::nullopt;
-        Execute(Current(), UpdateUserStatement(user, newPassword, options_.OldName, kind));
+        Execute(database_, UpdateUserStatement(user, newPassword, options_.OldName, kind));
     }
 
     // The name, or the password where that is all that the user may change.
@@ -201,14 +199,15 @@ private:
         box.Select(0, static_cast<int>(box.Text().size()));
     }
 
+    const Database& database_;
     UserEditorOptions options_;
     bool passChanged_ = false;
 };
 
 } // namespace
 
-void ShowUserEditor(const UserEditorOptions& options) {
-    UserEditor editor(options);
+void ShowUserEditor(const Database& database, const UserEditorOptions& options) {
+    UserEditor editor(database, options);
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
         PlainMessage(error.description);
 }

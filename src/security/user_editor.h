@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "data/connect/database.h"
+
 namespace vndesk {
 
 struct UserEditorOptions {
@@ -15,8 +17,8 @@ struct UserEditorOptions {
     std::wstring OldName;
 };
 
-// Runs on the session's current database. Returns nothing: the opener reads the table again. A
-// statement that fails ends the dialog with the provider's message.
-void ShowUserEditor(const UserEditorOptions& options);
+// Returns nothing: the opener reads the table again. A statement that fails ends the dialog with
+// the provider's message.
+void ShowUserEditor(const Database& database, const UserEditorOptions& options);
 
 } // namespace vndesk

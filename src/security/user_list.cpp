@@ -11,7 +11,6 @@
 #include "forms/lists/report_list.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form.h"
-#include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
@@ -56,7 +55,7 @@ ReportRow RowOf(Recordset& user) {
 
 class UserList final : public Form {
 public:
-    UserList() : Form(kForm) {}
+    explicit UserList(const Database& database) : Form(kForm), database_(database) {}
 
 protected:
     void OnLoad() override {
@@ -93,11 +92,9 @@ protected:
     }
 
 private:
-    const Database& Current() const { return CurrentDatabase(); }
-
     void Append(const std::wstring& statement) {
         Recordset rows;
-        if (OpenRecordset(Current(), rows, statement) != 0)
+        if (OpenRecordset(database_, rows, statement) != 0)
             return;
         for (; !rows.Eof(); rows.MoveNext())
             users_->Rows().push_back(RowOf(rows));
@@ -129,9 +126,9 @@ private:
     }
 
     void Add() {
-        const long before = LastValue(Current(), L"User", L"Code");
-        ShowUserEditor({.AllowChange = true, .EditMode = false, .OldName = {}});
-        const long after = LastValue(Current(), L"User", L"Code");
+        const long before = LastValue(database_, L"User", L"Code");
+        ShowUserEditor(database_, {.AllowChange = true, .EditMode = false, .OldName = {}});
+        const long after = LastValue(database_, L"User", L"Code");
         if (after > before) {
             AppendNew(UsersAfterStatement(before));
             users_->Refresh();
@@ -144,9 +141,10 @@ private:
         const std::optional<ReportRow> row = Selected();
         if (!row)
             return;
-        ShowUserEditor({.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
+        ShowUserEditor(database_,
+                       {.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
         Recordset user;
-        OpenRecordset(Current(), user, UserWithCodeStatement(row->cells[kCode]));
+        OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode]));
         if (CountRecords(user) > 0)
             if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);
@@ -191,7 +189,7 @@ private:
         // It could delete other users, or all of them.
         if (MayMeanMore({name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
-        Execute(Current(), DeleteUserStatement(name, Current().kind));
+        Execute(database_, DeleteUserStatement(name, database_.kind));
     }
 
     std::wstring Tell(const wchar_t* message, long buttons) {
@@ -199,13 +197,14 @@ private:
         return ShowMsg(message, buttons, title, kNoIcon, false);
     }
 
+    const Database& database_;
     std::optional<ReportList> users_;
 };
 
 } // namespace
 
-void ShowUserList() {
-    UserList().ShowModal();
+void ShowUserList(const Database& database) {
+    UserList(database).ShowModal();
 }
 
 } // namespace vndesk

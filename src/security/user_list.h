@@ -2,9 +2,10 @@
 // The list of all users, from which they are added, edited and deleted.
 #pragma once
 
+#include "data/connect/database.h"
+
 namespace vndesk {
 
-// Runs on the session's current database.
-void ShowUserList();
+void ShowUserList(const Database& database);
 
 } // namespace vndesk

@@ -5,6 +5,7 @@
 
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
+#include "logon/session.h"
 
 namespace vndesk {
 
@@ -17,9 +18,18 @@ HWND WindowFrom(long handle) {
     return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
 }
 
+// A look-up opens the connection that the host has named, else runs on the session's.
+void OnDatabase(const std::wstring& connectionString,
+                const std::function<void(const Database&)>& lookUp) {
+    if (connectionString.empty())
+        return lookUp(CurrentDatabase());
+    const SessionConnection own(connectionString);
+    lookUp(*own);
+}
+
 } // namespace
 
-SelItem::SelItem() : boxes_(SelectionBoxes::Make()) {
+SelItem::SelItem() : boxes_(SelectionBoxes::Make(OnDatabase)) {
     boxes_->Change = [this] { Fire(kChange); };
 }
 

@@ -15,30 +15,30 @@ namespace vndesk {
 STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
     return Guard([&] {
         long& result = ClearedOut(code);
-        const SessionConnection connection(FromReference(connect));
-        result = ShowLogonDialog();
+        const SessionConnection session(FromReference(connect));
+        result = ShowLogonDialog(*session);
     });
 }
 
 STDMETHODIMP Logon::ShowUser(BSTR* connect, BSTR* userName) {
     return Guard([&] {
         const std::wstring name = FromReference(userName);
-        const SessionConnection connection(FromReference(connect));
-        ShowUserEditor({.AllowChange = false, .EditMode = true, .OldName = name});
+        const SessionConnection session(FromReference(connect));
+        ShowUserEditor(*session, {.AllowChange = false, .EditMode = true, .OldName = name});
     });
 }
 
 STDMETHODIMP Logon::UserManager(BSTR* connect) {
     return Guard([&] {
-        const SessionConnection connection(FromReference(connect));
-        ShowUserList();
+        const SessionConnection session(FromReference(connect));
+        ShowUserList(*session);
     });
 }
 
 STDMETHODIMP Logon::ShowGroup(BSTR* connect) {
     return Guard([&] {
-        const SessionConnection connection(FromReference(connect));
-        ShowGroupManager();
+        const SessionConnection session(FromReference(connect));
+        ShowGroupManager(*session);
     });
 }
 

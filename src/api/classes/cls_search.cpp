@@ -113,12 +113,12 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
         }
         const std::wstring given = FromBstr(text.GetBSTR());
         // Without a connection of its own the search runs on the session's.
-        std::optional<SessionConnection> session;
+        std::optional<SessionConnection> own;
         if (state & adStateOpen)
-            session.emplace(Database{connection_, KindOf(given), given});
+            own.emplace(Database{connection_, KindOf(given), given});
         else if (!given.empty())
-            session.emplace(given);
-        result_ = ShowFindDialog(table_, owner);
+            own.emplace(given);
+        result_ = ShowFindDialog(own ? **own : CurrentDatabase(), table_, owner);
     });
 }
 

@@ -131,7 +131,7 @@ STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {
     return Guard([&] {
         BSTR& result = ClearedOut(condition);
         const SessionConnection session(NullToText(connection));
-        result = ToBstr(ShowFindDialog(FromBstr(table), nullptr));
+        result = ToBstr(ShowFindDialog(*session, FromBstr(table), nullptr));
     });
 }
 

@@ -8,7 +8,6 @@
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "forms/look/common_controls.h"
-#include "logon/session.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
@@ -47,22 +46,6 @@ public:
 
 private:
     bool& flag_;
-};
-
-// The database of one look-up.
-class LookUpDatabase {
-public:
-    explicit LookUpDatabase(const std::wstring& connectionString) {
-        if (!connectionString.empty())
-            own_.emplace(connectionString);
-        database_ = CurrentDatabase();
-    }
-
-    const Database& operator*() const { return database_; }
-
-private:
-    std::optional<SessionConnection> own_;
-    Database database_;
 };
 
 } // namespace
@@ -165,8 +148,8 @@ void SelectionBoxes::OnCodeBox(UINT message, WPARAM wParam) {
 
 // --- The entry ---
 
-std::shared_ptr<SelectionBoxes> SelectionBoxes::Make() {
-    return std::shared_ptr<SelectionBoxes>(new SelectionBoxes);
+std::shared_ptr<SelectionBoxes> SelectionBoxes::Make(OnDatabase onDatabase) {
+    return std::shared_ptr<SelectionBoxes>(new SelectionBoxes(onDatabase));
 }
 
 SelectionBoxes::~SelectionBoxes() {
@@ -215,10 +198,13 @@ void SelectionBoxes::PickByName() {
         return;
     const Busy busy(busy_);
     previousID_ = selID_;
+    onDatabase_(connectionString, [this](const Database& database) { PickByName(database); });
+}
+
+void SelectionBoxes::PickByName(const Database& database) {
     const std::wstring typed = nameBox_.Text();
-    const LookUpDatabase database(connectionString);
     const std::wstring code =
-        PickItem(*database, NamesBeginningStatement(SqlName, typed, (*database).kind),
+        PickItem(database, NamesBeginningStatement(SqlName, typed, database.kind),
                  searchText.empty() ? typed : searchText);
     // Messages may have come between, and not every form gives its focus back by itself.
     GiveFocus(nameBox_.window);
@@ -227,7 +213,7 @@ void SelectionBoxes::PickByName() {
         return;
     }
     std::wstring error;
-    const std::optional<Entry> entry = LookUp(*database, code, error);
+    const std::optional<Entry> entry = LookUp(database, code, error);
     if (!entry) {
         PlainMessage(ToUncText(texts::kSelectNotOpened, kToUnicode) + error);
         GiveFocus(nameBox_.window);
@@ -248,8 +234,11 @@ void SelectionBoxes::ValidateCode() {
     const std::wstring code = codeBox_.Text();
     if (code != selID_) {
         previousID_ = selID_;
-        std::wstring error;
-        const std::optional<Entry> entry = LookUp(*LookUpDatabase(connectionString), code, error);
+        std::optional<Entry> entry;
+        onDatabase_(connectionString, [&](const Database& database) {
+            std::wstring error;
+            entry = LookUp(database, code, error);
+        });
         GiveFocus(next);
         if (entry) {
             Choose(*entry);

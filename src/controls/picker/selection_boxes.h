@@ -18,9 +18,13 @@ namespace vndesk {
 
 class SelectionBoxes : public std::enable_shared_from_this<SelectionBoxes> {
 public:
+    // Runs one look-up on the database that a connection string names.
+    using OnDatabase = void (*)(const std::wstring& connectionString,
+                                const std::function<void(const Database&)>& lookUp);
+
     // Shared, because a handler of the host may let the last reference go while a box is being
     // served.
-    static std::shared_ptr<SelectionBoxes> Make();
+    static std::shared_ptr<SelectionBoxes> Make(OnDatabase onDatabase);
     ~SelectionBoxes();
     SelectionBoxes(const SelectionBoxes&) = delete;
     SelectionBoxes& operator=(const SelectionBoxes&) = delete;
@@ -41,7 +45,7 @@ public:
     std::wstring SqlID;
     // What the picker's search box starts with; empty stands for what was typed in the name box.
     std::wstring searchText;
-    // Opened for each look-up; empty stands for the session's current connection.
+    // Names the database of each look-up.
     std::wstring connectionString;
 
     // Another code was chosen. Clearing is not choosing.
@@ -63,7 +67,7 @@ private:
         std::wstring name;
     };
 
-    SelectionBoxes() = default;
+    explicit SelectionBoxes(OnDatabase onDatabase) : onDatabase_(onDatabase) {}
 
     static LRESULT CALLBACK BoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                          UINT_PTR id, DWORD_PTR box);
@@ -71,6 +75,7 @@ private:
     void OnCodeBox(UINT message, WPARAM wParam);
 
     void PickByName();
+    void PickByName(const Database& database);
     void ValidateCode();
     void Refuse(const std::wstring& code);
     std::optional<Entry> LookUp(const Database& database, const std::wstring& code,
@@ -80,6 +85,7 @@ private:
     void Forget();
 
     const ModuleLock lock_;
+    const OnDatabase onDatabase_;
     Box nameBox_{*this};
     Box codeBox_{*this};
     std::wstring selName_;
