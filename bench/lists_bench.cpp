@@ -4,7 +4,7 @@
 #include "controls/picker/text/name_search.h"
 #include "forms/lists/item_list.h"
 #include "forms/lists/report_list.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "kit/benchmark.h"
 
 #include <windows.h>
@@ -43,15 +43,14 @@ constexpr ControlSpec kControls[] = {
 };
 constexpr FormSpec kForm = {L"Bench", L"Bench", 9000, 9000, FormBorder::Sizable, false, kControls};
 
-class Lists final : public Form {
+class Lists final : public FormOf<kForm> {
 public:
-    Lists() : Form(kForm) { Load(); }
-    Control& Named(const wchar_t* name) { return Get(name); }
+    Lists() { Load(); }
 };
 
-void MeasureFilling(Report& report, Lists& form, const wchar_t* name, UINT add, UINT reset,
+void MeasureFilling(Report& report, Lists& form, Lists::Name name, UINT add, UINT reset,
                     const std::vector<std::wstring>& names) {
-    Control& control = form.Named(name);
+    Control& control = form.Get(name);
     const HWND window = control.Window();
     ItemList items(control);
     const std::string size = std::to_string(names.size()) + " rows";
@@ -78,7 +77,7 @@ void MeasureFilling(Report& report, Lists& form, const wchar_t* name, UINT add, 
 }
 
 void MeasureSearch(Report& report, Lists& form, const std::vector<std::wstring>& names) {
-    const HWND list = form.Named(L"List").Window();
+    const HWND list = form.Get(L"List").Window();
     NameSearch search;
     for (const std::wstring& name : names)
         search.Add(name);
@@ -107,8 +106,8 @@ void MeasureSearch(Report& report, Lists& form, const std::vector<std::wstring>&
 }
 
 void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>& names) {
-    const HWND window = form.Named(L"Report").Window();
-    ReportList list(form.Named(L"Report"),
+    const HWND window = form.Get(L"Report").Window();
+    ReportList list(form.Get(L"Report"),
                     {{L"a", L"Tên", 0.4}, {L"b", L"Diễn giải", 0.4}, {L"c", L"Mã", 0.2}});
     const std::string size = std::to_string(names.size()) + " rows";
     std::vector<ReportRow> plain;
@@ -144,7 +143,7 @@ void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>&
             text();
         });
     };
-    Control& control = form.Named(L"Report");
+    Control& control = form.Get(L"Report");
     const auto handler = control.onNotify;
     static wchar_t same[] = L"NGUYỄN VĂN HƯNG 12345";
     const std::function<LRESULT(NMHDR&)> constant = [](NMHDR& notification) -> LRESULT {
@@ -172,7 +171,7 @@ void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>&
     LVFINDINFOW missing{};
     missing.flags = LVFI_STRING | LVFI_PARTIAL;
     missing.psz = L"VŨ HƯNG ÁNH X";
-    const HWND box = form.Named(L"List").Window();
+    const HWND box = form.Get(L"List").Window();
     report.Compare({"report list searched by typing, " + size, "LB_FINDSTRING", Target::Nothing, 0,
                     Each([&] {
                         Keep(SendMessageW(window, LVM_FINDITEMW, static_cast<WPARAM>(-1),
@@ -193,7 +192,7 @@ int main(int argc, char** argv) {
     try {
         Report report("lists", argc, argv);
         Lists form;
-        ShowWindow(GetParent(form.Named(L"List").Window()), SW_SHOW);
+        ShowWindow(GetParent(form.Get(L"List").Window()), SW_SHOW);
         for (const std::size_t count : {1000, 10000, 100000}) {
             const auto names = Names(count);
             MeasureFilling(report, form, L"Combo", CB_ADDSTRING, CB_RESETCONTENT, names);

@@ -15,7 +15,7 @@
 #include "find/text/condition.h"
 #include "forms/keys/keys.h"
 #include "forms/keys/tab_stroke.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
@@ -88,10 +88,10 @@ std::wstring RowName(const Control& control) {
     return control.Name().substr(0, control.Name().find(L'('));
 }
 
-class FindForm final : public Form {
+class FindForm final : public FormOf<kForm> {
 public:
     FindForm(const Database& database, const std::wstring& table)
-        : Form(kForm), database_(database), table_(table) {}
+        : database_(database), table_(table) {}
 
     std::wstring result;
 
@@ -127,7 +127,7 @@ protected:
             return true;
         }
         for (long i = kFirst; key == VK_F2 && i < kLines; ++i)
-            if (&control == &At(L"MskValue", i)) {
+            if (&control == &ValueBox(i)) {
                 // What goes wrong here is no concern of the line.
                 Trap([&] { LookUp(i); });
                 return true;
@@ -136,15 +136,22 @@ protected:
     }
 
 private:
-    Control& At(const wchar_t* row, long line) {
-        return Get(row + (L"(" + std::to_wstring(line) + L")"));
-    }
-    DataCombo& Combo(const wchar_t* row, long line) {
-        return DataCombo::Of(At(row, line).Window());
-    }
-    DataCombo& Fields(long line) { return Combo(L"CmbFld", line); }
-    DataCombo& Predicates(long line) { return Combo(L"CmbPredicate", line); }
-    DataCombo& Joins(long line) { return Combo(L"cmbLg", line); }
+    struct LineNames {
+        Name field, predicate, value;
+        std::optional<Name> join;
+    };
+    static constexpr LineNames kNames[kLines] = {
+        {L"CmbFld(0)", L"CmbPredicate(0)", L"MskValue(0)", std::nullopt},
+        {L"CmbFld(1)", L"CmbPredicate(1)", L"MskValue(1)", Name(L"cmbLg(1)")},
+        {L"CmbFld(2)", L"CmbPredicate(2)", L"MskValue(2)", Name(L"cmbLg(2)")},
+        {L"CmbFld(3)", L"CmbPredicate(3)", L"MskValue(3)", Name(L"cmbLg(3)")},
+    };
+
+    DataCombo& Combo(Name name) { return DataCombo::Of(Get(name).Window()); }
+    DataCombo& Fields(long line) { return Combo(kNames[line].field); }
+    DataCombo& Predicates(long line) { return Combo(kNames[line].predicate); }
+    DataCombo& Joins(long line) { return Combo(kNames[line].join.value()); }
+    Control& ValueBox(long line) { return Get(kNames[line].value); }
 
     void ReadData() {
         DataCombo& fields = Fields(kFirst);
@@ -167,7 +174,7 @@ private:
         Fields(line).onClick = [this, line] { Reporting([&] { FieldChanged(line); }); };
         const auto changed = [this] { Reporting([this] { Refresh(); }); };
         Predicates(line).onClick = changed;
-        At(L"MskValue", line).onChange = changed;
+        ValueBox(line).onChange = changed;
         if (line > kFirst)
             Joins(line).onClick = [this] { Reporting([this] { SetEnable(); }); };
     }
@@ -191,7 +198,7 @@ private:
         filled.operatorIndex = predicates.ListIndex();
         filled.operatorName = predicates.Value();
         filled.operatorText = predicates.Text();
-        filled.value = At(L"MskValue", line).Text();
+        filled.value = ValueBox(line).Text();
         filled.enabled = fields.Enabled();
         if (line > kFirst) {
             filled.joinName = Joins(line).Value();
@@ -234,7 +241,7 @@ private:
 
     // What an empty box asks for.
     void ShowCue(long line, long field) {
-        const HWND box = At(L"MskValue", line).Window();
+        const HWND box = ValueBox(line).Window();
         SendMessageW(box, EM_SETCUEBANNER, TRUE,
                      reinterpret_cast<LPARAM>(Shown(CueFor(field)).c_str()));
         InvalidateRect(box, nullptr, TRUE);
@@ -250,7 +257,7 @@ private:
     void SetLineEnabled(long line, bool enabled) {
         for (DataCombo* combo : {&Joins(line), &Fields(line), &Predicates(line)})
             combo->SetEnabled(enabled);
-        At(L"MskValue", line).SetEnabled(enabled);
+        ValueBox(line).SetEnabled(enabled);
     }
 
     void LookUp(long line) {
@@ -258,7 +265,7 @@ private:
         const std::wstring& relation = info_.FieldRelation.at(static_cast<size_t>(field));
         if (relation.empty())
             return;
-        Control& box = At(L"MskValue", line);
+        Control& box = ValueBox(line);
         const std::wstring picked =
             PickItem(database_, LookUpStatement(relation, box.Text(), database_.kind), box.Text());
         if (picked.empty())

@@ -6,7 +6,7 @@
 #include "data/settings/ansi_text.h"
 #include "forms/keys/keys.h"
 #include "forms/look/images.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "logon/password.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
@@ -38,9 +38,9 @@ constexpr ControlSpec kControls[] = {
 constexpr FormSpec kForm = {L"FrmLogon", L"Login", 5190, 1830, FormBorder::FixedDialog,
                             false,       kControls};
 
-class LogonForm final : public Form {
+class LogonForm final : public FormOf<kForm> {
 public:
-    explicit LogonForm(const Database& database) : Form(kForm), database_(database) {}
+    explicit LogonForm(const Database& database) : database_(database) {}
 
     long result = 0;
 

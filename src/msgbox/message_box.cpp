@@ -7,7 +7,7 @@
 #include "comkit/base/module.h"
 #include "forms/keys/keys.h"
 #include "forms/look/images.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "msgbox/text/button_sets.h"
 #include "msgbox/text/return_codes.h"
 #include "text/fixed_texts.h"
@@ -48,9 +48,11 @@ constexpr ControlSpec kControls[] = {
 
 constexpr FormSpec kForm = {L"MessageBox", L"", 3700, 1635, FormBorder::None, true, kControls};
 
+using Name = FormOf<kForm>::Name;
+
 struct IconSource {
     long value;
-    const wchar_t* image;
+    Name image;
     WORD systemIcon;
 };
 
@@ -62,13 +64,11 @@ constexpr IconSource kIcons[] = {
     {kInformation, L"Info", 32516},
 };
 
-constexpr const wchar_t* kBorderNames[] = {L"LineTop", L"LineLeft", L"LineRight", L"LineBottom"};
-constexpr const wchar_t* kButtonNames[] = {L"Cmd1", L"Cmd2", L"Cmd3"};
+constexpr Name kBorderNames[] = {L"LineTop", L"LineLeft", L"LineRight", L"LineBottom"};
+constexpr Name kButtonNames[] = {L"Cmd1", L"Cmd2", L"Cmd3"};
 
-class MessageForm final : public Form {
+class MessageForm final : public FormOf<kForm> {
 public:
-    MessageForm() : Form(kForm) {}
-
     std::wstring RetValue;
 
     void SetTexts(const std::wstring& message, const std::wstring& title) {
@@ -100,7 +100,7 @@ public:
         const double top = message.Top() + message.Height() + 150;
         if (const ButtonSet* set = FindButtonSet(buttons))
             SetAnswers(*set, width);
-        for (const wchar_t* name : kButtonNames)
+        for (const Name name : kButtonNames)
             Get(name).SetTop(top);
         Centre(width, top + Get(kButtonNames[0]).Height() + 150);
     }
@@ -111,13 +111,13 @@ protected:
         const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
         Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
-        for (const wchar_t* name : kBorderNames)
+        for (const Name name : kBorderNames)
             Get(name).SetColors(strip, CLR_INVALID);
         LoadEmblem();
         Get(L"Cmd1").tag = L"OK";
         for (size_t i = 0; i < std::size(kButtonNames); ++i)
             Get(kButtonNames[i]).onClick = [this, i] { Answered(i); };
-        for (const wchar_t* name : {L"label4", L"Label5"})
+        for (const Name name : {Name(L"label4"), Name(L"Label5")})
             Get(name).onMouseDown = [this](int button) { Drag(button); };
     }
 

@@ -11,7 +11,7 @@
 #include "forms/keys/keys.h"
 #include "forms/lists/item_list.h"
 #include "forms/look/hourglass.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
 #include "security/permission_form.h"
 #include "security/text/captions.h"
@@ -58,9 +58,9 @@ constexpr FormSpec kForm = {
 constexpr wchar_t kSaveErrorTitle[] = L"Save Error";
 constexpr wchar_t kDeleteTitle[] = L"Delete";
 
-class GroupManager final : public Form {
+class GroupManager final : public FormOf<kForm> {
 public:
-    explicit GroupManager(const Database& database) : Form(kForm), database_(database) {}
+    explicit GroupManager(const Database& database) : database_(database) {}
 
 protected:
     void OnLoad() override {
@@ -77,7 +77,7 @@ protected:
 
     void OnPrepared() override {
         // Frames are not among the controls whose captions preparation converts.
-        for (const wchar_t* frame : {L"FrDetail", L"Frame1"})
+        for (const Name frame : {Name(L"FrDetail"), Name(L"Frame1")})
             Get(frame).SetCaption(ToUncText(Get(frame).Caption(), 0));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();
@@ -87,7 +87,7 @@ protected:
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (control.Name() != L"Lv1" || !IsDeleteAlone(key))
+        if (&control != &Get(L"Lv1") || !IsDeleteAlone(key))
             return false;
         Delete();
         return true;
@@ -244,7 +244,7 @@ private:
         if (taken > 0 && left > 0)
             groups_->SetListIndex(std::min(place, left - 1));
         GroupClicked();
-        Get(left > 0 ? L"Lv1" : L"txtName").Focus();
+        (left > 0 ? Get(L"Lv1") : Get(L"txtName")).Focus();
         if (codes.empty())
             return;
         Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes)); });

@@ -11,7 +11,7 @@
 #include "forms/keys/keys.h"
 #include "forms/lists/check_list.h"
 #include "forms/lists/item_list.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
 #include "text/fixed_texts.h"
@@ -47,10 +47,10 @@ constexpr FormSpec kForm = {
 // Code, name and description stand before the masks.
 constexpr long kFirstMaskColumn = 3;
 
-class PermissionForm final : public Form {
+class PermissionForm final : public FormOf<kForm> {
 public:
     PermissionForm(const Database& database, long groupCode)
-        : Form(kForm), database_(database), groupCode_(groupCode) {}
+        : database_(database), groupCode_(groupCode) {}
 
 protected:
     void OnLoad() override {

@@ -8,7 +8,7 @@
 #include "forms/keys/keys.h"
 #include "forms/keys/upper_case.h"
 #include "forms/lists/item_list.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "logon/password.h"
 #include "msgbox/message_box.h"
 #include "security/text/captions.h"
@@ -50,21 +50,21 @@ void Tell(const wchar_t* message, std::wstring title) {
     ShowMsg(message, kOkOnly, title, kNoIcon, false);
 }
 
-class UserEditor final : public Form {
+class UserEditor final : public FormOf<kForm> {
 public:
     UserEditor(const Database& database, const UserEditorOptions& options)
-        : Form(kForm), database_(database), options_(options) {}
+        : database_(database), options_(options) {}
 
 protected:
     void OnLoad() override {
         Get(L"TxtUser").onChange = [this] { Get(L"CmdOk").SetEnabled(true); };
-        for (const wchar_t* box : {L"TxtPass", L"txtConfirm"})
+        for (const Name box : {Name(L"TxtPass"), Name(L"txtConfirm")})
             Get(box).onChange = [this] { passChanged_ = true; };
         TieClicks<UserEditor>({{L"CmdOk", &UserEditor::Confirm}, {L"CMDCAN", &UserEditor::Unload}});
     }
 
     void OnPrepared() override {
-        for (const wchar_t* field : {L"TxtIdGroup", L"TxtUser", L"TxtDes"})
+        for (const Name field : {Name(L"TxtIdGroup"), Name(L"TxtUser"), Name(L"TxtDes")})
             Get(field).SetEnabled(options_.AllowChange);
         Get(L"CmdOk").SetEnabled(false);
         ReadDict(L"[Groups]");
@@ -88,7 +88,7 @@ protected:
 
 private:
     Control* FocusedButton() {
-        for (const wchar_t* name : {L"CmdOk", L"CMDCAN"})
+        for (const Name name : {Name(L"CmdOk"), Name(L"CMDCAN")})
             if (Get(name).Window() == GetFocus())
                 return &Get(name);
         return nullptr;
@@ -194,7 +194,7 @@ private:
 
     // The name, or the password where that is all that the user may change.
     void SelectFirstBox() {
-        Control& box = Get(options_.AllowChange ? L"TxtUser" : L"TxtPass");
+        Control& box = options_.AllowChange ? Get(L"TxtUser") : Get(L"TxtPass");
         box.Focus();
         box.Select(0, static_cast<int>(box.Text().size()));
     }

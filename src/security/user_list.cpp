@@ -10,7 +10,7 @@
 #include "forms/keys/keys.h"
 #include "forms/lists/report_list.h"
 #include "forms/look/hourglass.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
@@ -53,9 +53,9 @@ ReportRow RowOf(Recordset& user) {
     return {KeyOf(code), {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")), code}};
 }
 
-class UserList final : public Form {
+class UserList final : public FormOf<kForm> {
 public:
-    explicit UserList(const Database& database) : Form(kForm), database_(database) {}
+    explicit UserList(const Database& database) : database_(database) {}
 
 protected:
     void OnLoad() override {
@@ -85,7 +85,7 @@ protected:
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (control.Name() != L"Lv" || !IsDeleteAlone(key))
+        if (&control != &Get(L"Lv") || !IsDeleteAlone(key))
             return false;
         Delete();
         return true;

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/text.h"
@@ -29,16 +29,15 @@ constexpr ControlSpec kControls[] = {
 constexpr FormSpec kForm = {L"FrmTest", L"Thö",   4000, 1600, FormBorder::FixedDialog,
                             false,      kControls};
 
-class ComboForm : public Form {
+class ComboForm : public FormOf<kForm> {
 public:
-    ComboForm() : Form(kForm) {}
-    DataCombo& Combo(const wchar_t* name = L"CmbFld") { return DataCombo::Of(Get(name).Window()); }
+    DataCombo& Combo(Name name = L"CmbFld") { return DataCombo::Of(Get(name).Window()); }
 
     std::wstring keysSeen;
 
 protected:
     void OnPrepared() override {
-        for (const wchar_t* name : {L"CmbFld", L"cmbLg"}) {
+        for (const Name name : {Name(L"CmbFld"), Name(L"cmbLg")}) {
             DataCombo& combo = Combo(name);
             for (const auto& [text, value] :
                  {std::pair{L"Họ tên", L"FullName"}, std::pair{L"Ngày sinh", L"BirthDay"},

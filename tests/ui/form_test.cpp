@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The form library itself: preparation, captions, fonts, focus and keys, on a small form of the
 // test's own.
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 
 #include <gtest/gtest.h>
 
@@ -34,18 +34,16 @@ constexpr FormSpec kForm = {L"FrmTest", L"Thö nghiÖm", 4000, 3000, FormBorder:
 constexpr FormSpec kTitleOnlyForm = {L"FrmTest", L"Thö nghiÖm", 4000, 3000, FormBorder::FixedDialog,
                                      true,       kControls};
 
-class TestForm : public Form {
+template <const FormSpec& kDesign> class TestFormOf : public FormOf<kDesign> {
 public:
-    explicit TestForm(const FormSpec& design = kForm) : Form(design) {}
-
     int clicks = 0;
     std::wstring keys;
     bool swallowKeys = false;
 
 protected:
     void OnLoad() override {
-        Get(L"cmdGo").onClick = [this] { ++clicks; };
-        Get(L"cmdTitle").onClick = [this] { Unload(); };
+        this->Get(L"cmdGo").onClick = [this] { ++clicks; };
+        this->Get(L"cmdTitle").onClick = [this] { this->Unload(); };
     }
     bool OnKeyPress(wchar_t character) override {
         keys += character;
@@ -53,11 +51,11 @@ protected:
     }
 };
 
-// Preparation would make every font Arial: these read what conversion does with the designed fonts.
-class UnpreparedForm : public TestForm {
-public:
-    UnpreparedForm() : TestForm(kTitleOnlyForm) {}
+using TestForm = TestFormOf<kForm>;
+using TitleOnlyForm = TestFormOf<kTitleOnlyForm>;
 
+// Preparation would make every font Arial: these read what conversion does with the designed fonts.
+class UnpreparedForm : public TitleOnlyForm {
 protected:
     void OnLoad() override { ConvertFormControls(*this); }
 };
@@ -95,7 +93,7 @@ TEST(FormPreparation, LabelNamedAsTitleComesOutInCapitals) {
 }
 
 TEST(FormPreparation, TitleOnlyLeavesTheControlsUnconverted) {
-    TestForm form(kTitleOnlyForm);
+    TitleOnlyForm form;
     form.Load();
     EXPECT_EQ(form.Get(L"lblPlain").Caption(), texts::kNotice);
     EXPECT_EQ(TextOf(form.Window()), L"Thử nghiệm");
@@ -173,7 +171,7 @@ LONG HeightOf(const vndesk::Control& control) {
 }
 
 TEST(FormWindow, OneLineBoxIsNoHigherThanAComboBox) {
-    Form form(kBoxForm);
+    FormOf<kBoxForm> form;
     form.Load();
     EXPECT_EQ(HeightOf(form.Get(L"txtHigh")), HeightOf(form.Get(L"cmbOne")));
     EXPECT_EQ(HeightOf(form.Get(L"txtLow")), ToPixels(270, form.Dpi()));
@@ -257,6 +255,38 @@ TEST(FormKeys, HandlerThatThrowsEndsQuietly) {
         EXPECT_TRUE(IsWindow(window));
         PressKey(VK_ESCAPE);
     });
+}
+
+// What a debugger of this process would show.
+class DebugOutput {
+public:
+    DebugOutput() : handler_(AddVectoredExceptionHandler(1, Hear)) { heard_.clear(); }
+    ~DebugOutput() { RemoveVectoredExceptionHandler(handler_); }
+    DebugOutput(const DebugOutput&) = delete;
+    DebugOutput& operator=(const DebugOutput&) = delete;
+
+    const std::string& Heard() const { return heard_; }
+
+private:
+    static LONG CALLBACK Hear(EXCEPTION_POINTERS* raised) {
+        constexpr DWORD kDebugOutput = 0x40010006; // DBG_PRINTEXCEPTION_C
+        const EXCEPTION_RECORD& record = *raised->ExceptionRecord;
+        if (record.ExceptionCode == kDebugOutput)
+            heard_ += reinterpret_cast<const char*>(record.ExceptionInformation[1]);
+        return EXCEPTION_CONTINUE_SEARCH;
+    }
+
+    static inline std::string heard_;
+    void* handler_;
+};
+
+TEST(FormWindow, DebuggerHearsOfAHandlerThatThrows) {
+    TestForm form;
+    form.Load();
+    form.Get(L"cmdGo").onClick = [] { throw ComError(E_FAIL, L"no such table"); };
+    const DebugOutput output;
+    SendMessageW(form.Get(L"cmdGo").Window(), BM_CLICK, 0, 0);
+    EXPECT_EQ(output.Heard(), "VnDesk FrmTest: -2147467259 no such table\n");
 }
 
 TEST(FormWindow, ShownAgainAfterItWasClosed) {

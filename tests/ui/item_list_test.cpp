@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
@@ -19,12 +19,12 @@ constexpr ControlSpec kControls[] = {
 };
 constexpr FormSpec kForm = {L"FrmTest", L"", 4000, 3200, FormBorder::FixedDialog, false, kControls};
 
-class TestForm final : public Form {
+class TestForm final : public FormOf<kForm> {
 public:
-    TestForm() : Form(kForm) { Load(); }
+    TestForm() { Load(); }
 };
 
-class ItemLists : public testing::TestWithParam<const wchar_t*> {
+class ItemLists : public testing::TestWithParam<TestForm::Name> {
 protected:
     ItemLists() : items_(form_.Get(GetParam())) {
         for (const wchar_t* text : {L"Bút", L"Áo", L"Cốc"})
@@ -43,9 +43,11 @@ protected:
     ItemList items_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ItemLists, testing::Values(L"lstOne", L"lstMany", L"cmbOne"),
+INSTANTIATE_TEST_SUITE_P(Kinds, ItemLists,
+                         testing::Values(TestForm::Name(L"lstOne"), TestForm::Name(L"lstMany"),
+                                         TestForm::Name(L"cmbOne")),
                          [](const auto& info) {
-                             const std::wstring name = info.param;
+                             const std::wstring name = kControls[info.param.index].name;
                              return std::string(name.begin(), name.end());
                          });
 

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/ui_windows.h"
@@ -23,9 +23,9 @@ constexpr ControlSpec kControls[] = {
 };
 constexpr FormSpec kForm = {L"FrmTest", L"", 4000, 3000, FormBorder::FixedDialog, false, kControls};
 
-class TestForm final : public Form {
+class TestForm final : public FormOf<kForm> {
 public:
-    TestForm() : Form(kForm) { Load(); }
+    TestForm() { Load(); }
 
 protected:
     void OnLoad() override {

@@ -10,7 +10,7 @@
 #include "forms/keys/keys.h"
 #include "forms/keys/upper_case.h"
 #include "forms/look/hourglass.h"
-#include "forms/window/form.h"
+#include "forms/window/form_of.h"
 #include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
@@ -50,9 +50,9 @@ bool MovesTheList(WPARAM key) {
     return key == VK_DOWN || key == VK_UP || key == VK_NEXT || key == VK_PRIOR;
 }
 
-class ItemPicker final : public Form {
+class ItemPicker final : public FormOf<kForm> {
 public:
-    explicit ItemPicker(const Database& database) : Form(kForm), database_(database) {}
+    explicit ItemPicker(const Database& database) : database_(database) {}
 
     std::wstring SqlText;
     std::wstring SelValue;
@@ -100,7 +100,7 @@ protected:
 
     // The list moves while the focus stays in the search box.
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (control.Name() != L"TxtSelH" || !MovesTheList(key))
+        if (&control != &Get(L"TxtSelH") || !MovesTheList(key))
             return false;
         PostMessageW(Get(L"lv1IP").Window(), WM_KEYDOWN, key, 0);
         return true;

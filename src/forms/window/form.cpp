@@ -40,7 +40,25 @@ DWORD ExtendedStyleFor(FormBorder border) {
     return WS_EX_CONTROLPARENT | (border == FormBorder::None ? 0 : WS_EX_DLGMODALFRAME);
 }
 
+// For whoever writes a handler: a debugger shows it, the user sees nothing.
+void Trace(const wchar_t* form, const ErrorState& error) {
+    Trap([&] {
+        const std::wstring number = std::to_wstring(error.code);
+        OutputDebugStringW(
+            (L"VnDesk " + std::wstring(form) + L": " + number + L" " + error.description + L"\n")
+                .c_str());
+    });
+}
+
 } // namespace
+
+// Runs what the form's own code does at an event.
+template <class Steps> bool Form::Fails(Steps&& steps) const {
+    const ErrorState error = Trap(steps);
+    if (error)
+        Trace(spec_.name, error);
+    return static_cast<bool>(error);
+}
 
 Form::~Form() {
     Destroy();
@@ -172,12 +190,11 @@ void Form::Destroy() {
     unloading_ = false;
 }
 
-Control& Form::Get(std::wstring_view name) {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [&](const auto& control) { return control->Name() == name; });
-    if (found == controls_.end())
+Control& Form::At(size_t index) {
+    // A form that was closed while it loaded has none.
+    if (index >= controls_.size())
         throw ComError(E_INVALIDARG);
-    return **found;
+    return *controls_[index];
 }
 
 void Form::Move(const TwipsRect& place) {
@@ -233,7 +250,7 @@ LRESULT CALLBACK Form::WindowProcedure(HWND window, UINT message, WPARAM wParam,
     if (!form)
         return DefDlgProcW(window, message, wParam, lParam);
     LRESULT result = 0;
-    if (Trap([&] { result = form->OnMessage(message, wParam, lParam); }))
+    if (form->Fails([&] { result = form->OnMessage(message, wParam, lParam); }))
         return DefDlgProcW(window, message, wParam, lParam);
     return result;
 }
@@ -276,7 +293,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         PaintLines();
         return 0;
     case WM_DESTROY:
-        Trap([&] { OnUnload(); });
+        Fails([&] { OnUnload(); });
         for (const auto& control : controls_)
             control->Detach();
         ClearWindowName(window);
@@ -333,7 +350,7 @@ void Form::OnCommand(int id, int notification) {
 LRESULT Form::OnNotify(NMHDR& notification) {
     LRESULT result = 0;
     if (const Control* control = FromWindow(notification.hwndFrom); control && control->onNotify)
-        Trap([&] { result = control->onNotify(notification); });
+        Fails([&] { result = control->onNotify(notification); });
     return result;
 }
 
@@ -420,9 +437,9 @@ Control* Form::CancelButton() {
 }
 
 // An error in a handler ends the handler, never the form.
-void Form::Fire(const std::function<void()>& handler) {
+void Form::Fire(const std::function<void()>& handler) const {
     if (handler)
-        Trap([&] { handler(); });
+        Fails(handler);
 }
 
 } // namespace vndesk

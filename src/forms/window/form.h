@@ -7,13 +7,10 @@
 #include <windows.h>
 
 #include <exception>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include "comkit/base/com_error.h"
@@ -55,13 +52,13 @@ public:
     // Ends the form; from a handler this takes effect when the handler returns.
     void Unload();
 
-    std::wstring Name() const { return spec_.name; }
     HWND Window() const { return window_; }
     int Dpi() const { return dpi_; }
     const std::wstring& Caption() const { return caption_; }
     bool TitleOnly() const { return spec_.titleOnly; }
     const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
-    Control& Get(std::wstring_view name);
+    // By its place in the table; FormOf knows the places by name.
+    Control& At(size_t index);
 
     // Outer size and place.
     double Width() const { return place_.width; }
@@ -88,17 +85,6 @@ protected:
     virtual bool OnKeyDown(const Control&, WPARAM) { return false; }
     virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // Names of controls, each with the member function that its click calls.
-    template <class Derived>
-    using ClickTable = std::initializer_list<std::pair<std::wstring_view, void (Derived::*)()>>;
-
-    template <class Derived> void TieClicks(ClickTable<Derived> clicks) {
-        for (const auto& [name, handler] : clicks)
-            Get(name).onClick = [form = static_cast<Derived*>(this), handler = handler] {
-                (form->*handler)();
-            };
-    }
-
     // Ends the form with the error now being handled: ShowModal raises it to the form's opener.
     void Fail();
 
@@ -119,7 +105,8 @@ private:
     Control* FromWindow(HWND window);
     Control* FromPoint(POINT point);
     Control* CancelButton();
-    void Fire(const std::function<void()>& handler);
+    template <class Steps> bool Fails(Steps&& steps) const;
+    void Fire(const std::function<void()>& handler) const;
     void Destroy();
 
     const FormSpec& spec_;
