@@ -37,11 +37,17 @@ std::vector<std::wstring> Names(std::size_t count) {
 }
 
 constexpr ControlSpec kControls[] = {
-    {ControlKind::ListBoxW, L"List", L"", {0, 0, 4000, 4000}},
-    {ControlKind::ComboBoxW, L"Combo", L"", {0, 4200, 4000, 4000}},
-    {ControlKind::ListView, L"Report", L"", {4200, 0, 4000, 4000}},
+    ListBox(L"List", {0, 0, 4000, 4000}),
+    DropDownList(L"Combo", {0, 4200, 4000, 4000}),
+    ListView(L"Report", {4200, 0, 4000, 4000}),
 };
-constexpr FormSpec kForm = {L"Bench", L"Bench", 9000, 9000, FormBorder::Sizable, false, kControls};
+constexpr FormSpec kForm = {
+    .name = L"Bench",
+    .caption = L"Bench",
+    .client = {9000, 9000},
+    .border = FormBorder::Sizable,
+    .controls = kControls,
+};
 
 class Lists final : public FormOf<kForm> {
 public:

@@ -24,8 +24,6 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 // Each line reads as a sentence: how it joins the one above, the field, the operator, the value.
 constexpr double kLineHeight = 435;
 constexpr double LineTop(int line) {
@@ -41,16 +39,16 @@ constexpr ControlSpec Predicate(const wchar_t* name, int line) {
     return DataComboSpec(name, {4260, LineTop(line), 2040, 330});
 }
 constexpr ControlSpec Value(const wchar_t* name, int line) {
-    return {TextBoxW, name, L"", {6420, LineTop(line), 2760, 330}};
+    return TextBox(name, {6420, LineTop(line), 2760, 330});
 }
 
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"lblFirst", texts::kFindFirst, {180, LineTop(0) + 45, 1080, 240}},
-    {LabelW, L"Label1", texts::kFindField, {1380, 150, 2760, 240}, kMnemonic},
+    Label(L"lblFirst", texts::kFindFirst, {180, LineTop(0) + 45, 1080, 240}),
+    Label(L"Label1", texts::kFindField, {1380, 150, 2760, 240}, kMnemonic),
     Field(L"CmbFld(0)", 0),
-    {LabelW, L"Label2", texts::kFindOperator, {4260, 150, 2040, 240}, kMnemonic},
+    Label(L"Label2", texts::kFindOperator, {4260, 150, 2040, 240}, kMnemonic),
     Predicate(L"CmbPredicate(0)", 0),
-    {LabelW, L"Label3", texts::kFindValue, {6420, 150, 2760, 240}, kMnemonic},
+    Label(L"Label3", texts::kFindValue, {6420, 150, 2760, 240}, kMnemonic),
     Value(L"MskValue(0)", 0),
     Join(L"cmbLg(1)", 1),
     Field(L"CmbFld(1)", 1),
@@ -64,16 +62,21 @@ constexpr ControlSpec kControls[] = {
     Field(L"CmbFld(3)", 3),
     Predicate(L"CmbPredicate(3)", 3),
     Value(L"MskValue(3)", 3),
-    {LabelW, L"lblResult", texts::kFindResult, {180, 2235, 9000, 240}, kMnemonic},
-    {TextBoxW, L"TxtResult", L"", {180, 2505, 9000, 1125}, kMultiLine | kReadOnly},
-    {Frame, L"FrCmd", L"", {4530, 3690, 4650, 690}},
-    {CommandButtonW, L"CmdOk", texts::kFindOk, {4680, 3855, 1350, 375}},
-    {CommandButtonW, L"CmdCancel", texts::kFindCancel, {6180, 3855, 1350, 375}, kCancel},
-    {CommandButtonW, L"CmdHelp", texts::kFindHelp, {7680, 3855, 1350, 375}},
+    Label(L"lblResult", texts::kFindResult, {180, 2235, 9000, 240}, kMnemonic),
+    TextBox(L"TxtResult", {180, 2505, 9000, 1125}, kMultiLine | kReadOnly),
+    Frame(L"FrCmd", L"", {4530, 3690, 4650, 690}),
+    Button(L"CmdOk", texts::kFindOk, {4680, 3855, 1350, 375}),
+    Button(L"CmdCancel", texts::kFindCancel, {6180, 3855, 1350, 375}, kCancel),
+    Button(L"CmdHelp", texts::kFindHelp, {7680, 3855, 1350, 375}),
 };
 
-constexpr FormSpec kForm = {L"FrmFind", texts::kFindTitle, 9360, 4530, FormBorder::FixedDialog,
-                            false,      kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmFind",
+    .caption = texts::kFindTitle,
+    .client = {9360, 4530},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 constexpr long kFirst = 0;
 constexpr long kLines = kConditionLines;

@@ -17,26 +17,24 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"Label1", texts::kLogonUser, {1140, 270, 1380, 240}},
-    {TextBoxW, L"TxtUser", L"", {2580, 225, 2400, 330}},
-    {LabelW, L"Label2", texts::kLogonPassword, {1140, 720, 1380, 240}},
-    {TextBoxW, L"TxtPass", L"", {2580, 675, 2400, 330}, kPassword},
-    {CommandButtonW,
-     L"CmdOk",
-     texts::kLogonOk,
-     {1140, 1230, 1200, 375},
-     kDisabled,
-     L"Click here to Logon!"},
-    {CommandButtonW, L"CMDCAN", texts::kLogonExit, {2460, 1230, 1200, 375}, kCancel},
-    {CommandButtonW, L"CmdHelp", texts::kLogonHelp, {3780, 1230, 1200, 375}},
-    {Image, L"Image1", L"", {210, 225, 720, 720}},
+    Label(L"Label1", texts::kLogonUser, {1140, 270, 1380, 240}),
+    TextBox(L"TxtUser", {2580, 225, 2400, 330}),
+    Label(L"Label2", texts::kLogonPassword, {1140, 720, 1380, 240}),
+    TextBox(L"TxtPass", {2580, 675, 2400, 330}, kPassword),
+    Button(L"CmdOk", texts::kLogonOk, {1140, 1230, 1200, 375}, kDisabled, L"Click here to Logon!"),
+    Button(L"CMDCAN", texts::kLogonExit, {2460, 1230, 1200, 375}, kCancel),
+    Button(L"CmdHelp", texts::kLogonHelp, {3780, 1230, 1200, 375}),
+    Image(L"Image1", {210, 225, 720, 720}),
 };
 
-constexpr FormSpec kForm = {L"FrmLogon", L"Login", 5190, 1830, FormBorder::FixedDialog,
-                            false,       kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmLogon",
+    .caption = L"Login",
+    .client = {5190, 1830},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 class LogonForm final : public FormOf<kForm> {
 public:

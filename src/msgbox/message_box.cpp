@@ -17,8 +17,6 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 // The message is never smaller than this, so that the widest button set fits below it and the icon
 // beside it.
 constexpr TwipsRect kMessagePlace = {840, 600, 2760, 360};
@@ -29,24 +27,30 @@ constexpr wchar_t kLastKey = 0xFF;
 // What lies on top stands first. The designed buttons are those of a box whose button number names
 // no set.
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"Message", L"", kMessagePlace, kAutoSize},
-    {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel},
-    {CommandButtonW, L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden},
-    {CommandButtonW, L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden},
-    {LabelW, L"label4", L"", {10, 45, 3600, 240}, kEllipsis},
-    {LabelW, L"Label5", L"", {0, 0, 3700, kStripHeight}, kBehind},
-    {Image, L"micon", L"", kIconPlace},
-    {Image, L"stop", L"", kIconPlace, kHidden},
-    {Image, L"q", L"", kIconPlace, kHidden},
-    {Image, L"Ex", L"", kIconPlace, kHidden},
-    {Image, L"Info", L"", kIconPlace, kHidden},
-    {Line, L"LineTop", L"", {}},
-    {Line, L"LineLeft", L"", {}},
-    {Line, L"LineRight", L"", {}},
-    {Line, L"LineBottom", L"", {}},
+    Label(L"Message", L"", kMessagePlace, kAutoSize),
+    Button(L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel),
+    Button(L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden),
+    Button(L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden),
+    Label(L"label4", L"", {10, 45, 3600, 240}, kEllipsis),
+    Label(L"Label5", L"", {0, 0, 3700, kStripHeight}, kBehind),
+    Image(L"micon", kIconPlace),
+    Image(L"stop", kIconPlace, kHidden),
+    Image(L"q", kIconPlace, kHidden),
+    Image(L"Ex", kIconPlace, kHidden),
+    Image(L"Info", kIconPlace, kHidden),
+    {ControlKind::Line, L"LineTop", L"", {}},
+    {ControlKind::Line, L"LineLeft", L"", {}},
+    {ControlKind::Line, L"LineRight", L"", {}},
+    {ControlKind::Line, L"LineBottom", L"", {}},
 };
 
-constexpr FormSpec kForm = {L"MessageBox", L"", 3700, 1635, FormBorder::None, true, kControls};
+constexpr FormSpec kForm = {
+    .name = L"MessageBox",
+    .client = {3700, 1635},
+    .border = FormBorder::None,
+    .titleOnly = true,
+    .controls = kControls,
+};
 
 using Name = FormOf<kForm>::Name;
 

@@ -23,37 +23,32 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {Frame, L"FrDetail", texts::kGroupManagerGroups, {150, 120, 3600, 5070}, kGrowDown},
-    {ListBoxW, L"Lv1", L"", {300, 420, 3300, 4140}, kMultiSelect | kGrowDown},
-    {CommandButtonW, L"CmdDelete", texts::kGroupManagerDelete, {300, 4665, 1560, 375}, kMoveDown},
-    {CommandButtonW, L"CmdPms", texts::kGroupManagerRights, {2040, 4665, 1560, 375}, kMoveDown},
-    {Frame, L"Frame1", texts::kGroupManagerDetail, {3900, 120, 4650, 1890}, kGrowRight},
-    {LabelW, L"Label1", texts::kGroupManagerName, {4050, 465, 1110, 240}, kMnemonic},
-    {TextBoxW, L"txtName", L"", {5220, 420, 3180, 330}, kGrowRight},
-    {LabelW, L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic},
-    {TextBoxW, L"TxtDesc", L"", {5220, 840, 3180, 330}, kGrowRight},
+    Frame(L"FrDetail", texts::kGroupManagerGroups, {150, 120, 3600, 5070}, kGrowDown),
+    ListBox(L"Lv1", {300, 420, 3300, 4140}, kMultiSelect | kGrowDown),
+    Button(L"CmdDelete", texts::kGroupManagerDelete, {300, 4665, 1560, 375}, kMoveDown),
+    Button(L"CmdPms", texts::kGroupManagerRights, {2040, 4665, 1560, 375}, kMoveDown),
+    Frame(L"Frame1", texts::kGroupManagerDetail, {3900, 120, 4650, 1890}, kGrowRight),
+    Label(L"Label1", texts::kGroupManagerName, {4050, 465, 1110, 240}, kMnemonic),
+    TextBox(L"txtName", {5220, 420, 3180, 330}, kGrowRight),
+    Label(L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic),
+    TextBox(L"TxtDesc", {5220, 840, 3180, 330}, kGrowRight),
     // Writing comes next after the last box, for those who go on with Enter.
-    {CommandButtonW, L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight},
-    {CommandButtonW, L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight},
-    {Frame, L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrowRight | kGrowDown},
-    {LabelW,
-     L"lblDsUs",
-     texts::kGroupManagerUsers,
-     {4050, 2340, 4350, 240},
-     kMnemonic | kGrowRight},
-    {ListBoxW, L"lvUser", L"", {4050, 2610, 4350, 2430}, kGrowRight | kGrowDown},
-    {CommandButtonW,
-     L"CmdExit",
-     texts::kGroupManagerExit,
-     {7260, 5310, 1290, 375},
-     kCancel | kMoveRight | kMoveDown},
+    Button(L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight),
+    Button(L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight),
+    Frame(L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrow),
+    Label(L"lblDsUs", texts::kGroupManagerUsers, {4050, 2340, 4350, 240}, kMnemonic | kGrowRight),
+    ListBox(L"lvUser", {4050, 2610, 4350, 2430}, kGrow),
+    Button(L"CmdExit", texts::kGroupManagerExit, {7260, 5310, 1290, 375}, kCancel | kMove),
 };
 
 constexpr FormSpec kForm = {
-    L"FmGrp", texts::kGroupManagerTitle, 8700, 5805, FormBorder::Sizable, false, kControls};
+    .name = L"FmGrp",
+    .caption = texts::kGroupManagerTitle,
+    .client = {8700, 5805},
+    .border = FormBorder::Sizable,
+    .controls = kControls,
+};
 
 constexpr wchar_t kSaveErrorTitle[] = L"Save Error";
 constexpr wchar_t kDeleteTitle[] = L"Delete";

@@ -21,28 +21,23 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"LblTitle", texts::kPermissionGroupIs, {180, 150, 6900, 255}, kEllipsis | kGrowRight},
-    {LabelW, L"lblBars", texts::kPermissionBars, {180, 510, 2400, 240}, kMnemonic},
-    {ListBoxW, L"LstMenuBar", L"", {180, 780, 2400, 3300}, kGrowDown},
-    {LabelW, L"lblCommands", texts::kPermissionCommands, {2700, 510, 4380, 240}, kMnemonic},
-    {CheckListW, L"LstSubMenu", L"", {2700, 780, 4380, 3300}, kGrowRight | kGrowDown},
-    {CommandButtonW,
-     L"CmdOk",
-     texts::kPermissionOk,
-     {4380, 4230, 1290, 375},
-     kMoveRight | kMoveDown},
-    {CommandButtonW,
-     L"Command1",
-     texts::kPermissionCancel,
-     {5790, 4230, 1290, 375},
-     kCancel | kMoveRight | kMoveDown},
+    Label(L"LblTitle", texts::kPermissionGroupIs, {180, 150, 6900, 255}, kEllipsis | kGrowRight),
+    Label(L"lblBars", texts::kPermissionBars, {180, 510, 2400, 240}, kMnemonic),
+    ListBox(L"LstMenuBar", {180, 780, 2400, 3300}, kGrowDown),
+    Label(L"lblCommands", texts::kPermissionCommands, {2700, 510, 4380, 240}, kMnemonic),
+    CheckListBox(L"LstSubMenu", {2700, 780, 4380, 3300}, kGrow),
+    Button(L"CmdOk", texts::kPermissionOk, {4380, 4230, 1290, 375}, kMove),
+    Button(L"Command1", texts::kPermissionCancel, {5790, 4230, 1290, 375}, kCancel | kMove),
 };
 
 constexpr FormSpec kForm = {
-    L"FrPms", texts::kPermissionFormTitle, 7260, 4785, FormBorder::Sizable, false, kControls};
+    .name = L"FrPms",
+    .caption = texts::kPermissionFormTitle,
+    .client = {7260, 4785},
+    .border = FormBorder::Sizable,
+    .controls = kControls,
+};
 
 // Code, name and description stand before the masks.
 constexpr long kFirstMaskColumn = 3;

@@ -20,27 +20,30 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"lblUser", texts::kUserEditorName, {210, 270, 1860, 240}, kMnemonic},
-    {TextBoxW, L"TxtUser", L"", {2130, 225, 3300, 330}},
-    {LabelW, L"lblDes", texts::kUserEditorDescription, {210, 690, 1860, 240}, kMnemonic},
-    {TextBoxW, L"TxtDes", L"", {2130, 645, 3300, 330}},
-    {LabelW, L"lblIdGroup", texts::kUserEditorGroup, {210, 1110, 1860, 240}, kMnemonic},
-    {ComboBoxW, L"TxtIdGroup", L"", {2130, 1065, 3300, 3600}},
-    {LabelW, L"lblPass", texts::kUserEditorPassword, {210, 1530, 1860, 240}, kMnemonic},
-    {TextBoxW, L"TxtPass", L"", {2130, 1485, 3300, 330}, kPassword},
-    {LabelW, L"lblConfirm", texts::kUserEditorConfirm, {210, 1950, 1860, 240}, kMnemonic},
-    {TextBoxW, L"txtConfirm", L"", {2130, 1905, 3300, 330}, kPassword},
-    {CommandButtonW, L"CmdOk", texts::kUserEditorOk, {2130, 2460, 1590, 375}},
-    {CommandButtonW, L"CMDCAN", texts::kUserEditorCancel, {3840, 2460, 1590, 375}, kCancel},
+    Label(L"lblUser", texts::kUserEditorName, {210, 270, 1860, 240}, kMnemonic),
+    TextBox(L"TxtUser", {2130, 225, 3300, 330}),
+    Label(L"lblDes", texts::kUserEditorDescription, {210, 690, 1860, 240}, kMnemonic),
+    TextBox(L"TxtDes", {2130, 645, 3300, 330}),
+    Label(L"lblIdGroup", texts::kUserEditorGroup, {210, 1110, 1860, 240}, kMnemonic),
+    DropDownList(L"TxtIdGroup", {2130, 1065, 3300, 3600}),
+    Label(L"lblPass", texts::kUserEditorPassword, {210, 1530, 1860, 240}, kMnemonic),
+    TextBox(L"TxtPass", {2130, 1485, 3300, 330}, kPassword),
+    Label(L"lblConfirm", texts::kUserEditorConfirm, {210, 1950, 1860, 240}, kMnemonic),
+    TextBox(L"txtConfirm", {2130, 1905, 3300, 330}, kPassword),
+    Button(L"CmdOk", texts::kUserEditorOk, {2130, 2460, 1590, 375}),
+    Button(L"CMDCAN", texts::kUserEditorCancel, {3840, 2460, 1590, 375}, kCancel),
     // Part of the form's set of controls, without behaviour, so it is not shown.
-    {CommandButtonW, L"Command1", L"", {210, 2460, 1200, 375}, kHidden},
+    Button(L"Command1", L"", {210, 2460, 1200, 375}, kHidden),
 };
 
 constexpr FormSpec kForm = {
-    L"FrmInput", texts::kUserEditorTitle, 5640, 3060, FormBorder::FixedDialog, false, kControls};
+    .name = L"FrmInput",
+    .caption = texts::kUserEditorTitle,
+    .client = {5640, 3060},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 // The two titles differ in spelling on purpose.
 constexpr wchar_t kAddTitle[] = L"User Infomation";

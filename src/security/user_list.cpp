@@ -22,22 +22,21 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {ListView, L"Lv", L"", {180, 180, 6600, 4200}, kGrowRight | kGrowDown},
-    {CommandButtonW, L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight},
-    {CommandButtonW, L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kMoveRight},
-    {CommandButtonW, L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight},
-    {CommandButtonW,
-     L"CmdExit",
-     texts::kUserListExit,
-     {6930, 4005, 1290, 375},
-     kCancel | kMoveRight | kMoveDown},
+    ListView(L"Lv", {180, 180, 6600, 4200}, kGrow),
+    Button(L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight),
+    Button(L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kMoveRight),
+    Button(L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight),
+    Button(L"CmdExit", texts::kUserListExit, {6930, 4005, 1290, 375}, kCancel | kMove),
 };
 
 constexpr FormSpec kForm = {
-    L"FrmMenu", texts::kUserListTitle, 8400, 4560, FormBorder::Sizable, false, kControls};
+    .name = L"FrmMenu",
+    .caption = texts::kUserListTitle,
+    .client = {8400, 4560},
+    .border = FormBorder::Sizable,
+    .controls = kControls,
+};
 
 // The account of the system, which may be renamed but not deleted.
 constexpr double kProtectedUser = 3;

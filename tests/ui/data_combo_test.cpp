@@ -17,17 +17,20 @@
 namespace vndesk::test {
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {TextBoxW, L"txtFirst", L"", {100, 100, 2000, 315}},
+    TextBox(L"txtFirst", {100, 100, 2000, 315}),
     DataComboSpec(L"CmbFld", {100, 600, 2000, 900}),
     DataComboSpec(L"cmbLg", {2300, 600, 900, 315}),
-    {TextBoxW, L"txtLast", L"", {100, 1100, 2000, 315}},
-    {CommandButtonW, L"CmdOk", L"§ång ý", {2300, 1100, 900, 375}, kCancel},
+    TextBox(L"txtLast", {100, 1100, 2000, 315}),
+    Button(L"CmdOk", L"§ång ý", {2300, 1100, 900, 375}, kCancel),
 };
-constexpr FormSpec kForm = {L"FrmTest", L"Thö",   4000, 1600, FormBorder::FixedDialog,
-                            false,      kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmTest",
+    .caption = L"Thö",
+    .client = {4000, 1600},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 class ComboForm : public FormOf<kForm> {
 public:

@@ -14,25 +14,39 @@
 namespace vndesk::test {
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"lblPlain", texts::kNotice, {100, 100, 2000, 240}},
-    {LabelW, L"lblCapitals", texts::kNotice, {100, 400, 2000, 240}, 0, nullptr, L".VnArialH", 10},
-    {LabelW, L"lblTitleOfForm", texts::kNotice, {100, 700, 2000, 240}},
-    {LabelW, L"lblName", L"&Tªn", {100, 1000, 900, 240}, kMnemonic},
-    {TextBoxW, L"txtName", L"§", {1100, 1000, 2000, 315}},
-    {ComboBoxW, L"cmbGroup", L"", {1100, 1400, 2000, 1500}},
-    {CheckBoxW, L"chkAll", L"TÊt c¶", {100, 1800, 2000, 300}},
-    {OptionButtonW, L"optOne", L"Mét", {100, 2100, 2000, 300}},
-    {CommandButtonW, L"cmdGo", L"&Xem", {100, 2500, 1200, 375}, kDefault},
-    {CommandButtonW, L"cmdTitle", L"§ãng", {1400, 2500, 1200, 375}, kCancel},
-    {Line, L"Line1", L"", {0, 2400, 4000, 0}},
+    Label(L"lblPlain", texts::kNotice, {100, 100, 2000, 240}),
+    {.kind = ControlKind::LabelW,
+     .name = L"lblCapitals",
+     .caption = texts::kNotice,
+     .place = {100, 400, 2000, 240},
+     .fontName = L".VnArialH",
+     .fontPoints = 10},
+    Label(L"lblTitleOfForm", texts::kNotice, {100, 700, 2000, 240}),
+    Label(L"lblName", L"&Tªn", {100, 1000, 900, 240}, kMnemonic),
+    {ControlKind::TextBoxW, L"txtName", L"§", {1100, 1000, 2000, 315}},
+    DropDownList(L"cmbGroup", {1100, 1400, 2000, 1500}),
+    CheckBox(L"chkAll", L"TÊt c¶", {100, 1800, 2000, 300}),
+    OptionButton(L"optOne", L"Mét", {100, 2100, 2000, 300}),
+    Button(L"cmdGo", L"&Xem", {100, 2500, 1200, 375}, kDefault),
+    Button(L"cmdTitle", L"§ãng", {1400, 2500, 1200, 375}, kCancel),
+    {ControlKind::Line, L"Line1", L"", {0, 2400, 4000, 0}},
 };
-constexpr FormSpec kForm = {L"FrmTest", L"Thö nghiÖm", 4000, 3000, FormBorder::FixedDialog,
-                            false,      kControls};
-constexpr FormSpec kTitleOnlyForm = {L"FrmTest", L"Thö nghiÖm", 4000, 3000, FormBorder::FixedDialog,
-                                     true,       kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmTest",
+    .caption = L"Thö nghiÖm",
+    .client = {4000, 3000},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
+constexpr FormSpec kTitleOnlyForm = {
+    .name = L"FrmTest",
+    .caption = L"Thö nghiÖm",
+    .client = {4000, 3000},
+    .border = FormBorder::FixedDialog,
+    .titleOnly = true,
+    .controls = kControls,
+};
 
 template <const FormSpec& kDesign> class TestFormOf : public FormOf<kDesign> {
 public:
@@ -156,13 +170,17 @@ TEST(FormWindow, ControlsAndFormCarryTheirNames) {
 }
 
 constexpr ControlSpec kBoxes[] = {
-    {TextBoxW, L"txtHigh", L"", {100, 100, 1500, 700}},
-    {TextBoxW, L"txtLow", L"", {1700, 100, 1500, 270}},
-    {TextBoxW, L"txtLines", L"", {3300, 100, 600, 700}, kMultiLine},
-    {ComboBoxW, L"cmbOne", L"", {100, 900, 1500, 1500}},
+    TextBox(L"txtHigh", {100, 100, 1500, 700}),
+    TextBox(L"txtLow", {1700, 100, 1500, 270}),
+    TextBox(L"txtLines", {3300, 100, 600, 700}, kMultiLine),
+    DropDownList(L"cmbOne", {100, 900, 1500, 1500}),
 };
-constexpr FormSpec kBoxForm = {L"FrmBoxes", L"",   4000, 3000, FormBorder::FixedDialog,
-                               false,       kBoxes};
+constexpr FormSpec kBoxForm = {
+    .name = L"FrmBoxes",
+    .client = {4000, 3000},
+    .border = FormBorder::FixedDialog,
+    .controls = kBoxes,
+};
 
 LONG HeightOf(const vndesk::Control& control) {
     RECT box = {};

@@ -10,14 +10,17 @@
 namespace vndesk::test {
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {ListBoxW, L"lstOne", L"", {100, 100, 2000, 1200}},
-    {ListBoxW, L"lstMany", L"", {100, 1400, 2000, 1200}, kMultiSelect},
-    {ComboBoxW, L"cmbOne", L"", {100, 2700, 2000, 1200}},
+    ListBox(L"lstOne", {100, 100, 2000, 1200}),
+    ListBox(L"lstMany", {100, 1400, 2000, 1200}, kMultiSelect),
+    DropDownList(L"cmbOne", {100, 2700, 2000, 1200}),
 };
-constexpr FormSpec kForm = {L"FrmTest", L"", 4000, 3200, FormBorder::FixedDialog, false, kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmTest",
+    .client = {4000, 3200},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 class TestForm final : public FormOf<kForm> {
 public:

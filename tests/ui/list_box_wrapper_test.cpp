@@ -14,14 +14,17 @@
 namespace vndesk::test {
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {TextBoxW, L"txtBefore", L"", {100, 100, 2000, 330}},
-    {ListBoxW, L"lstItems", L"", {100, 600, 2000, 1800}},
-    {CommandButtonW, L"cmdClose", L"X", {100, 2500, 1200, 375}, kCancel},
+    TextBox(L"txtBefore", {100, 100, 2000, 330}),
+    ListBox(L"lstItems", {100, 600, 2000, 1800}),
+    Button(L"cmdClose", L"X", {100, 2500, 1200, 375}, kCancel),
 };
-constexpr FormSpec kForm = {L"FrmTest", L"", 4000, 3000, FormBorder::FixedDialog, false, kControls};
+constexpr FormSpec kForm = {
+    .name = L"FrmTest",
+    .client = {4000, 3000},
+    .border = FormBorder::FixedDialog,
+    .controls = kControls,
+};
 
 class TestForm final : public FormOf<kForm> {
 public:

@@ -18,31 +18,26 @@ namespace vndesk {
 
 namespace {
 
-using enum ControlKind;
-
 constexpr ControlSpec kControls[] = {
-    {Frame, L"FrDetail", L"", {150, 120, 6000, 5280}, kGrowRight | kGrowDown},
-    {LabelW, L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic},
-    {TextBoxW, L"TxtSelH", L"", {1230, 435, 4740, 330}, kGrowRight},
+    Frame(L"FrDetail", L"", {150, 120, 6000, 5280}, kGrow),
+    Label(L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic),
+    TextBox(L"TxtSelH", {1230, 435, 4740, 330}, kGrowRight),
     // Choosing comes next after the search box, for those who go on with Enter.
-    {CommandButtonW,
-     L"CmdSel",
-     texts::kPickerChoose,
-     {3450, 5520, 1290, 375},
-     kDisabled | kMoveRight | kMoveDown},
-    {CommandButtonW,
-     L"CmdQuit",
-     texts::kPickerQuit,
-     {4860, 5520, 1290, 375},
-     kCancel | kMoveRight | kMoveDown},
-    {ListBoxW, L"lv1IP", L"", {330, 870, 5640, 4020}, kGrowRight | kGrowDown},
-    {LabelW, L"lblCode", L"", {330, 5010, 5640, 240}, kEllipsis | kGrowRight | kMoveDown},
+    Button(L"CmdSel", texts::kPickerChoose, {3450, 5520, 1290, 375}, kDisabled | kMove),
+    Button(L"CmdQuit", texts::kPickerQuit, {4860, 5520, 1290, 375}, kCancel | kMove),
+    ListBox(L"lv1IP", {330, 870, 5640, 4020}, kGrow),
+    Label(L"lblCode", L"", {330, 5010, 5640, 240}, kEllipsis | kGrowRight | kMoveDown),
     // Part of the form's set of controls, without behaviour, so it is not shown.
-    {ListView, L"Lv1", L"", {330, 870, 5640, 4020}, kHidden},
+    ListView(L"Lv1", {330, 870, 5640, 4020}, kHidden),
 };
 
 constexpr FormSpec kForm = {
-    L"FmSelHang", texts::kPickerTitle, 6300, 6015, FormBorder::Sizable, false, kControls};
+    .name = L"FmSelHang",
+    .caption = texts::kPickerTitle,
+    .client = {6300, 6015},
+    .border = FormBorder::Sizable,
+    .controls = kControls,
+};
 
 constexpr UINT_PTR kIndexTimer = 1;
 

@@ -26,6 +26,11 @@ inline double ToTwips(int pixels, int dpi) {
     return pixels * kTwipsPerInch / dpi;
 }
 
+struct TwipsSize {
+    double width = 0;
+    double height = 0;
+};
+
 struct TwipsRect {
     double left = 0;
     double top = 0;

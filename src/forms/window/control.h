@@ -11,63 +11,11 @@
 #include <string_view>
 
 #include "forms/look/font.h"
-#include "forms/look/twips.h"
+#include "forms/window/control_spec.h"
 
 namespace vndesk {
 
 class Form;
-
-enum class ControlKind {
-    LabelW,
-    TextBoxW,
-    ComboBoxW,
-    CommandButtonW,
-    CheckBoxW,
-    OptionButtonW,
-    Image,
-    Line,
-    ListBoxW,
-    CheckListW,
-    ListView,
-    Frame,
-    Custom // a window class that a subsystem brings
-};
-
-// Design-time properties that are simply on or off.
-enum ControlFlags : unsigned {
-    kHidden = 1,
-    kDisabled = 2,
-    kAutoSize = 4,   // a label that takes the size of its text; its designed size is the least
-    kPassword = 8,   // a text box that shows asterisks
-    kDefault = 16,   // the button that Enter presses when no button has the focus
-    kCancel = 32,    // the button that Escape presses
-    kEllipsis = 64,  // a one-line label that ends in "..." where it is too long
-    kMnemonic = 128, // a label whose "&" marks the letter that leads to the next control
-    kMultiSelect = 256,
-    // What a control does when the user drags the form's edge.
-    kGrowRight = 512,
-    kGrowDown = 1024,
-    kMoveRight = 2048,
-    kMoveDown = 4096,
-    kBehind = 8192,     // other controls lie on it
-    kMultiLine = 16384, // a text box of several lines, with a scroll bar
-    kReadOnly = 32768,
-};
-
-// One row of a form's layout table. The caption is TCVN3 unless the form says that it converts
-// none.
-struct ControlSpec {
-    ControlKind kind;
-    const wchar_t* name;
-    const wchar_t* caption;
-    TwipsRect place;
-    unsigned flags = 0;
-    const wchar_t* toolTip = nullptr;
-    const wchar_t* fontName = L"VK Sans Serif";
-    double fontPoints = 8;
-    // Of custom controls only. The window is the container of what stands in it.
-    const wchar_t* windowClass = nullptr;
-};
 
 class Control {
 public:

@@ -94,7 +94,7 @@ void Form::CreateFormWindow() {
         CreateEmptyDialog(IsWindow(owner_) ? owner_ : GetActiveWindow(), style, extendedStyle);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetWindowName(window_, spec_.name);
-    RECT frame = {0, 0, ToPixels(spec_.clientWidth, dpi_), ToPixels(spec_.clientHeight, dpi_)};
+    RECT frame = {0, 0, ToPixels(spec_.client.width, dpi_), ToPixels(spec_.client.height, dpi_)};
     AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
     least_ = {frame.right - frame.left, frame.bottom - frame.top};
     place_ = {}; // a form may be loaded again
@@ -359,8 +359,8 @@ void Form::FollowEdges() {
     RECT client;
     if (spec_.border != FormBorder::Sizable || !GetClientRect(window_, &client))
         return;
-    const double wider = ToTwips(client.right, dpi_) - spec_.clientWidth;
-    const double higher = ToTwips(client.bottom, dpi_) - spec_.clientHeight;
+    const double wider = ToTwips(client.right, dpi_) - spec_.client.width;
+    const double higher = ToTwips(client.bottom, dpi_) - spec_.client.height;
     for (size_t i = 0; i < controls_.size(); ++i) {
         const unsigned flags = controls_[i]->Flags();
         TwipsRect place = spec_.controls[i].place;

@@ -9,7 +9,6 @@
 #include <exception>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -19,20 +18,6 @@
 #include "forms/window/form_window.h"
 
 namespace vndesk {
-
-enum class FormBorder { None, FixedDialog, Sizable };
-
-struct FormSpec {
-    const wchar_t* name;
-    const wchar_t* caption; // TCVN3
-    double clientWidth;
-    double clientHeight;
-    FormBorder border;
-    // The form converts the texts that it puts on its controls by itself: preparation leaves them
-    // alone.
-    bool titleOnly;
-    std::span<const ControlSpec> controls;
-};
 
 class Form {
 public:

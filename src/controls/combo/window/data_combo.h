@@ -29,9 +29,7 @@ public:
 
 // A row of a form's layout table. The height is the list's own, whatever the place says.
 constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    ControlSpec design = {ControlKind::Custom, name, L"", place, flags};
-    design.windowClass = kDataComboClass;
-    return design;
+    return CustomControl(kDataComboClass, name, place, flags);
 }
 
 // Errors are raised as ComError with Visual Basic's numbers. Indexes count from 0; -1 is none.

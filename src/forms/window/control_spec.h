@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// What a form is laid out from: its table of controls, a row each, and the form itself. Texts are
+// TCVN3 unless the form says that it converts none; places and sizes are twips.
+#pragma once
+
+#include <span>
+
+#include "forms/look/twips.h"
+
+namespace vndesk {
+
+enum class ControlKind {
+    LabelW,
+    TextBoxW,
+    ComboBoxW,
+    CommandButtonW,
+    CheckBoxW,
+    OptionButtonW,
+    Image,
+    Line,
+    ListBoxW,
+    CheckListW,
+    ListView,
+    Frame,
+    Custom // a window class that a subsystem brings
+};
+
+// Design-time properties that are simply on or off.
+enum ControlFlags : unsigned {
+    kHidden = 1,
+    kDisabled = 2,
+    kAutoSize = 4,   // a label that takes the size of its text; its designed size is the least
+    kPassword = 8,   // a text box that shows asterisks
+    kDefault = 16,   // the button that Enter presses when no button has the focus
+    kCancel = 32,    // the button that Escape presses
+    kEllipsis = 64,  // a one-line label that ends in "..." where it is too long
+    kMnemonic = 128, // a label whose "&" marks the letter that leads to the next control
+    kMultiSelect = 256,
+    // What a control does when the user drags the form's edge.
+    kGrowRight = 512,
+    kGrowDown = 1024,
+    kMoveRight = 2048,
+    kMoveDown = 4096,
+    kGrow = kGrowRight | kGrowDown,
+    kMove = kMoveRight | kMoveDown,
+    kBehind = 8192,     // other controls lie on it
+    kMultiLine = 16384, // a text box of several lines, with a scroll bar
+    kReadOnly = 32768,
+};
+
+// One row of a form's layout table.
+struct ControlSpec {
+    ControlKind kind;
+    const wchar_t* name;
+    const wchar_t* caption;
+    TwipsRect place;
+    unsigned flags = 0;
+    const wchar_t* toolTip = nullptr;
+    const wchar_t* fontName = L"VK Sans Serif";
+    double fontPoints = 8;
+    // Of custom controls only. The window is the container of what stands in it.
+    const wchar_t* windowClass = nullptr;
+};
+
+// --- Rows by the kind of control ---
+
+constexpr ControlSpec Label(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+                            unsigned flags = 0) {
+    return {ControlKind::LabelW, name, caption, place, flags};
+}
+
+constexpr ControlSpec TextBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::TextBoxW, name, L"", place, flags};
+}
+
+// The height is that of the open list.
+constexpr ControlSpec DropDownList(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::ComboBoxW, name, L"", place, flags};
+}
+
+constexpr ControlSpec Button(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+                             unsigned flags = 0, const wchar_t* toolTip = nullptr) {
+    return {ControlKind::CommandButtonW, name, caption, place, flags, toolTip};
+}
+
+constexpr ControlSpec CheckBox(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+                               unsigned flags = 0) {
+    return {ControlKind::CheckBoxW, name, caption, place, flags};
+}
+
+constexpr ControlSpec OptionButton(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+                                   unsigned flags = 0) {
+    return {ControlKind::OptionButtonW, name, caption, place, flags};
+}
+
+constexpr ControlSpec Image(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::Image, name, L"", place, flags};
+}
+
+constexpr ControlSpec ListBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::ListBoxW, name, L"", place, flags};
+}
+
+constexpr ControlSpec CheckListBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::CheckListW, name, L"", place, flags};
+}
+
+constexpr ControlSpec ListView(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
+    return {ControlKind::ListView, name, L"", place, flags};
+}
+
+constexpr ControlSpec Frame(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+                            unsigned flags = 0) {
+    return {ControlKind::Frame, name, caption, place, flags};
+}
+
+constexpr ControlSpec CustomControl(const wchar_t* windowClass, const wchar_t* name,
+                                    TwipsRect place, unsigned flags = 0) {
+    return {.kind = ControlKind::Custom,
+            .name = name,
+            .caption = L"",
+            .place = place,
+            .flags = flags,
+            .windowClass = windowClass};
+}
+
+// --- The form ---
+
+enum class FormBorder { None, FixedDialog, Sizable };
+
+struct FormSpec {
+    const wchar_t* name;
+    const wchar_t* caption = L"";
+    TwipsSize client = {};
+    FormBorder border = FormBorder::FixedDialog;
+    // The form converts the texts that it puts on its controls by itself: preparation leaves them
+    // alone.
+    bool titleOnly = false;
+    std::span<const ControlSpec> controls = {};
+};
+
+} // namespace vndesk
