@@ -38,10 +38,6 @@ constexpr ControlSpec kControls[] = {
     Image(L"q", kIconPlace, kHidden),
     Image(L"Ex", kIconPlace, kHidden),
     Image(L"Info", kIconPlace, kHidden),
-    {ControlKind::Line, L"LineTop", L"", {}},
-    {ControlKind::Line, L"LineLeft", L"", {}},
-    {ControlKind::Line, L"LineRight", L"", {}},
-    {ControlKind::Line, L"LineBottom", L"", {}},
 };
 
 constexpr FormSpec kForm = {
@@ -68,7 +64,6 @@ constexpr IconSource kIcons[] = {
     {kInformation, L"Info", 32516},
 };
 
-constexpr Name kBorderNames[] = {L"LineTop", L"LineLeft", L"LineRight", L"LineBottom"};
 constexpr Name kButtonNames[] = {L"Cmd1", L"Cmd2", L"Cmd3"};
 
 class MessageForm final : public FormOf<kForm> {
@@ -115,8 +110,7 @@ protected:
         const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
         Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
-        for (const Name name : kBorderNames)
-            Get(name).SetColors(strip, CLR_INVALID);
+        border_.reset(CreateSolidBrush(strip));
         LoadEmblem();
         Get(L"Cmd1").tag = L"OK";
         for (size_t i = 0; i < std::size(kButtonNames); ++i)
@@ -126,18 +120,27 @@ protected:
     }
 
     void OnResize() override {
-        const double w = Width();
-        const double h = Height();
-        Get(L"LineTop").Move({0, 0, w, 0});
-        Get(L"LineLeft").Move({0, 0, 0, h});
-        // Up to the edges: at a high resolution more than a pixel lies beyond their beginnings.
-        Get(L"LineRight").Move({w - 15, 0, 15, h});
-        Get(L"LineBottom").Move({0, h - 20, w, 20});
         Control& strip = Get(L"Label5");
-        strip.Move({0, 0, w, strip.Height()});
+        strip.Move({0, 0, Width(), strip.Height()});
         Control& title = Get(L"label4");
         const int space = static_cast<int>(strip.Height() - title.Height());
         title.Move({10, static_cast<double>(space / 2), strip.Width() - 50, title.Height()});
+        Repaint(); // the border
+    }
+
+    // The border.
+    void OnPaint(HDC dc) override {
+        const double w = Width();
+        const double h = Height();
+        // Right and bottom up to the edges: at a high resolution more than a pixel lies beyond
+        // their beginnings.
+        for (const TwipsRect& line : {TwipsRect{0, 0, w, 0}, TwipsRect{0, 0, 0, h},
+                                      TwipsRect{w - 15, 0, 15, h}, TwipsRect{0, h - 20, w, 20}}) {
+            RECT bar = ToPixels(line, Dpi());
+            bar.right = std::max(bar.right, bar.left + 1);
+            bar.bottom = std::max(bar.bottom, bar.top + 1);
+            FillRect(dc, &bar, border_.get());
+        }
     }
 
     // A letter alone presses the button that has it underlined, as Alt and the letter do.
@@ -216,6 +219,7 @@ private:
         SendMessageW(Window(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
     }
 
+    UniqueBrush border_;
     UniqueIcon emblem_;
 };
 

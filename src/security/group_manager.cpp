@@ -162,7 +162,7 @@ private:
         browseMode_ = !browseMode_;
         Get(L"CmdAdd").SetCaption(
             ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, 0));
-        Get(L"FrDetail").SetEnabled(browseMode_);
+        SetFrameEnabled(Get(L"FrDetail"), browseMode_);
         if (browseMode_) {
             GroupClicked();
         } else {

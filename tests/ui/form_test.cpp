@@ -30,7 +30,6 @@ constexpr ControlSpec kControls[] = {
     OptionButton(L"optOne", L"Mét", {100, 2100, 2000, 300}),
     Button(L"cmdGo", L"&Xem", {100, 2500, 1200, 375}, kDefault),
     Button(L"cmdTitle", L"§ãng", {1400, 2500, 1200, 375}, kCancel),
-    {ControlKind::Line, L"Line1", L"", {0, 2400, 4000, 0}},
 };
 constexpr FormSpec kForm = {
     .name = L"FrmTest",

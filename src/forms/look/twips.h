@@ -37,7 +37,17 @@ struct TwipsRect {
     double width = 0;
     double height = 0;
 
+    bool Contains(const TwipsRect& other) const {
+        return other.left >= left && other.top >= top && other.left + other.width <= left + width &&
+               other.top + other.height <= top + height;
+    }
     bool operator==(const TwipsRect&) const = default;
 };
+
+// Right and bottom are rounded, not the size, so that neighbours meet.
+inline RECT ToPixels(const TwipsRect& place, int dpi) {
+    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
+            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
+}
 
 } // namespace vndesk

@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "comkit/base/com_error.h"
+#include "comkit/base/module.h"
 #include "forms/look/frame_caption.h"
-#include "forms/window/form.h"
 #include "forms/window/window_name.h"
 
 namespace vndesk {
@@ -21,30 +22,28 @@ struct KindRow {
     DWORD style;
     DWORD extendedStyle;
     bool hasFont;
-    bool hasCaption;
 };
 
 constexpr KindRow kKinds[] = {
-    {L"LabelW", L"STATIC", SS_LEFT, 0, true, true},
-    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true, false},
-    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true, false},
-    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
-    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
-    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    {L"LabelW", L"STATIC", SS_LEFT, 0, true},
+    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true},
+    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true},
+    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true},
+    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true},
+    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true},
     // The control keeps its size whatever icon it gets.
-    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
-    {L"Line", nullptr, 0, 0, false, false},
+    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false},
     {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListBoxW", WC_LISTVIEWW,
      LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListView", WC_LISTVIEWW,
      LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP, WS_EX_CLIENTEDGE,
-     true, false},
+     true},
     // Transparent: the form paints the inside.
-    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
-    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true, false},
+    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true},
+    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true},
 };
 
 const KindRow& Row(ControlKind kind) {
@@ -96,22 +95,14 @@ void RepaintIfVisible(HWND window) {
         InvalidateRect(window, nullptr, TRUE);
 }
 
-RECT PixelsOf(const TwipsRect& place, int dpi) {
-    // Right and bottom are rounded, not the size, so that neighbours meet.
-    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
-            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
-}
-
 } // namespace
 
-Control::Control(Form& form, const ControlSpec& design, int id)
-    : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0),
-      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
-      place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
+Control::Control(HWND form, int dpi, const ControlSpec& design, int id)
+    : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0), dpi_(dpi),
+      name_(design.name), kind_(design.kind), flags_(design.flags), place_(design.place),
+      leastWidth_(design.place.width), leastHeight_(design.place.height),
       visible_(!(design.flags & kHidden)) {
-    if (!ClassFor(design))
-        return;
-    CreateControlWindow(design, id);
+    CreateControlWindow(form, design, id);
     // Preparation sets the font that is seen, made from this one.
     if (Row(kind_).hasFont)
         font_ = {design.fontName, design.fontPoints};
@@ -127,12 +118,12 @@ void Control::Detach() {
     window_ = nullptr;
 }
 
-void Control::CreateControlWindow(const ControlSpec& design, int id) {
+void Control::CreateControlWindow(HWND form, const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
-    box_ = PixelsOf(place_, Dpi());
+    box_ = ToPixels(place_, dpi_);
     window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
                               box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
-                              form_.Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                              form, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                               ModuleInstance(), nullptr);
     if (!window_)
         throw ComError(HRESULT_FROM_WIN32(GetLastError()));
@@ -141,20 +132,10 @@ void Control::CreateControlWindow(const ControlSpec& design, int id) {
         KeepLastLetter(window_);
     if (flags_ & kPassword)
         SendMessageW(window_, EM_SETPASSWORDCHAR, L'*', 0);
-    if (design.toolTip)
-        form_.AddToolTip(window_, design.toolTip);
-}
-
-int Control::Dpi() const {
-    return form_.Dpi();
 }
 
 const wchar_t* Control::TypeName() const {
     return Row(kind_).typeName;
-}
-
-bool Control::HasCaption() const {
-    return Row(kind_).hasCaption;
 }
 
 std::wstring Control::Text() const {
@@ -174,7 +155,7 @@ void Control::SetText(std::wstring_view text) {
 bool Control::SetFont(const FontSpec& font) {
     if (!Row(kind_).hasFont)
         return false;
-    auto handle = Font::Get(font, Dpi());
+    auto handle = Font::Get(font, dpi_);
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(handle->Handle()),
                  IsWindowVisible(window_));
     font_ = font;
@@ -187,11 +168,7 @@ bool Control::SetFont(const FontSpec& font) {
 
 void Control::Move(const TwipsRect& place) {
     place_ = place;
-    if (!window_) {
-        form_.Repaint();
-        return;
-    }
-    RECT box = PixelsOf(place, Dpi());
+    RECT box = ToPixels(place, dpi_);
     if (mostPixels_ > 0)
         box.bottom = std::min(box.bottom, box.top + mostPixels_);
     if (EqualRect(&box, &box_))
@@ -207,21 +184,6 @@ void Control::SetVisible(bool visible) {
     visible_ = visible;
 }
 
-void Control::SetEnabled(bool enabled) {
-    EnableWindow(window_, enabled);
-    if (kind_ != ControlKind::Frame)
-        return;
-    for (const auto& control : form_.Controls())
-        if (control.get() != this && Contains(*control))
-            control->SetEnabled(enabled);
-}
-
-bool Control::Contains(const Control& other) const {
-    return other.Left() >= Left() && other.Top() >= Top() &&
-           other.Left() + other.Width() <= Left() + Width() &&
-           other.Top() + other.Height() <= Top() + Height();
-}
-
 void Control::SetLeftMargin(int pixels) {
     if (kind_ == ControlKind::TextBoxW)
         SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(pixels, 0));
@@ -233,7 +195,7 @@ void Control::Select(int start, int length) {
 
 void Control::Focus() {
     // The dialog's own way keeps the default button's frame right.
-    SendMessageW(form_.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
+    SendMessageW(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
 }
 
 void Control::SetIcon(HICON icon) {
@@ -266,10 +228,7 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
     backColor_ = back;
     foreColor_ = fore;
     backBrush_.reset(back == CLR_INVALID ? nullptr : CreateSolidBrush(back));
-    if (window_)
-        RepaintIfVisible(window_);
-    else
-        form_.Repaint();
+    RepaintIfVisible(window_);
 }
 
 // The platform puts the text of a one-line box at its upper edge, however high the box is. It gets
@@ -290,7 +249,7 @@ void Control::FitToLine() {
 }
 
 void Control::FitToText() {
-    RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, Dpi()) : 0, 0};
+    RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, dpi_) : 0, 0};
     if (const std::wstring text = Text(); !text.empty()) {
         const UINT wrap = mostWidth_ > 0 ? DT_WORDBREAK | DT_EDITCONTROL : 0;
         const HDC dc = GetDC(window_);
@@ -302,10 +261,10 @@ void Control::FitToText() {
         }
         ReleaseDC(window_, dc);
     }
-    double height = std::max(leastHeight_, ToTwips(box.bottom, Dpi()));
+    double height = std::max(leastHeight_, ToTwips(box.bottom, dpi_));
     if (mostHeight_ > 0)
         height = std::min(height, mostHeight_);
-    Move({Left(), Top(), std::max(leastWidth_, ToTwips(box.right, Dpi())), height});
+    Move({Left(), Top(), std::max(leastWidth_, ToTwips(box.right, dpi_)), height});
 }
 
 } // namespace vndesk

@@ -15,11 +15,10 @@
 
 namespace vndesk {
 
-class Form;
-
 class Control {
 public:
-    Control(Form& form, const ControlSpec& design, int id);
+    // `form` is the window that the control stands on.
+    Control(HWND form, int dpi, const ControlSpec& design, int id);
     ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -27,7 +26,7 @@ public:
     const std::wstring& Name() const { return name_; }
     ControlKind Kind() const { return kind_; }
     const wchar_t* TypeName() const;
-    // Null for lines, which the form draws itself, and once the form is gone.
+    // Null once the form is gone.
     HWND Window() const { return window_; }
     // The form's window is being destroyed and takes this one with it.
     void Detach();
@@ -37,7 +36,6 @@ public:
     // The caption is the text of everything but text and combo boxes.
     std::wstring Caption() const { return Text(); }
     void SetCaption(std::wstring_view caption) { SetText(caption); }
-    bool HasCaption() const;
     unsigned Flags() const { return flags_; }
 
     const FontSpec& FontOf() const { return font_; }
@@ -57,8 +55,7 @@ public:
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
     bool Enabled() const { return IsWindowEnabled(window_) != FALSE; }
-    // A frame takes the controls that lie in it with it.
-    void SetEnabled(bool enabled);
+    void SetEnabled(bool enabled) { EnableWindow(window_, enabled); }
 
     // Text boxes only.
     void SetLeftMargin(int pixels);
@@ -93,13 +90,11 @@ public:
     std::function<LRESULT(NMHDR& notification)> onNotify;
 
 private:
-    void CreateControlWindow(const ControlSpec& design, int id);
+    void CreateControlWindow(HWND form, const ControlSpec& design, int id);
     void FitToText();
     void FitToLine();
-    bool Contains(const Control& other) const;
-    int Dpi() const;
 
-    Form& form_;
+    int dpi_;
     std::wstring name_;
     ControlKind kind_;
     unsigned flags_;

@@ -17,7 +17,6 @@ enum class ControlKind {
     CheckBoxW,
     OptionButtonW,
     Image,
-    Line,
     ListBoxW,
     CheckListW,
     ListView,

@@ -70,9 +70,12 @@ void Form::Load() {
     const ThemeScope theme;
     CreateFormWindow();
     controls_.reserve(spec_.controls.size());
-    for (const ControlSpec& control : spec_.controls)
-        controls_.push_back(std::make_unique<Control>(
-            *this, control, kFirstControlId + static_cast<int>(controls_.size())));
+    for (const ControlSpec& control : spec_.controls) {
+        const int id = kFirstControlId + static_cast<int>(controls_.size());
+        controls_.push_back(std::make_unique<Control>(window_, dpi_, control, id));
+        if (control.toolTip)
+            AddToolTip(controls_.back()->Window(), control.toolTip);
+    }
     for (size_t i = 0; i < controls_.size(); ++i)
         if (controls_[i]->isDefault)
             SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(kFirstControlId) + i, 0);
@@ -224,6 +227,13 @@ void Form::SetRightToLeft(bool rightToLeft) {
         SetWindowLongPtrW(window_, GWL_EXSTYLE, wanted);
 }
 
+void Form::SetFrameEnabled(Control& frame, bool enabled) {
+    frame.SetEnabled(enabled);
+    for (const auto& control : controls_)
+        if (control.get() != &frame && frame.Place().Contains(control->Place()))
+            control->SetEnabled(enabled);
+}
+
 void Form::Repaint() {
     // Without a window the call would repaint the whole desktop.
     if (window_ && IsWindowVisible(window_))
@@ -290,7 +300,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return reinterpret_cast<LRESULT>(brush);
         break;
     case WM_PAINT:
-        PaintLines();
+        Paint();
         return 0;
     case WM_DESTROY:
         Fails([&] { OnUnload(); });
@@ -390,20 +400,10 @@ HBRUSH Form::OnControlColor(HDC dc, HWND window) {
     return control->BackBrush();
 }
 
-void Form::PaintLines() {
+void Form::Paint() {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window_, &paint);
-    for (const auto& control : controls_) {
-        if (control->Kind() != ControlKind::Line || !control->Visible())
-            continue;
-        const TwipsRect& line = control->Place();
-        RECT bar = {ToPixels(line.left, dpi_), ToPixels(line.top, dpi_),
-                    ToPixels(line.left + line.width, dpi_), ToPixels(line.top + line.height, dpi_)};
-        bar.right = std::max(bar.right, bar.left + 1);
-        bar.bottom = std::max(bar.bottom, bar.top + 1);
-        FillRect(dc, &bar,
-                 control->BackBrush() ? control->BackBrush() : GetSysColorBrush(COLOR_WINDOWFRAME));
-    }
+    Fails([&] { OnPaint(dc); });
     EndPaint(window_, &paint);
 }
 

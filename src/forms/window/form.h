@@ -55,6 +55,9 @@ public:
     void Centre(double width, double height);
     void SetRightToLeft(bool rightToLeft);
 
+    // A frame takes what lies in it with it.
+    void SetFrameEnabled(Control& frame, bool enabled);
+
     void Repaint();
     void AddToolTip(HWND control, const wchar_t* text);
 
@@ -64,6 +67,8 @@ protected:
     virtual void OnPrepared() {}
     virtual void OnUnload() {}
     virtual void OnResize() {}
+    // What the form draws itself, beside its controls.
+    virtual void OnPaint(HDC) {}
     // Every character, before the control with the focus gets it. True keeps it from the control.
     virtual bool OnKeyPress(wchar_t) { return false; }
     // Every key, named by its virtual code, before the control with the focus gets it.
@@ -84,7 +89,7 @@ private:
     void OnCommand(int id, int notification);
     bool OnMouseDown(int button, POINT point);
     HBRUSH OnControlColor(HDC dc, HWND control);
-    void PaintLines();
+    void Paint();
     void FollowEdges();
     LRESULT OnNotify(NMHDR& notification);
     Control* FromWindow(HWND window);
