@@ -21,7 +21,6 @@ namespace vndesk {
 
 class Form {
 public:
-    explicit Form(const FormSpec& design) : spec_(design) {}
     virtual ~Form();
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
@@ -62,6 +61,8 @@ public:
     void AddToolTip(HWND control, const wchar_t* text);
 
 protected:
+    explicit Form(const FormSpec& design) : spec_(design) {}
+
     virtual void OnLoad() {}
     // The captions are Unicode and the fonts set: the place to fill the controls.
     virtual void OnPrepared() {}
