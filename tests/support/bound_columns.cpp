@@ -42,7 +42,7 @@ BoundColumns::~BoundColumns() {
     FreeLibrary(bridge_);
 }
 
-const std::vector<int>& BoundColumns::OfStatements() {
+const std::vector<int>& BoundColumns::OfStatements() const {
     return counted;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the platform keeps of the columns that statements have bound: newer Wine versions free a
-// length of the first column of a statement, and never those of the others. Counted in the ADO
-// bridge, and made again by bare calls, it can be told from what the library keeps.
+// What the platform keeps of the columns that statements have bound: newer Wine versions hold a
+// length for each, and free that of a statement's first column alone. Counted in the ADO bridge,
+// and bound again by bare calls, it can be told from what the library keeps.
 #pragma once
 #include <memory>
 #include <vector>
@@ -20,7 +20,7 @@ public:
     BoundColumns& operator=(const BoundColumns&) = delete;
 
     // How many each statement has bound.
-    static const std::vector<int>& OfStatements();
+    const std::vector<int>& OfStatements() const;
 
 private:
     HMODULE bridge_ = nullptr;

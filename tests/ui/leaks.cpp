@@ -176,7 +176,7 @@ void ExpectFlat(const char* what, int warmUp, int rounds, const std::function<vo
     for (int i = 0; i < warmUp; ++i)
         makeBareTwin();
     const Slopes platform = Measure(rounds, makeBareTwin);
-    EXPECT_LE(slopes.heap, platform.heap * 1.25 + kToleratedBytes)
+    EXPECT_LE(slopes.heap, platform.heap + kToleratedBytes)
         << what << ", the platform alone: " << platform.heap;
     Tell(what, rounds, slopes, platform);
 }
