@@ -27,11 +27,9 @@ struct NullCall {
 };
 
 #define NULL_CALL(Interface, Member, ...)                                                          \
-    {                                                                                              \
-#Interface "::" #Member,                                                                   \
-            [](const ComPtr <IDataCombo1>&                                                         \
-                   combo) { return As<Interface>(combo)->Member(__VA_ARGS__); }                    \
-    }
+    NullCall(#Interface "::" #Member, [](const ComPtr<IDataCombo1>& combo) {                       \
+        return As<Interface>(combo)->Member(__VA_ARGS__);                                          \
+    })
 
 TEST(HostileContainer, PlacesForAnswersThatAreNotThereAreRefused) {
     const NullCall calls[] = {

@@ -373,6 +373,41 @@ TEST(LeakProbeTest, CountsHeapBlocks) {
     EXPECT_EQ(before.blocks, HeapInUse().blocks);
 }
 
+// Also where the heap serves a size that is asked for often from larger blocks of its own.
+TEST(LeakProbeTest, CountsEachBlockOfASizeToTheByte) {
+    constexpr size_t kBlocks = 5000;
+    std::vector<void*> blocks;
+    blocks.reserve(kBlocks);
+    HeapUse before;
+    int wrong = 0;
+    const auto compare = [&](size_t size) {
+        const HeapUse now = HeapInUse();
+        wrong += now.blocks != before.blocks + blocks.size() ||
+                 now.bytes != before.bytes + size * blocks.size();
+    };
+    const auto fillAndEmpty = [&](size_t size) {
+        wrong = 0;
+        before = HeapInUse();
+        while (blocks.size() < kBlocks) {
+            blocks.push_back(HeapAlloc(GetProcessHeap(), 0, size));
+            if (blocks.size() % 1237 == 1)
+                compare(size);
+        }
+        while (!blocks.empty()) {
+            HeapFree(GetProcessHeap(), 0, blocks.back());
+            blocks.pop_back();
+            if (blocks.size() % 1237 == 1)
+                compare(size);
+        }
+        compare(size);
+    };
+    fillAndEmpty(1); // other threads of the process may still be starting
+    for (const size_t size : {1u, 40u, 300u, 1000u, 3000u}) {
+        fillAndEmpty(size);
+        EXPECT_EQ(0, wrong) << size;
+    }
+}
+
 // --- late binding ---
 
 TEST(LateBoundTest, CallsByName) {

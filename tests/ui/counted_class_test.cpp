@@ -39,10 +39,8 @@ TEST(CountedClass, IsThereUntilItsLastUserGoes) {
 
 TEST(CountedClass, ThatCannotBeRegisteredIsAnErrorAndNoUser) {
     int users = 0;
-    const ErrorState error = Trap([&] {
-        const CountedClass failing({kName, DefWindowProcW, 0, -1}, users);
-    });
-    EXPECT_TRUE(FAILED(error.code));
+    const auto fail = [&] { CountedClass({kName, DefWindowProcW, 0, -1}, users); };
+    EXPECT_TRUE(FAILED(Trap(fail).code));
     EXPECT_EQ(0, users);
 }
 

@@ -11,6 +11,7 @@
 
 #include "forms/look/images.h"
 #include "forms/window/form_window.h"
+#include "support/bound_columns.h"
 #include "support/leak_probe.h"
 #include "support/reliability.h"
 #include "support/ui_windows.h"
@@ -18,15 +19,8 @@
 namespace vndesk::test {
 namespace {
 
-#ifdef _WIN64
-// Far less than a leaked object a round.
+// A round: far less than a leaked object.
 constexpr long kToleratedBytes = 8;
-#else
-// The 32-bit suite runs on a newer Wine, whose heap counts small blocks in lumps of a kilobyte and
-// whose ODBC keeps some hundred bytes of each statement: only a whole form that stays behind is
-// seen there.
-constexpr long kToleratedBytes = 3072;
-#endif
 
 struct RecordedWindow {
     bool isForm;
@@ -48,15 +42,19 @@ LRESULT CALLBACK RecordCreation(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-void Record(const std::function<void()>& round) {
+// What a round makes: the windows go to `recorded`; returned are the columns that its statements
+// bind.
+std::vector<int> Record(const std::function<void()>& round) {
     recorded.clear();
+    const BoundColumns bound;
     const HHOOK hook = SetWindowsHookExW(WH_CBT, RecordCreation, nullptr, GetCurrentThreadId());
     round();
     UnhookWindowsHookEx(hook);
+    return bound.OfStatements();
 }
 
 // The recorded windows by bare platform calls, with fonts set as often as a form does it.
-void MakeBareTwin() {
+void MakeBareWindows() {
     const auto font = reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT));
     HWND form = nullptr;
     const auto close = [&] {
@@ -168,13 +166,17 @@ void ExpectFlat(const char* what, int warmUp, int rounds, const std::function<vo
         round();
     const Slopes slopes = ExpectSameObjects(what, rounds, round);
 
-    Record(round);
+    const BareBindings bindings(Record(round));
     ASSERT_FALSE(recorded.empty()) << what;
     const LibraryTheme theme;
+    const auto makeBareTwin = [&] {
+        MakeBareWindows();
+        bindings.Make();
+    };
     for (int i = 0; i < warmUp; ++i)
-        MakeBareTwin();
-    const Slopes platform = Measure(rounds, MakeBareTwin);
-    EXPECT_LE(slopes.heap, platform.heap * 1.25 + kToleratedBytes)
+        makeBareTwin();
+    const Slopes platform = Measure(rounds, makeBareTwin);
+    EXPECT_LE(slopes.heap, platform.heap + kToleratedBytes)
         << what << ", the platform alone: " << platform.heap;
     Tell(what, rounds, slopes, platform);
 }

@@ -355,18 +355,17 @@ TEST_F(LogonDialog, OkIsEnabledByANameThatIsNotBlank) {
 }
 
 TEST_F(LogonDialog, EnterMovesOnLikeTabAndPressesNothing) {
-    EXPECT_EQ(
-        Play([] {
-            const HWND dialog = Dialog();
-            TypeText(L"a");
-            for (const wchar_t* next : {L"TxtPass", L"CmdOk", L"CMDCAN", L"CmdHelp", L"TxtUser"}) {
-                PressKey(VK_RETURN);
-                WaitForFocus(dialog, next);
-            }
-            EXPECT_TRUE(IsWindow(dialog));
-            PressKey(VK_ESCAPE);
-        }),
-        0);
+    const long code = Play([] {
+        const HWND dialog = Dialog();
+        TypeText(L"a");
+        for (const wchar_t* next : {L"TxtPass", L"CmdOk", L"CMDCAN", L"CmdHelp", L"TxtUser"}) {
+            PressKey(VK_RETURN);
+            WaitForFocus(dialog, next);
+        }
+        EXPECT_TRUE(IsWindow(dialog));
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(code, 0);
 }
 
 TEST_F(LogonDialog, TabGoesThereAndBack) {

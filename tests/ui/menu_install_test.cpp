@@ -153,7 +153,7 @@ TEST(MenuInstall, AnythingButAHelpCallBackIsRefused) {
 
 TEST(MenuInstall, LibraryStaysLoadedWhileAWindowIsInstalled) {
     const MenuHost host;
-    { const InstalledMenu menu(host); }
+    InstalledMenu{host};
     VARIANT_BOOL done = VARIANT_FALSE;
     auto menu = CreateCoolMenu();
     EXPECT_SUCCEEDED(
@@ -198,7 +198,7 @@ TEST(MenuInstall, OneOfTwoWindowsIsGivenBackAlone) {
     const MenuHost first, second;
     const MenuLines before = Describe(first.Bar());
     const InstalledMenu two(second);
-    { const InstalledMenu one(first); }
+    InstalledMenu{first};
     EXPECT_EQ(before, Describe(first.Bar()));
     ExpectOwnerDrawn(second.Bar());
 }

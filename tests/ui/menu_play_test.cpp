@@ -326,8 +326,8 @@ TEST(MenuPlay, MenuBarLightsUpUnderTheMouse) {
     const COLORREF lit = GetSysColor(COLOR_BTNSHADOW);
     const RECT away = {first.left, first.top + 150, first.right, first.bottom + 150};
     Play(host, [&] {
-        const auto moveUntil = [&](const RECT& place, const std::function<bool()>& seen,
-                                   const wchar_t* what) {
+        const auto moveUntil = [&](const RECT& place, const wchar_t* what,
+                                   const std::function<bool()>& seen) {
             Retry(host, what, [&] {
                 POINT point = Middle(place);
                 MoveMouseTo({point.x + 3, point.y + 2});
@@ -335,14 +335,11 @@ TEST(MenuPlay, MenuBarLightsUpUnderTheMouse) {
                 return WaitUntil(seen, kStep);
             });
         };
-        moveUntil(
-            first, [&] { return edge(first) == lit; }, L"the first item lights up");
+        moveUntil(first, L"the first item lights up", [&] { return edge(first) == lit; });
         SaveMenus(host, L"menu-bar");
-        moveUntil(
-            second, [&] { return edge(second) == lit && edge(first) != lit; },
-            L"the light goes with the mouse");
-        moveUntil(
-            away, [&] { return edge(second) != lit; }, L"the light goes out");
+        moveUntil(second, L"the light goes with the mouse",
+                  [&] { return edge(second) == lit && edge(first) != lit; });
+        moveUntil(away, L"the light goes out", [&] { return edge(second) != lit; });
     });
 }
 

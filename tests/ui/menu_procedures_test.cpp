@@ -174,7 +174,7 @@ TEST(MenuThreadEnd, ThreadThatEndsWithAnInstalledWindowLeavesNothing) {
     using Ask = HRESULT WINAPI();
     {
         const MenuHost here;
-        { const InstalledMenu menu(here); }
+        InstalledMenu{here};
     }
     const auto canUnload = reinterpret_cast<Ask*>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"vndesk.dll"), "DllCanUnloadNow")));

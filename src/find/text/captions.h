@@ -13,8 +13,10 @@ inline constexpr wchar_t kFindResult[] = L"§iÒu &kiÖn t×m kiÕm"; // Điều
 inline constexpr wchar_t kFindOk[] = L"§ån&g ý";                 // Đồn&g ý
 inline constexpr wchar_t kFindCancel[] = L"Bá &qua";             // Bỏ &qua
 inline constexpr wchar_t kFindHelp[] = L"&H\u00ADíng dÉn";       // &Hướng dẫn
-inline constexpr wchar_t kFindCueDate[] = L"ngµy/th¸ng/n¨m";     // ngày/tháng/năm
+
+inline constexpr wchar_t kFindCueDate[] = L"ngµy/th¸ng/n¨m";           // ngày/tháng/năm
 inline constexpr wchar_t kFindCueRelation[] = L"F2: chän tõ danh môc"; // F2: chọn từ danh mục
+
 inline constexpr wchar_t kFindHelpTitle[] = L"H\u00ADíng dÉn t×m kiÕm"; // Hướng dẫn tìm kiếm
 
 // Mỗi dòng là một điều kiện: chọn thông tin, cách so sánh rồi nhập giá trị.

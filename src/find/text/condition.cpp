@@ -22,10 +22,12 @@ bool NeedsDate(long fieldType) {
     return fieldType == 8;
 }
 
+using TextOfLine = std::wstring ConditionLine::*;
+
 // The first line is always part of the condition, those below only while they are valid.
 template <class LineText>
-std::wstring Joined(const ConditionLines& lines, std::wstring ConditionLine::*join,
-                    const std::wstring& defaultJoin, LineText lineText) {
+std::wstring Joined(const ConditionLines& lines, TextOfLine join, const std::wstring& defaultJoin,
+                    LineText lineText) {
     std::wstring condition = lineText(lines[0]);
     for (std::size_t i = 1; i < lines.size(); ++i) {
         if (!CheckSql(lines[i]))
