@@ -18,7 +18,6 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

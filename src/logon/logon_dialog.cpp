@@ -9,10 +9,10 @@
 #include "forms/window/form.h"
 #include "logon/password.h"
 #include "logon/session.h"
+#include "logon/text/captions.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
 #include "text/ascii_text.h"
-#include "text/fixed_texts.h"
 
 namespace vndesk {
 

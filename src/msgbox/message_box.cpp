@@ -9,8 +9,8 @@
 #include "forms/look/images.h"
 #include "forms/window/form.h"
 #include "msgbox/text/button_sets.h"
+#include "msgbox/text/captions.h"
 #include "msgbox/text/return_codes.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

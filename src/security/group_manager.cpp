@@ -17,7 +17,6 @@
 #include "security/permission_form.h"
 #include "security/text/captions.h"
 #include "security/text/group_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

@@ -15,7 +15,6 @@
 #include "logon/session.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

@@ -12,9 +12,9 @@
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

@@ -13,10 +13,10 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
 #include "security/user_editor.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

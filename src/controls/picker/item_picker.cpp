@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/picker/cls_list_box.h"
+#include "controls/picker/text/captions.h"
 #include "controls/picker/text/name_search.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -11,7 +12,6 @@
 #include "forms/keys/upper_case.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

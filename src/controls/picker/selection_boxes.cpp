@@ -3,13 +3,13 @@
 
 #include "comkit/base/com_error.h"
 #include "controls/picker/item_picker.h"
+#include "controls/picker/text/captions.h"
 #include "controls/picker/text/select_statements.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "forms/look/common_controls.h"
 #include "logon/session.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -270,7 +270,7 @@ void SelectionBoxes::Refuse(const std::wstring& code) {
     GiveFocus(codeBox_.window);
     PlainMessage(ToUncText(texts::kSelectCode, kToUnicode) + code +
                      ToUncText(texts::kSelectNotFound, kToUnicode),
-                 ToUncText(texts::kNotice, kToUnicode).c_str());
+                 ToUncText(texts::kSelectNotice, kToUnicode).c_str());
     GiveFocus(codeBox_.window);
     if (codeBox_.window)
         SendMessageW(codeBox_.window, EM_SETSEL, 0, -1);

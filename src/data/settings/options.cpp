@@ -5,7 +5,7 @@
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
-#include "text/fixed_texts.h"
+#include "data/text/captions.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
