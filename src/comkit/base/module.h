@@ -53,7 +53,7 @@ public:
     ModuleLock& operator=(const ModuleLock&) = delete;
 };
 
-// Locks of the server by its hosts, which keep the DLL too. One unlocked too often is nobody's: it
+// LockServer calls of hosts, which keep the DLL in memory too. One unlock too many is ignored: it
 // must not let the DLL go while others hold it.
 void LockModule() noexcept;
 void UnlockModule() noexcept;
