@@ -24,7 +24,7 @@ constexpr ControlSpec kControls[] = {
     {Frame, L"FrDetail", L"", {150, 120, 6000, 5280}, kGrowRight | kGrowDown},
     {LabelW, L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic},
     {TextBoxW, L"TxtSelH", L"", {1230, 435, 4740, 330}, kGrowRight},
-    // Choosing comes next after the search box, for those who go on with Enter.
+    // The next tab stop after the search box, for users who go on with Enter.
     {CommandButtonW,
      L"CmdSel",
      texts::kPickerChoose,
@@ -82,7 +82,7 @@ protected:
         else
             Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
         Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
-        // Comes when everything is painted and no key waits.
+        // WM_TIMER comes when everything is painted and no key waits.
         SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
     }
 
