@@ -12,7 +12,7 @@ namespace vndesk {
 
 namespace {
 
-// A look-up that failed counts as found: the update after it tells what is wrong with the table.
+// A failed look-up counts as found: the update after it reports what is wrong with the table.
 bool IsThere(const Database& database, OptionName name) {
     Recordset rows;
     return OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) != 0 ||
