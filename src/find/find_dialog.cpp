@@ -127,7 +127,7 @@ protected:
         }
         for (long i = kFirst; key == VK_F2 && i < kLines; ++i)
             if (&control == &At(L"MskValue", i)) {
-                // What goes wrong here is no concern of the line.
+                // A failed look-up leaves the line as it is.
                 Trap([&] { LookUp(i); });
                 return true;
             }
