@@ -80,11 +80,12 @@ private:
         user.Select(0, static_cast<int>(user.Text().size()));
     }
 
-    // Rows that come for a name with an apostrophe answer a condition of the name's own. What could
-    // be more than a condition is not even sent: whoever sees the dialog can type it.
+    // Rows found for a name with an apostrophe match a condition that was typed into the name, so
+    // they do not count. A name that could be more than a condition is not even sent: anybody can
+    // type into this dialog.
     bool LookUp(Recordset& users, std::wstring_view name, double code) {
         const Database& database = CurrentDatabase();
-        // What a driver may read that takes statements in the code page.
+        // What a driver reads that takes statements in the ANSI code page.
         const std::wstring inCodePage = WithAnsiApostrophes(name);
         if (!MayMeanMore({name}) && !MayMeanMore({inCodePage}))
             OpenRecordset(database, users, LogonStatement(name, code, database.kind));
