@@ -9,8 +9,8 @@
 
 namespace vndesk {
 
-// False for a handle that is no window of this process. A window that is installed already raises
-// the duplicate-key error.
+// False for a handle that is no window of the calling thread. Throws the duplicate-key error for a
+// window that is installed already.
 bool InstallMenus(HWND window, MenuHelp help, ImageSource images);
 
 // Gives the window back as it was. A window that is not installed is left alone.

@@ -8,7 +8,7 @@
 
 namespace vndesk {
 
-// The system's message for an error and the name of the routine, on the debugger's output.
+// Writes the system's message for an error and the routine's name to the debugger.
 inline void Diagnose(const ErrorState& error, const wchar_t* routine) {
     Trap([&] { OutputDebugStringW((error.description + routine + L"\n").c_str()); });
 }
