@@ -56,7 +56,7 @@ void Tour::ReadUser() {
         const auto users =
             database.Read(L"SELECT [Name] FROM [User] WHERE Code=" + std::to_wstring(code_));
         if (users.empty()) {
-            code_ = 0; // the own row has been deleted
+            code_ = 0; // the user's row has been deleted
             return;
         }
         name_ = TextOf(users.front()[0]);
