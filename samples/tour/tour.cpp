@@ -112,8 +112,8 @@ void Tour::ShowRows(const List& list) {
     });
 }
 
-// The condition is put into the program's own statement as it is; one that the database does not
-// accept is told like any other error.
+// The condition is put into the program's own statement as it is; one that the database refuses is
+// reported like any other error.
 void Tour::FindRows(const Search& search) {
     Try([&] {
         const std::wstring condition = vndesk_.Search(options_.connect, search.table, window_);

@@ -228,7 +228,7 @@ private:
     }
 
     // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
-    // again. The group has been added, so nothing is told.
+    // again. The group has been added, so the error is not shown.
     long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {

@@ -100,7 +100,7 @@ private:
             addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
     }
 
-    // False when the rights cannot be read, which has been told.
+    // False when the rights cannot be read; the user has seen the error.
     bool ReadPms() {
         Recordset group;
         if (OpenRecordset(Current(), group, GroupRightsStatement(groupCode_)) != 0)

@@ -160,7 +160,7 @@ private:
         const DatabaseKind kind = Current().kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
-        // Its rows are not needed; a failure to read the user is told before the check.
+        // Its rows are not needed: a failure to read the user is shown before the check.
         if (options_.EditMode)
             OpenRecordset(Current(), edited, LoadUserStatement(options_.OldName, kind));
         const long error =

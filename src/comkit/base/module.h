@@ -30,9 +30,9 @@ struct ClassEntry {
 struct ModuleInfo {
     std::span<const ClassEntry> classes;
     const GUID* typeLibrary; // to be registered; null where the system has one of its own
-    // Says whether this machine may register the module; `reason` is shown to whoever asked.
+    // Whether this machine may register the module; `reason` says why not.
     bool (*mayRegister)(std::wstring& reason);
-    // Runs after unregistration: gives back what registration had replaced.
+    // Runs after unregistration: restores what registration had replaced.
     void (*afterUnregister)() = nullptr;
 };
 

@@ -162,7 +162,7 @@ private:
         Set(entry.progId + std::wstring(L"\\CurVer"), nullptr, versioned);
     }
 
-    // All below the class's key, with which it goes.
+    // Everything below the class's key, which goes with it.
     void RegisterControl(const std::wstring& key, const ControlEntry& control) const {
         Set(key + L"\\Control", nullptr, L"");
         Set(key + L"\\MiscStatus", nullptr, L"0");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A font object of the host that a control shows its text in. The host may change the font's own
-// properties at any time: the link tells of it.
+// A font object of the host that a control shows its text in. The host may change the font's
+// properties at any time: the link reports it.
 #pragma once
 
 #include <windows.h>

@@ -29,7 +29,7 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
     return result;
 }
 
-// The item that WM_MENUSELECT means: it tells popups by position, others by command.
+// The item that WM_MENUSELECT means: it names popups by position, others by command.
 const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
     if (popup)
         return OurDrawnItem(menu, item);

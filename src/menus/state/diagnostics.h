@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The hook suppresses its errors; whoever debugs a host sees them.
+// The hook suppresses its errors and writes them to the debugger.
 #pragma once
 
 #include <windows.h>

@@ -54,7 +54,7 @@ public:
     void Remove(ULONG_PTR key) { items_.erase(key); }
 
     // Each number is given once in the life of the process. They begin far above the counters that
-    // hosts keep in their items: WM_MEASUREITEM tells only the data and the command of an item.
+    // hosts keep in their items: WM_MEASUREITEM has only the data and the command of an item.
     static ULONG_PTR NextNumber();
 
     Map::const_iterator begin() const { return items_.begin(); }
