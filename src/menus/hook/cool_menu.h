@@ -16,7 +16,7 @@ bool InstallMenus(HWND window, MenuHelp help, ImageSource images);
 // Gives the window back as it was. A window that is not installed is left alone.
 void UninstallMenus(HWND window);
 
-// For an MDI child with a menu of its own: its frame looks for items to convert.
+// For an MDI child with a menu of its own: converts the menu that its frame has now.
 void WatchChildMenu(HWND child);
 
 // After a change of fonts: every item is measured anew.
