@@ -18,7 +18,6 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -128,7 +127,7 @@ protected:
         }
         for (long i = kFirst; key == VK_F2 && i < kLines; ++i)
             if (&control == &At(L"MskValue", i)) {
-                // What goes wrong here is no concern of the line.
+                // A failed look-up leaves the line as it is.
                 Trap([&] { LookUp(i); });
                 return true;
             }

@@ -9,8 +9,8 @@ namespace vndesk {
 
 namespace {
 
-// The running operations of all threads, the latest first. No owner: a process may end in the
-// middle of them, and nothing may run for them then.
+// The running operations of all threads, the latest first. Not owned: the process may end during
+// one, and no destructor may run then.
 SRWLOCK lock_ = SRWLOCK_INIT;
 SessionConnection* latest_;
 

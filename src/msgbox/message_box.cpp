@@ -9,8 +9,8 @@
 #include "forms/look/images.h"
 #include "forms/window/form.h"
 #include "msgbox/text/button_sets.h"
+#include "msgbox/text/captions.h"
 #include "msgbox/text/return_codes.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -26,8 +26,8 @@ constexpr TwipsRect kIconPlace = {180, 480, 480, 480};
 constexpr double kStripHeight = 330;
 constexpr wchar_t kLastKey = 0xFF;
 
-// What lies on top stands first. The designed buttons are those of a box whose button number names
-// no set.
+// Controls that lie on top come first. The designed buttons are those of a box whose button number
+// names no set.
 constexpr ControlSpec kControls[] = {
     {LabelW, L"Message", L"", kMessagePlace, kAutoSize},
     {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel},
@@ -54,7 +54,7 @@ struct IconSource {
     WORD systemIcon;
 };
 
-// The numbers are the platform's OIC_ identifiers.
+// The numbers are the OIC_ identifiers of winuser.h.
 constexpr IconSource kIcons[] = {
     {kCritical, L"stop", 32513},
     {kQuestion, L"q", 32514},
@@ -126,7 +126,7 @@ protected:
         const double h = Height();
         Get(L"LineTop").Move({0, 0, w, 0});
         Get(L"LineLeft").Move({0, 0, 0, h});
-        // Up to the edges: at a high resolution more than a pixel lies beyond their beginnings.
+        // 15 and 20 twips wide, up to the edge: at a high resolution that is more than a pixel.
         Get(L"LineRight").Move({w - 15, 0, 15, h});
         Get(L"LineBottom").Move({0, h - 20, w, 20});
         Control& strip = Get(L"Label5");
@@ -141,7 +141,7 @@ protected:
         if (character <= L' ')
             return false;
         CharUpperBuffW(&character, 1);
-        // No key has the number of a letter from an input method.
+        // Letters of an input method are beyond the virtual-key codes.
         if (character <= kLastKey)
             Gui_Phim(character, 3);
         return true;
@@ -169,7 +169,7 @@ private:
         return area;
     }
 
-    // A text that is wider or higher than the screen must not carry the buttons out of sight.
+    // A text wider or higher than the screen must not push the buttons off it.
     void FitInto(const RECT& area) {
         const Control& button = Get(L"Cmd1");
         Get(L"Message")

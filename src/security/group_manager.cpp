@@ -17,7 +17,6 @@
 #include "security/permission_form.h"
 #include "security/text/captions.h"
 #include "security/text/group_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -36,7 +35,7 @@ constexpr ControlSpec kControls[] = {
     {TextBoxW, L"txtName", L"", {5220, 420, 3180, 330}, kGrowRight},
     {LabelW, L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic},
     {TextBoxW, L"TxtDesc", L"", {5220, 840, 3180, 330}, kGrowRight},
-    // Writing comes next after the last box, for those who go on with Enter.
+    // The next tab stop after the last box, for users who go on with Enter.
     {CommandButtonW, L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight},
     {CommandButtonW, L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight},
     {Frame, L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrowRight | kGrowDown},
@@ -141,8 +140,7 @@ private:
             name = NullToText(group.Value(L"Name"));
             description = NullToText(group.Value(L"Des"));
         });
-        // Empty when they cannot be read: what another group has left here must not be written to
-        // this one.
+        // Empty when they cannot be read: another group's details must not be written to this one.
         Get(L"txtName").SetText(name);
         Get(L"TxtDesc").SetText(description);
     }
@@ -183,7 +181,7 @@ private:
     ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
         const DatabaseKind kind = Current().kind;
         return Trap([&] {
-            // It could change other groups, or all of them.
+            // Sent as it is, the statement could change other groups, or all of them.
             if (MayMeanMore({WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
             Execute(Current(),
@@ -230,7 +228,7 @@ private:
     }
 
     // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
-    // again. The group has been added, so nothing is told.
+    // again. The group has been added, so the error is not shown.
     long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {

@@ -15,7 +15,6 @@
 #include "logon/session.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -68,11 +67,11 @@ protected:
             return;
         pms_.assign(static_cast<size_t>(bars_->ListCount()) + 1, 0);
         bool known = false;
-        // Rights that are not known would be written back as none.
+        // Rights that could not be read would be written back as none.
         if (const ErrorState error = Trap([&] { known = ReadPms(); }))
             PlainMessage(error.description);
         Get(L"CmdOk").SetEnabled(known);
-        // The first bar stands open, ready for the keyboard.
+        // The first bar is selected, so that the keyboard can be used at once.
         bars_->SetListIndex(0);
         Reporting([this] { ShowBar(); });
     }
@@ -87,7 +86,7 @@ protected:
 private:
     const Database& Current() const { return CurrentDatabase(); }
 
-    // A bar with too many commands is told, and the form goes on.
+    // A bar with too many commands is reported, and the form stays open.
     template <class Step> void Reporting(Step step) {
         if (const ErrorState error = Trap(step))
             PlainMessage(error.description);
@@ -101,7 +100,7 @@ private:
             addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
     }
 
-    // False when the rights cannot be read, which has been told.
+    // False when the rights cannot be read; the user has seen the error.
     bool ReadPms() {
         Recordset group;
         if (OpenRecordset(Current(), group, GroupRightsStatement(groupCode_)) != 0)
@@ -124,7 +123,7 @@ private:
         const long index = bars_->ListIndex();
         if (index < 0)
             return;
-        // First of all: a tick on commands that stay behind would count for the bar chosen now.
+        // First, because a tick on a command left from before would count for the bar chosen now.
         commands_->Clear();
         const long id = bars_->ItemData(index);
         if (id != static_cast<short>(id))

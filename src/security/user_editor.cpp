@@ -12,9 +12,9 @@
 #include "logon/password.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -73,12 +73,12 @@ protected:
         passChanged_ = false;
     }
 
-    // Enter moves on; a button that it leaves is pressed.
+    // Enter moves to the next control; if it leaves a button, the button is pressed.
     bool OnKeyPress(wchar_t character) override {
         Control* button = character == L'\r' ? FocusedButton() : nullptr;
         if (!button)
             return EnterAsTab(character);
-        // A stroke would arrive in whatever window the button opens or leaves.
+        // A Tab stroke would go to the window that the button opens, or to the one behind.
         SendMessageW(Window(), WM_NEXTDLGCTL, FALSE, FALSE);
         const HWND window = button->Window();
         SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), BN_CLICKED),
@@ -119,7 +119,7 @@ private:
         const std::wstring& name = options_.OldName;
         if (!MayMeanMore({name}))
             OpenRecordset(Current(), user, LoadUserStatement(name, Current().kind));
-        // Rows that come for a name with an apostrophe are those of others.
+        // Rows found for a name with an apostrophe belong to other users.
         if (EndsLiteral(name) || CountRecords(user) == 0)
             return;
         Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
@@ -132,7 +132,7 @@ private:
         user.Close();
     }
 
-    // The two boxes agree, whatever the case of their letters, and the password has a code.
+    // The two passwords are equal, apart from letter case, and have a code.
     bool CheckPass() {
         const std::wstring password = UpperCase(Get(L"TxtPass").Text());
         return password == UpperCase(Get(L"txtConfirm").Text()) && PasswordCodeOf(password) != 0;
@@ -153,14 +153,14 @@ private:
     }
 
     void Save(const std::wstring& name) {
-        // Written all the same it could change other users, or all of them.
+        // Sent as it is, the statement could change other users, or all of them.
         const std::wstring description = Get(L"TxtDes").Text();
         if (MayMeanMore({WithoutPairs(name), WithoutPairs(description), options_.OldName}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         const DatabaseKind kind = Current().kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
-        // Its rows are not needed; a failure to read the user is told before the check.
+        // Its rows are not needed: a failure to read the user is shown before the check.
         if (options_.EditMode)
             OpenRecordset(Current(), edited, LoadUserStatement(options_.OldName, kind));
         const long error =
@@ -168,7 +168,7 @@ private:
                           options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
                                             : UserNamedStatement(name, kind));
         bool done = false;
-        // What is open and yet cannot be read ends the form: the name may be taken.
+        // A record set that opens but cannot be read ends the form: the name may be taken.
         if (error == 0 && !taken.Eof()) {
             Tell(texts::kUserExists, title);
         } else if (!CheckPass()) {

@@ -13,10 +13,10 @@
 #include "forms/window/form.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
 #include "security/user_editor.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -40,7 +40,7 @@ constexpr ControlSpec kControls[] = {
 constexpr FormSpec kForm = {
     L"FrmMenu", texts::kUserListTitle, 8400, 4560, FormBorder::Sizable, false, kControls};
 
-// The account of the system, which may be renamed but not deleted.
+// The built-in account, which may be renamed but not deleted.
 constexpr double kProtectedUser = 3;
 
 enum Column : size_t { kName, kDescription, kCode };
@@ -103,11 +103,12 @@ private:
             users_->Rows().push_back(RowOf(rows));
     }
 
-    // Without those that are shown already: the code before reads as 0 when it cannot be read.
+    // Adds the rows that are not shown yet. The statement may return shown ones: the last code
+    // counts as 0 when it cannot be read.
     void AppendNew(const std::wstring& statement) {
         auto& rows = users_->Rows();
         const auto shown = static_cast<std::ptrdiff_t>(rows.size());
-        // As many as can be read.
+        // Rows before a failure stay.
         Trap([&] { Append(statement); });
         const auto isShown = [&](const ReportRow& row) {
             return std::any_of(rows.begin(), rows.begin() + shown,
@@ -121,7 +122,7 @@ private:
         Append(kUserListStatement);
     }
 
-    // A copy: while a question or the editor stands, the rows may change.
+    // A copy: while a question or the editor is open, the rows may change.
     std::optional<ReportRow> Selected() {
         const auto index = static_cast<size_t>(users_->SelectedIndex());
         const auto& rows = users_->Rows();
@@ -188,7 +189,7 @@ private:
     }
 
     void DeleteUser(const std::wstring& name) {
-        // It could delete other users, or all of them.
+        // Sent as it is, the statement could delete other users, or all of them.
         if (MayMeanMore({name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         Execute(Current(), DeleteUserStatement(name, Current().kind));

@@ -6,10 +6,10 @@
 #include <gtest/gtest.h>
 
 #include "forms/window/preparation.h"
+#include "msgbox/text/captions.h"
 #include "support/dialog_driver.h"
 #include "support/keys.h"
 #include "support/ui_windows.h"
-#include "text/fixed_texts.h"
 
 namespace vndesk::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "msgbox/text/button_sets.h"
-#include "text/fixed_texts.h"
+#include "msgbox/text/captions.h"
 
 using namespace vndesk;
 

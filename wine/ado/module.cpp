@@ -22,7 +22,7 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<ConnectionObject>},
     {&kRecordsetClass, L"ADODB.Recordset", L"ADODB.Recordset", CreateInstanceOf<RecordsetObject>}};
 
-// Windows has an ADO of its own, which must stay.
+// Windows' own ADO must stay.
 bool MayRegister(std::wstring& reason) {
     if (RunsUnderWine())
         return true;
@@ -58,8 +58,7 @@ void RestoreWineAdo() {
 
 } // namespace
 
-// The interfaces are ADO's, and Wine describes them by its own type library: ours is for late
-// binding only.
+// The interfaces are ADO's, and Wine's type library describes them: ours is for late binding only.
 const ModuleInfo moduleInfo = {kClasses, nullptr, MayRegister, RestoreWineAdo};
 
 } // namespace vndesk

@@ -15,7 +15,7 @@ namespace vndesk {
 
 namespace {
 
-// A window handle out of a number of whatever type.
+// The window handle in a number of any type.
 HWND ToWindow(const _variant_t& given) {
     _variant_t number = Resolved(given);
     CheckHr(VariantChangeType(&number, &number, 0, VT_I8));
@@ -102,7 +102,7 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
     return Guard([&] {
         if (!modal)
             throw ComError(E_POINTER);
-        // A call that fails leaves no condition of an earlier one to be taken for its own.
+        // Cleared first: after a failure no earlier condition must pass for this call's.
         result_.clear();
         const HWND owner = OwnerWindow(ownerForm);
         _bstr_t text;

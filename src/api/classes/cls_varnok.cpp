@@ -21,8 +21,7 @@ namespace {
 // The calls below fill at most this many characters.
 constexpr DWORD kBuffer = 255;
 
-// The wide calls take every letter of Vietnamese; the results are those of the ANSI ones for plain
-// text.
+// The W functions keep every Vietnamese letter; for ASCII they give what the A functions give.
 template <class Read> BSTR ReadName(Read read) {
     wchar_t name[kBuffer] = L"";
     DWORD size = kBuffer;
@@ -30,7 +29,7 @@ template <class Read> BSTR ReadName(Read read) {
     return ToBstr(name);
 }
 
-// A path beyond the platform's limit names no file; not every platform survives the attempt.
+// No path is longer; Wine's file functions overrun the stack over one that is.
 const wchar_t* Path(BSTR text) {
     constexpr UINT kLongest = 32767;
     constexpr const wchar_t* kNoFile = L"?";
@@ -46,8 +45,8 @@ long Copy(BSTR existing, BSTR target, BOOL failIfExists) {
     return ::CopyFileW(NeededPath(existing), NeededPath(target), failIfExists);
 }
 
-// The platforms write small numbers with an exponent, each from another size on, and its digits
-// would be grouped.
+// VariantChangeType writes small numbers with an exponent (Windows and Wine from different sizes
+// on), whose digits would be grouped.
 std::wstring NumberText(const VARIANT& number) {
     _variant_t value;
     if (!IsSound(number) || FAILED(VariantCopyInd(&value, const_cast<VARIANT*>(&number))))

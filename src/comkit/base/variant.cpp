@@ -9,7 +9,7 @@ namespace vndesk {
 
 namespace {
 
-// Scripts add one for each procedure that hands its argument on.
+// How many references are followed. Scripts add one for each procedure that passes its argument on.
 constexpr int kDeepest = 32;
 
 constexpr BYTE kMostPlaces = 28;

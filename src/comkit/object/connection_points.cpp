@@ -11,7 +11,7 @@ namespace vndesk {
 
 namespace {
 
-// References that an enumerator hands out.
+// Copies for the caller of an enumerator, which owns the references in them.
 void Give(const ComPtr<IConnectionPoint>& from, IConnectionPoint** to) {
     from.CopyTo(to);
 }
@@ -70,11 +70,11 @@ using ConnectionEnumerator =
 } // namespace
 
 void ConnectionPoint::Fire(DISPID event, std::initializer_list<_variant_t> arguments) {
-    // IDispatch takes the last argument first.
+    // DISPPARAMS has the last argument first.
     std::vector<_variant_t> reversed(arguments);
     std::reverse(reversed.begin(), reversed.end());
     ForEach<IDispatch>([&](IDispatch* sink) {
-        // A sink may change what it is given: each gets its own.
+        // A sink may change its arguments: each gets its own copy.
         std::vector<_variant_t> given(reversed);
         DISPPARAMS parameters = {given.data(), nullptr, static_cast<UINT>(given.size()), 0};
         sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
@@ -140,7 +140,7 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
                                     [&](const Connection& c) { return c.cookie == cookie; });
     if (found == connections_.end())
         return CONNECT_E_NOCONNECTION;
-    // The sink's release may come back here: it is out of the list by then.
+    // Releasing the sink may call Unadvise again: it is out of the list by then.
     const Connection removed = std::move(*found);
     connections_.erase(found);
     return S_OK;

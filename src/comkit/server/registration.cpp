@@ -11,7 +11,7 @@
 #include "comkit/base/module.h"
 #include "comkit/object/com_object.h"
 
-// The import libraries have them, some SDK headers do not declare them.
+// In the import libraries, but not declared by all SDK headers.
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpDirectory);
 HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID lcid,
@@ -66,7 +66,7 @@ private:
     HKEY key_ = nullptr;
 };
 
-// Steps that go on after one that failed.
+// Takes every step, also after one has failed, and keeps the first error.
 class Attempts {
 public:
     template <class Work> void Try(Work&& work) {
@@ -91,7 +91,7 @@ public:
         RegisterTypeLibrary();
     }
 
-    // What cannot be taken out stays alone: everything else goes. The first error is returned.
+    // What cannot be deleted stays; everything else goes. The first error is returned.
     ErrorState Unregister() const {
         Attempts attempts;
         for (const ClassEntry& entry : moduleInfo.classes)
@@ -162,7 +162,7 @@ private:
         Set(entry.progId + std::wstring(L"\\CurVer"), nullptr, versioned);
     }
 
-    // All below the class's key, with which it goes.
+    // Everything below the class's key, which goes with it.
     void RegisterControl(const std::wstring& key, const ControlEntry& control) const {
         Set(key + L"\\Control", nullptr, L"");
         Set(key + L"\\MiscStatus", nullptr, L"0");
@@ -213,8 +213,8 @@ private:
         const GUID& guid = *moduleInfo.typeLibrary;
         const std::wstring key = L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform;
         std::wstring file = Read(key, 0);
-        // Not every platform keeps type libraries per user. Among those of all users it is this
-        // user's unless they have the DLL's classes too.
+        // Wine's RegisterTypeLibForUser registers for all users. An entry there is this user's
+        // unless the DLL's classes are registered there too.
         if (file.empty() && hive_ == Hive::User) {
             const Registrar machine(Hive::Machine);
             if (!machine.Serves(moduleInfo.classes.front()))

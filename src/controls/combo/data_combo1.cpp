@@ -14,12 +14,12 @@ namespace vndesk {
 
 namespace {
 
-// What IDs the members without a standard number have in the type library.
+// DISPIDs of the members that have no standard one.
 constexpr DISPID kListIndex1 = 1;
 constexpr DISPID kValue = 2;
 constexpr DISPID kItemData = 3;
 
-// The place that AddItem is given, if any.
+// The index that AddItem is given, if any.
 std::optional<long> PlaceFrom(const VARIANT& index) {
     if (V_VT(&index) == VT_ERROR && V_ERROR(&index) == DISP_E_PARAMNOTFOUND)
         return std::nullopt;
@@ -70,7 +70,7 @@ DataCombo& DataCombo1::Core() {
         return *core_;
     {
         const ThemeScope theme;
-        // Without a container yet: a parent that is never seen.
+        // No container yet: HWND_MESSAGE is a parent that is never seen.
         core_ = &DataCombo::Create(HWND_MESSAGE);
     }
     HookEvents();
@@ -99,7 +99,7 @@ void DataCombo1::HookEvents() {
     core_->onDestroy = [this] { OnCoreDestroyed(); };
 }
 
-// Nothing happens in a design, and nothing while the container wants quiet.
+// No events at design time or while frozen.
 void DataCombo1::Tell(DISPID event, std::initializer_list<_variant_t> arguments) {
     if (userMode_ && frozen_ == 0)
         Fire(event, arguments);
@@ -223,7 +223,7 @@ STDMETHODIMP DataCombo1::get_Value(BSTR* value) {
 }
 
 STDMETHODIMP DataCombo1::put_Value(BSTR value) {
-    // Without a word also where the container refuses: a value that no item has is no error either.
+    // No error, even if the container refuses: a value that no item has is none either.
     return Guard([&] {
         Trap([&] {
             RequestEdit(kValue);

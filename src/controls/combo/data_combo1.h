@@ -155,7 +155,7 @@ private:
     void OnFocus(bool has);
     void OnCoreDestroyed();
 
-    // What a property's let does around its work: asks the container, tells it afterwards.
+    // What a property's put does before and after its work: asks the container, then notifies it.
     template <class Work> HRESULT Let(DISPID property, Work&& work) {
         return Guard([&] {
             RequestEdit(property);

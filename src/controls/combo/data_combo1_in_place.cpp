@@ -164,7 +164,7 @@ void DataCombo1::Place(const RECT& place, const RECT* clip) {
     FollowHeight();
 }
 
-// The control is as high as its list. A container that gave it another height is told, once.
+// The control is as high as its list. A container that gave it another height is notified, once.
 void DataCombo1::FollowHeight() {
     if (!inPlace_ || placing_)
         return;

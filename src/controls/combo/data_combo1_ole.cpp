@@ -46,7 +46,7 @@ _variant_t DataCombo1::Ambient(DISPID property) const {
     return value;
 }
 
-// A copy: what the host does to the control's font shall not reach the container's.
+// A copy: when the host changes the control's font, the container's stays.
 ComPtr<IFont> DataCombo1::AmbientFont() const {
     const _variant_t value = Ambient(DISPID_AMBIENT_FONT);
     ComPtr<IFont> font;
@@ -283,7 +283,7 @@ STDMETHODIMP DataCombo1::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported,
     return S_OK;
 }
 
-// Whatever is asked for is so anyway: the control touches nothing but its own list.
+// Always safe: it touches only its own list.
 STDMETHODIMP DataCombo1::SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD enabled) {
     if (!Find(iid))
         return E_NOINTERFACE;

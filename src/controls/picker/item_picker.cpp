@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/picker/cls_list_box.h"
+#include "controls/picker/text/captions.h"
 #include "controls/picker/text/name_search.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -11,7 +12,6 @@
 #include "forms/keys/upper_case.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -24,7 +24,7 @@ constexpr ControlSpec kControls[] = {
     {Frame, L"FrDetail", L"", {150, 120, 6000, 5280}, kGrowRight | kGrowDown},
     {LabelW, L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic},
     {TextBoxW, L"TxtSelH", L"", {1230, 435, 4740, 330}, kGrowRight},
-    // Choosing comes next after the search box, for those who go on with Enter.
+    // The next tab stop after the search box, for users who go on with Enter.
     {CommandButtonW,
      L"CmdSel",
      texts::kPickerChoose,
@@ -82,7 +82,7 @@ protected:
         else
             Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
         Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
-        // Comes when everything is painted and no key waits.
+        // WM_TIMER comes when everything is painted and no key waits.
         SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
     }
 

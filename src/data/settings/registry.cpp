@@ -53,7 +53,7 @@ std::wstring RegistryKey::Read(std::wstring_view name) const {
 }
 
 void RegistryKey::Write(std::wstring_view name, std::wstring_view text) const {
-    // The platform takes a zero that follows the data for part of the text: none follows.
+    // RegSetValueExA counts a zero byte after the data as text: keep it non-zero.
     const std::string data = ToAnsi(text) + '.';
     RegSetValueExA(key_, ToAnsi(name).c_str(), 0, kRegistryText,
                    reinterpret_cast<const BYTE*>(data.data()), static_cast<DWORD>(data.size() - 1));

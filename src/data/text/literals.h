@@ -26,14 +26,14 @@ std::wstring SqlQuote(std::wstring_view text, DatabaseKind dbKind);
 bool EndsLiteral(std::wstring_view text);
 
 // Whether an engine could take a statement that holds these texts between apostrophes as they are
-// for another one than was meant, with conditions or statements of the texts' own. Not when one of
-// them leaves a literal open up to the statement's end: every engine refuses that as a whole.
+// for another one than was meant, with conditions or statements of the texts' own. False when one
+// of them leaves a literal open to the end of the statement: every engine refuses that as a whole.
 // `doubled` stands in the same statement with its apostrophes doubled.
 bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_view doubled = {});
 
-// The text without each two apostrophes that stand together: within a literal they are one to every
-// engine, and end nothing. A text with a backslash is left alone, because some engines pass over
-// the apostrophe behind it.
+// The text without pairs of apostrophes: inside a literal a pair is one apostrophe to every engine,
+// and ends nothing. A text with a backslash is left alone, because some engines pass over the
+// apostrophe behind it.
 std::wstring WithoutPairs(std::wstring_view text);
 
 // Doubles every apostrophe and every double quote.

@@ -4,10 +4,10 @@
 
 #include "data/text/date_text.h"
 #include "data/text/number_text.h"
+#include "find/text/captions.h"
 #include "find/text/format_value.h"
 #include "text/ascii_text.h"
 #include "text/capitals.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {

@@ -7,7 +7,7 @@ namespace vndesk {
 
 namespace {
 
-// Some 10 milliseconds each.
+// Timer ticks, some 10 milliseconds each.
 constexpr int kMostLooks = 300;
 constexpr int kSteadyLooks = 3;
 

@@ -22,8 +22,7 @@ struct FontSpec {
 
 class Font {
 public:
-    // Never null. Its handle is when the platform has no font left to give; controls then draw in
-    // the system font.
+    // Never null. Its handle is null when CreateFont fails; controls then draw in the system font.
     static std::shared_ptr<Font> Get(const FontSpec& design, int dpi);
 
     Font(const FontSpec& design, int dpi);

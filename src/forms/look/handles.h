@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Owners for the platform's handles: one template, one line per kind.
+// Owners for GDI and window handles: one template, one line per kind.
 #pragma once
 
 #include <windows.h>

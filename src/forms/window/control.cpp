@@ -77,15 +77,15 @@ DWORD StyleFor(const ControlSpec& design) {
         style |= WS_DISABLED;
     if (!(design.flags & kHidden))
         style |= WS_VISIBLE;
-    // Only where it is needed: the controls in a frame would be cut out by the frame itself.
+    // Only where it is needed: with WS_CLIPSIBLINGS the controls in a frame would be clipped by the
+    // frame.
     if (design.flags & kBehind)
         style |= WS_CLIPSIBLINGS;
     return style | WS_CHILD;
 }
 
-// What is set while the form is being laid out is set on hidden windows, and most of it is there
-// already. Each of these calls costs as much as a small window on some systems: those that change
-// nothing are left out.
+// Most styles are already set while the form is laid out. On some systems SetWindowLongPtr costs as
+// much as creating a small window: calls that change nothing are left out.
 void SetStyle(HWND window, int index, LONG_PTR style) {
     if (GetWindowLongPtrW(window, index) != style)
         SetWindowLongPtrW(window, index, style);
@@ -232,7 +232,7 @@ void Control::Select(int start, int length) {
 }
 
 void Control::Focus() {
-    // The dialog's own way keeps the default button's frame right.
+    // Unlike SetFocus, WM_NEXTDLGCTL keeps the default button's frame right.
     SendMessageW(form_.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
 }
 
@@ -248,7 +248,7 @@ void Control::SetRightToLeft(bool rightToLeft) {
     constexpr LONG_PTR kMirrored = WS_EX_RTLREADING | WS_EX_RIGHT;
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
     SetStyle(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
-    // A label reads its alignment from its style only.
+    // STATIC controls read their alignment from their style only.
     if (kind_ == ControlKind::LabelW) {
         const LONG_PTR plain =
             GetWindowLongPtrW(window_, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
@@ -272,8 +272,8 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
         form_.Repaint();
 }
 
-// The platform puts the text of a one-line box at its upper edge, however high the box is. It gets
-// no higher than a combo box makes itself, which has its text in the middle.
+// A one-line EDIT control puts its text at its upper edge, however high it is. So it gets no higher
+// than a combo box of its font, which centres its text.
 void Control::FitToLine() {
     constexpr int kAroundText = 8;
     if (kind_ != ControlKind::TextBoxW || (flags_ & kMultiLine) || !fontHandle_)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The controls of the forms: one class over the platform's control windows, with the properties
+// The controls of the forms: one class over the control windows of Windows, with the properties
 // that the forms use. Texts are Unicode here; places and sizes are twips.
 #pragma once
 

@@ -17,7 +17,7 @@ namespace vndesk {
 
 namespace {
 
-// Clear of the platform's IDOK, IDCANCEL and their like.
+// Above IDOK, IDCANCEL and their like.
 constexpr int kFirstControlId = 100;
 
 constexpr wchar_t kEnter = 13;
@@ -61,7 +61,7 @@ void Form::Load() {
     OnLoad();
     PrepareForm(*this);
     OnPrepared();
-    // The window had its size before it had controls to lay out.
+    // WM_SIZE came before the controls existed.
     OnResize();
 }
 
@@ -110,7 +110,7 @@ void Form::RunLoop() {
     while (window_ && !unloading_) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0) {
-            // The host is ending: the form goes, and its caller's loop hears of it too.
+            // Re-post WM_QUIT for the outer loop.
             if (got == 0)
                 PostQuitMessage(static_cast<int>(message.wParam));
             return;
@@ -127,13 +127,13 @@ bool Form::PreviewKey(const MSG& message) {
         return false;
     const auto code = static_cast<wchar_t>(message.wParam);
     bool handled = false;
-    // F10 comes as a key of the menu.
+    // F10 comes as WM_SYSKEYDOWN.
     if (message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && code == VK_F10))
         if (const Control* control = FromWindow(message.hwnd))
             Fire([&] { handled = OnKeyDown(*control, message.wParam); });
     if (handled || MoveFromButton(message))
         return true;
-    // The dialog keeps Enter and Escape for itself before they become characters.
+    // IsDialogMessage handles Enter and Escape before they become WM_CHAR.
     if (message.message == WM_KEYDOWN && (code == VK_RETURN || code == VK_ESCAPE))
         Fire([&] { handled = OnKeyPress(code == VK_RETURN ? kEnter : kEscape); });
     else if (message.message == WM_CHAR && code != kEnter && code != kEscape)
@@ -141,8 +141,8 @@ bool Form::PreviewKey(const MSG& message) {
     return handled;
 }
 
-// Arrows lead from a button where Tab does. The dialog would take them to the next window whatever
-// it is, and a label with the keyboard leaves the user without one.
+// Arrow keys leave a button as Tab does. IsDialogMessage would give the focus to the next window of
+// any kind; on a label the keyboard would be lost.
 bool Form::MoveFromButton(const MSG& message) {
     const bool forward = message.wParam == VK_RIGHT || message.wParam == VK_DOWN;
     const bool back = message.wParam == VK_LEFT || message.wParam == VK_UP;
@@ -158,7 +158,7 @@ bool Form::MoveFromButton(const MSG& message) {
 void Form::Unload() {
     unloading_ = true;
     if (modal_)
-        // A press that another program sends does not wake the loop.
+        // A sent BM_CLICK does not wake GetMessage.
         PostMessageW(window_, WM_NULL, 0, 0);
     else
         Destroy();
@@ -194,7 +194,7 @@ void Form::Centre(double width, double height) {
     };
     const TwipsRect place = {static_cast<double>(middle(SM_CXSCREEN, width)),
                              static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
-    // A form that has kept its size while it loaded is there already.
+    // A form whose size has not changed since Load is centred already.
     if (place != place_)
         Move(place);
 }
@@ -208,7 +208,7 @@ void Form::SetRightToLeft(bool rightToLeft) {
 }
 
 void Form::Repaint() {
-    // Without a window the call would repaint the whole desktop.
+    // InvalidateRect of a null window repaints the whole desktop.
     if (window_ && IsWindowVisible(window_))
         InvalidateRect(window_, nullptr, TRUE);
 }
@@ -219,7 +219,7 @@ void Form::AddToolTip(HWND control, const wchar_t* text) {
             CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0,
                             0, 0, window_, nullptr, ModuleInstance(), nullptr);
     TOOLINFOW tool = {};
-    // The size without the last member is what every version of the common controls accepts.
+    // The size without the last member, which every version of the common controls accepts.
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = window_;
@@ -293,7 +293,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Form::OnCommand(int id, int notification) {
-    // Escape reaches a dialog as this command, from a control that need not exist.
+    // Escape comes as this command, whether or not there is a control with this identifier.
     if (id == IDCANCEL) {
         if (const Control* cancel = CancelButton(); cancel && cancel->Enabled())
             Fire(cancel->onClick);
@@ -323,7 +323,7 @@ void Form::OnCommand(int id, int notification) {
             Fire(control.onLostFocus);
         break;
     default:
-        // Enter presses the default button through its identifier even while it is disabled.
+        // Enter sends the default button's command even while the button is disabled.
         if (notification == BN_CLICKED && control.Enabled())
             Fire(control.onClick);
         break;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A modal form: a window laid out from a table, whose behaviour is a handful of handlers. The
-// window is a dialog of the platform, which moves the focus, finds the letters behind Alt and keeps
-// the default button.
+// window is a Windows dialog (DefDlgProc), which moves the focus, handles Alt and a letter and
+// keeps the default button.
 #pragma once
 
 #include <windows.h>
@@ -99,7 +99,7 @@ protected:
             };
     }
 
-    // Ends the form with the error now being handled: ShowModal raises it to the form's opener.
+    // Ends the form with the error now being handled: ShowModal throws it to the form's opener.
     void Fail();
 
 private:

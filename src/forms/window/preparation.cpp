@@ -66,8 +66,7 @@ void ConvertFormCaption(Form& form) {
 }
 
 void SetWindowTextUnicode(HWND window, const std::wstring& text) {
-    // Straight to the default procedure: a window made by an ANSI host would lose the letters on
-    // the way.
+    // DefWindowProcW, not SetWindowText: the window procedure of an ANSI host would lose letters.
     DefWindowProcW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 

@@ -98,7 +98,7 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
     engine_ = Info(SQL_DBMS_NAME);
     const std::wstring quote = Info(SQL_IDENTIFIER_QUOTE_CHAR);
     quote_ = quote.empty() ? L'\0' : quote.front();
-    // A data source may name a driver that only now tells what it is.
+    // The driver of a data source is known only after connecting.
     if (engine_.find(L"SQLite") != std::wstring::npos)
         text_ = OdbcText::Utf8;
 }

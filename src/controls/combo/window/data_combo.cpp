@@ -114,7 +114,7 @@ int DataCombo::Height() const {
     return box.bottom - box.top;
 }
 
-// The list fills the width; the height is the list's.
+// The list takes the window's width; the window takes the list's height.
 void DataCombo::Layout() {
     RECT inside;
     if (layingOut_ || !GetClientRect(window_, &inside))
@@ -144,7 +144,7 @@ LRESULT DataCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFONT:
         SetFont(reinterpret_cast<HFONT>(wParam));
         return 0;
-    // What the list shows is the text of the whole.
+    // The visible list answers for the whole control.
     case WM_GETFONT:
     case WM_GETTEXT:
     case WM_GETTEXTLENGTH:
@@ -173,8 +173,8 @@ LRESULT DataCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void DataCombo::OnCommand(int notification) {
     switch (notification) {
     case CBN_CLOSEUP:
-        // Escape gives back the item from before the list was opened. Whether the change is told
-        // by a notification shows only after this one.
+        // Escape selects the item from before the list was opened. Whether CBN_SELCHANGE comes for
+        // that is known only after this notification.
         PostMessageW(window_, kListClosed, 0, 0);
         if (GetKeyState(VK_LBUTTON) < 0 && IsSecondClick())
             RaiseDoubleClick();

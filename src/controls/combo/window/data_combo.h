@@ -34,12 +34,12 @@ constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect place, unsign
     return design;
 }
 
-// Errors are raised as ComError with Visual Basic's numbers. Indexes count from 0; -1 is none.
+// Errors are thrown as ComError with Visual Basic's numbers. Indexes count from 0; -1 is none.
 class DataCombo {
 public:
     static constexpr OLE_COLOR kBackColor = 0x80000005; // the colours of windows and their text
     static constexpr OLE_COLOR kForeColor = 0x80000008;
-    // Indexes have 16 bits for the hosts.
+    // Hosts see 16-bit indexes.
     static constexpr long kMostItems = 32767;
 
     // The object behind a window of the class; it goes with the window.
@@ -64,7 +64,7 @@ public:
     void SetFont(HFONT font);
     void Refresh();
     bool ListIsOpen() const;
-    // Drawn by the theme, where there is one.
+    // Drawn in the style of the theme, if there is one.
     bool Themed() const { return backColor_ == kBackColor && foreColor_ == kForeColor; }
 
     long ListIndex() const { return shown_.Index(); }
@@ -132,7 +132,7 @@ private:
     ComboBox shown_;
     ComboBox hidden_;
     long newIndex_ = -1;
-    // What the last Click told of.
+    // The selection at the last Click event.
     long told_ = -1;
     bool layingOut_ = false;
     struct ClickMoment {
