@@ -282,10 +282,7 @@ private:
         Unload();
     }
 
-    void Help() {
-        std::wstring title = texts::kFindHelpTitle;
-        ShowMsg(texts::kFindHelpText, kOkOnly, title, kInformation, false);
-    }
+    void Help() { ShowMsg(texts::kFindHelpText, kOkOnly, texts::kFindHelpTitle, kInformation); }
 
     const std::wstring table_;
     FieldInfo info_;

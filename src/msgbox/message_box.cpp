@@ -10,7 +10,6 @@
 #include "forms/window/form.h"
 #include "msgbox/text/button_sets.h"
 #include "msgbox/text/return_codes.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -69,7 +68,7 @@ class MessageForm final : public Form {
 public:
     MessageForm() : Form(kForm) {}
 
-    std::wstring RetValue;
+    Pressed RetValue = Pressed::None;
 
     void SetTexts(const std::wstring& message, const std::wstring& title) {
         FitInto(WorkArea());
@@ -107,7 +106,7 @@ public:
 
 protected:
     void OnLoad() override {
-        RetValue.clear();
+        RetValue = Pressed::None;
         const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
         Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
@@ -201,7 +200,7 @@ private:
 
     void Answered(size_t index) {
         const std::wstring& tag = Get(kButtonNames[index]).tag;
-        RetValue = std::to_wstring(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
+        RetValue = static_cast<Pressed>(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
         Unload();
     }
 
@@ -217,12 +216,10 @@ private:
 
 } // namespace
 
-std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& title, long icon,
-                     bool rightToLeft) {
+Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title, long icon,
+                bool rightToLeft) {
     MessageForm form;
     form.Load();
-    if (title.empty())
-        title = texts::kNotice;
     form.SetTexts(message, title);
     form.SetReadingOrder(rightToLeft);
     form.SetIcon(icon);

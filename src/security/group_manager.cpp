@@ -196,8 +196,8 @@ private:
         const std::wstring name = Get(L"txtName").Text();
         const std::wstring description = Get(L"TxtDesc").Text();
         if (WriteData(browseMode_ ? curCode_ : 0, name, description))
-            Tell(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
-                 kSaveErrorTitle);
+            ShowMsg(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
+                    kSaveErrorTitle);
         else if (!browseMode_)
             Added(name, description);
         else if (groups_->ListCount() == 0)
@@ -234,7 +234,7 @@ private:
     long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {
-        if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")
+        if (ShowMsg(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != Pressed::Yes)
             return;
         const long before = groups_->ListCount();
         long place = 0;
@@ -251,7 +251,7 @@ private:
         if (codes.empty())
             return;
         Trap([&] { Execute(Current(), DeleteGroupsStatement(tableName_, codes)); });
-        Tell(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
+        ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
     void ShowRights() {
@@ -260,10 +260,6 @@ private:
     }
 
     void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }
-
-    std::wstring Tell(const std::wstring& message, long buttons, std::wstring title) {
-        return ShowMsg(message, buttons, title, kNoIcon, false);
-    }
 
     const std::wstring tableName_ = L"[Groups]";
     long curCode_ = 0;

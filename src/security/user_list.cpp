@@ -166,10 +166,11 @@ private:
         if (!row)
             return;
         if (NullToDouble(_variant_t(row->cells[kCode].c_str())) == kProtectedUser)
-            Tell(texts::kUserListNoDelete, kOkOnly);
+            ShowMsg(texts::kUserListNoDelete, kOkOnly, texts::kNotice);
         else if (users_->Rows().size() == 1)
-            Tell(texts::kUserListLastUser, kOkOnly);
-        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6" && users_->Rows().size() > 1)
+            ShowMsg(texts::kUserListLastUser, kOkOnly, texts::kNotice);
+        else if (ShowMsg(texts::kUserListConfirmDelete, kYesNo, texts::kNotice) == Pressed::Yes &&
+                 users_->Rows().size() > 1)
             DeleteRow(*row);
         Get(L"Lv").Focus();
     }
@@ -192,11 +193,6 @@ private:
         if (MayMeanMore({name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         Execute(Current(), DeleteUserStatement(name, Current().kind));
-    }
-
-    std::wstring Tell(const wchar_t* message, long buttons) {
-        std::wstring title = texts::kNotice;
-        return ShowMsg(message, buttons, title, kNoIcon, false);
     }
 
     std::optional<ReportList> users_;
