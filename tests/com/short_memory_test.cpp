@@ -25,7 +25,7 @@ using namespace vndesk::test;
 // What Trap says of the exception, with no memory left while it does.
 template <class Raise> HRESULT Trapped(Raise&& raise) {
     const FailingMemory none(0);
-    return Trap(raise).code;
+    return ToHresult(raise);
 }
 
 TEST(ShortMemory, TrapHandsTheErrorBack) {

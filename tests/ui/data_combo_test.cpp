@@ -67,7 +67,7 @@ protected:
     void SetUp() override { form_.Load(); }
     DataCombo& Combo() { return form_.Combo(); }
 
-    static HRESULT CodeOf(const std::function<void()>& call) { return Trap(call).code; }
+    static HRESULT CodeOf(const std::function<void()>& call) { return ToHresult(call); }
 
     // Both lists have the same length, read from the windows themselves.
     void ExpectInStep() {

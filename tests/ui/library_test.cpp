@@ -9,7 +9,7 @@ namespace {
 
 HRESULT ErrorOf(const wchar_t* library, const char* function) {
     FARPROC found = nullptr;
-    return Trap([&] { Library(library).Find(found, function); }).code;
+    return ToHresult([&] { Library(library).Find(found, function); });
 }
 
 TEST(PlatformLibrary, FunctionIsFound) {

@@ -42,15 +42,15 @@ STDMETHODIMP SelItem::Clear() {
 }
 
 STDMETHODIMP SelItem::get_SelName(BSTR* name) {
-    return Guard([&] { SetOut(name, [&] { return ToBstr(boxes_->SelName()); }); });
+    return Get(name, [&] { return ToBstr(boxes_->SelName()); });
 }
 
 STDMETHODIMP SelItem::get_SelID(BSTR* code) {
-    return Guard([&] { SetOut(code, [&] { return ToBstr(boxes_->SelID()); }); });
+    return Get(code, [&] { return ToBstr(boxes_->SelID()); });
 }
 
 STDMETHODIMP SelItem::get_SqlName(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlName); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlName); });
 }
 
 STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
@@ -58,7 +58,7 @@ STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SqlID(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlID); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlID); });
 }
 
 STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
@@ -66,7 +66,7 @@ STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SearchText(BSTR* text) {
-    return Guard([&] { SetOut(text, [&] { return ToBstr(boxes_->searchText); }); });
+    return Get(text, [&] { return ToBstr(boxes_->searchText); });
 }
 
 STDMETHODIMP SelItem::put_SearchText(BSTR text) {

@@ -86,7 +86,7 @@ STDMETHODIMP Search::put_ActiveConnection(VARIANT value) {
 }
 
 STDMETHODIMP Search::get_TableSearch(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(table_); }); });
+    return Get(value, [&] { return ToBstr(table_); });
 }
 
 STDMETHODIMP Search::put_TableSearch(BSTR value) {
@@ -94,7 +94,7 @@ STDMETHODIMP Search::put_TableSearch(BSTR value) {
 }
 
 STDMETHODIMP Search::get_Result(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(result_); }); });
+    return Get(value, [&] { return ToBstr(result_); });
 }
 
 // The condition can be read only after the dialog has closed, so every style shows it modally.

@@ -91,17 +91,16 @@ STDMETHODIMP DataCombo1::UIDeactivate() {
     uiActive_ = false;
     // The container may deactivate the control altogether in any of these calls.
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
-    return Trap([&] {
-               WindowContext context;
-               if (SUCCEEDED(context.Get(*site.Get()))) {
-                   if (context.document)
-                       context.document->SetActiveObject(nullptr, nullptr);
-                   if (context.frame)
-                       context.frame->SetActiveObject(nullptr, nullptr);
-               }
-               site->OnUIDeactivate(FALSE);
-           })
-        .code;
+    return ToHresult([&] {
+        WindowContext context;
+        if (SUCCEEDED(context.Get(*site.Get()))) {
+            if (context.document)
+                context.document->SetActiveObject(nullptr, nullptr);
+            if (context.frame)
+                context.frame->SetActiveObject(nullptr, nullptr);
+        }
+        site->OnUIDeactivate(FALSE);
+    });
 }
 
 // The window keeps its items and waits for the next activation.
@@ -123,7 +122,7 @@ void DataCombo1::Deactivate() {
 
 STDMETHODIMP DataCombo1::InPlaceDeactivate() {
     const ComPtr<IOleObject> keepAlive(this);
-    return Trap([&] { Deactivate(); }).code;
+    return ToHresult([&] { Deactivate(); });
 }
 
 // A host destroyed the window that the control stands in: the list is lost.
@@ -146,7 +145,7 @@ STDMETHODIMP DataCombo1::SetObjectRects(LPCRECT place, LPCRECT clip) {
         return E_POINTER;
     if (!inPlace_)
         return S_OK;
-    return Trap([&] { Place(*place, clip); }).code;
+    return ToHresult([&] { Place(*place, clip); });
 }
 
 void DataCombo1::Place(const RECT& place, const RECT* clip) {
