@@ -3,6 +3,7 @@
 
 #include <comutil.h>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 
@@ -11,11 +12,6 @@ namespace vndesk {
 namespace {
 
 constexpr DISPID kChange = 1;
-
-// Window handles fit into 32 bits and are sign-extended.
-HWND WindowFrom(long handle) {
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-}
 
 } // namespace
 
@@ -30,11 +26,11 @@ SelItem::~SelItem() {
 }
 
 STDMETHODIMP SelItem::SetTextSel(long window) {
-    return Guard([&] { boxes_->SetTextSel(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSel(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::SetTextSelID(long window) {
-    return Guard([&] { boxes_->SetTextSelID(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSelID(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::Clear() {

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "data/connect/values.h"
@@ -87,9 +88,7 @@ STDMETHODIMP Varnok::CopyFile(BSTR existing, BSTR target, long failIfExists, lon
 
 STDMETHODIMP Varnok::WinHelp(long window, BSTR helpFile, long command, long data, long* done) {
     return Get(done, [&] {
-        // Window handles fit into 32 bits and are sign-extended.
-        const auto owner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
-        return ::WinHelpW(owner, NeededPath(helpFile), static_cast<UINT>(command),
+        return ::WinHelpW(ToWindow(window), NeededPath(helpFile), static_cast<UINT>(command),
                           static_cast<ULONG_PTR>(static_cast<LONG_PTR>(data)));
     });
 }

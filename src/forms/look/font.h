@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk {
 

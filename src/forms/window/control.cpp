@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "forms/look/device_context.h"
 #include "forms/look/frame_caption.h"
 #include "forms/window/form.h"
 #include "forms/window/window_name.h"

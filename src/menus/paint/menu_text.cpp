@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "forms/look/device_context.h"
 #include "menus/state/menu_module.h"
 
 namespace vndesk {

@@ -3,8 +3,9 @@
 
 #include <vssym32.h>
 
+#include "comkit/base/handles.h"
 #include "forms/look/common_controls.h"
-#include "forms/look/handles.h"
+#include "forms/look/device_context.h"
 
 namespace vndesk {
 

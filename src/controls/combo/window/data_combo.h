@@ -13,7 +13,7 @@
 #include <string>
 
 #include "controls/combo/window/combo_box.h"
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 #include "forms/window/control.h"
 #include "forms/window/counted_class.h"
 

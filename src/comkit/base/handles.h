@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 
 namespace vndesk {
@@ -21,32 +22,13 @@ using UniqueBrush = UniqueHandle<HBRUSH, DeleteObject>;
 using UniquePen = UniqueHandle<HPEN, DeleteObject>;
 using UniqueBitmap = UniqueHandle<HBITMAP, DeleteObject>;
 using UniqueIcon = UniqueHandle<HICON, DestroyIcon>;
-using UniqueWindow = UniqueHandle<HWND, DestroyWindow>;
+using UniqueKey = UniqueHandle<HKEY, RegCloseKey>;
 
-// A GDI object selected for as long as this lives.
-class Selected {
-public:
-    Selected(HDC dc, HGDIOBJ object) : dc_(dc), previous_(SelectObject(dc, object)) {}
-    ~Selected() { SelectObject(dc_, previous_); }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC dc_;
-    HGDIOBJ previous_;
-};
-
-// Everything that is set on the device context while this lives is undone.
-class SavedDc {
-public:
-    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
-    ~SavedDc() { RestoreDC(dc_, state_); }
-    SavedDc(const SavedDc&) = delete;
-    SavedDc& operator=(const SavedDc&) = delete;
-
-private:
-    HDC dc_;
-    int state_;
-};
+// Null where it cannot be opened.
+inline UniqueKey OpenKey(HKEY root, const std::wstring& name, REGSAM access) {
+    HKEY key = nullptr;
+    const LSTATUS status = RegOpenKeyExW(root, name.c_str(), 0, access, &key);
+    return UniqueKey(status == ERROR_SUCCESS ? key : nullptr);
+}
 
 } // namespace vndesk
