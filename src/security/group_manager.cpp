@@ -203,7 +203,7 @@ private:
         else if (groups_->ListCount() == 0)
             AddedFirst(name, description);
         else
-            groups_->SetText(ShownItem(), ItemText(name, description));
+            SetListText(*groups_, ItemText(name, description), ShownItem());
         Get(L"txtName").Focus();
     }
 

@@ -110,6 +110,8 @@ TEST(FormPreparation, FontBecomesArialAndSmallOnesNine) {
 
 TEST(FormPreparation, EmptyDefaultFontIsArialAndAnotherIsKept) {
     SetDefaultFontName(L"");
+    EXPECT_EQ(DefaultFontName(), L"");
+    TestForm().Load();
     EXPECT_EQ(DefaultFontName(), L"Arial");
     SetDefaultFontName(L"Tahoma");
     TestForm form;

@@ -194,7 +194,7 @@ TEST(Tcvn3, BlocksConvertEachCharacterAsByItself) {
         all.push_back(static_cast<char16_t>(unit));
     for (const long mode : {kToUnicode, kToTcvn3}) {
         const auto alone = [mode](char16_t unit) {
-            return mode == kToTcvn3 ? ToTcvn3Unit(unit) : ToUnicodeUnit(unit);
+            return static_cast<char16_t>(ToUncChar(unit, mode));
         };
         for (std::size_t length = 0; length < 200; ++length) {
             // Ever other stretches of all characters, so that each comes to every place of a block.

@@ -22,30 +22,29 @@ struct KindRow {
     DWORD style;
     DWORD extendedStyle;
     bool hasFont;
-    bool hasCaption;
 };
 
 constexpr KindRow kKinds[] = {
-    {L"LabelW", L"STATIC", SS_LEFT, 0, true, true},
-    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true, false},
-    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true, false},
-    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
-    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
-    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    {L"LabelW", L"STATIC", SS_LEFT, 0, true},
+    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true},
+    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true},
+    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true},
+    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true},
+    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true},
     // The control keeps its size whatever icon it gets.
-    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
-    {L"Line", nullptr, 0, 0, false, false},
+    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false},
+    {L"Line", nullptr, 0, 0, false},
     {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListBoxW", WC_LISTVIEWW,
      LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListView", WC_LISTVIEWW,
      LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP, WS_EX_CLIENTEDGE,
-     true, false},
+     true},
     // Transparent: the form paints the inside.
-    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
-    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true, false},
+    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true},
+    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true},
 };
 
 const KindRow& Row(ControlKind kind) {
@@ -152,10 +151,6 @@ int Control::Dpi() const {
 
 const wchar_t* Control::TypeName() const {
     return Row(kind_).typeName;
-}
-
-bool Control::HasCaption() const {
-    return Row(kind_).hasCaption;
 }
 
 std::wstring Control::Text() const {

@@ -89,7 +89,6 @@ public:
     // The caption is the text of everything but text and combo boxes.
     std::wstring Caption() const { return Text(); }
     void SetCaption(std::wstring_view caption) { SetText(caption); }
-    bool HasCaption() const;
     unsigned Flags() const { return flags_; }
 
     const FontSpec& FontOf() const { return font_; }

@@ -48,6 +48,8 @@ void SetHouseFont(Control& control) {
 
 void PrepareForm(Form& form) {
     form.Centre();
+    if (DefaultFontName().empty())
+        SetDefaultFontName(kHouseFont);
     // The house font is applied whatever default the host has set; that default is only remembered.
     for (const auto& control : form.Controls())
         Trap([&] { SetHouseFont(*control); });
