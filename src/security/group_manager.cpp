@@ -79,7 +79,7 @@ protected:
     void OnPrepared() override {
         // Frames are not among the controls whose captions preparation converts.
         for (const wchar_t* frame : {L"FrDetail", L"Frame1"})
-            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), 0));
+            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), kToUnicode));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();
         CheckWrite();
@@ -169,7 +169,7 @@ private:
     void ToggleAdding() {
         browseMode_ = !browseMode_;
         Get(L"CmdAdd").SetCaption(
-            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, 0));
+            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, kToUnicode));
         Get(L"FrDetail").SetEnabled(browseMode_);
         if (browseMode_) {
             GroupClicked();

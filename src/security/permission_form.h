@@ -4,7 +4,7 @@
 
 namespace vndesk {
 
-// Runs on the session's current database. A write that fails ends the form and is raised here.
+// Runs on the session's current database. A write that fails ends the form and is thrown here.
 void ShowPermissionForm(long groupCode);
 
 } // namespace vndesk

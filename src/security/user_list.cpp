@@ -67,10 +67,11 @@ protected:
     }
 
     void OnPrepared() override {
-        users_.emplace(Get(L"Lv"), std::vector<ReportColumn>{
-                                       {L"cName", ToUncText(texts::kUserListName, 0), 0.35},
-                                       {L"cDes", ToUncText(texts::kUserListDescription, 0), 0.48},
-                                       {L"cCode", ToUncText(texts::kUserListCode, 0), 0.17}});
+        users_.emplace(Get(L"Lv"),
+                       std::vector<ReportColumn>{
+                           {L"cName", ToUncText(texts::kUserListName, kToUnicode), 0.35},
+                           {L"cDes", ToUncText(texts::kUserListDescription, kToUnicode), 0.48},
+                           {L"cCode", ToUncText(texts::kUserListCode, kToUnicode), 0.17}});
         users_->onDoubleClick = [this] { Edit(); };
         Trap([&] { ReadInfo(); });
         users_->Refresh();

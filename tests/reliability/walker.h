@@ -84,7 +84,7 @@ public:
 private:
     static constexpr DWORD kLimit = 120000;  // large tables on a busy machine
     static constexpr ULONGLONG kGoing = 300; // a form that has told something may yet close
-    static constexpr size_t kMostBoxes = 500;
+    static constexpr size_t kMaxBoxes = 500;
 
     // Sent, not posted: what is sent afterwards is answered when the button has done its work or
     // has opened a form.
@@ -110,7 +110,7 @@ private:
                 continue;
             if (window == answered_ && GetTickCount64() < answeredAt_ + 1000)
                 return; // it is going
-            if (told_.size() >= kMostBoxes)
+            if (told_.size() >= kMaxBoxes)
                 Fail(L"no end of boxes: " + told_.back());
             if (window != answered_)
                 told_.push_back(name.empty() ? PlainText(window) : TextOf(window, L"Message"));

@@ -133,14 +133,14 @@ inline std::wstring Ticks(HWND form, const wchar_t* checkList) {
 
 // A click on an item of a list box or a row of a list view.
 inline void ClickItem(HWND list, int item, bool twice = false) {
-    RECT place = {};
+    RECT rect = {};
     if (ClassName(list) == WC_LISTVIEWW) {
-        place.left = LVIR_LABEL;
-        SendMessageW(list, LVM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&place));
+        rect.left = LVIR_LABEL;
+        SendMessageW(list, LVM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&rect));
     } else {
-        SendMessageW(list, LB_GETITEMRECT, item, reinterpret_cast<LPARAM>(&place));
+        SendMessageW(list, LB_GETITEMRECT, item, reinterpret_cast<LPARAM>(&rect));
     }
-    POINT point = {place.left + 8, (place.top + place.bottom) / 2};
+    POINT point = {rect.left + 8, (rect.top + rect.bottom) / 2};
     ClientToScreen(list, &point);
     ClickAt(point);
     if (twice)

@@ -27,12 +27,12 @@ template <class Function> Function* AtlFunction(const char* name) {
 // The container, with the control in it.
 class AtlWindow {
 public:
-    explicit AtlWindow(HostWindow& host, const RECT& place = {10, 50, 210, 76}) {
+    explicit AtlWindow(HostWindow& host, const RECT& rect = {10, 50, 210, 76}) {
         static const BOOL ready = AtlFunction<BOOL WINAPI()>("AtlAxWinInit")();
         const auto get = AtlFunction<HRESULT WINAPI(HWND, IUnknown**)>("AtlAxGetControl");
         EXPECT_TRUE(ready);
         // No tab stop of its own: the focus is the control's.
-        window_ = host.Child(L"AtlAxWin", kComboProgId, 0, WS_EX_CONTROLPARENT, place);
+        window_ = host.Child(L"AtlAxWin", kComboProgId, 0, WS_EX_CONTROLPARENT, rect);
         EXPECT_NE(nullptr, window_);
         ComPtr<IUnknown> control;
         EXPECT_SUCCEEDED(get(window_, &control));

@@ -37,11 +37,11 @@ protected:
         As<IOleInPlaceObject>()->GetWindow(&window);
         return window;
     }
-    RECT PlaceOf(HWND window) {
-        RECT place;
-        GetWindowRect(window, &place);
-        MapWindowPoints(nullptr, host_.Frame(), reinterpret_cast<POINT*>(&place), 2);
-        return place;
+    RECT RectOf(HWND window) {
+        RECT rect;
+        GetWindowRect(window, &rect);
+        MapWindowPoints(nullptr, host_.Frame(), reinterpret_cast<POINT*>(&rect), 2);
+        return rect;
     }
     short ListCount() {
         short count = 0;
@@ -63,8 +63,8 @@ TEST_F(DataComboContainerTest, IsActivatedInPlaceAndKeepsItsItems) {
     window = Window();
     ASSERT_NE(nullptr, window);
     EXPECT_EQ(host_.Frame(), GetParent(window));
-    EXPECT_EQ(10, PlaceOf(window).left);
-    EXPECT_EQ(210, PlaceOf(window).right);
+    EXPECT_EQ(10, RectOf(window).left);
+    EXPECT_EQ(210, RectOf(window).right);
     EXPECT_EQ(2u, ListTexts(ListIn(window)).size());
     EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_SHOW)) << "once more is no error";
 
@@ -77,17 +77,17 @@ TEST_F(DataComboContainerTest, IsActivatedInPlaceAndKeepsItsItems) {
 }
 
 TEST_F(DataComboContainerTest, TellsTheContainerTheHeightOfItsList) {
-    container_.place = {10, 10, 210, 110};
+    container_.rect = {10, 10, 210, 110};
     EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
     EXPECT_TRUE(container_.Has(L"OnPosRectChange"));
-    const RECT list = PlaceOf(ListIn(Window()));
-    EXPECT_TRUE(EqualRect(&list, &container_.place));
+    const RECT list = RectOf(ListIn(Window()));
+    EXPECT_TRUE(EqualRect(&list, &container_.rect));
     EXPECT_GT(60, list.bottom);
 
     container_.calls.clear();
-    container_.Move({20, 30, 320, container_.place.bottom - container_.place.top + 30});
+    container_.Move({20, 30, 320, container_.rect.bottom - container_.rect.top + 30});
     EXPECT_FALSE(container_.Has(L"OnPosRectChange")) << "the height is right already";
-    EXPECT_EQ(300, PlaceOf(ListIn(Window())).right - 20);
+    EXPECT_EQ(300, RectOf(ListIn(Window())).right - 20);
     SIZEL size = {};
     EXPECT_SUCCEEDED(As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size));
     const HDC screen = GetDC(nullptr);
@@ -96,17 +96,17 @@ TEST_F(DataComboContainerTest, TellsTheContainerTheHeightOfItsList) {
 
     container_.obeys = false;
     container_.Move({20, 30, 320, 230});
-    EXPECT_LT(PlaceOf(Window()).bottom, 100) << "whatever the container does with it";
+    EXPECT_LT(RectOf(Window()).bottom, 100) << "whatever the container does with it";
 }
 
 TEST_F(DataComboContainerTest, IsCutWhereTheContainerClipsIt) {
     EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
     const RECT clip = {10, 10, 110, 40};
-    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.place, &clip));
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.rect, &clip));
     RECT shown = {};
     EXPECT_EQ(SIMPLEREGION, GetWindowRgnBox(Window(), &shown));
     EXPECT_EQ(100, shown.right);
-    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.place, &container_.place));
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>()->SetObjectRects(&container_.rect, &container_.rect));
     EXPECT_EQ(ERROR, GetWindowRgnBox(Window(), &shown)) << "whole again";
 }
 
@@ -190,7 +190,7 @@ TEST_F(DataComboContainerTest, RaisesNothingInADesignOrWhileFrozen) {
 
 TEST_F(DataComboContainerTest, OwnFontSetsTheHeightInPlace) {
     EXPECT_SUCCEEDED(container_.DoVerb(OLEIVERB_INPLACEACTIVATE));
-    const LONG before = container_.place.bottom;
+    const LONG before = container_.rect.bottom;
     FONTDESC description = {};
     description.cbSizeofstruct = sizeof description;
     description.lpstrName = const_cast<wchar_t*>(L"Arial");
@@ -198,9 +198,9 @@ TEST_F(DataComboContainerTest, OwnFontSetsTheHeightInPlace) {
     ComPtr<IFontDisp> font;
     ASSERT_SUCCEEDED(OleCreateFontIndirect(&description, IID_PPV_ARGS(&font)));
     EXPECT_SUCCEEDED(combo_->putref_Font(font.Get()));
-    EXPECT_LT(before, container_.place.bottom);
-    const RECT place = PlaceOf(Window());
-    EXPECT_EQ(container_.place.bottom, place.bottom);
+    EXPECT_LT(before, container_.rect.bottom);
+    const RECT rect = RectOf(Window());
+    EXPECT_EQ(container_.rect.bottom, rect.bottom);
 }
 
 TEST_F(DataComboContainerTest, LosesItsListButNotItsMindWithTheHostsWindow) {

@@ -112,10 +112,10 @@ public:
     HWND First() const { return first_; }
 
     HWND Child(const wchar_t* className, const wchar_t* text, DWORD style, DWORD extended,
-               const RECT& place) {
-        return CreateWindowExW(extended, className, text, WS_CHILD | WS_VISIBLE | style, place.left,
-                               place.top, place.right - place.left, place.bottom - place.top,
-                               frame_, nullptr, nullptr, nullptr);
+               const RECT& rect) {
+        return CreateWindowExW(extended, className, text, WS_CHILD | WS_VISIBLE | style, rect.left,
+                               rect.top, rect.right - rect.left, rect.bottom - rect.top, frame_,
+                               nullptr, nullptr, nullptr);
     }
     void AddLast() { last_ = Child(L"EDIT", L"", WS_TABSTOP | WS_BORDER, 0, {10, 90, 200, 114}); }
     HWND Last() const { return last_; }

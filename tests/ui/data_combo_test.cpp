@@ -205,8 +205,8 @@ TEST_F(DataComboTest, NoMoreItemsThanIndexesCanCount) {
     for (const wchar_t* name : {L"Cmb1", L"Cmb2"}) {
         const HWND list = FindControl(Combo().Window(), name);
         SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-        SendMessageW(list, CB_INITSTORAGE, DataCombo::kMostItems, 100000);
-        for (int i = 0; i < DataCombo::kMostItems - 1; ++i)
+        SendMessageW(list, CB_INITSTORAGE, DataCombo::kMaxItems, 100000);
+        for (int i = 0; i < DataCombo::kMaxItems - 1; ++i)
             SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"x"));
         SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     }

@@ -22,9 +22,9 @@ void SelectItems(HWND groups, std::initializer_list<int> items) {
     const HWND list = Control(groups, L"Lv1");
     WPARAM keys = MK_LBUTTON;
     for (const int item : items) {
-        RECT place = {};
-        SendMessageW(list, LB_GETITEMRECT, item, reinterpret_cast<LPARAM>(&place));
-        const LPARAM point = MAKELPARAM(place.left + 8, (place.top + place.bottom) / 2);
+        RECT rect = {};
+        SendMessageW(list, LB_GETITEMRECT, item, reinterpret_cast<LPARAM>(&rect));
+        const LPARAM point = MAKELPARAM(rect.left + 8, (rect.top + rect.bottom) / 2);
         SendMessageW(list, WM_LBUTTONDOWN, keys, point);
         SendMessageW(list, WM_LBUTTONUP, keys & ~MK_LBUTTON, point);
         keys |= MK_CONTROL;

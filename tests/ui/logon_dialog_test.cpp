@@ -405,10 +405,10 @@ TEST_F(LogonDialog, HelpButtonDoesNothing) {
 
 TEST_F(LogonDialog, StandsInTheMiddleOfTheScreen) {
     Play([] {
-        RECT place;
-        GetWindowRect(Dialog(), &place);
-        EXPECT_NEAR(place.left + place.right, GetSystemMetrics(SM_CXSCREEN), 3);
-        EXPECT_NEAR(place.top + place.bottom, GetSystemMetrics(SM_CYSCREEN), 3);
+        RECT rect;
+        GetWindowRect(Dialog(), &rect);
+        EXPECT_NEAR(rect.left + rect.right, GetSystemMetrics(SM_CXSCREEN), 3);
+        EXPECT_NEAR(rect.top + rect.bottom, GetSystemMetrics(SM_CYSCREEN), 3);
         PressKey(VK_ESCAPE);
     });
 }
@@ -432,9 +432,9 @@ TEST_F(LogonDialog, ToolTipOfOkAppears) {
         TypeText(L"a");
         const HWND ok = Control(dialog, L"CmdOk");
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(ok) != FALSE; }));
-        RECT place;
-        GetWindowRect(ok, &place);
-        MoveMouseTo({place.left + 10, place.top + 10});
+        RECT rect;
+        GetWindowRect(ok, &rect);
+        MoveMouseTo({rect.left + 10, rect.top + 10});
         const HWND tip = WaitForClass(L"tooltips_class32");
         EXPECT_EQ(TextOf(tip), L"Click here to Logon!");
         MoveMouseTo({0, 0});

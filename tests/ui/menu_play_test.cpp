@@ -326,10 +326,10 @@ TEST(MenuPlay, MenuBarLightsUpUnderTheMouse) {
     const COLORREF lit = GetSysColor(COLOR_BTNSHADOW);
     const RECT away = {first.left, first.top + 150, first.right, first.bottom + 150};
     Play(host, [&] {
-        const auto moveUntil = [&](const RECT& place, const std::function<bool()>& seen,
+        const auto moveUntil = [&](const RECT& rect, const std::function<bool()>& seen,
                                    const wchar_t* what) {
             Retry(host, what, [&] {
-                POINT point = Middle(place);
+                POINT point = Middle(rect);
                 MoveMouseTo({point.x + 3, point.y + 2});
                 MoveMouseTo(point);
                 return WaitUntil(seen, kStep);

@@ -39,10 +39,10 @@ std::function<void()> Typing(const wchar_t* text) {
 }
 
 RECT PlaceIn(HWND form, const wchar_t* control) {
-    RECT place;
-    GetWindowRect(Control(form, control), &place);
-    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
-    return place;
+    RECT rect;
+    GetWindowRect(Control(form, control), &rect);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
 }
 
 int ScreenDpi() {
@@ -432,11 +432,11 @@ TEST(MsgBox, TitleStripDragsTheBox) {
 TEST(MsgBox, StripHasTheActiveCaptionColour) {
     PlayMessage({}, [] {
         const HWND box = Box();
-        RECT place;
-        GetWindowRect(box, &place);
+        RECT rect;
+        GetWindowRect(box, &rect);
         Sleep(100);
         const HDC screen = GetDC(nullptr);
-        const COLORREF seen = GetPixel(screen, place.right - 6, place.top + 4);
+        const COLORREF seen = GetPixel(screen, rect.right - 6, rect.top + 4);
         ReleaseDC(nullptr, screen);
         EXPECT_EQ(seen, GetSysColor(COLOR_ACTIVECAPTION));
         ClickWindow(Control(box, L"Cmd1"));
@@ -447,20 +447,20 @@ TEST(MsgBox, BorderLiesOnTheOutermostPixels) {
     PlayMessage({}, [] {
         const HWND box = Box();
         WaitForFocus(box, L"Cmd1");
-        RECT place;
-        GetWindowRect(box, &place);
-        const LONG middle = (place.left + place.right) / 2;
-        const LONG half = (place.top + place.bottom) / 2;
-        const POINT edges[] = {{place.left, half},
-                               {place.right - 1, half},
-                               {middle, place.top},
-                               {middle, place.bottom - 1}};
+        RECT rect;
+        GetWindowRect(box, &rect);
+        const LONG middle = (rect.left + rect.right) / 2;
+        const LONG half = (rect.top + rect.bottom) / 2;
+        const POINT edges[] = {{rect.left, half},
+                               {rect.right - 1, half},
+                               {middle, rect.top},
+                               {middle, rect.bottom - 1}};
         const HDC screen = GetDC(nullptr);
         for (const POINT& edge : edges)
             EXPECT_TRUE(WaitUntil([&] {
                 return GetPixel(screen, edge.x, edge.y) == GetSysColor(COLOR_ACTIVECAPTION);
-            })) << edge.x - place.left
-                << "," << edge.y - place.top;
+            })) << edge.x - rect.left
+                << "," << edge.y - rect.top;
         ReleaseDC(nullptr, screen);
         ClickWindow(Control(box, L"Cmd1"));
     });

@@ -48,7 +48,7 @@ void CheckCall(HRESULT code, IUnknown* object, REFIID iid);
 // Sets IErrorInfo from the exception now being handled and returns its HRESULT.
 HRESULT ReportCurrentError(REFIID iid, const wchar_t* source) noexcept;
 
-// "Errors are ignored from here": runs the steps and hands back the first error instead of raising
+// "Errors are ignored from here": runs the steps and hands back the first error instead of throwing
 // it.
 template <class Steps> ErrorState Trap(Steps&& steps) noexcept {
     try {

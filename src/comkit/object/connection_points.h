@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Events: one class of sinks per outgoing interface, and the base of the classes that raise events.
+// Events: one class of sinks per outgoing interface, and the base of the classes that fire events.
 #pragma once
 
 #include <windows.h>
@@ -35,7 +35,7 @@ public:
             call(static_cast<Sink*>(sink.Get()));
     }
 
-    // Raises an event. Arguments in the order in which they are declared; what a sink answers is
+    // Fires an event. Arguments in the order in which they are declared; what a sink answers is
     // its own affair.
     void Fire(DISPID event, std::initializer_list<_variant_t> arguments = {});
 
@@ -76,7 +76,7 @@ HRESULT FindConnectionPoint(const std::vector<ConnectionPoint*>& points, REFIID 
 HRESULT EnumConnectionPoints(const std::vector<ConnectionPoint*>& points,
                              IEnumConnectionPoints** enumerator) noexcept;
 
-// A dual interface whose class raises the events of one dispinterface. `Class` is the coclass.
+// A dual interface whose class fires the events of one dispinterface. `Class` is the coclass.
 template <class Derived, class Class, class Dual, class Events, class... Others>
 class EventObject : public DescribedObject<Derived, Class, Dual, IProvideClassInfo2,
                                            IConnectionPointContainer, Others...> {

@@ -83,26 +83,26 @@ DataCombo& DataCombo1::Core() {
 void DataCombo1::HookEvents() {
     core_->onClick = [this] {
         ViewChanged();
-        Tell(DISPID_CLICK);
+        Fire(DISPID_CLICK);
     };
-    core_->onDoubleClick = [this] { Tell(DISPID_DBLCLICK); };
+    core_->onDoubleClick = [this] { Fire(DISPID_DBLCLICK); };
     core_->onKeyDown = [this](short& key, short& shift) {
-        Tell(DISPID_KEYDOWN, {ByReference(key), ByReference(shift)});
+        Fire(DISPID_KEYDOWN, {ByReference(key), ByReference(shift)});
     };
     core_->onKeyPress = [this](short& character) {
-        Tell(DISPID_KEYPRESS, {ByReference(character)});
+        Fire(DISPID_KEYPRESS, {ByReference(character)});
     };
     core_->onKeyUp = [this](short& key, short& shift) {
-        Tell(DISPID_KEYUP, {ByReference(key), ByReference(shift)});
+        Fire(DISPID_KEYUP, {ByReference(key), ByReference(shift)});
     };
     core_->onFocus = [this](bool has) { OnFocus(has); };
     core_->onDestroy = [this] { OnCoreDestroyed(); };
 }
 
 // Nothing happens in a design, and nothing while the container wants quiet.
-void DataCombo1::Tell(DISPID event, std::initializer_list<_variant_t> arguments) {
+void DataCombo1::Fire(DISPID event, std::initializer_list<_variant_t> arguments) {
     if (userMode_ && frozen_ == 0)
-        Fire(event, arguments);
+        EventObject::Fire(event, arguments);
 }
 
 void DataCombo1::RequestEdit(DISPID property) {

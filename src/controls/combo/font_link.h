@@ -20,7 +20,7 @@ public:
     FontLink(const FontLink&) = delete;
     FontLink& operator=(const FontLink&) = delete;
 
-    // Raises an error for what is no font.
+    // Throws for what is no font.
     void Set(IUnknown* font);
     IFont* Get() const { return font_.Get(); }
     // Valid until the font changes.

@@ -26,8 +26,8 @@ public:
     // which keeps the wrapper as long as it lets the control be used.
     void SetTListBox(Control& control);
 
-    // In front of the item at `index` where one is given. An index that the control refuses raises
-    // an error and changes nothing.
+    // In front of the item at `index` where one is given. An index that the control refuses throws
+    // and changes nothing.
     void AddItem(const std::wstring& item, std::optional<long> index = std::nullopt);
     // A negative index does nothing.
     void RemoveItem(long index);

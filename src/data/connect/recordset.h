@@ -15,7 +15,7 @@
 
 namespace vndesk {
 
-// A record set and its fields. Failures of ADO are raised as ComError with the provider's
+// A record set and its fields. Failures of ADO are thrown as ComError with the provider's
 // description.
 class Recordset {
 public:

@@ -16,7 +16,7 @@ std::wstring NullToText(const VARIANT& value);
 long NullToInteger(const VARIANT& value);
 double NullToDouble(const VARIANT& value);
 
-// Raises a type mismatch for what is no number of 32 bits, null included.
+// Throws a type mismatch for what is no number of 32 bits, null included.
 long ToInteger(const VARIANT& value);
 
 } // namespace vndesk

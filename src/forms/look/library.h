@@ -8,7 +8,8 @@
 
 namespace vndesk {
 
-// The library stays loaded, as windows of its classes keep it anyway. What is missing is raised.
+// The library stays loaded, as windows of its classes keep it anyway. Throws where something is
+// missing.
 class Library {
 public:
     explicit Library(const wchar_t* name) : module_(LoadLibraryW(name)) {

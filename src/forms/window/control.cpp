@@ -96,18 +96,18 @@ void RepaintIfVisible(HWND window) {
         InvalidateRect(window, nullptr, TRUE);
 }
 
-RECT PixelsOf(const TwipsRect& place, int dpi) {
+RECT PixelsOf(const TwipsRect& rect, int dpi) {
     // Right and bottom are rounded, not the size, so that neighbours meet.
-    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
-            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
+    return {ToPixels(rect.left, dpi), ToPixels(rect.top, dpi),
+            ToPixels(rect.left + rect.width, dpi), ToPixels(rect.top + rect.height, dpi)};
 }
 
 } // namespace
 
 Control::Control(Form& form, const ControlSpec& design, int id)
     : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0),
-      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
-      place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
+      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags), rect_(design.rect),
+      leastWidth_(design.rect.width), leastHeight_(design.rect.height),
       visible_(!(design.flags & kHidden)) {
     if (!ClassFor(design))
         return;
@@ -129,7 +129,7 @@ void Control::Detach() {
 
 void Control::CreateControlWindow(const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
-    box_ = PixelsOf(place_, Dpi());
+    box_ = PixelsOf(rect_, Dpi());
     window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
                               box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
                               form_.Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
@@ -181,13 +181,13 @@ bool Control::SetFont(const FontSpec& font) {
     return true;
 }
 
-void Control::Move(const TwipsRect& place) {
-    place_ = place;
+void Control::Move(const TwipsRect& rect) {
+    rect_ = rect;
     if (!window_) {
         form_.Repaint();
         return;
     }
-    RECT box = PixelsOf(place, Dpi());
+    RECT box = PixelsOf(rect, Dpi());
     if (mostPixels_ > 0)
         box.bottom = std::min(box.bottom, box.top + mostPixels_);
     if (EqualRect(&box, &box_))
@@ -282,7 +282,7 @@ void Control::FitToLine() {
     }
     ReleaseDC(window_, dc);
     mostPixels_ = metrics.tmHeight + kAroundText;
-    Move(place_);
+    Move(rect_);
 }
 
 void Control::FitToText() {

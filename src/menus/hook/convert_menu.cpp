@@ -21,7 +21,7 @@ constexpr wchar_t kRoutine[] = L" ConvertMenu";
 // Menus in menus; each of them takes room on the stack.
 constexpr int kDeepest = 32;
 // How many items are remembered that their hosts took out of their menus.
-constexpr std::size_t kMostRemoved = 100;
+constexpr std::size_t kMaxRemoved = 100;
 
 // What a host may change of an item's type after its conversion.
 constexpr UINT kOurTypes = MFT_OWNERDRAW | MFT_SEPARATOR;
@@ -161,7 +161,7 @@ void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen,
 }
 
 void ForgetOldest(MenuModule& module) {
-    for (; module.removed.size() > kMostRemoved; module.removed.pop_front()) {
+    for (; module.removed.size() > kMaxRemoved; module.removed.pop_front()) {
         const CMyItemData* oldest = module.items.Item(module.removed.front());
         if (oldest && oldest->gone)
             module.items.Remove(oldest->number);

@@ -9,7 +9,7 @@
 
 namespace vndesk {
 
-// False for a handle that is no window of this process. A window that is installed already raises
+// False for a handle that is no window of this process. A window that is installed already throws
 // the duplicate-key error.
 bool InstallMenus(HWND window, MenuHelp help, ImageSource images);
 

@@ -46,7 +46,7 @@ class CMyItemDatas {
 public:
     using Map = std::unordered_map<ULONG_PTR, std::unique_ptr<CMyItemData>>;
 
-    // A key that is there already raises the duplicate-key error.
+    // A key that is there already throws the duplicate-key error.
     CMyItemData& Add(ULONG_PTR key);
     // Null when there is none.
     CMyItemData* Item(ULONG_PTR key) const;
