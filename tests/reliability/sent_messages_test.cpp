@@ -37,14 +37,12 @@ TEST(SentMessages, CloseEndsTheForm) {
 }
 
 TEST(SentMessages, ButtonOfTheMessageBoxAnswersIt) {
-    EXPECT_EQ(PlayMessage({},
-                          [] {
-                              const HWND box = WaitForForm(L"MessageBox");
-                              WaitUntilStill(box);
-                              SendPress(box, L"Cmd1");
-                              WaitForClose(box);
-                          }),
-              L"1");
+    EXPECT_EQ(L"1", PlayMessage({}, [] {
+                  const HWND box = WaitForForm(L"MessageBox");
+                  WaitUntilStill(box);
+                  SendPress(box, L"Cmd1");
+                  WaitForClose(box);
+              }));
 }
 
 } // namespace

@@ -69,8 +69,8 @@ inline void SetBox(HWND form, const wchar_t* control, const wchar_t* text) {
 // Answers a message of the library by its first button; `answer` is another key.
 inline void Answer(const std::wstring& text, const std::wstring& title, WORD answer = VK_SPACE) {
     const HWND box = WaitForForm(L"MessageBox");
-    EXPECT_EQ(TextOf(box, L"Message"), text);
-    EXPECT_EQ(TextOf(box, L"label4"), title);
+    EXPECT_EQ(text, TextOf(box, L"Message"));
+    EXPECT_EQ(title, TextOf(box, L"label4"));
     WaitReady(box, L"Cmd1");
     PressKey(answer);
     WaitForClose(box);

@@ -15,7 +15,7 @@ TEST(CapitalsOfThePlatform, AreTheSameForEveryLetterOfTheTable) {
         for (int small = row.first; small <= row.last; small += row.step) {
             wchar_t letter = static_cast<wchar_t>(small);
             CharUpperBuffW(&letter, 1);
-            EXPECT_EQ(ToCapital(static_cast<wchar_t>(small)), letter) << std::hex << small;
+            EXPECT_EQ(letter, ToCapital(static_cast<wchar_t>(small))) << std::hex << small;
             ++letters;
         }
     EXPECT_GT(letters, 300);

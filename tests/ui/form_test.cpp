@@ -65,59 +65,59 @@ protected:
 TEST(FormPreparation, ConvertsTheCaptionsOfLabelsAndButtons) {
     TestForm form;
     form.Load();
-    EXPECT_EQ(form.Get(L"lblPlain").Caption(), L"Thông báo");
-    EXPECT_EQ(form.Get(L"chkAll").Caption(), L"Tất cả");
-    EXPECT_EQ(form.Get(L"optOne").Caption(), L"Một");
-    EXPECT_EQ(form.Get(L"cmdGo").Caption(), L"&Xem");
-    EXPECT_EQ(TextOf(form.Window()), L"Thử nghiệm");
+    EXPECT_EQ(L"Thông báo", form.Get(L"lblPlain").Caption());
+    EXPECT_EQ(L"Tất cả", form.Get(L"chkAll").Caption());
+    EXPECT_EQ(L"Một", form.Get(L"optOne").Caption());
+    EXPECT_EQ(L"&Xem", form.Get(L"cmdGo").Caption());
+    EXPECT_EQ(L"Thử nghiệm", TextOf(form.Window()));
 }
 
 TEST(FormPreparation, LeavesTextBoxesAsTheyAre) {
     TestForm form;
     form.Load();
-    EXPECT_EQ(form.Get(L"txtName").Text(), L"§");
-    EXPECT_EQ(LOWORD(SendMessageW(form.Get(L"txtName").Window(), EM_GETMARGINS, 0, 0)), 0);
+    EXPECT_EQ(L"§", form.Get(L"txtName").Text());
+    EXPECT_EQ(0, LOWORD(SendMessageW(form.Get(L"txtName").Window(), EM_GETMARGINS, 0, 0)));
 }
 
 TEST(FormPreparation, CaptionInAFontEndingInHComesOutInCapitals) {
     UnpreparedForm form;
     form.Load();
-    EXPECT_EQ(form.Get(L"lblCapitals").Caption(), L"THÔNG BÁO");
-    EXPECT_EQ(form.Get(L"lblPlain").Caption(), L"Thông báo");
+    EXPECT_EQ(L"THÔNG BÁO", form.Get(L"lblCapitals").Caption());
+    EXPECT_EQ(L"Thông báo", form.Get(L"lblPlain").Caption());
 }
 
 TEST(FormPreparation, LabelNamedAsTitleComesOutInCapitals) {
     TestForm form;
     form.Load();
-    EXPECT_EQ(form.Get(L"lblTitleOfForm").Caption(), L"THÔNG BÁO");
+    EXPECT_EQ(L"THÔNG BÁO", form.Get(L"lblTitleOfForm").Caption());
     // Only labels: a button of such a name keeps its letters.
-    EXPECT_EQ(form.Get(L"cmdTitle").Caption(), L"Đóng");
+    EXPECT_EQ(L"Đóng", form.Get(L"cmdTitle").Caption());
 }
 
 TEST(FormPreparation, TitleOnlyLeavesTheControlsUnconverted) {
     TestForm form(kTitleOnlyForm);
     form.Load();
-    EXPECT_EQ(form.Get(L"lblPlain").Caption(), texts::kNotice);
-    EXPECT_EQ(TextOf(form.Window()), L"Thử nghiệm");
+    EXPECT_EQ(texts::kNotice, form.Get(L"lblPlain").Caption());
+    EXPECT_EQ(L"Thử nghiệm", TextOf(form.Window()));
 }
 
 TEST(FormPreparation, FontBecomesArialAndSmallOnesNine) {
     TestForm form;
     form.Load();
-    EXPECT_EQ(form.Get(L"lblPlain").FontOf(), (FontSpec{L"Arial", 9}));
-    EXPECT_EQ(form.Get(L"lblCapitals").FontOf(), (FontSpec{L"Arial", 10}));
+    EXPECT_EQ((FontSpec{L"Arial", 9}), form.Get(L"lblPlain").FontOf());
+    EXPECT_EQ((FontSpec{L"Arial", 10}), form.Get(L"lblCapitals").FontOf());
 }
 
 TEST(FormPreparation, EmptyDefaultFontIsArialAndAnotherIsKept) {
     SetDefaultFontName(L"");
-    EXPECT_EQ(DefaultFontName(), L"");
+    EXPECT_EQ(L"", DefaultFontName());
     TestForm().Load();
-    EXPECT_EQ(DefaultFontName(), L"Arial");
+    EXPECT_EQ(L"Arial", DefaultFontName());
     SetDefaultFontName(L"Tahoma");
     TestForm form;
     form.Load();
-    EXPECT_EQ(DefaultFontName(), L"Tahoma");
-    EXPECT_EQ(form.Get(L"lblPlain").FontOf().name, L"Arial");
+    EXPECT_EQ(L"Tahoma", DefaultFontName());
+    EXPECT_EQ(L"Arial", form.Get(L"lblPlain").FontOf().name);
     SetDefaultFontName(L"");
 }
 
@@ -127,36 +127,36 @@ TEST(FormPreparation, UnicodeTitleReachesAnAnsiWindow) {
     SetWindowTextUnicode(window, L"Thông báo");
     wchar_t text[32] = L"";
     DefWindowProcW(window, WM_GETTEXT, 32, reinterpret_cast<LPARAM>(text));
-    EXPECT_STREQ(text, L"Thông báo");
+    EXPECT_STREQ(L"Thông báo", text);
     DestroyWindow(window);
 }
 
 TEST(Fonts, AreSharedAndFreedWithTheLastUser) {
     const auto first = Font::Get({L"Arial", 9}, 96);
-    EXPECT_EQ(Font::Get({L"Arial", 9}, 96), first);
-    EXPECT_NE(Font::Get({L"Arial", 10}, 96), first);
-    EXPECT_NE(Font::Get({L"Arial", 9}, 144), first);
+    EXPECT_EQ(first, Font::Get({L"Arial", 9}, 96));
+    EXPECT_NE(first, Font::Get({L"Arial", 10}, 96));
+    EXPECT_NE(first, Font::Get({L"Arial", 9}, 144));
     HGDIOBJ handle = nullptr;
     {
         const auto other = Font::Get({L"Tahoma", 11}, 96);
         handle = other->Handle();
-        EXPECT_EQ(GetObjectType(handle), static_cast<DWORD>(OBJ_FONT));
+        EXPECT_EQ(static_cast<DWORD>(OBJ_FONT), GetObjectType(handle));
     }
-    EXPECT_EQ(GetObjectType(handle), 0u);
+    EXPECT_EQ(0u, GetObjectType(handle));
 }
 
 TEST(Twips, ScaleWithTheResolution) {
-    EXPECT_EQ(ToPixels(1440, 96), 96);
-    EXPECT_EQ(ToPixels(1440, 144), 144);
-    EXPECT_EQ(ToPixels(15, 96), 1);
-    EXPECT_EQ(ToTwips(96, 96), 1440);
+    EXPECT_EQ(96, ToPixels(1440, 96));
+    EXPECT_EQ(144, ToPixels(1440, 144));
+    EXPECT_EQ(1, ToPixels(15, 96));
+    EXPECT_EQ(1440, ToTwips(96, 96));
 }
 
 TEST(FormWindow, ControlsAndFormCarryTheirNames) {
     TestForm form;
     form.Load();
-    EXPECT_EQ(WindowName(form.Window()), L"FrmTest");
-    EXPECT_EQ(WindowName(form.Get(L"txtName").Window()), L"txtName");
+    EXPECT_EQ(L"FrmTest", WindowName(form.Window()));
+    EXPECT_EQ(L"txtName", WindowName(form.Get(L"txtName").Window()));
 }
 
 constexpr ControlSpec kBoxes[] = {
@@ -177,11 +177,11 @@ LONG HeightOf(const vndesk::Control& control) {
 TEST(FormWindow, OneLineBoxIsNoHigherThanAComboBox) {
     Form form(kBoxForm);
     form.Load();
-    EXPECT_EQ(HeightOf(form.Get(L"txtHigh")), HeightOf(form.Get(L"cmbOne")));
-    EXPECT_EQ(HeightOf(form.Get(L"txtLow")), ToPixels(270, form.Dpi()));
+    EXPECT_EQ(HeightOf(form.Get(L"cmbOne")), HeightOf(form.Get(L"txtHigh")));
+    EXPECT_EQ(ToPixels(270, form.Dpi()), HeightOf(form.Get(L"txtLow")));
     EXPECT_NEAR(HeightOf(form.Get(L"txtLines")), ToPixels(700, form.Dpi()), 1);
     form.Get(L"txtHigh").Move({200, 100, 1400, 700});
-    EXPECT_EQ(HeightOf(form.Get(L"txtHigh")), HeightOf(form.Get(L"cmbOne")));
+    EXPECT_EQ(HeightOf(form.Get(L"cmbOne")), HeightOf(form.Get(L"txtHigh")));
 }
 
 TEST(FormWindow, NothingOfItsClassStaysBehind) {
@@ -216,7 +216,7 @@ TEST(FormKeys, LettersOfLabelsAndButtonsWorkWithAlt) {
         Sleep(200);
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(form.clicks, 1);
+    EXPECT_EQ(1, form.clicks);
 }
 
 TEST(FormKeys, EnterPressesTheDefaultButtonAndEscapeTheCancelButton) {
@@ -225,7 +225,7 @@ TEST(FormKeys, EnterPressesTheDefaultButtonAndEscapeTheCancelButton) {
         PressKey(VK_RETURN);
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(form.clicks, 1);
+    EXPECT_EQ(1, form.clicks);
 }
 
 TEST(FormKeys, FormSeesTheCharactersBeforeItsControls) {
@@ -244,9 +244,9 @@ TEST(FormKeys, FormSeesTheCharactersBeforeItsControls) {
     });
     form.ShowModal();
     user.Finish();
-    EXPECT_EQ(form.keys, L"aế\r\x1b");
-    EXPECT_EQ(typed, L"§");
-    EXPECT_EQ(form.clicks, 0);
+    EXPECT_EQ(L"aế\r\x1b", form.keys);
+    EXPECT_EQ(L"§", typed);
+    EXPECT_EQ(0, form.clicks);
 }
 
 TEST(FormKeys, HandlerThatThrowsEndsQuietly) {
@@ -265,7 +265,7 @@ TEST(FormWindow, ShownAgainAfterItWasClosed) {
     TestForm form;
     for (int round = 0; round < 2; ++round)
         Play(form, [](HWND) { PressKey(VK_ESCAPE); });
-    EXPECT_EQ(form.Window(), nullptr);
+    EXPECT_EQ(nullptr, form.Window());
 }
 
 } // namespace

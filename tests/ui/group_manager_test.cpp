@@ -55,15 +55,17 @@ TEST_P(GroupManager, OpensOnTheFirstGroupWithItsUsers) {
     const StatementTrace trace;
     Play([&](HWND groups) {
         WaitReady(groups, L"Lv1");
-        EXPECT_EQ(Items(groups), (Lines{L"Quản trị-Toàn quyền trên chương trình",
-                                        L"Kế toán-Phòng kế toán", L"Bán hàng-Phòng kinh doanh",
-                                        L"Kho-Bộ phận kho", L"Khách-Chỉ xem báo cáo"}));
+        EXPECT_EQ(
+            (Lines{L"Quản trị-Toàn quyền trên chương trình", L"Kế toán-Phòng kế toán",
+                   L"Bán hàng-Phòng kinh doanh", L"Kho-Bộ phận kho", L"Khách-Chỉ xem báo cáo"}),
+            Items(groups));
         EXPECT_TRUE(IsSelected(groups, 0));
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"Quản trị");
-        EXPECT_EQ(TextOf(groups, L"TxtDesc"), L"Toàn quyền trên chương trình");
-        EXPECT_EQ(ListTexts(Control(groups, L"lvUser")), Lines{L"Admin"});
-        EXPECT_EQ(trace.All(), (Lines{L"[Groups]", L"Select * From [Groups] Where Code=1",
-                                      L"SELECT * FROM [USER] WHERE IdGroup=1"}));
+        EXPECT_EQ(L"Quản trị", TextOf(groups, L"txtName"));
+        EXPECT_EQ(L"Toàn quyền trên chương trình", TextOf(groups, L"TxtDesc"));
+        EXPECT_EQ(Lines{L"Admin"}, ListTexts(Control(groups, L"lvUser")));
+        EXPECT_EQ((Lines{L"[Groups]", L"Select * From [Groups] Where Code=1",
+                         L"SELECT * FROM [USER] WHERE IdGroup=1"}),
+                  trace.All());
     });
 }
 
@@ -72,50 +74,50 @@ TEST_P(GroupManager, ArrowsShowTheNextGroup) {
         WaitReady(groups, L"Lv1");
         PressKey(VK_DOWN);
         EXPECT_TRUE(WaitUntil([=] { return TextOf(groups, L"txtName") == L"Kế toán"; }));
-        EXPECT_EQ(ListTexts(Control(groups, L"lvUser")).size(), 2u);
+        EXPECT_EQ(2u, ListTexts(Control(groups, L"lvUser")).size());
     });
 }
 
 TEST_P(GroupManager, AddingEntersSeveralGroupsOneAfterAnother) {
     const StatementTrace trace;
     Play([&](HWND groups) {
-        EXPECT_EQ(TextOf(groups, L"CmdAdd"), L"T&hêm");
+        EXPECT_EQ(L"T&hêm", TextOf(groups, L"CmdAdd"));
         PressKey('H', kAlt);
         WaitReady(groups, L"txtName");
-        EXPECT_EQ(TextOf(groups, L"CmdAdd"), L"&Huỷ thêm");
+        EXPECT_EQ(L"&Huỷ thêm", TextOf(groups, L"CmdAdd"));
         EXPECT_FALSE(IsEnabled(groups, L"FrDetail"));
         EXPECT_FALSE(IsEnabled(groups, L"Lv1"));
         // No name of the sample reads as a number.
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"1");
-        EXPECT_EQ(TextOf(groups, L"TxtDesc"), L"");
+        EXPECT_EQ(L"1", TextOf(groups, L"txtName"));
+        EXPECT_EQ(L"", TextOf(groups, L"TxtDesc"));
         SetBox(groups, L"txtName", L"Vận tải");
         SetBox(groups, L"TxtDesc", L"Đội xe");
         Write(groups);
         EXPECT_TRUE(WaitUntil([=] { return TextOf(groups, L"txtName") == L"1"; }));
-        EXPECT_EQ(TextOf(groups, L"TxtDesc"), L"");
-        EXPECT_EQ(Items(groups).back(), L"Vận tải-Đội xe");
+        EXPECT_EQ(L"", TextOf(groups, L"TxtDesc"));
+        EXPECT_EQ(L"Vận tải-Đội xe", Items(groups).back());
         Write(groups);
         EXPECT_TRUE(WaitUntil([=] { return Items(groups).size() == 7; }));
-        EXPECT_EQ(Items(groups).back(), L"1-");
+        EXPECT_EQ(L"1-", Items(groups).back());
         PressKey('H', kAlt);
         EXPECT_TRUE(WaitUntil([=] { return IsEnabled(groups, L"Lv1"); }));
-        EXPECT_EQ(TextOf(groups, L"CmdAdd"), L"T&hêm");
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"Quản trị");
+        EXPECT_EQ(L"T&hêm", TextOf(groups, L"CmdAdd"));
+        EXPECT_EQ(L"Quản trị", TextOf(groups, L"txtName"));
     });
     const std::wstring n = Test().server ? L"N" : L"";
-    EXPECT_EQ(trace.Writing(),
-              (Lines{L"Insert Into [Groups]([Name],[Des]) Values('Vận tải'," + n + L"'Đội xe ')",
-                     L"Insert Into [Groups]([Name],[Des]) Values('1'," + n + L"' ')"}));
+    EXPECT_EQ((Lines{L"Insert Into [Groups]([Name],[Des]) Values('Vận tải'," + n + L"'Đội xe ')",
+                     L"Insert Into [Groups]([Name],[Des]) Values('1'," + n + L"' ')"}),
+              trace.Writing());
     const Lines all = trace.All();
     const auto write = std::find_if(all.begin(), all.end(), [](const std::wstring& line) {
         return line.starts_with(L"Insert ");
     });
     ASSERT_GT(all.end() - write, 2);
-    EXPECT_EQ(write[1], L"Select  [Code]  from [[Groups]] Order by [Code]");
-    EXPECT_EQ(write[2], L"Select  [Name]  from [Groups] Order by [Name]");
-    EXPECT_EQ(Test().Group(L"name", kFirstNewCode), L"Vận tải");
-    EXPECT_EQ(Test().Group(L"des", kFirstNewCode), L"Đội xe ");
-    EXPECT_EQ(Test().Group(L"name", kFirstNewCode + 1), L"1");
+    EXPECT_EQ(L"Select  [Code]  from [[Groups]] Order by [Code]", write[1]);
+    EXPECT_EQ(L"Select  [Name]  from [Groups] Order by [Name]", write[2]);
+    EXPECT_EQ(L"Vận tải", Test().Group(L"name", kFirstNewCode));
+    EXPECT_EQ(L"Đội xe ", Test().Group(L"des", kFirstNewCode));
+    EXPECT_EQ(L"1", Test().Group(L"name", kFirstNewCode + 1));
 }
 
 TEST_P(GroupManager, NewNameFollowsTheLargestNumber) {
@@ -123,7 +125,7 @@ TEST_P(GroupManager, NewNameFollowsTheLargestNumber) {
     Play([](HWND groups) {
         PressKey('H', kAlt);
         WaitReady(groups, L"txtName");
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"9");
+        EXPECT_EQ(L"9", TextOf(groups, L"txtName"));
     });
 }
 
@@ -135,15 +137,16 @@ TEST_P(GroupManager, WritingRenamesTheGroupInTheList) {
         SetBox(groups, L"txtName", L"Tài vụ");
         SetBox(groups, L"TxtDesc", L"Phòng \"tài vụ\"");
         Write(groups);
-        EXPECT_EQ(Items(groups)[1], L"Tài vụ-Phòng \"tài vụ\"");
+        EXPECT_EQ(L"Tài vụ-Phòng \"tài vụ\"", Items(groups)[1]);
         EXPECT_TRUE(IsSelected(groups, 1));
-        EXPECT_EQ(Items(groups).size(), 5u);
+        EXPECT_EQ(5u, Items(groups).size());
     });
     const std::wstring n = Test().server ? L"N" : L"";
-    EXPECT_EQ(trace.Writing(), Lines{L"Update [Groups] Set [Des]=" + n +
-                                     L"'Phòng \"\"tài vụ\"\" ',[Name]='Tài vụ' Where [Code]=2"});
-    EXPECT_EQ(Test().Group(L"name", 2), L"Tài vụ");
-    EXPECT_EQ(Test().Group(L"des", 2), L"Phòng \"\"tài vụ\"\" ");
+    EXPECT_EQ(Lines{L"Update [Groups] Set [Des]=" + n +
+                    L"'Phòng \"\"tài vụ\"\" ',[Name]='Tài vụ' Where [Code]=2"},
+              trace.Writing());
+    EXPECT_EQ(L"Tài vụ", Test().Group(L"name", 2));
+    EXPECT_EQ(L"Phòng \"\"tài vụ\"\" ", Test().Group(L"des", 2));
 }
 
 TEST_P(GroupManager, ProtectedGroupsMayBeRenamed) {
@@ -151,7 +154,7 @@ TEST_P(GroupManager, ProtectedGroupsMayBeRenamed) {
         SetBox(groups, L"txtName", L"Ban quản trị");
         Write(groups);
     });
-    EXPECT_EQ(Test().Group(L"name", 1), L"Ban quản trị");
+    EXPECT_EQ(L"Ban quản trị", Test().Group(L"name", 1));
 }
 
 TEST_P(GroupManager, DeletingProtectedGroupsTakesThemOffTheListOnly) {
@@ -162,14 +165,14 @@ TEST_P(GroupManager, DeletingProtectedGroupsTakesThemOffTheListOnly) {
         PressKey('X', kAlt);
         Answer(kConfirm, L"Delete");
         Answer(L"2 danh mục đã bị xoá", L"Delete");
-        EXPECT_EQ(Items(groups).size(), 3u);
+        EXPECT_EQ(3u, Items(groups).size());
         WaitReady(groups, L"Lv1");
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"Kế toán");
+        EXPECT_EQ(L"Kế toán", TextOf(groups, L"txtName"));
     });
-    EXPECT_EQ(trace.Writing(),
-              Lines{L"Delete From [Groups] Where Code In (1,8) and (Code Not In (1,8))"});
-    EXPECT_EQ(Test().Groups(), before);
-    Play([](HWND groups) { EXPECT_EQ(Items(groups).size(), 5u); });
+    EXPECT_EQ(Lines{L"Delete From [Groups] Where Code In (1,8) and (Code Not In (1,8))"},
+              trace.Writing());
+    EXPECT_EQ(before, Test().Groups());
+    Play([](HWND groups) { EXPECT_EQ(5u, Items(groups).size()); });
 }
 
 TEST_P(GroupManager, DeletingAMixedSelectionKeepsTheProtectedOnes) {
@@ -179,13 +182,13 @@ TEST_P(GroupManager, DeletingAMixedSelectionKeepsTheProtectedOnes) {
         PressKey(VK_DELETE);
         Answer(kConfirm, L"Delete");
         Answer(L"3 danh mục đã bị xoá", L"Delete");
-        EXPECT_EQ(Items(groups), (Lines{L"Kế toán-Phòng kế toán", L"Khách-Chỉ xem báo cáo"}));
+        EXPECT_EQ((Lines{L"Kế toán-Phòng kế toán", L"Khách-Chỉ xem báo cáo"}), Items(groups));
     });
-    EXPECT_EQ(trace.Writing(),
-              Lines{L"Delete From [Groups] Where Code In (1,3,5) and (Code Not In (1,8))"});
-    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"3");
-    EXPECT_EQ(Test().Group(L"name", 1), L"Quản trị");
-    EXPECT_EQ(Test().Group(L"name", 5), L"");
+    EXPECT_EQ(Lines{L"Delete From [Groups] Where Code In (1,3,5) and (Code Not In (1,8))"},
+              trace.Writing());
+    EXPECT_EQ(L"3", Test().Read(L"select count(*) from groups"));
+    EXPECT_EQ(L"Quản trị", Test().Group(L"name", 1));
+    EXPECT_EQ(L"", Test().Group(L"name", 5));
 }
 
 TEST_P(GroupManager, NextGroupTakesThePlaceOfADeletedOne) {
@@ -195,8 +198,8 @@ TEST_P(GroupManager, NextGroupTakesThePlaceOfADeletedOne) {
         Answer(kConfirm, L"Delete");
         Answer(L"1 danh mục đã bị xoá", L"Delete");
         EXPECT_TRUE(IsSelected(groups, 3));
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"Khách");
-        EXPECT_EQ(ListTexts(Control(groups, L"lvUser")), Lines{L"Khách"});
+        EXPECT_EQ(L"Khách", TextOf(groups, L"txtName"));
+        EXPECT_EQ(Lines{L"Khách"}, ListTexts(Control(groups, L"lvUser")));
     });
 }
 
@@ -208,10 +211,10 @@ TEST_P(GroupManager, DeletingAllPreparesANewGroup) {
         Answer(kConfirm, L"Delete");
         Answer(L"5 danh mục đã bị xoá", L"Delete");
         EXPECT_TRUE(Items(groups).empty());
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"1");
+        EXPECT_EQ(L"1", TextOf(groups, L"txtName"));
         EXPECT_TRUE(ListTexts(Control(groups, L"lvUser")).empty());
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"2");
+    EXPECT_EQ(L"2", Test().Read(L"select count(*) from groups"));
 }
 
 TEST_P(GroupManager, AnsweringNoDeletesNothing) {
@@ -219,9 +222,9 @@ TEST_P(GroupManager, AnsweringNoDeletesNothing) {
     Play([](HWND groups) {
         PressKey('X', kAlt);
         Answer(kConfirm, L"Delete", 'K');
-        EXPECT_EQ(Items(groups).size(), 5u);
+        EXPECT_EQ(5u, Items(groups).size());
     });
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(GroupManager, DeletingWithNothingSelectedTellsNoCount) {
@@ -232,8 +235,8 @@ TEST_P(GroupManager, DeletingWithNothingSelectedTellsNoCount) {
         Answer(kConfirm, L"Delete");
         WaitReady(groups, L"Lv1");
         Sleep(100);
-        EXPECT_EQ(TopWindows().front(), groups);
-        EXPECT_EQ(Items(groups).size(), 5u);
+        EXPECT_EQ(groups, TopWindows().front());
+        EXPECT_EQ(5u, Items(groups).size());
     });
     EXPECT_TRUE(trace.Writing().empty());
 }
@@ -242,20 +245,20 @@ TEST_P(GroupManager, EmptyTablePreparesANewGroup) {
     Test().database.Execute(L"delete from groups");
     Play([](HWND groups) {
         EXPECT_TRUE(Items(groups).empty());
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"1");
-        EXPECT_EQ(TextOf(groups, L"TxtDesc"), L"");
+        EXPECT_EQ(L"1", TextOf(groups, L"txtName"));
+        EXPECT_EQ(L"", TextOf(groups, L"TxtDesc"));
         EXPECT_TRUE(IsEnabled(groups, L"CmdWrite"));
         SetBox(groups, L"txtName", L"Quản trị");
         Write(groups);
-        EXPECT_EQ(Items(groups), Lines{L"Quản trị-"});
+        EXPECT_EQ(Lines{L"Quản trị-"}, Items(groups));
         EXPECT_TRUE(IsSelected(groups, 0));
         // What is written next changes the same group.
         SetBox(groups, L"TxtDesc", L"Toàn quyền");
         Write(groups);
-        EXPECT_EQ(Items(groups), Lines{L"Quản trị-Toàn quyền"});
+        EXPECT_EQ(Lines{L"Quản trị-Toàn quyền"}, Items(groups));
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"1");
-    EXPECT_EQ(Test().Read(L"select count(*) from groups where name='Quản trị'"), L"1");
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from groups"));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from groups where name='Quản trị'"));
 }
 
 TEST_P(GroupManager, EmptyNameCannotBeWritten) {
@@ -282,8 +285,8 @@ protected:
 
 TEST_F(GroupManagerForm, LettersBehindAltDifferInBothModes) {
     Play([](HWND groups) {
-        EXPECT_EQ(TextOf(groups), L"Nhóm người sử dụng");
-        EXPECT_EQ(Sorted(Mnemonics(groups)), L"DGHNOQSTX");
+        EXPECT_EQ(L"Nhóm người sử dụng", TextOf(groups));
+        EXPECT_EQ(L"DGHNOQSTX", Sorted(Mnemonics(groups)));
         PressKey('T', kAlt);
         WaitReady(groups, L"txtName");
         PressKey('D', kAlt);
@@ -294,7 +297,7 @@ TEST_F(GroupManagerForm, LettersBehindAltDifferInBothModes) {
         WaitReady(groups, L"Lv1");
         PressKey('H', kAlt);
         WaitReady(groups, L"txtName");
-        EXPECT_EQ(Sorted(Mnemonics(groups)), L"DGHNOQSTX");
+        EXPECT_EQ(L"DGHNOQSTX", Sorted(Mnemonics(groups)));
     });
 }
 
@@ -317,7 +320,7 @@ TEST_F(GroupManagerForm, EnterNeitherWritesNorDeletes) {
             PressKey(VK_RETURN);
         EXPECT_TRUE(IsWindowVisible(groups));
     });
-    EXPECT_EQ(test_.Groups(), before);
+    EXPECT_EQ(before, test_.Groups());
 }
 
 TEST_F(GroupManagerForm, DeleteKeyIsForTheListAndWithoutShiftOnly) {
@@ -329,8 +332,8 @@ TEST_F(GroupManagerForm, DeleteKeyIsForTheListAndWithoutShiftOnly) {
         PressKey(VK_HOME);
         PressKey(VK_DELETE);
         EXPECT_TRUE(WaitUntil([=] { return TextOf(groups, L"txtName") == L"uản trị"; }));
-        EXPECT_EQ(TopWindows().front(), groups);
-        EXPECT_EQ(Items(groups).size(), 5u);
+        EXPECT_EQ(groups, TopWindows().front());
+        EXPECT_EQ(5u, Items(groups).size());
     });
 }
 
@@ -371,7 +374,7 @@ TEST_F(GroupManagerForm, SelectedItemOfALongListStaysVisible) {
         SetBox(groups, L"TxtDesc", L"x");
         PressKey('G', kAlt);
         EXPECT_TRUE(WaitUntil([=] { return Items(groups).back() == L"nhom160-x"; }));
-        EXPECT_EQ(SendMessageW(list, LB_GETTOPINDEX, 0, 0), top);
+        EXPECT_EQ(top, SendMessageW(list, LB_GETTOPINDEX, 0, 0));
     });
 }
 
@@ -421,7 +424,7 @@ TEST_F(GroupManagerForm, CaptionsOfTheFramesAreWhole) {
                 << " of " << whole;
             ReleaseDC(frame, dc);
         }
-        EXPECT_EQ(TextOf(groups, L"FrDetail"), L"Danh &sách nhóm");
+        EXPECT_EQ(L"Danh &sách nhóm", TextOf(groups, L"FrDetail"));
     });
 }
 

@@ -63,8 +63,8 @@ inline long PlayLogon(const std::wstring& connectionString, std::function<void()
 // Closes the platform's message box, which shows errors, and returns its text.
 inline std::wstring ClosePlainMessage(const std::wstring& title = L"VnDesk") {
     const HWND box = title.empty() ? WaitForClass(L"#32770") : WaitForTitle(title);
-    EXPECT_EQ(ClassName(box), L"#32770");
-    EXPECT_EQ(TextOf(box), title);
+    EXPECT_EQ(L"#32770", ClassName(box));
+    EXPECT_EQ(title, TextOf(box));
     WaitReady(box);
     std::wstring text;
     for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))

@@ -51,22 +51,22 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ItemLists, testing::Values(L"lstOne", L"lstMany"
 
 TEST_P(ItemLists, IndexMinusOneSelectsNothing) {
     items_.SetListIndex(1);
-    EXPECT_EQ(Marks(), L"010");
+    EXPECT_EQ(L"010", Marks());
     items_.SetListIndex(-1);
-    EXPECT_EQ(Marks(), L"000");
+    EXPECT_EQ(L"000", Marks());
     items_.SetListIndex(2);
-    EXPECT_EQ(Marks(), L"001");
+    EXPECT_EQ(L"001", Marks());
 }
 
 TEST_P(ItemLists, TextOfNoItemChangesNothing) {
     items_.SetListIndex(1);
     for (const long place : {-1L, 3L, 100L})
         items_.SetText(place, L"thừa");
-    EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"Bút", L"Áo", L"Cốc"}));
-    EXPECT_EQ(Marks(), L"010");
+    EXPECT_EQ((std::vector<std::wstring>{L"Bút", L"Áo", L"Cốc"}), Texts());
+    EXPECT_EQ(L"010", Marks());
     items_.SetText(1, L"Áo dài");
-    EXPECT_EQ(Texts()[1], L"Áo dài");
-    EXPECT_EQ(Marks(), L"010");
+    EXPECT_EQ(L"Áo dài", Texts()[1]);
+    EXPECT_EQ(L"010", Marks());
 }
 
 } // namespace

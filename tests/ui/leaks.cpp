@@ -150,8 +150,8 @@ Slopes ExpectSameObjects(const char* what, int rounds, const std::function<void(
     const long gdi = GdiObjects();
     const long user = UserObjects();
     const Slopes slopes = Measure(rounds, round);
-    EXPECT_EQ(GdiObjects(), gdi) << what;
-    EXPECT_EQ(UserObjects(), user) << what;
+    EXPECT_EQ(gdi, GdiObjects()) << what;
+    EXPECT_EQ(user, UserObjects()) << what;
     return slopes;
 }
 

@@ -13,16 +13,16 @@ HRESULT ErrorOf(const wchar_t* library, const char* function) {
 }
 
 TEST(PlatformLibrary, FunctionIsFound) {
-    EXPECT_EQ(ErrorOf(L"kernel32.dll", "GetTickCount"), S_OK);
+    EXPECT_EQ(S_OK, ErrorOf(L"kernel32.dll", "GetTickCount"));
 }
 
 TEST(PlatformLibrary, MissingLibraryIsTheError) {
-    EXPECT_EQ(ErrorOf(L"khong-co-o-dau-ca.dll", "GetTickCount"),
-              HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND));
+    EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND),
+              ErrorOf(L"khong-co-o-dau-ca.dll", "GetTickCount"));
 }
 
 TEST(PlatformLibrary, MissingFunctionIsTheError) {
-    EXPECT_EQ(ErrorOf(L"kernel32.dll", "KhongCoODauCa"), HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND));
+    EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND), ErrorOf(L"kernel32.dll", "KhongCoODauCa"));
 }
 
 } // namespace

@@ -66,125 +66,125 @@ protected:
 
 TEST(FindString, GivesThePlaceOfTheFirstEqualEntryInAnyLetterCase) {
     const Texts entries = {L"ab", L"ABC", L"abc", L"Đ2"};
-    EXPECT_EQ(clsListBox::FindString(entries, L"abc"), 1);
-    EXPECT_EQ(clsListBox::FindString(entries, L"đ2"), 3);
+    EXPECT_EQ(1, clsListBox::FindString(entries, L"abc"));
+    EXPECT_EQ(3, clsListBox::FindString(entries, L"đ2"));
 }
 
 TEST(FindString, ComparesWholeTexts) {
     const Texts entries = {L"ab", L"abc", L""};
-    EXPECT_EQ(clsListBox::FindString(entries, L"a"), -1);
-    EXPECT_EQ(clsListBox::FindString(entries, L"abcd"), -1);
-    EXPECT_EQ(clsListBox::FindString(entries, L"bc"), -1);
-    EXPECT_EQ(clsListBox::FindString(entries, L""), 2);
+    EXPECT_EQ(-1, clsListBox::FindString(entries, L"a"));
+    EXPECT_EQ(-1, clsListBox::FindString(entries, L"abcd"));
+    EXPECT_EQ(-1, clsListBox::FindString(entries, L"bc"));
+    EXPECT_EQ(2, clsListBox::FindString(entries, L""));
 }
 
 TEST(FindString, FindsNothingInAnEmptyCollection) {
-    EXPECT_EQ(clsListBox::FindString({}, L"a"), -1);
-    EXPECT_EQ(clsListBox::FindString({}, L""), -1);
+    EXPECT_EQ(-1, clsListBox::FindString({}, L"a"));
+    EXPECT_EQ(-1, clsListBox::FindString({}, L""));
 }
 
 TEST_F(ListBoxWrapper, ValueIsTheDataOfTheSelectedItem) {
     FillThree();
-    EXPECT_EQ(items_.Value(), L"") << "nothing is selected yet";
+    EXPECT_EQ(L"", items_.Value()) << "nothing is selected yet";
     items_.SetListIndex(2);
-    EXPECT_EQ(items_.Value(), L"c3");
-    EXPECT_EQ(items_.Text(), L"Cốc");
+    EXPECT_EQ(L"c3", items_.Value());
+    EXPECT_EQ(L"Cốc", items_.Text());
 }
 
 TEST_F(ListBoxWrapper, SettingValueInAnotherLetterCaseSelectsTheItem) {
     FillThree();
     items_.SetValue(L"đ2");
-    EXPECT_EQ(items_.ListIndex(), 1);
+    EXPECT_EQ(1, items_.ListIndex());
     items_.SetValue(L"B1");
-    EXPECT_EQ(items_.ListIndex(), 0);
+    EXPECT_EQ(0, items_.ListIndex());
 }
 
 TEST_F(ListBoxWrapper, SettingAValueThatNoItemCarriesClearsTheSelection) {
     FillThree();
     items_.SetListIndex(1);
     items_.SetValue(L"Áo");
-    EXPECT_EQ(items_.ListIndex(), -1) << "texts are not searched";
-    EXPECT_EQ(items_.Value(), L"");
+    EXPECT_EQ(-1, items_.ListIndex()) << "texts are not searched";
+    EXPECT_EQ(L"", items_.Value());
 }
 
 TEST_F(ListBoxWrapper, SettingTextSelectsTheItemThatShowsIt) {
     FillThree();
     items_.SetText(L"Áo");
-    EXPECT_EQ(items_.ListIndex(), 1);
+    EXPECT_EQ(1, items_.ListIndex());
     items_.SetText(L"không có");
-    EXPECT_EQ(items_.ListIndex(), 1);
+    EXPECT_EQ(1, items_.ListIndex());
 }
 
 TEST_F(ListBoxWrapper, SettingItemDataReplacesTheEntry) {
     FillThree();
     items_.SetItemData(2, L"moi");
-    EXPECT_EQ(Data(), (Texts{L"b1", L"Đ2", L"moi"}));
-    EXPECT_EQ(items_.ListCount(), 3);
+    EXPECT_EQ((Texts{L"b1", L"Đ2", L"moi"}), Data());
+    EXPECT_EQ(3, items_.ListCount());
     items_.SetItemData(0, L"dau");
-    EXPECT_EQ(Data(), (Texts{L"dau", L"Đ2", L"moi"}));
+    EXPECT_EQ((Texts{L"dau", L"Đ2", L"moi"}), Data());
 }
 
 TEST_F(ListBoxWrapper, AddedItemHasEmptyDataUntilItIsSet) {
     items_.AddItem(L"Bút");
-    EXPECT_EQ(items_.NewIndex(), 0);
-    EXPECT_EQ(items_.ItemData(0), L"");
+    EXPECT_EQ(0, items_.NewIndex());
+    EXPECT_EQ(L"", items_.ItemData(0));
 }
 
 TEST_F(ListBoxWrapper, ItemAddedInFrontLeavesDataWithTheirItems) {
     FillThree();
     items_.AddItem(L"Đèn", 0);
-    EXPECT_EQ(items_.NewIndex(), 0);
-    EXPECT_EQ(ShownTexts(), (Texts{L"Đèn", L"Bút", L"Áo", L"Cốc"}));
-    EXPECT_EQ(Data(), (Texts{L"", L"b1", L"Đ2", L"c3"}));
+    EXPECT_EQ(0, items_.NewIndex());
+    EXPECT_EQ((Texts{L"Đèn", L"Bút", L"Áo", L"Cốc"}), ShownTexts());
+    EXPECT_EQ((Texts{L"", L"b1", L"Đ2", L"c3"}), Data());
     items_.AddItem(L"Ghế", 2);
-    EXPECT_EQ(Data(), (Texts{L"", L"b1", L"", L"Đ2", L"c3"}));
+    EXPECT_EQ((Texts{L"", L"b1", L"", L"Đ2", L"c3"}), Data());
     items_.AddItem(L"Hộp", 5);
-    EXPECT_EQ(items_.NewIndex(), 5);
-    EXPECT_EQ(items_.ItemData(5), L"");
+    EXPECT_EQ(5, items_.NewIndex());
+    EXPECT_EQ(L"", items_.ItemData(5));
 }
 
 TEST_F(ListBoxWrapper, IndexBeyondTheEndIsRefusedAndAddsNothing) {
     FillThree();
     EXPECT_THROW(items_.AddItem(L"Đèn", 4), std::invalid_argument);
     EXPECT_THROW(items_.AddItem(L"Đèn", -2), std::invalid_argument);
-    EXPECT_EQ(Data(), (Texts{L"b1", L"Đ2", L"c3"}));
+    EXPECT_EQ((Texts{L"b1", L"Đ2", L"c3"}), Data());
 }
 
 TEST_F(ListBoxWrapper, RemovingTakesItemAndData) {
     FillThree();
     items_.RemoveItem(1);
-    EXPECT_EQ(ShownTexts(), (Texts{L"Bút", L"Cốc"}));
-    EXPECT_EQ(Data(), (Texts{L"b1", L"c3"}));
+    EXPECT_EQ((Texts{L"Bút", L"Cốc"}), ShownTexts());
+    EXPECT_EQ((Texts{L"b1", L"c3"}), Data());
 }
 
 TEST_F(ListBoxWrapper, RemovingANegativeIndexChangesNothing) {
     FillThree();
     items_.RemoveItem(-1);
-    EXPECT_EQ(ShownTexts(), (Texts{L"Bút", L"Áo", L"Cốc"}));
-    EXPECT_EQ(Data(), (Texts{L"b1", L"Đ2", L"c3"}));
+    EXPECT_EQ((Texts{L"Bút", L"Áo", L"Cốc"}), ShownTexts());
+    EXPECT_EQ((Texts{L"b1", L"Đ2", L"c3"}), Data());
 }
 
 TEST_F(ListBoxWrapper, ClearingEmptiesBoth) {
     FillThree();
     items_.Clear();
-    EXPECT_EQ(items_.ListCount(), 0);
+    EXPECT_EQ(0, items_.ListCount());
     EXPECT_THROW(items_.ItemData(0), std::out_of_range);
     Fill({{L"Ghế", L"g"}});
-    EXPECT_EQ(Data(), Texts{L"g"});
+    EXPECT_EQ(Texts{L"g"}, Data());
 }
 
 TEST_F(ListBoxWrapper, ListGivesAndSetsTheShownText) {
     FillThree();
     items_.SetList(1, L"Mũ");
-    EXPECT_EQ(ShownTexts(), (Texts{L"Bút", L"Mũ", L"Cốc"}));
-    EXPECT_EQ(items_.ItemData(1), L"Đ2");
+    EXPECT_EQ((Texts{L"Bút", L"Mũ", L"Cốc"}), ShownTexts());
+    EXPECT_EQ(L"Đ2", items_.ItemData(1));
 }
 
 TEST_F(ListBoxWrapper, ItemsThatTheListHadBeforeGetEmptyData) {
     FillThree();
     clsListBox second;
     second.SetTListBox(form_.Get(L"lstItems"));
-    EXPECT_EQ(second.ItemData(2), L"");
+    EXPECT_EQ(L"", second.ItemData(2));
 }
 
 TEST_F(ListBoxWrapper, DataComeLastWhereTheFormHasAddedItemsItself) {
@@ -192,8 +192,8 @@ TEST_F(ListBoxWrapper, DataComeLastWhereTheFormHasAddedItemsItself) {
     for (const wchar_t* text : {L"Bút", L"Áo"})
         SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
     items_.AddItem(L"Cốc");
-    EXPECT_EQ(items_.NewIndex(), 2);
-    EXPECT_EQ(items_.ItemData(0), L"");
+    EXPECT_EQ(2, items_.NewIndex());
+    EXPECT_EQ(L"", items_.ItemData(0));
     EXPECT_THROW(items_.ItemData(1), std::out_of_range);
 }
 
@@ -202,7 +202,7 @@ TEST_F(ListBoxWrapper, ProgramSelectingTellsTheClickHandler) {
     int clicks = 0;
     form_.Get(L"lstItems").onClick = [&] { ++clicks; };
     items_.SetListIndex(2);
-    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(1, clicks);
 }
 
 // Walks into the list, lets the script change something there, and walks out again.
@@ -230,33 +230,30 @@ protected:
 TEST_F(ListBoxChange, AnotherTextWhenTheFocusLeavesIsAChange) {
     FillThree();
     items_.SetListIndex(0);
-    EXPECT_EQ(Changes([](HWND list) {
+    EXPECT_EQ(1, Changes([](HWND list) {
                   PressKey(VK_DOWN);
                   EXPECT_TRUE(WaitUntil([&] { return ListSelection(list) == 1; }));
-              }),
-              1);
+              }));
 }
 
 TEST_F(ListBoxChange, SameTextIsNoChange) {
     FillThree();
     items_.SetListIndex(0);
-    EXPECT_EQ(Changes([](HWND list) {
+    EXPECT_EQ(0, Changes([](HWND list) {
                   PressKey(VK_DOWN);
                   EXPECT_TRUE(WaitUntil([&] { return ListSelection(list) == 1; }));
                   PressKey(VK_UP);
                   EXPECT_TRUE(WaitUntil([&] { return ListSelection(list) == 0; }));
-              }),
-              0);
+              }));
 }
 
 TEST_F(ListBoxChange, LetterCaseAloneIsNoChange) {
     Fill({{L"Đèn", L"1"}, {L"ĐÈN", L"2"}});
     items_.SetListIndex(0);
-    EXPECT_EQ(Changes([](HWND list) {
+    EXPECT_EQ(0, Changes([](HWND list) {
                   PressKey(VK_DOWN);
                   EXPECT_TRUE(WaitUntil([&] { return ListSelection(list) == 1; }));
-              }),
-              0);
+              }));
 }
 
 } // namespace

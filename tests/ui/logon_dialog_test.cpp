@@ -34,8 +34,8 @@ void PressOk(HWND dialog) {
 // Closes the library's message after a failed try; the dialog must be ready for the next one.
 void DismissFailure(HWND dialog) {
     const HWND box = WaitForForm(L"MessageBox");
-    EXPECT_EQ(TextOf(box, L"Message"), L"Mật khẩu hoặc người sử dụng không hợp lệ ");
-    EXPECT_EQ(TextOf(box, L"label4"), L"Login");
+    EXPECT_EQ(L"Mật khẩu hoặc người sử dụng không hợp lệ ", TextOf(box, L"Message"));
+    EXPECT_EQ(L"Login", TextOf(box, L"label4"));
     EXPECT_FALSE(IsShown(box, L"Cmd2"));
     WaitForFocus(box, L"Cmd1");
     PressKey(VK_SPACE);
@@ -45,8 +45,8 @@ void DismissFailure(HWND dialog) {
     DWORD end = 0;
     SendMessageW(Control(dialog, L"TxtUser"), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                  reinterpret_cast<LPARAM>(&end));
-    EXPECT_EQ(start, 0u);
-    EXPECT_EQ(end, TextOf(dialog, L"TxtUser").size());
+    EXPECT_EQ(0u, start);
+    EXPECT_EQ(TextOf(dialog, L"TxtUser").size(), end);
 }
 
 std::function<void()> Trying(const wchar_t* name, const wchar_t* password) {
@@ -111,41 +111,41 @@ INSTANTIATE_TEST_SUITE_P(Databases, Logon, testing::Values("Embedded", "Server")
                          [](const auto& info) { return std::string(info.param); });
 
 TEST_P(Logon, RightPasswordGivesTheCode) {
-    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 901);
+    EXPECT_EQ(901, Play(Trying(L"thu", L"abc")));
 }
 
 TEST_P(Logon, PasswordIgnoresCaseAndBlanksAround) {
-    EXPECT_EQ(Play(Trying(L"thu", L"  aBc ")), 901);
+    EXPECT_EQ(901, Play(Trying(L"thu", L"  aBc ")));
 }
 
 TEST_P(Logon, NameIsTrimmedAndIgnoresCase) {
-    EXPECT_EQ(Play(Trying(L"  THU ", L"abc")), 901);
+    EXPECT_EQ(901, Play(Trying(L"  THU ", L"abc")));
 }
 
 TEST_P(Logon, WrongPasswordIsRefusedAndLeavesTheDialogOpen) {
-    EXPECT_EQ(Play(Failing(L"thu", L"abd")), 0);
+    EXPECT_EQ(0, Play(Failing(L"thu", L"abd")));
 }
 
 TEST_P(Logon, UnknownUserIsRefused) {
-    EXPECT_EQ(Play(Failing(L"ai day", L"abc")), 0);
+    EXPECT_EQ(0, Play(Failing(L"ai day", L"abc")));
 }
 
 TEST_P(Logon, EmptyPasswordFitsCodeZeroOnly) {
-    EXPECT_EQ(Play(Trying(L"trong", L"")), 902);
-    EXPECT_EQ(Play(Failing(L"thu", L"")), 0);
+    EXPECT_EQ(902, Play(Trying(L"trong", L"")));
+    EXPECT_EQ(0, Play(Failing(L"thu", L"")));
 }
 
 TEST_P(Logon, PasswordOutsideAsciiHasCodeZero) {
-    EXPECT_EQ(Play(Trying(L"trong", L"caf\u00e9")), 902);
+    EXPECT_EQ(902, Play(Trying(L"trong", L"caf\u00e9")));
 }
 
 TEST_P(Logon, UnicodeNameIsFound) {
     AddUser(903, L"Đỗ Thị Hường", 1401);
-    EXPECT_EQ(Play(Trying(L"Đỗ Thị Hường", L"abc")), 903);
+    EXPECT_EQ(903, Play(Trying(L"Đỗ Thị Hường", L"abc")));
 }
 
 TEST_P(Logon, SecondTryAfterAWrongOneSucceeds) {
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(901, Play([] {
                   const HWND dialog = Dialog();
                   Type(dialog, L"nguoi la", L"abc");
                   PressOk(dialog);
@@ -157,12 +157,11 @@ TEST_P(Logon, SecondTryAfterAWrongOneSucceeds) {
                   WaitForFocus(dialog, L"TxtPass");
                   PressKey(VK_RETURN);
                   PressOk(dialog);
-              }),
-              901);
+              }));
 }
 
 TEST_P(Logon, ApostropheInTheNameShowsTheErrorAndTheNextTryWorks) {
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(901, Play([] {
                   const HWND dialog = Dialog();
                   Type(dialog, L"O'Brien", L"abc");
                   PressOk(dialog);
@@ -172,13 +171,12 @@ TEST_P(Logon, ApostropheInTheNameShowsTheErrorAndTheNextTryWorks) {
                   PressKey(VK_RETURN);
                   PressKey(VK_RETURN);
                   PressOk(dialog);
-              }),
-              901);
+              }));
 }
 
 // Texts that end their literal and go on with a condition of their own.
 TEST_P(Logon, NameThatIsAConditionLogsNobodyOn) {
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(0, Play([] {
                   const HWND dialog = Dialog();
                   for (const wchar_t* name :
                        {L"x') OR (Code=901) OR ('1'='2", L"thu') --", L"x' or 'a'='a",
@@ -187,8 +185,7 @@ TEST_P(Logon, NameThatIsAConditionLogsNobodyOn) {
                       FailWith(dialog, name, L"abc");
                   FailWith(dialog, L"O'Brien", L"abc", true);
                   PressKey(VK_ESCAPE);
-              }),
-              0);
+              }));
 }
 
 TEST_P(Logon, NameThatHoldsASecondStatementChangesNothing) {
@@ -196,16 +193,14 @@ TEST_P(Logon, NameThatHoldsASecondStatementChangesNothing) {
         L"x'); update \"user\" set password=0 where (code=901",
         L"x'); update \"user\" set password=0 where code=901; --",
         L"x'; update \"user\" set password=0 where code=901; select 'a"};
-    EXPECT_EQ(Play([&] {
+    EXPECT_EQ(0, Play([&] {
                   const HWND dialog = Dialog();
                   for (const wchar_t* name : kNames)
                       FailWith(dialog, name, L"abc");
                   PressKey(VK_ESCAPE);
-              }),
-              0);
-    EXPECT_EQ(
-        database_->ScalarText(L"select count(*) from \"user\" where code=901 and password=1401"),
-        L"1");
+              }));
+    EXPECT_EQ(L"1", database_->ScalarText(
+                        L"select count(*) from \"user\" where code=901 and password=1401"));
 }
 
 // A driver that takes statements in the code page gets an apostrophe for it.
@@ -216,26 +211,26 @@ TEST_P(Logon, NameWithALetterThatTheCodePageTurnsIntoAnApostropheLogsNobodyOn) {
     if (inCodePage != '\'')
         GTEST_SKIP() << "this code page has no such letter";
     AddUser(904, L"kho 5\u2032", 1401);
-    EXPECT_EQ(Play(Failing(L"kho 5\u2032", L"abc")), 0);
-    EXPECT_EQ(Play(Failing(L"x' or 'a'='a\u2032", L"abc")), 0);
+    EXPECT_EQ(0, Play(Failing(L"kho 5\u2032", L"abc")));
+    EXPECT_EQ(0, Play(Failing(L"x' or 'a'='a\u2032", L"abc")));
     // One that the code page has itself ends no literal.
     AddUser(905, L"O\u2019Brien", 1401);
-    EXPECT_EQ(Play(Trying(L"O\u2019Brien", L"abc")), 905);
+    EXPECT_EQ(905, Play(Trying(L"O\u2019Brien", L"abc")));
 }
 
 TEST_P(Logon, FirstOfTwoMatchingRowsGivesTheCode) {
     AddUser(911, L"doi", 1401);
     AddUser(912, L"doi", 1401);
-    EXPECT_EQ(Play(Trying(L"doi", L"abc")), 911);
+    EXPECT_EQ(911, Play(Trying(L"doi", L"abc")));
 }
 
 TEST_P(Logon, FirstColumnIsTheCodeWhateverItIs) {
     AddUser(0, L"khong", 1401);
-    EXPECT_EQ(Play(Trying(L"khong", L"abc")), 0);
+    EXPECT_EQ(0, Play(Trying(L"khong", L"abc")));
     database_->Execute(L"alter table \"user\" rename to \"olduser\"");
     database_->Execute(L"create table \"user\" as select idgroup, code, name, password from "
                        L"\"olduser\" where code=901");
-    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 1);
+    EXPECT_EQ(1, Play(Trying(L"thu", L"abc")));
 }
 
 TEST_P(Logon, CodeThatIsNoNumberLeavesTheDialogOpen) {
@@ -244,7 +239,7 @@ TEST_P(Logon, CodeThatIsNoNumberLeavesTheDialogOpen) {
         database_->Execute(L"drop table if exists \"user\"");
         database_->Execute(L"create table \"user\" as select " + std::wstring(code) +
                            L" as code, name, password from \"olduser\" where code=901");
-        EXPECT_EQ(Play([] {
+        EXPECT_EQ(0, Play([] {
                       const HWND dialog = Dialog();
                       Type(dialog, L"thu", L"abc");
                       PressOk(dialog);
@@ -253,29 +248,27 @@ TEST_P(Logon, CodeThatIsNoNumberLeavesTheDialogOpen) {
                       WaitForFocus(dialog, L"CMDCAN");
                       EXPECT_TRUE(WaitUntil([=] { return TopWindows().front() == dialog; }));
                       PressKey(VK_ESCAPE);
-                  }),
-                  0)
+                  }))
             << ToUtf8(code);
     }
 }
 
 TEST_P(Logon, MissingTableShowsTheErrorAndTheDialogStays) {
     database_->Execute(L"alter table \"user\" rename to \"olduser\"");
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(0, Play([] {
                   const HWND dialog = Dialog();
                   Type(dialog, L"thu", L"abc");
                   PressOk(dialog);
                   ClosePlainMessage();
                   DismissFailure(dialog);
                   PressKey(VK_ESCAPE);
-              }),
-              0);
+              }));
 }
 
 TEST_P(Logon, SessionEndsWithTheConnectionClosed) {
-    EXPECT_EQ(Play(Trying(L"thu", L"abc")), 901);
+    EXPECT_EQ(901, Play(Trying(L"thu", L"abc")));
     // A second operation opens the database anew.
-    EXPECT_EQ(Play(Trying(L"trong", L"")), 902);
+    EXPECT_EQ(902, Play(Trying(L"trong", L"")));
 }
 
 class LogonDialog : public testing::Test {
@@ -290,18 +283,18 @@ protected:
 TEST_F(LogonDialog, SpeaksVietnamese) {
     Play([] {
         const HWND dialog = Dialog();
-        EXPECT_EQ(TextOf(dialog), L"Login");
-        EXPECT_EQ(TextOf(dialog, L"Label1"), L"Người sử dụng");
-        EXPECT_EQ(TextOf(dialog, L"Label2"), L"Mật khẩu");
-        EXPECT_EQ(TextOf(dialog, L"CmdOk"), L"Đồng ý");
-        EXPECT_EQ(TextOf(dialog, L"CMDCAN"), L"Thoát");
-        EXPECT_EQ(TextOf(dialog, L"CmdHelp"), L"Hướng dẫn");
-        EXPECT_EQ(SendMessageW(Control(dialog, L"TxtPass"), EM_GETPASSWORDCHAR, 0, 0), L'*');
+        EXPECT_EQ(L"Login", TextOf(dialog));
+        EXPECT_EQ(L"Người sử dụng", TextOf(dialog, L"Label1"));
+        EXPECT_EQ(L"Mật khẩu", TextOf(dialog, L"Label2"));
+        EXPECT_EQ(L"Đồng ý", TextOf(dialog, L"CmdOk"));
+        EXPECT_EQ(L"Thoát", TextOf(dialog, L"CMDCAN"));
+        EXPECT_EQ(L"Hướng dẫn", TextOf(dialog, L"CmdHelp"));
+        EXPECT_EQ(L'*', SendMessageW(Control(dialog, L"TxtPass"), EM_GETPASSWORDCHAR, 0, 0));
         TypeText(L"Nguyễn Văn Hưng");
         PressKey(VK_RETURN);
         TypeText(L"abc");
         Sleep(200);
-        EXPECT_NE(SaveWindow(dialog, L"logon"), L"");
+        EXPECT_NE(L"", SaveWindow(dialog, L"logon"));
         PressKey(VK_ESCAPE);
     });
 }
@@ -309,8 +302,8 @@ TEST_F(LogonDialog, SpeaksVietnamese) {
 TEST_F(LogonDialog, EachBoxFollowsItsLabelForScreenReaders) {
     Play([] {
         const HWND dialog = Dialog();
-        EXPECT_EQ(GetWindow(Control(dialog, L"TxtUser"), GW_HWNDPREV), Control(dialog, L"Label1"));
-        EXPECT_EQ(GetWindow(Control(dialog, L"TxtPass"), GW_HWNDPREV), Control(dialog, L"Label2"));
+        EXPECT_EQ(Control(dialog, L"Label1"), GetWindow(Control(dialog, L"TxtUser"), GW_HWNDPREV));
+        EXPECT_EQ(Control(dialog, L"Label2"), GetWindow(Control(dialog, L"TxtPass"), GW_HWNDPREV));
         PressKey(VK_ESCAPE);
     });
 }
@@ -330,9 +323,9 @@ TEST_F(LogonDialog, EveryControlIsInArialOfNinePoints) {
                 LOGFONTW font = {};
                 const auto handle = reinterpret_cast<HFONT>(
                     SendMessageW(Control(dialog, control), WM_GETFONT, 0, 0));
-                EXPECT_EQ(GetObjectW(handle, sizeof font, &font), static_cast<int>(sizeof font));
-                EXPECT_STREQ(font.lfFaceName, L"Arial");
-                EXPECT_EQ(font.lfHeight, height);
+                EXPECT_EQ(static_cast<int>(sizeof font), GetObjectW(handle, sizeof font, &font));
+                EXPECT_STREQ(L"Arial", font.lfFaceName);
+                EXPECT_EQ(height, font.lfHeight);
             }
             PressKey(VK_ESCAPE);
         });
@@ -356,7 +349,7 @@ TEST_F(LogonDialog, OkIsEnabledByANameThatIsNotBlank) {
 
 TEST_F(LogonDialog, EnterMovesOnLikeTabAndPressesNothing) {
     EXPECT_EQ(
-        Play([] {
+        0, Play([] {
             const HWND dialog = Dialog();
             TypeText(L"a");
             for (const wchar_t* next : {L"TxtPass", L"CmdOk", L"CMDCAN", L"CmdHelp", L"TxtUser"}) {
@@ -365,8 +358,7 @@ TEST_F(LogonDialog, EnterMovesOnLikeTabAndPressesNothing) {
             }
             EXPECT_TRUE(IsWindow(dialog));
             PressKey(VK_ESCAPE);
-        }),
-        0);
+        }));
 }
 
 TEST_F(LogonDialog, TabGoesThereAndBack) {
@@ -381,16 +373,15 @@ TEST_F(LogonDialog, TabGoesThereAndBack) {
 }
 
 TEST_F(LogonDialog, CancelButtonGivesZero) {
-    EXPECT_EQ(Play([] { ClickWindow(Control(Dialog(), L"CMDCAN")); }), 0);
+    EXPECT_EQ(0, Play([] { ClickWindow(Control(Dialog(), L"CMDCAN")); }));
 }
 
 TEST_F(LogonDialog, TitleBarCloseGivesZero) {
-    EXPECT_EQ(Play([] { PostMessageW(Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); }), 0);
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(0, Play([] { PostMessageW(Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); }));
+    EXPECT_EQ(0, Play([] {
                   Dialog();
                   PressKey(VK_F4, kAlt);
-              }),
-              0);
+              }));
 }
 
 TEST_F(LogonDialog, HelpButtonDoesNothing) {
@@ -398,7 +389,7 @@ TEST_F(LogonDialog, HelpButtonDoesNothing) {
         const HWND dialog = Dialog();
         ClickWindow(Control(dialog, L"CmdHelp"));
         Sleep(200);
-        EXPECT_EQ(TopWindows().front(), dialog);
+        EXPECT_EQ(dialog, TopWindows().front());
         PressKey(VK_ESCAPE);
     });
 }
@@ -414,16 +405,15 @@ TEST_F(LogonDialog, StandsInTheMiddleOfTheScreen) {
 }
 
 TEST_F(LogonDialog, VeryLongPasswordEndsTheTryQuietly) {
-    EXPECT_EQ(Play([] {
+    EXPECT_EQ(0, Play([] {
                   const HWND dialog = Dialog();
                   TypeText(L"a");
                   SetWindowTextW(Control(dialog, L"TxtPass"), std::wstring(1000, L'x').c_str());
                   ClickWindow(Control(dialog, L"CmdOk"));
                   Sleep(300);
-                  EXPECT_EQ(TopWindows().front(), dialog);
+                  EXPECT_EQ(dialog, TopWindows().front());
                   PressKey(VK_ESCAPE);
-              }),
-              0);
+              }));
 }
 
 TEST_F(LogonDialog, ToolTipOfOkAppears) {
@@ -436,7 +426,7 @@ TEST_F(LogonDialog, ToolTipOfOkAppears) {
         GetWindowRect(ok, &rect);
         MoveMouseTo({rect.left + 10, rect.top + 10});
         const HWND tip = WaitForClass(L"tooltips_class32");
-        EXPECT_EQ(TextOf(tip), L"Click here to Logon!");
+        EXPECT_EQ(L"Click here to Logon!", TextOf(tip));
         MoveMouseTo({0, 0});
         PressKey(VK_ESCAPE);
     });
@@ -445,17 +435,15 @@ TEST_F(LogonDialog, ToolTipOfOkAppears) {
 TEST(LogonWithoutDatabase, ShowsTheConnectionStringThenTheDialogAllTheSame) {
     const wchar_t* connection = L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\khong "
                                 L"co\\host.db;Jet OLEDB:Engine Type=5";
-    EXPECT_EQ(PlayLogon(connection,
-                        [&] {
-                            EXPECT_EQ(ClosePlainMessage(L""), connection);
-                            const HWND dialog = Dialog();
-                            Type(dialog, L"thu", L"abc");
-                            PressOk(dialog);
-                            ClosePlainMessage();
-                            DismissFailure(dialog);
-                            PressKey(VK_ESCAPE);
-                        }),
-              0);
+    EXPECT_EQ(0, PlayLogon(connection, [&] {
+                  EXPECT_EQ(connection, ClosePlainMessage(L""));
+                  const HWND dialog = Dialog();
+                  Type(dialog, L"thu", L"abc");
+                  PressOk(dialog);
+                  ClosePlainMessage();
+                  DismissFailure(dialog);
+                  PressKey(VK_ESCAPE);
+              }));
 }
 
 } // namespace

@@ -39,8 +39,8 @@ public:
     }
     STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
                         EXCEPINFO*, UINT*) override {
-        EXPECT_EQ(event, 1);
-        EXPECT_EQ(arguments->cArgs, 0u);
+        EXPECT_EQ(1, event);
+        EXPECT_EQ(0u, arguments->cArgs);
         ++changes;
         if (onChange)
             onChange();
@@ -262,7 +262,7 @@ inline void ChooseInPicker(const wchar_t* name) {
     const HWND list = Control(picker, L"lv1IP");
     const Lines names = ListTexts(list);
     const auto found = std::find(names.begin(), names.end(), name);
-    ASSERT_NE(found, names.end());
+    ASSERT_NE(names.end(), found);
     const int wanted = static_cast<int>(found - names.begin());
     while (ListSelection(list) < wanted) {
         const int before = ListSelection(list);

@@ -38,7 +38,7 @@ std::function<void()> Typing(const wchar_t* text) {
     };
 }
 
-RECT PlaceIn(HWND form, const wchar_t* control) {
+RECT RectIn(HWND form, const wchar_t* control) {
     RECT rect;
     GetWindowRect(Control(form, control), &rect);
     MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&rect), 2);
@@ -73,8 +73,8 @@ TEST_P(MessageBoxAnswer, HasItsCaptionAndGivesItsResult) {
         caption = TextOf(Box(), wanted.button);
         ClickWindow(Control(Box(), wanted.button));
     });
-    EXPECT_EQ(caption, wanted.caption);
-    EXPECT_EQ(pressed, wanted.result);
+    EXPECT_EQ(wanted.caption, caption);
+    EXPECT_EQ(wanted.result, pressed);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -105,8 +105,8 @@ TEST(MsgBox, ShowsOnlyTheButtonsOfItsSet) {
     for (const auto& set : sets)
         PlayMessage({.buttons = set.buttons}, [&] {
             EXPECT_TRUE(IsShown(Box(), L"Cmd1")) << set.buttons;
-            EXPECT_EQ(IsShown(Box(), L"Cmd2"), set.second) << set.buttons;
-            EXPECT_EQ(IsShown(Box(), L"Cmd3"), set.third) << set.buttons;
+            EXPECT_EQ(set.second, IsShown(Box(), L"Cmd2")) << set.buttons;
+            EXPECT_EQ(set.third, IsShown(Box(), L"Cmd3")) << set.buttons;
             ClickWindow(Control(Box(), L"Cmd1"));
         });
 }
@@ -121,8 +121,8 @@ TEST(MsgBox, EmptyTitleShowsNoticeAndIsReplacedInTheCallersVariable) {
             ClickWindow(Control(Box(), L"Cmd1"));
         },
         &after);
-    EXPECT_EQ(title, L"Thông báo");
-    EXPECT_EQ(after, L"Th«ng b¸o");
+    EXPECT_EQ(L"Thông báo", title);
+    EXPECT_EQ(L"Th«ng b¸o", after);
 }
 
 TEST(MsgBox, TitleAndMessageAreShownInUnicode) {
@@ -133,73 +133,67 @@ TEST(MsgBox, TitleAndMessageAreShownInUnicode) {
         text = TextOf(Box(), L"Message");
         ClickWindow(Control(Box(), L"Cmd1"));
     });
-    EXPECT_EQ(title, L"Người sử dụng");
-    EXPECT_EQ(text, L"Mật khẩu không hợp lệ");
+    EXPECT_EQ(L"Người sử dụng", title);
+    EXPECT_EQ(L"Mật khẩu không hợp lệ", text);
 }
 
 TEST(MsgBox, AltF4ReturnsNothing) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo}, Pressing(VK_F4, kAlt)), L"");
+    EXPECT_EQ(L"", PlayMessage({.buttons = vbYesNo}, Pressing(VK_F4, kAlt)));
 }
 
 TEST(MsgBox, TypedCPressesYes) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo}, Typing(L"c")), L"6");
+    EXPECT_EQ(L"6", PlayMessage({.buttons = vbYesNo}, Typing(L"c")));
 }
 
 TEST(MsgBox, TypedKPressesNo) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo}, Typing(L"k")), L"0");
+    EXPECT_EQ(L"0", PlayMessage({.buttons = vbYesNo}, Typing(L"k")));
 }
 
 TEST(MsgBox, AltLetterPressesTheButton) {
-    EXPECT_EQ(PlayMessage({.buttons = vbAbortRetryIgnore}, Pressing('T', kAlt)), L"4");
+    EXPECT_EQ(L"4", PlayMessage({.buttons = vbAbortRetryIgnore}, Pressing('T', kAlt)));
 }
 
 TEST(MsgBox, OtherLettersLeaveTheBoxOpen) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo},
-                          [] {
-                              const HWND box = Box();
-                              WaitForFocus(box, L"Cmd1");
-                              TypeText(L"x");
-                              Sleep(300);
-                              EXPECT_TRUE(IsWindow(box));
-                              TypeText(L"c");
-                          }),
-              L"6");
+    EXPECT_EQ(L"6", PlayMessage({.buttons = vbYesNo}, [] {
+                  const HWND box = Box();
+                  WaitForFocus(box, L"Cmd1");
+                  TypeText(L"x");
+                  Sleep(300);
+                  EXPECT_TRUE(IsWindow(box));
+                  TypeText(L"c");
+              }));
 }
 
 TEST(MsgBox, EnterPressesTheFocusedButton) {
-    EXPECT_EQ(PlayMessage({.buttons = vbOKCancel}, Pressing(VK_RETURN)), L"1");
-    EXPECT_EQ(PlayMessage({.buttons = vbOKCancel},
-                          [] {
-                              const HWND box = Box();
-                              WaitForFocus(box, L"Cmd1");
-                              PressKey(VK_TAB);
-                              WaitForFocus(box, L"Cmd2");
-                              PressKey(VK_RETURN);
-                          }),
-              L"2");
+    EXPECT_EQ(L"1", PlayMessage({.buttons = vbOKCancel}, Pressing(VK_RETURN)));
+    EXPECT_EQ(L"2", PlayMessage({.buttons = vbOKCancel}, [] {
+                  const HWND box = Box();
+                  WaitForFocus(box, L"Cmd1");
+                  PressKey(VK_TAB);
+                  WaitForFocus(box, L"Cmd2");
+                  PressKey(VK_RETURN);
+              }));
 }
 
 TEST(MsgBox, SpacePressesTheFocusedButton) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo}, Pressing(VK_SPACE)), L"6");
+    EXPECT_EQ(L"6", PlayMessage({.buttons = vbYesNo}, Pressing(VK_SPACE)));
 }
 
 TEST(MsgBox, EscapePressesCancelWhereThereIsOne) {
-    EXPECT_EQ(PlayMessage({.buttons = vbOKCancel}, Pressing(VK_ESCAPE)), L"2");
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNoCancel}, Pressing(VK_ESCAPE)), L"2");
-    EXPECT_EQ(PlayMessage({.buttons = vbOKOnly}, Pressing(VK_ESCAPE)), L"1");
+    EXPECT_EQ(L"2", PlayMessage({.buttons = vbOKCancel}, Pressing(VK_ESCAPE)));
+    EXPECT_EQ(L"2", PlayMessage({.buttons = vbYesNoCancel}, Pressing(VK_ESCAPE)));
+    EXPECT_EQ(L"1", PlayMessage({.buttons = vbOKOnly}, Pressing(VK_ESCAPE)));
 }
 
 TEST(MsgBox, EscapeIsNoAnswerToYesOrNo) {
-    EXPECT_EQ(PlayMessage({.buttons = vbYesNo},
-                          [] {
-                              const HWND box = Box();
-                              WaitForFocus(box, L"Cmd1");
-                              PressKey(VK_ESCAPE);
-                              Sleep(300);
-                              EXPECT_TRUE(IsWindow(box));
-                              ClickWindow(Control(box, L"Cmd2"));
-                          }),
-              L"0");
+    EXPECT_EQ(L"0", PlayMessage({.buttons = vbYesNo}, [] {
+                  const HWND box = Box();
+                  WaitForFocus(box, L"Cmd1");
+                  PressKey(VK_ESCAPE);
+                  Sleep(300);
+                  EXPECT_TRUE(IsWindow(box));
+                  ClickWindow(Control(box, L"Cmd2"));
+              }));
 }
 
 TEST(MsgBox, TabGoesFromLeftToRight) {
@@ -228,21 +222,21 @@ TEST(MsgBox, EachIconHasItsOwnPicture) {
     std::vector<HICON> seen;
     for (const auto& icon : icons)
         PlayMessage({.icon = icon.icon}, [&] {
-            EXPECT_NE(IconIn(Box(), L"micon"), nullptr);
-            EXPECT_EQ(IconIn(Box(), L"micon"), IconIn(Box(), icon.source)) << icon.icon;
+            EXPECT_NE(nullptr, IconIn(Box(), L"micon"));
+            EXPECT_EQ(IconIn(Box(), icon.source), IconIn(Box(), L"micon")) << icon.icon;
             seen.push_back(IconIn(Box(), L"micon"));
             ClickWindow(Control(Box(), L"Cmd1"));
         });
     std::sort(seen.begin(), seen.end());
-    EXPECT_EQ(std::unique(seen.begin(), seen.end()), seen.end()) << "two icons share a picture";
+    EXPECT_EQ(seen.end(), std::unique(seen.begin(), seen.end())) << "two icons share a picture";
 }
 
 TEST(MsgBox, IconZeroKeepsTheDesignedPicture) {
     PlayMessage({.icon = 0}, [] {
         const HICON shown = IconIn(Box(), L"micon");
-        EXPECT_NE(shown, nullptr);
+        EXPECT_NE(nullptr, shown);
         for (const wchar_t* source : {L"stop", L"q", L"Ex", L"Info"})
-            EXPECT_NE(shown, IconIn(Box(), source));
+            EXPECT_NE(IconIn(Box(), source), shown);
         ClickWindow(Control(Box(), L"Cmd1"));
     });
 }
@@ -250,17 +244,17 @@ TEST(MsgBox, IconZeroKeepsTheDesignedPicture) {
 TEST(MsgBox, UnknownButtonsKeepTheDesignedOnes) {
     for (const long buttons : {-1L, 6L}) {
         const std::wstring pressed = PlayMessage({.buttons = buttons}, [] {
-            EXPECT_EQ(TextOf(Box(), L"Cmd1"), L"OK");
+            EXPECT_EQ(L"OK", TextOf(Box(), L"Cmd1"));
             EXPECT_FALSE(IsShown(Box(), L"Cmd2"));
             ClickWindow(Control(Box(), L"Cmd1"));
         });
-        EXPECT_EQ(pressed, L"1");
+        EXPECT_EQ(L"1", pressed);
     }
 }
 
 TEST(MsgBox, EscapePressesTheOnlyButtonOfUnknownButtons) {
     for (const long buttons : {-1L, 6L})
-        EXPECT_EQ(PlayMessage({.buttons = buttons}, Pressing(VK_ESCAPE)), L"1") << buttons;
+        EXPECT_EQ(L"1", PlayMessage({.buttons = buttons}, Pressing(VK_ESCAPE))) << buttons;
 }
 
 TEST(MsgBox, SizeAndButtonsFollowTheMessage) {
@@ -271,8 +265,8 @@ TEST(MsgBox, SizeAndButtonsFollowTheMessage) {
                 const HWND box = Box();
                 RECT outer;
                 GetWindowRect(box, &outer);
-                const RECT message = PlaceIn(box, L"Message");
-                const RECT first = PlaceIn(box, L"Cmd1");
+                const RECT message = RectIn(box, L"Message");
+                const RECT first = RectIn(box, L"Cmd1");
                 const double width = Twips(outer.right - outer.left);
                 const double button = Twips(first.right - first.left);
                 constexpr double kPixel = 15;
@@ -284,14 +278,13 @@ TEST(MsgBox, SizeAndButtonsFollowTheMessage) {
                 }
                 if (buttons == 1) {
                     EXPECT_NEAR(Twips(first.left), (width - 2 * button) / 2 - 50, kPixel);
-                    EXPECT_NEAR(Twips(PlaceIn(box, L"Cmd2").left), Twips(first.right) + 100,
-                                kPixel);
+                    EXPECT_NEAR(Twips(RectIn(box, L"Cmd2").left), Twips(first.right) + 100, kPixel);
                 }
                 if (buttons == 2) {
                     EXPECT_NEAR(Twips(first.left), (width - 3 * button) / 2 - 50, kPixel);
-                    EXPECT_NEAR(Twips(PlaceIn(box, L"Cmd2").left), Twips(first.right) + 50, kPixel);
-                    EXPECT_NEAR(Twips(PlaceIn(box, L"Cmd3").left),
-                                Twips(PlaceIn(box, L"Cmd2").right) + 50, kPixel);
+                    EXPECT_NEAR(Twips(RectIn(box, L"Cmd2").left), Twips(first.right) + 50, kPixel);
+                    EXPECT_NEAR(Twips(RectIn(box, L"Cmd3").left),
+                                Twips(RectIn(box, L"Cmd2").right) + 50, kPixel);
                 }
                 ClickWindow(Control(box, L"Cmd1"));
             });
@@ -312,9 +305,9 @@ TEST(MsgBox, LongLineWidensAndManyLinesHeighten) {
     const RECT wide = BoxSize(std::wstring(90, L'x'));
     const RECT high = BoxSize(L"1\r\n2\r\n3\r\n4\r\n5\r\n6");
     EXPECT_GT(wide.right, plain.right + 100);
-    EXPECT_EQ(wide.bottom, plain.bottom);
+    EXPECT_EQ(plain.bottom, wide.bottom);
     EXPECT_GT(high.bottom, plain.bottom + 20);
-    EXPECT_EQ(high.right, plain.right);
+    EXPECT_EQ(plain.right, high.right);
 }
 
 TEST(MsgBox, TextBeyondTheScreenKeepsTheButtonsInSight) {
@@ -346,7 +339,7 @@ TEST(MsgBox, StandsInTheMiddleOfTheScreen) {
 TEST(MsgBox, AmpersandInAMessageIsShown) {
     PlayMessage({.text = L"Thu & Chi"}, [] {
         const HWND label = Control(Box(), L"Message");
-        EXPECT_EQ(TextOf(label), L"Thu & Chi");
+        EXPECT_EQ(L"Thu & Chi", TextOf(label));
         EXPECT_TRUE(GetWindowLongPtrW(label, GWL_STYLE) & SS_NOPREFIX);
         ClickWindow(Control(Box(), L"Cmd1"));
     });
@@ -357,8 +350,8 @@ TEST(MsgBox, RightToLeftMirrorsTheMessage) {
         PlayMessage({.rightToLeft = rightToLeft}, [&] {
             const LONG_PTR label = GetWindowLongPtrW(Control(Box(), L"Message"), GWL_EXSTYLE);
             const LONG_PTR form = GetWindowLongPtrW(Box(), GWL_EXSTYLE);
-            EXPECT_EQ((label & WS_EX_RTLREADING) != 0, rightToLeft);
-            EXPECT_EQ((form & WS_EX_RTLREADING) != 0, rightToLeft);
+            EXPECT_EQ(rightToLeft, (label & WS_EX_RTLREADING) != 0);
+            EXPECT_EQ(rightToLeft, (form & WS_EX_RTLREADING) != 0);
             ClickWindow(Control(Box(), L"Cmd1"));
         });
 }
@@ -422,7 +415,7 @@ TEST(MsgBox, TitleStripDragsTheBox) {
             const HWND box = Box();
             // The title lies on the strip: its right end is the strip alone.
             const bool strip = wcscmp(handle, L"Label5") == 0;
-            const LONG x = strip ? PlaceIn(box, handle).right - 2 : 30;
+            const LONG x = strip ? RectIn(box, handle).right - 2 : 30;
             EXPECT_TRUE(DragBox(box, {x, 10}, {50, 30}))
                 << "dragging by " << ToUtf8(handle) << " did not move the box";
             ClickWindow(Control(box, L"Cmd1"));
@@ -438,7 +431,7 @@ TEST(MsgBox, StripHasTheActiveCaptionColour) {
         const HDC screen = GetDC(nullptr);
         const COLORREF seen = GetPixel(screen, rect.right - 6, rect.top + 4);
         ReleaseDC(nullptr, screen);
-        EXPECT_EQ(seen, GetSysColor(COLOR_ACTIVECAPTION));
+        EXPECT_EQ(GetSysColor(COLOR_ACTIVECAPTION), seen);
         ClickWindow(Control(box, L"Cmd1"));
     });
 }
@@ -467,7 +460,7 @@ TEST(MsgBox, BorderLiesOnTheOutermostPixels) {
 }
 
 TEST(MsgBox, WorksWithoutAnyConnection) {
-    EXPECT_EQ(PlayMessage({.buttons = vbOKCancel}, Clicking(L"Cmd1")), L"1");
+    EXPECT_EQ(L"1", PlayMessage({.buttons = vbOKCancel}, Clicking(L"Cmd1")));
 }
 
 struct Picture {
@@ -506,7 +499,7 @@ TEST(MsgBox, PicturesOfEverySetAndIcon) {
             const HWND box = Box();
             WaitForFocus(box, L"Cmd1");
             Sleep(200);
-            EXPECT_NE(SaveWindow(box, picture.file), L"");
+            EXPECT_NE(L"", SaveWindow(box, picture.file));
             ClickWindow(Control(box, L"Cmd1"));
         });
 }

@@ -32,12 +32,12 @@ private:
 
 TEST(Modality, HostWindowWaitsAndGetsItsFocusBack) {
     const HostWindow host;
-    ASSERT_EQ(GetFocus(), host.Edit());
+    ASSERT_EQ(host.Edit(), GetFocus());
     PlayMessage({}, [&] {
         const HWND box = WaitForForm(L"MessageBox");
         EXPECT_FALSE(IsWindowEnabled(host.Window()));
         // It stays in front of the host's window.
-        EXPECT_EQ(GetWindow(box, GW_OWNER), host.Window());
+        EXPECT_EQ(host.Window(), GetWindow(box, GW_OWNER));
         WaitForFocus(box, L"Cmd1");
         PressKey(VK_SPACE);
     });
@@ -91,7 +91,7 @@ TEST(Modality, MessageOfTheDatabaseBlocksTheWindowsOfAHostInTheBackground) {
                     box = window;
             return box != nullptr;
         }));
-        EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
+        EXPECT_EQ(nullptr, GetWindow(box, GW_OWNER));
         EXPECT_FALSE(IsWindowEnabled(host.Window()));
         EXPECT_FALSE(IsWindowEnabled(other.Window()));
         PostMessageW(box, WM_COMMAND, IDOK, 0);
@@ -111,8 +111,8 @@ void CALLBACK DestroyHost(HWND window, UINT, UINT_PTR, DWORD) {
 TEST(Modality, HostWindowDestroyedMeanwhileEndsTheDialog) {
     auto host = std::make_unique<HostWindow>();
     const UINT_PTR timer = SetTimer(host->Window(), 1, 300, DestroyHost);
-    ASSERT_NE(timer, 0u);
-    EXPECT_EQ(PlayMessage({}, [] { WaitForClose(WaitForForm(L"MessageBox")); }), L"");
+    ASSERT_NE(0u, timer);
+    EXPECT_EQ(L"", PlayMessage({}, [] { WaitForClose(WaitForForm(L"MessageBox")); }));
 }
 
 TEST(Modality, QuitMessageEndsTheDialogAndReachesTheHost) {
@@ -131,8 +131,8 @@ TEST(Modality, QuitMessageEndsTheDialogAndReachesTheHost) {
                                   VARIANT_FALSE, pressed.GetAddress()));
     MSG message = {};
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 7u);
-    EXPECT_EQ(pressed.length(), 0u);
+    EXPECT_EQ(7u, message.wParam);
+    EXPECT_EQ(0u, pressed.length());
     user.Finish();
 }
 
@@ -152,23 +152,21 @@ TEST(Modality, SecondLogonFromInsideTheFirstLeavesItsConnectionAlone) {
         L"insert into [user](code,name,[dec],idgroup,password) values(950,'ngoai','',1,1401)");
     nested = &inner;
     const UINT_PTR timer = SetTimer(nullptr, 0, 300, LogOnInside);
-    ASSERT_NE(timer, 0u);
-    EXPECT_EQ(PlayLogon(outer.ConnectionString(),
-                        [] {
-                            const HWND first = WaitForForm(L"FrmLogon");
-                            EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(first); }));
-                            const HWND second = TopWindows().front();
-                            EXPECT_EQ(WindowName(second), L"FrmLogon");
-                            WaitForFocus(second, L"TxtUser");
-                            PressKey(VK_ESCAPE);
-                            WaitForClose(second);
-                            WaitForFocus(first, L"TxtUser");
-                            TypeText(L"ngoai");
-                            PressKey(VK_TAB);
-                            TypeText(L"abc");
-                            ClickWindow(Control(first, L"CmdOk"));
-                        }),
-              950);
+    ASSERT_NE(0u, timer);
+    EXPECT_EQ(950, PlayLogon(outer.ConnectionString(), [] {
+                  const HWND first = WaitForForm(L"FrmLogon");
+                  EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(first); }));
+                  const HWND second = TopWindows().front();
+                  EXPECT_EQ(L"FrmLogon", WindowName(second));
+                  WaitForFocus(second, L"TxtUser");
+                  PressKey(VK_ESCAPE);
+                  WaitForClose(second);
+                  WaitForFocus(first, L"TxtUser");
+                  TypeText(L"ngoai");
+                  PressKey(VK_TAB);
+                  TypeText(L"abc");
+                  ClickWindow(Control(first, L"CmdOk"));
+              }));
 }
 
 } // namespace

@@ -62,16 +62,17 @@ INSTANTIATE_ADMINISTRATION(PermissionForm);
 TEST_P(PermissionForm, MaskFiveTicksCommandsZeroAndTwo) {
     StatementTrace trace;
     Play(kAccountants, [&](HWND rights) {
-        EXPECT_EQ(TextOf(rights, L"LblTitle"), L"Tên nhóm là:Kế toán-Phòng kế toán");
-        EXPECT_EQ(ListTexts(Control(rights, L"LstMenuBar")),
-                  (Lines{L"Hệ thống", L"Danh mục", L"Báo cáo"}));
+        EXPECT_EQ(L"Tên nhóm là:Kế toán-Phòng kế toán", TextOf(rights, L"LblTitle"));
+        EXPECT_EQ((Lines{L"Hệ thống", L"Danh mục", L"Báo cáo"}),
+                  ListTexts(Control(rights, L"LstMenuBar")));
         EXPECT_TRUE(HasTicks(rights, L"1010"));
-        EXPECT_EQ(CellText(Control(rights, L"LstSubMenu"), 1, 0), L"Người sử dụng");
+        EXPECT_EQ(L"Người sử dụng", CellText(Control(rights, L"LstSubMenu"), 1, 0));
         const Lines all = trace.All();
         ASSERT_GE(all.size(), 3u);
         const Lines opening(all.end() - 3, all.end());
-        EXPECT_EQ(opening, (Lines{L"Menu", L"Select * From Groups Where Code=2",
-                                  L"Select * From SubMenu Where IdMenuBar=1 Order By ID"}));
+        EXPECT_EQ((Lines{L"Menu", L"Select * From Groups Where Code=2",
+                         L"Select * From SubMenu Where IdMenuBar=1 Order By ID"}),
+                  opening);
         PressKey(VK_ESCAPE);
     });
 }
@@ -85,19 +86,20 @@ TEST_P(PermissionForm, TickingCommandOneWritesSevenIntoTheFourthColumn) {
         PressKey('G', kAlt);
     });
     const std::wstring p = Test().server ? L"p" : L"P";
-    EXPECT_EQ(trace.All(), (Lines{L"Groups", L"Update Groups Set " + p + L"1=7," + p + L"2=48," +
-                                                 p + L"3=31 Where Code=2"}));
-    EXPECT_EQ(Test().Group(L"p1", 2), L"7");
-    EXPECT_EQ(Test().Group(L"p2", 2), L"48");
-    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+    EXPECT_EQ((Lines{L"Groups", L"Update Groups Set " + p + L"1=7," + p + L"2=48," + p +
+                                    L"3=31 Where Code=2"}),
+              trace.All());
+    EXPECT_EQ(L"7", Test().Group(L"p1", 2));
+    EXPECT_EQ(L"48", Test().Group(L"p2", 2));
+    EXPECT_EQ(L"31", Test().Group(L"p3", 2));
 }
 
 TEST_P(PermissionForm, ThreeMenuBarsAreWrittenInOneStatement) {
     const StatementTrace trace;
     Play(kStore, [](HWND) { PressKey('G', kAlt); });
     const std::wstring p = Test().server ? L"p" : L"P";
-    EXPECT_EQ(trace.Writing(),
-              Lines{L"Update Groups Set " + p + L"1=7," + p + L"2=0," + p + L"3=1 Where Code=5"});
+    EXPECT_EQ(Lines{L"Update Groups Set " + p + L"1=7," + p + L"2=0," + p + L"3=1 Where Code=5"},
+              trace.Writing());
 }
 
 TEST_P(PermissionForm, ColumnsAreTakenByTheirPlace) {
@@ -110,8 +112,8 @@ TEST_P(PermissionForm, ColumnsAreTakenByTheirPlace) {
         Toggle(rights, 3);
         PressKey('G', kAlt);
     });
-    EXPECT_EQ(Test().Group(L"hethong", 2), L"13");
-    EXPECT_EQ(Test().Group(L"baocao", 2), L"31");
+    EXPECT_EQ(L"13", Test().Group(L"hethong", 2));
+    EXPECT_EQ(L"31", Test().Group(L"baocao", 2));
 }
 
 TEST_P(PermissionForm, ChangesOfOneBarStayWhileAnotherIsShown) {
@@ -128,9 +130,9 @@ TEST_P(PermissionForm, ChangesOfOneBarStayWhileAnotherIsShown) {
         EXPECT_TRUE(HasTicks(rights, L"100001"));
         PressKey('G', kAlt);
     });
-    EXPECT_EQ(Test().Group(L"p1", 5), L"6");
-    EXPECT_EQ(Test().Group(L"p2", 5), L"33");
-    EXPECT_EQ(Test().Group(L"p3", 5), L"1");
+    EXPECT_EQ(L"6", Test().Group(L"p1", 5));
+    EXPECT_EQ(L"33", Test().Group(L"p2", 5));
+    EXPECT_EQ(L"1", Test().Group(L"p3", 5));
 }
 
 TEST_P(PermissionForm, LeavingWithoutOkWritesNothing) {
@@ -142,7 +144,7 @@ TEST_P(PermissionForm, LeavingWithoutOkWritesNothing) {
         PressKey('Q', kAlt);
     });
     EXPECT_TRUE(trace.Writing().empty());
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(PermissionForm, EmptyMenuReadsNoGroup) {
@@ -150,11 +152,11 @@ TEST_P(PermissionForm, EmptyMenuReadsNoGroup) {
     StatementTrace trace;
     Play(kAccountants, [&](HWND rights) {
         EXPECT_TRUE(ListTexts(Control(rights, L"LstMenuBar")).empty());
-        EXPECT_EQ(RowCount(rights, L"LstSubMenu"), 0);
+        EXPECT_EQ(0, RowCount(rights, L"LstSubMenu"));
         const Lines all = trace.All();
         ASSERT_FALSE(all.empty());
-        EXPECT_EQ(all.back(), L"Menu");
-        EXPECT_EQ(std::count(all.begin(), all.end(), L"Select * From Groups Where Code=2"), 0);
+        EXPECT_EQ(L"Menu", all.back());
+        EXPECT_EQ(0, std::count(all.begin(), all.end(), L"Select * From Groups Where Code=2"));
         PressKey(VK_ESCAPE);
     });
 }
@@ -173,7 +175,7 @@ TEST_P(PermissionForm, BarWithANumberBeyond16BitsShowsNoCommands) {
         PressKey(VK_SPACE);
         PressKey('G', kAlt);
     });
-    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+    EXPECT_EQ(L"31", Test().Group(L"p3", 2));
 }
 
 TEST_P(PermissionForm, EmptyMasksCountAsNoRights) {
@@ -185,8 +187,8 @@ TEST_P(PermissionForm, EmptyMasksCountAsNoRights) {
         EXPECT_TRUE(HasTicks(rights, L"11111"));
         PressKey('G', kAlt);
     });
-    EXPECT_EQ(Test().Group(L"p1", 2), L"0");
-    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+    EXPECT_EQ(L"0", Test().Group(L"p1", 2));
+    EXPECT_EQ(L"31", Test().Group(L"p3", 2));
 }
 
 class PermissionFormWindow : public testing::Test {
@@ -196,8 +198,8 @@ protected:
 
 TEST_F(PermissionFormWindow, TabLeadsThroughTheListsAndButtons) {
     PlayRights(test_, 0, [](HWND rights) {
-        EXPECT_EQ(TextOf(rights), L"Phân quyền");
-        EXPECT_EQ(Sorted(Mnemonics(rights)), L"CGQT");
+        EXPECT_EQ(L"Phân quyền", TextOf(rights));
+        EXPECT_EQ(L"CGQT", Sorted(Mnemonics(rights)));
         ExpectKeyWalks(rights, VK_TAB, {L"LstSubMenu", L"CmdOk", L"Command1", L"LstMenuBar"});
         PressKey(VK_ESCAPE);
     });
@@ -205,7 +207,7 @@ TEST_F(PermissionFormWindow, TabLeadsThroughTheListsAndButtons) {
 
 TEST_F(PermissionFormWindow, FirstBarStandsOpenAndSpaceTicksAtOnce) {
     PlayRights(test_, kAccountants, [](HWND rights) {
-        EXPECT_EQ(ListSelection(Control(rights, L"LstMenuBar")), 0);
+        EXPECT_EQ(0, ListSelection(Control(rights, L"LstMenuBar")));
         PressKey(VK_TAB);
         WaitReady(rights, L"LstSubMenu");
         PressKey(VK_SPACE);
@@ -228,7 +230,7 @@ TEST_F(PermissionFormWindow, ClickOnABoxTicksItsCommand) {
         EXPECT_TRUE(HasTicks(rights, L"1110"));
         PressKey('G', kAlt);
     });
-    EXPECT_EQ(test_.Group(L"p1", 2), L"7");
+    EXPECT_EQ(L"7", test_.Group(L"p1", 2));
 }
 
 TEST_F(PermissionFormWindow, EnterMovesOnLikeTabAndWritesNothing) {
@@ -240,7 +242,7 @@ TEST_F(PermissionFormWindow, EnterMovesOnLikeTabAndWritesNothing) {
         EXPECT_TRUE(IsWindowVisible(rights));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(test_.Groups(), before);
+    EXPECT_EQ(before, test_.Groups());
 }
 
 TEST_F(PermissionFormWindow, SpaceOnOkWrites) {
@@ -249,7 +251,7 @@ TEST_F(PermissionFormWindow, SpaceOnOkWrites) {
         ExpectKeyWalks(rights, VK_RETURN, {L"CmdOk"});
         PressKey(VK_SPACE);
     });
-    EXPECT_EQ(test_.Group(L"p1", 2), L"7");
+    EXPECT_EQ(L"7", test_.Group(L"p1", 2));
 }
 
 TEST_F(PermissionFormWindow, ListsGrowWithTheForm) {
@@ -258,7 +260,7 @@ TEST_F(PermissionFormWindow, ListsGrowWithTheForm) {
         const SIZE bars = SizeOf(Control(rights, L"LstMenuBar"));
         const SIZE commands = SizeOf(Control(rights, L"LstSubMenu"));
         SetWindowPos(rights, nullptr, 0, 0, form.cx + 150, form.cy + 90, SWP_NOMOVE | SWP_NOZORDER);
-        EXPECT_EQ(SizeOf(Control(rights, L"LstMenuBar")).cx, bars.cx);
+        EXPECT_EQ(bars.cx, SizeOf(Control(rights, L"LstMenuBar")).cx);
         EXPECT_NEAR(SizeOf(Control(rights, L"LstMenuBar")).cy, bars.cy + 90, 1);
         EXPECT_NEAR(SizeOf(Control(rights, L"LstSubMenu")).cx, commands.cx + 150, 1);
         EXPECT_NEAR(SizeOf(Control(rights, L"LstSubMenu")).cy, commands.cy + 90, 1);

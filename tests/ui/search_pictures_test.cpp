@@ -23,7 +23,7 @@ protected:
 
     static void Picture(HWND form, const wchar_t* name) {
         Sleep(300);
-        EXPECT_NE(SaveWindow(form, name), L"");
+        EXPECT_NE(L"", SaveWindow(form, name));
     }
 
     SampleDatabase database_ = SampleDatabase::Embedded();
@@ -61,7 +61,7 @@ TEST_F(SearchPictures, ListDroppedDown) {
         Sleep(300);
         RECT area;
         GetWindowRect(form, &area);
-        EXPECT_NE(SaveArea(area, L"find-fields"), L"");
+        EXPECT_NE(L"", SaveArea(area, L"find-fields"));
         PressKey(VK_ESCAPE);
         EXPECT_TRUE(WaitUntil([&] { return SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) == 0; }));
     });

@@ -27,8 +27,8 @@ private:
         FILE* file = _wfopen(Test().database.File().c_str(), L"r+b");
         ASSERT_TRUE(file);
         fseek(file, place, SEEK_SET);
-        EXPECT_EQ(fwrite(&byte, 1, 1, file), 1u);
-        EXPECT_EQ(fclose(file), 0);
+        EXPECT_EQ(1u, fwrite(&byte, 1, 1, file));
+        EXPECT_EQ(0, fclose(file));
     }
 };
 
@@ -72,14 +72,14 @@ TEST_P(SecurityFailures, ApostropheInANewUsersNameEndsTheEditorWithTheProvidersM
         FillNew(editor, L"O'Brien");
         PressKey('G', kAlt);
         // The look-up tells its error first, then the insert.
-        EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
+        EXPECT_NE(L"", ClosePlainMessage());
         WaitForClose(editor);
         WaitReady(list, L"Lv");
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 // Texts go into the statement as they are typed, where two apostrophes are one.
@@ -92,10 +92,10 @@ TEST_P(SecurityFailures, ApostrophesThatTheUserDoublesAreWritten) {
         PressKey('G', kAlt);
         WaitForClose(editor);
         WaitReady(list, L"Lv");
-        EXPECT_EQ(CellText(Control(list, L"Lv"), RowCount(list, L"Lv") - 1, 0), L"O'Brien");
+        EXPECT_EQ(L"O'Brien", CellText(Control(list, L"Lv"), RowCount(list, L"Lv") - 1, 0));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_NE(Test().Users().find(L"Kho 5' - cũ"), std::wstring::npos);
+    EXPECT_NE(std::wstring::npos, Test().Users().find(L"Kho 5' - cũ"));
 }
 
 TEST_P(SecurityFailures, ApostropheInARenamedUsersNameChangesNothing) {
@@ -104,14 +104,14 @@ TEST_P(SecurityFailures, ApostropheInARenamedUsersNameChangesNothing) {
         const HWND editor = OpenEditor('S');
         SetBox(editor, L"TxtUser", L"O'Brien");
         PressKey('G', kAlt);
-        EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
+        EXPECT_NE(L"", ClosePlainMessage());
         WaitForClose(editor);
         WaitReady(list, L"Lv");
-        EXPECT_EQ(CellText(Control(list, L"Lv"), 0, 0), L"Nguyễn Văn Hưng");
+        EXPECT_EQ(L"Nguyễn Văn Hưng", CellText(Control(list, L"Lv"), 0, 0));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 // Deletes the first user: the error is told, and all stay.
@@ -119,9 +119,9 @@ void ExpectDeletionIsRefused(HWND list) {
     WaitReady(list, L"Lv");
     PressKey(VK_DELETE);
     Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-    EXPECT_NE(ClosePlainMessage(L""), L"");
+    EXPECT_NE(L"", ClosePlainMessage(L""));
     WaitReady(list, L"Lv");
-    EXPECT_EQ(RowCount(list, L"Lv"), 7);
+    EXPECT_EQ(7, RowCount(list, L"Lv"));
     PressKey(VK_ESCAPE);
 }
 
@@ -129,13 +129,13 @@ TEST_P(SecurityFailures, UserWithAnApostropheIsNotDeletedAndTheErrorIsTold) {
     Test().database.Execute(L"update \"user\" set name='O''Brien' where code=1");
     const std::wstring before = Test().Users();
     Test().PlayUsers(ExpectDeletionIsRefused);
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 // OK ends the editor with one message, and the list goes on.
 void ExpectOkIsRefused(HWND list, HWND editor) {
     PressKey('G', kAlt);
-    EXPECT_NE(ClosePlainMessage(), L"");
+    EXPECT_NE(L"", ClosePlainMessage());
     WaitForClose(editor);
     WaitReady(list, L"Lv");
     PressKey(VK_ESCAPE);
@@ -149,12 +149,12 @@ TEST_P(SecurityFailures, OwnPasswordOfANameThatIsAConditionIsNobodysPassword) {
     const std::wstring before = Test().Users();
     for (const wchar_t* name : {L"x' or Code=3 or 'a'='b", L"Admin' --", L"x' or 'a'='a"})
         Test().PlayEditor(name, [](HWND editor) {
-            EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
-            EXPECT_EQ(TextOf(editor, L"TxtPass"), L"");
+            EXPECT_EQ(L"", TextOf(editor, L"TxtUser"));
+            EXPECT_EQ(L"", TextOf(editor, L"TxtPass"));
             EXPECT_FALSE(IsEnabled(editor, L"CmdOk"));
             PressKey(VK_ESCAPE);
         });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotDeletedWithTheOthers) {
@@ -162,7 +162,7 @@ TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotDeletedWithTheOthers) {
         Test().database.Execute(L"update \"user\" set name='" + Doubled(name) + L"' where code=1");
         const std::wstring before = Test().Users();
         Test().PlayUsers(ExpectDeletionIsRefused);
-        EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
+        EXPECT_EQ(before, Test().Users()) << ToUtf8(name);
     }
 }
 
@@ -173,11 +173,11 @@ TEST_P(SecurityFailures, UserWhoseNameIsAConditionIsNotWrittenOverTheOthers) {
         Test().PlayUsers([](HWND list) {
             WaitReady(list, L"Lv");
             const HWND editor = OpenEditor('S');
-            EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
+            EXPECT_EQ(L"", TextOf(editor, L"TxtUser"));
             FillNew(editor, L"moi");
             ExpectOkIsRefused(list, editor);
         });
-        EXPECT_EQ(Test().Users(), before) << ToUtf8(name);
+        EXPECT_EQ(before, Test().Users()) << ToUtf8(name);
     }
 }
 
@@ -192,7 +192,7 @@ TEST_P(SecurityFailures, TypedTextThatWouldCutTheUpdateShortWritesNothing) {
             SetBox(editor, box, text);
             ExpectOkIsRefused(list, editor);
         });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(SecurityFailures, GroupsNameThatWouldCutTheUpdateShortWritesNothing) {
@@ -206,7 +206,7 @@ TEST_P(SecurityFailures, GroupsNameThatWouldCutTheUpdateShortWritesNothing) {
             WaitReady(groups, L"txtName");
             PressKey(VK_ESCAPE);
         });
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(SecurityFailures, ApostropheInAGroupsNameIsRefusedInBothModes) {
@@ -217,17 +217,17 @@ TEST_P(SecurityFailures, ApostropheInAGroupsNameIsRefusedInBothModes) {
         PressKey('G', kAlt);
         Answer(L"Không thể ghi dữ liệu vào bảng", L"Save Error");
         WaitReady(groups, L"txtName");
-        EXPECT_EQ(ListTexts(Control(groups, L"Lv1"))[0], L"Quản trị-Toàn quyền trên chương trình");
+        EXPECT_EQ(L"Quản trị-Toàn quyền trên chương trình", ListTexts(Control(groups, L"Lv1"))[0]);
         PressKey('H', kAlt);
         SetBox(groups, L"txtName", L"Kho'2");
         PressKey('G', kAlt);
         Answer(L"Không thể thêm dữ liệu vào bảng", L"Save Error");
         WaitReady(groups, L"txtName");
-        EXPECT_EQ(TextOf(groups, L"txtName"), L"Kho'2");
-        EXPECT_EQ(ListTexts(Control(groups, L"Lv1")).size(), 5u);
+        EXPECT_EQ(L"Kho'2", TextOf(groups, L"txtName"));
+        EXPECT_EQ(5u, ListTexts(Control(groups, L"Lv1")).size());
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(SecurityFailures, ApostropheInAGroupsDescriptionIsWritten) {
@@ -238,7 +238,7 @@ TEST_P(SecurityFailures, ApostropheInAGroupsDescriptionIsWritten) {
         WaitReady(groups, L"txtName");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Group(L"des", 1), L"Phòng 'A' ");
+    EXPECT_EQ(L"Phòng 'A' ", Test().Group(L"des", 1));
 }
 
 TEST_P(SecurityFailures, TooFewMaskColumnsMakeTheWriteFailAsAWhole) {
@@ -246,18 +246,18 @@ TEST_P(SecurityFailures, TooFewMaskColumnsMakeTheWriteFailAsAWhole) {
     const std::wstring before = Test().Groups();
     Test().PlayGroups([](HWND groups) {
         const HWND rights = OpenRights(groups);
-        EXPECT_EQ(Ticks(rights, L"LstSubMenu"), L"1010");
+        EXPECT_EQ(L"1010", Ticks(rights, L"LstSubMenu"));
         PressKey(VK_DOWN);
         PressKey(VK_DOWN);
         // Nothing is granted in the bar without a column.
         EXPECT_TRUE(WaitUntil([=] { return Ticks(rights, L"LstSubMenu") == L"00000"; }));
         PressKey('G', kAlt);
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
         WaitForClose(rights);
         WaitReady(groups, L"CmdPms");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(SecurityFailures, BarWithThirtyTwoCommandsIsToldAndTheOtherBarsGoOn) {
@@ -273,7 +273,7 @@ TEST_P(SecurityFailures, BarWithThirtyTwoCommandsIsToldAndTheOtherBarsGoOn) {
         ClosePlainMessage(); // as the form opens on this bar
         const HWND rights = WaitForForm(L"FrPms");
         WaitReady(rights, L"LstMenuBar");
-        EXPECT_EQ(Ticks(rights, L"LstSubMenu"), L"101" + std::wstring(29, L'0'));
+        EXPECT_EQ(L"101" + std::wstring(29, L'0'), Ticks(rights, L"LstSubMenu"));
         // The 31 others may be changed, the 32nd may not.
         PressKey(VK_TAB);
         WaitReady(rights, L"LstSubMenu");
@@ -292,9 +292,9 @@ TEST_P(SecurityFailures, BarWithThirtyTwoCommandsIsToldAndTheOtherBarsGoOn) {
         WaitReady(groups, L"CmdPms");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Group(L"p1", 2), L"7");
-    EXPECT_EQ(Test().Group(L"p2", 2), L"48");
-    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+    EXPECT_EQ(L"7", Test().Group(L"p1", 2));
+    EXPECT_EQ(L"48", Test().Group(L"p2", 2));
+    EXPECT_EQ(L"31", Test().Group(L"p3", 2));
 }
 
 TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsUsers) {
@@ -304,17 +304,17 @@ TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsUsers) {
         const HWND adding = OpenEditor('H');
         FillNew(adding, L"moi");
         PressKey('G', kAlt);
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
         WaitForClose(adding);
         WaitReady(list, L"Lv");
         PressKey(VK_DELETE);
         Answer(L"Bạn chắc chắn xoá người sử dụng này", L"Thông báo");
-        EXPECT_NE(ClosePlainMessage(L""), L"");
+        EXPECT_NE(L"", ClosePlainMessage(L""));
         WaitReady(list, L"Lv");
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsGroups) {
@@ -323,7 +323,7 @@ TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsGroups) {
     Test().PlayGroups([](HWND groups) {
         const HWND rights = OpenRights(groups);
         PressKey('G', kAlt);
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
         WaitForClose(rights);
         WaitReady(groups, L"CmdPms");
         PressKey('G', kAlt);
@@ -336,7 +336,7 @@ TEST_P(SecurityFailures, ReadOnlyDatabaseKeepsItsGroups) {
         WaitReady(groups, L"Lv1");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Groups(), before);
+    EXPECT_EQ(before, Test().Groups());
 }
 
 TEST_P(SecurityFailures, MissingTablesAreToldAndTheFormsOpenAllTheSame) {
@@ -344,7 +344,7 @@ TEST_P(SecurityFailures, MissingTablesAreToldAndTheFormsOpenAllTheSame) {
     Test().database.Execute(L"alter table \"user\" rename to olduser");
     const auto open = [](const wchar_t* form) {
         return [form](HWND window) {
-            EXPECT_EQ(WindowName(window), form);
+            EXPECT_EQ(form, WindowName(window));
             PressKey(VK_ESCAPE);
         };
     };
@@ -353,7 +353,7 @@ TEST_P(SecurityFailures, MissingTablesAreToldAndTheFormsOpenAllTheSame) {
         const auto logon = CreateLogon();
         _bstr_t connect(Test().database.ConnectionString().c_str());
         DialogDriver user([&] {
-            EXPECT_NE(ClosePlainMessage(), L"");
+            EXPECT_NE(L"", ClosePlainMessage());
             open(L"FrmMenu")(WaitForForm(L"FrmMenu"));
         });
         EXPECT_SUCCEEDED(logon->UserManager(&connect.GetBSTR()));
@@ -388,7 +388,7 @@ protected:
 
     void TearDown() override {
         if (test_) {
-            EXPECT_EQ(AfterReturn(), before_);
+            EXPECT_EQ(before_, AfterReturn());
         }
     }
 
@@ -413,7 +413,7 @@ private:
         if (!Test().server) {
             WIN32_FILE_ATTRIBUTE_DATA file = {};
             EXPECT_TRUE(GetFileAttributesExW(File().c_str(), GetFileExInfoStandard, &file));
-            EXPECT_EQ(file.nFileSizeLow, 0u);
+            EXPECT_EQ(0u, file.nFileSizeLow);
             EXPECT_TRUE(CopyFileW(Kept().c_str(), File().c_str(), FALSE));
         }
         return Test().Users() + Test().Groups();
@@ -433,7 +433,7 @@ TEST_P(LostConnection, EndsTheUserEditorAndLeavesTheUsers) {
         // The look-ups and the update tell their errors, and the list that it cannot read again.
         CloseMessagesUntil(list, L"Lv");
         EXPECT_FALSE(IsWindow(editor));
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
         PressKey(VK_ESCAPE);
     });
 }
@@ -457,7 +457,7 @@ TEST_P(LostConnection, LeavesTheRightsAndTheFormsClose) {
         PressKey(VK_SPACE);
         Cut();
         PressKey('G', kAlt);
-        EXPECT_NE(ClosePlainMessage(), L"");
+        EXPECT_NE(L"", ClosePlainMessage());
         // The names of the columns could not be read: the form stays open.
         WaitReady(rights, L"CmdOk");
         PressKey(VK_ESCAPE);
@@ -481,9 +481,9 @@ TEST_P(SecurityFailures, TwoHostsEditingUsersLoseNothing) {
         WaitReady(list, L"Lv");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().User(L"\"dec\"", 1), L"o day");
-    EXPECT_EQ(Test().User(L"\"dec\"", 2), L"noi khac");
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where name='xa'"), L"1");
+    EXPECT_EQ(L"o day", Test().User(L"\"dec\"", 1));
+    EXPECT_EQ(L"noi khac", Test().User(L"\"dec\"", 2));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where name='xa'"));
 }
 
 TEST_P(SecurityFailures, TwoHostsGivingRightsTheLastOneWins) {
@@ -497,10 +497,10 @@ TEST_P(SecurityFailures, TwoHostsGivingRightsTheLastOneWins) {
         WaitReady(groups, L"CmdPms");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Group(L"p1", 2), L"5");
-    EXPECT_EQ(Test().Group(L"p2", 2), L"48");
-    EXPECT_EQ(Test().Group(L"des", 2), L"noi khac");
-    EXPECT_EQ(Test().Group(L"p1", 3), L"1");
+    EXPECT_EQ(L"5", Test().Group(L"p1", 2));
+    EXPECT_EQ(L"48", Test().Group(L"p2", 2));
+    EXPECT_EQ(L"noi khac", Test().Group(L"des", 2));
+    EXPECT_EQ(L"1", Test().Group(L"p1", 3));
 }
 
 TEST_P(SecurityFailures, GroupDeletedElsewhereMeanwhileStaysDeleted) {
@@ -515,8 +515,8 @@ TEST_P(SecurityFailures, GroupDeletedElsewhereMeanwhileStaysDeleted) {
         WaitReady(groups, L"txtName");
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from groups"), L"4");
-    EXPECT_EQ(Test().Group(L"name", 2), L"");
+    EXPECT_EQ(L"4", Test().Read(L"select count(*) from groups"));
+    EXPECT_EQ(L"", Test().Group(L"name", 2));
 }
 
 } // namespace

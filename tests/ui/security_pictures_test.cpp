@@ -23,7 +23,7 @@ protected:
 
     static void Picture(HWND form, const wchar_t* name) {
         Sleep(300);
-        EXPECT_NE(SaveWindow(form, name), L"");
+        EXPECT_NE(L"", SaveWindow(form, name));
     }
 
     SampleDatabase database_ = SampleDatabase::Embedded();

@@ -27,7 +27,7 @@ protected:
         TypeCode(L"A1");
         WaitReady(host_.form.Window(), L"TxtOther");
         host_.form.Settle();
-        EXPECT_EQ(trace.All(), Lines{});
+        EXPECT_EQ(Lines{}, trace.All());
     }
 
     const Catalogue catalogue_{false};
@@ -36,33 +36,33 @@ protected:
 
 TEST_F(SelItemLife, PropertiesGiveBackWhatTheyWereGiven) {
     const auto item = CreateSelItem();
-    EXPECT_EQ(Read(item, &ISelItem::get_SelName), L"");
-    EXPECT_EQ(Read(item, &ISelItem::get_SelID), L"");
-    EXPECT_EQ(Read(item, &ISelItem::get_SqlName), L"");
-    EXPECT_EQ(Read(item, &ISelItem::get_SqlID), L"");
-    EXPECT_EQ(Read(item, &ISelItem::get_SearchText), L"");
+    EXPECT_EQ(L"", Read(item, &ISelItem::get_SelName));
+    EXPECT_EQ(L"", Read(item, &ISelItem::get_SelID));
+    EXPECT_EQ(L"", Read(item, &ISelItem::get_SqlName));
+    EXPECT_EQ(L"", Read(item, &ISelItem::get_SqlID));
+    EXPECT_EQ(L"", Read(item, &ISelItem::get_SearchText));
     EXPECT_SUCCEEDED(item->put_SqlName(_bstr_t(L"Where Tên")));
     EXPECT_SUCCEEDED(item->put_SqlID(_bstr_t(L"Where Mã")));
     EXPECT_SUCCEEDED(item->put_SearchText(_bstr_t(L"Ấm")));
-    EXPECT_EQ(Read(item, &ISelItem::get_SqlName), L"Where Tên");
-    EXPECT_EQ(Read(item, &ISelItem::get_SqlID), L"Where Mã");
-    EXPECT_EQ(Read(item, &ISelItem::get_SearchText), L"Ấm");
-    EXPECT_EQ(item->get_SelName(nullptr), E_POINTER);
+    EXPECT_EQ(L"Where Tên", Read(item, &ISelItem::get_SqlName));
+    EXPECT_EQ(L"Where Mã", Read(item, &ISelItem::get_SqlID));
+    EXPECT_EQ(L"Ấm", Read(item, &ISelItem::get_SearchText));
+    EXPECT_EQ(E_POINTER, item->get_SelName(nullptr));
     _variant_t connection(L"Driver=Mẫu"), null, read;
     EXPECT_SUCCEEDED(item->put_ActiveConnection(connection));
     null.vt = VT_NULL;
-    EXPECT_EQ(item->put_ActiveConnection(null), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(DISP_E_TYPEMISMATCH, item->put_ActiveConnection(null));
     EXPECT_SUCCEEDED(item->get_ActiveConnection(&read));
-    EXPECT_EQ(read, connection);
+    EXPECT_EQ(connection, read);
 }
 
 TEST_F(SelItemLife, OnlyWindowsOfTheThreadCanBeBound) {
-    EXPECT_EQ(host_.item->SetTextSel(0x7FFFFFF0), E_INVALIDARG);
+    EXPECT_EQ(E_INVALIDARG, host_.item->SetTextSel(0x7FFFFFF0));
     ComPtr<IErrorInfo> error;
     _bstr_t description;
-    ASSERT_EQ(GetErrorInfo(0, &error), S_OK);
+    ASSERT_EQ(S_OK, GetErrorInfo(0, &error));
     EXPECT_SUCCEEDED(error->GetDescription(description.GetAddress()));
-    EXPECT_STREQ(description, L"The text box is not a window of the calling thread.");
+    EXPECT_STREQ(L"The text box is not a window of the calling thread.", description);
 
     std::atomic<long> foreign{0};
     std::atomic<bool> tried{false};
@@ -74,14 +74,14 @@ TEST_F(SelItemLife, OnlyWindowsOfTheThreadCanBeBound) {
         DestroyWindow(edit);
     });
     EXPECT_TRUE(PumpUntil([&] { return foreign != 0; }, 30000));
-    EXPECT_EQ(host_.item->SetTextSelID(foreign), E_INVALIDARG);
+    EXPECT_EQ(E_INVALIDARG, host_.item->SetTextSelID(foreign));
     tried = true;
     other.join();
     // The refused calls have left the bindings as they were.
     host_.form.Run([&] {
         TypeCode(L"A1");
         WaitReady(host_.form.Window(), L"TxtLast");
-        EXPECT_EQ(host_.SelID(), L"A1");
+        EXPECT_EQ(L"A1", host_.SelID());
     });
 }
 
@@ -99,7 +99,7 @@ TEST_F(SelItemLife, BindingAnotherBoxLetsTheFirstGo) {
         SetBox(host_.form.Window(), L"TxtOther", L"A1");
         PressKey(VK_TAB);
         EXPECT_TRUE(WaitUntil([&] { return host_.SelID() == L"A1"; }));
-        EXPECT_EQ(host_.form.Text(L"txtSelID"), L"khong co");
+        EXPECT_EQ(L"khong co", host_.form.Text(L"txtSelID"));
     });
 }
 
@@ -111,9 +111,9 @@ TEST_F(SelItemLife, NameBoxAloneWorksWithoutACodeBox) {
         const int tabs = host_.form.Tabs();
         ChooseInPicker(L"abaca");
         host_.form.WaitMovedOn(tabs, L"txtSelID");
-        EXPECT_EQ(host_.SelID(), L"A1");
-        EXPECT_EQ(host_.form.Text(L"txtSelID"), L"");
-        EXPECT_EQ(host_.Changes(), 1);
+        EXPECT_EQ(L"A1", host_.SelID());
+        EXPECT_EQ(L"", host_.form.Text(L"txtSelID"));
+        EXPECT_EQ(1, host_.Changes());
     });
 }
 
@@ -124,11 +124,11 @@ TEST_F(SelItemLife, BoxesOfAnAnsiHostShowEveryLetter) {
     host_.form.Run([&] {
         TypeCode(L"Đ2");
         WaitReady(host_.form.Window(), L"TxtLast");
-        EXPECT_EQ(TextOf(ansi), L"ĐÈN PIN");
+        EXPECT_EQ(L"ĐÈN PIN", TextOf(ansi));
     });
     host_.Drop();
     SetWindowTextW(ansi, L"Ấm");
-    EXPECT_EQ(TextOf(ansi), L"Ấm");
+    EXPECT_EQ(L"Ấm", TextOf(ansi));
 }
 
 TEST_F(SelItemLife, ReleasedObjectLeavesPlainBoxes) {
@@ -144,12 +144,12 @@ TEST_F(SelItemLife, DestroyedBoxesAreForgotten) {
         const int tabs = host_.form.Tabs();
         ChooseInPicker(L"abaca");
         host_.form.WaitMovedOn(tabs, L"TxtOther");
-        EXPECT_EQ(host_.SelID(), L"A1");
+        EXPECT_EQ(L"A1", host_.SelID());
         host_.form.Do([&] {
             DestroyWindow(host_.form.Box(L"TxtSel"));
             EXPECT_SUCCEEDED(host_.item->Clear());
         });
-        EXPECT_EQ(host_.SelID(), L"");
+        EXPECT_EQ(L"", host_.SelID());
     });
     host_.Drop();
 }
@@ -162,7 +162,7 @@ TEST_F(SelItemLife, BoxDestroyedWhileThePickerIsOpenEndsThePickQuietly) {
         host_.form.Do([&] { DestroyWindow(host_.form.Box(L"TxtSel")); });
         ChooseInPicker(L"abaca");
         EXPECT_TRUE(WaitUntil([&] { return host_.SelID() == L"A1"; }));
-        EXPECT_EQ(host_.form.Text(L"txtSelID"), L"A1");
+        EXPECT_EQ(L"A1", host_.form.Text(L"txtSelID"));
     });
 }
 
@@ -174,8 +174,8 @@ TEST_F(SelItemLife, ObjectReleasedWhileThePickerIsOpenEndsThePickQuietly) {
         host_.form.Do([&] { host_.Drop(); });
         ChooseInPicker(L"abaca");
         WaitReady(host_.form.Window(), L"TxtSel");
-        EXPECT_EQ(host_.form.Text(L"TxtSel"), L"ab");
-        EXPECT_EQ(host_.Changes(), 0);
+        EXPECT_EQ(L"ab", host_.form.Text(L"TxtSel"));
+        EXPECT_EQ(0, host_.Changes());
         ExpectPlainBoxes();
     });
 }
@@ -186,7 +186,7 @@ TEST_F(SelItemLife, HandlerOfChangeMayReleaseTheObject) {
         TypeCode(L"A1");
         EXPECT_TRUE(WaitUntil([&] { return host_.Changes() == 1; }));
         host_.form.Settle();
-        EXPECT_EQ(host_.form.Text(L"TxtSel"), L"abaca");
+        EXPECT_EQ(L"abaca", host_.form.Text(L"TxtSel"));
         ExpectPlainBoxes();
     });
 }
@@ -202,7 +202,7 @@ TEST_F(SelItemLife, FocusGoneToAnotherWindowOfTheProgramIsNoLeaving) {
         second.Do([&] { SetFocus(second.Box(L"TxtSel")); });
         WaitReady(second.Window(), L"TxtSel");
         host_.form.Settle();
-        EXPECT_EQ(trace.All(), Lines{});
+        EXPECT_EQ(Lines{}, trace.All());
         // Back, and on: now it counts.
         host_.form.Do([&] {
             SetForegroundWindow(host_.form.Window());
@@ -210,7 +210,7 @@ TEST_F(SelItemLife, FocusGoneToAnotherWindowOfTheProgramIsNoLeaving) {
         });
         WaitReady(host_.form.Window(), L"txtSelID");
         PressKey(VK_TAB);
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số khong co không tồn tại");
+        EXPECT_EQ(L"Mã số khong co không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(host_.form.Window(), L"txtSelID");
         SetBox(host_.form.Window(), L"txtSelID", L"");
     });
@@ -227,14 +227,14 @@ TEST_F(SelItemLife, FocusGoneToAnotherThreadIsNoLeaving) {
         SetFocus(elsewhere);
         EXPECT_TRUE(PumpUntil([&] { return FocusWindow(host_.form.Window()) == nullptr; }));
         host_.form.Settle();
-        EXPECT_EQ(trace.All(), Lines{});
+        EXPECT_EQ(Lines{}, trace.All());
         DestroyWindow(elsewhere);
         host_.form.Do([&] {
             SetForegroundWindow(host_.form.Window());
             SetFocus(host_.form.Box(L"txtSelID"));
         });
         WaitReady(host_.form.Window(), L"txtSelID");
-        EXPECT_EQ(trace.All(), Lines{});
+        EXPECT_EQ(Lines{}, trace.All());
     });
 }
 
@@ -248,13 +248,13 @@ TEST_F(SelItemLife, TwoPairsOnOneFormTellOneMistakeOnce) {
         // Both boxes hold a code that does not exist.
         host_.form.Do([&] { SetWindowTextW(host_.form.Box(L"TxtOther"), L"sai 2"); });
         TypeCode(L"sai 1");
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số sai 1 không tồn tại");
+        EXPECT_EQ(L"Mã số sai 1 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(host_.form.Window(), L"txtSelID");
         host_.form.Settle();
-        EXPECT_EQ(TopWindows().front(), host_.form.Window());
+        EXPECT_EQ(host_.form.Window(), TopWindows().front());
         TypeText(L"A1");
         PressKey(VK_TAB);
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số sai 2 không tồn tại")
+        EXPECT_EQ(L"Mã số sai 2 không tồn tại", ClosePlainMessage(L"Thông báo"))
             << "the second Tab leaves the second box";
         WaitReady(host_.form.Window(), L"TxtOther");
         SetBox(host_.form.Window(), L"TxtOther", L"");
@@ -265,8 +265,8 @@ TEST_F(SelItemLife, WithoutAConnectionTheErrorIsShownAndNothingIsFound) {
     EXPECT_SUCCEEDED(host_.item->put_ActiveConnection(_variant_t(L"")));
     host_.form.Run([&] {
         TypeCode(L"A1");
-        EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số A1 không tồn tại");
+        EXPECT_NE(L"", ClosePlainMessage());
+        EXPECT_EQ(L"Mã số A1 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(host_.form.Window(), L"txtSelID");
         SetBox(host_.form.Window(), L"txtSelID", L"");
     });
@@ -299,7 +299,7 @@ TEST_F(SelItemLife, ScriptBindsBoxesAndHearsOfTheChange) {
         ChooseInPicker(L"Áo sơ mi");
         EXPECT_TRUE(WaitUntil([&] { return script.Lines().size() == 2; }));
     });
-    EXPECT_EQ(script.Lines(), (Lines{L"Đ1: Đèn bàn", L"A2: Áo sơ mi"}));
+    EXPECT_EQ((Lines{L"Đ1: Đèn bàn", L"A2: Áo sơ mi"}), script.Lines());
 }
 
 // Closes the picker from inside its own modal loop.
@@ -315,7 +315,7 @@ TEST_F(SelItemLife, PickersGiveEverythingBack) {
     ExpectFlat("item pickers", 15, Rounds(100, 1000), [&] {
         SetWindowTextW(name, L"ab");
         SendMessageW(name, WM_KEYDOWN, VK_RETURN, 0);
-        EXPECT_EQ(TextOf(name), L"") << "the picker was cancelled";
+        EXPECT_EQ(L"", TextOf(name)) << "the picker was cancelled";
     });
     KillTimer(nullptr, timer);
 }

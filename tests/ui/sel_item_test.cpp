@@ -33,10 +33,10 @@ protected:
         Form().Settle();
     }
     void ExpectEntry(const wchar_t* id, const wchar_t* name) const {
-        EXPECT_EQ(Host().SelID(), id);
-        EXPECT_EQ(Host().SelName(), name);
-        EXPECT_EQ(Form().Text(L"txtSelID"), id);
-        EXPECT_EQ(Form().Text(L"TxtSel"), name);
+        EXPECT_EQ(id, Host().SelID());
+        EXPECT_EQ(name, Host().SelName());
+        EXPECT_EQ(id, Form().Text(L"txtSelID"));
+        EXPECT_EQ(name, Form().Text(L"TxtSel"));
     }
     std::wstring ByName(const wchar_t* pattern) const {
         return L"Select Ma,Ten From DanhMuc Where Ten  Like " + Test().Prefixed(pattern);
@@ -61,17 +61,17 @@ TEST_P(SelItem, EnterInTheNameBoxPicksAmongTheNamesBeginningSo) {
         const HWND picker = WaitForPicker();
         Lines names = ListTexts(Control(picker, L"lv1IP"));
         std::sort(names.begin(), names.end());
-        EXPECT_EQ(names, (Lines{L"ABC Việt", L"abaca"}));
-        EXPECT_EQ(TextOf(picker, L"TxtSelH"), L"ab");
+        EXPECT_EQ((Lines{L"ABC Việt", L"abaca"}), names);
+        EXPECT_EQ(L"ab", TextOf(picker, L"TxtSelH"));
         EXPECT_FALSE(IsWindowEnabled(Form().Window()));
         const int tabs = Form().Tabs();
         ChooseInPicker(L"ABC Việt");
         Form().WaitMovedOn(tabs, L"txtSelID");
         ExpectEntry(L"a3", L"ABC Việt");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1, Host().Changes());
     });
-    EXPECT_EQ(trace.All(), (Lines{ByName(L"'ab%'"), ByCode(L"'a3'")}));
-    EXPECT_EQ(Form().DefaultPresses(), 0) << "Enter was for the picker";
+    EXPECT_EQ((Lines{ByName(L"'ab%'"), ByCode(L"'a3'")}), trace.All());
+    EXPECT_EQ(0, Form().DefaultPresses()) << "Enter was for the picker";
 }
 
 TEST_P(SelItem, CancellingThePickerLeavesEverythingAsItWas) {
@@ -82,20 +82,20 @@ TEST_P(SelItem, CancellingThePickerLeavesEverythingAsItWas) {
         CancelPicker();
         WaitReady(Form().Window(), L"TxtSel");
         ExpectEntry(L"Đ1", L"Đèn bàn");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1, Host().Changes());
     });
 }
 
 TEST_P(SelItem, ChoosingTheSameEntryAgainRaisesNoChange) {
     Host().form.Run([&] {
         PickByName(L"o'b", L"O'Brien");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1, Host().Changes());
         PickByName(L"o", L"O'Brien");
         ExpectEntry(L"B'1", L"O'Brien");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1, Host().Changes());
         PickByName(L"Áo", L"Áo sơ mi");
         ExpectEntry(L"A2", L"Áo sơ mi");
-        EXPECT_EQ(Host().Changes(), 2);
+        EXPECT_EQ(2, Host().Changes());
     });
 }
 
@@ -105,7 +105,7 @@ TEST_P(SelItem, EnterInTheEmptiedNameBoxListsEveryName) {
         Form().Enter(L"TxtSel", L"");
         PressKey(VK_RETURN);
         // The row without a name is like nothing.
-        EXPECT_EQ(ListTexts(Control(WaitForPicker(), L"lv1IP")).size(), std::size(kCatalogue) - 1);
+        EXPECT_EQ(std::size(kCatalogue) - 1, ListTexts(Control(WaitForPicker(), L"lv1IP")).size());
         CancelPicker();
         WaitReady(Form().Window(), L"TxtSel");
         ExpectEntry(L"A2", L"Áo sơ mi");
@@ -119,7 +119,7 @@ TEST_P(SelItem, EnterOnTheEntrysOwnNameIsLeftToTheForm) {
         Form().Focus(L"TxtSel");
         PressKey(VK_RETURN);
         EXPECT_TRUE(WaitUntil([&] { return Form().DefaultPresses() == 1; }));
-        EXPECT_EQ(trace.All(), Lines{});
+        EXPECT_EQ(Lines{}, trace.All());
     });
 }
 
@@ -139,15 +139,15 @@ TEST_P(SelItem, LeavingTheCodeBoxLooksTheCodeUp) {
     Host().form.Run([&] {
         LeaveCode(L"Đ2", L"TxtLast");
         ExpectEntry(L"Đ2", L"ĐÈN PIN");
-        EXPECT_EQ(Host().Changes(), 1);
-        EXPECT_EQ(trace.All(), Lines{ByCode(L"'Đ2'")});
+        EXPECT_EQ(1, Host().Changes());
+        EXPECT_EQ(Lines{ByCode(L"'Đ2'")}, trace.All());
         // Back and forth without a new code: nothing is looked up.
         Form().Focus(L"txtSelID");
         PressKey(VK_TAB);
         WaitReady(Form().Window(), L"TxtOther");
         Form().Settle();
-        EXPECT_EQ(trace.All().size(), 1u);
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1u, trace.All().size());
+        EXPECT_EQ(1, Host().Changes());
     });
 }
 
@@ -157,7 +157,7 @@ TEST_P(SelItem, CodeIsShownAsTheCatalogueWritesIt) {
         ExpectEntry(L"A1", L"abaca");
         LeaveCode(L"a1", L"TxtLast");
         ExpectEntry(L"A1", L"abaca");
-        EXPECT_EQ(Host().Changes(), 1) << "the same entry again";
+        EXPECT_EQ(1, Host().Changes()) << "the same entry again";
     });
 }
 
@@ -167,26 +167,26 @@ TEST_P(SelItem, UnknownCodeIsToldAndKeepsTheFocus) {
         LeaveCode(L"A1", L"TxtLast");
         Form().Enter(L"txtSelID", L"Ấ'9");
         PressKey(VK_TAB);
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
+        EXPECT_EQ(L"Mã số Ấ'9 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(Form().Window(), L"txtSelID");
         EXPECT_TRUE(IsWhollySelected(Form().Window(), L"txtSelID"));
-        EXPECT_EQ(Form().Text(L"txtSelID"), L"Ấ'9");
-        EXPECT_EQ(Host().SelID(), L"A1");
-        EXPECT_EQ(Form().Text(L"TxtSel"), L"abaca");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(L"Ấ'9", Form().Text(L"txtSelID"));
+        EXPECT_EQ(L"A1", Host().SelID());
+        EXPECT_EQ(L"abaca", Form().Text(L"TxtSel"));
+        EXPECT_EQ(1, Host().Changes());
         // Each time anew, until the code is one.
         PressKey(VK_TAB);
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Ấ'9 không tồn tại");
+        EXPECT_EQ(L"Mã số Ấ'9 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(Form().Window(), L"txtSelID");
         TypeText(L"A2");
         EXPECT_TRUE(WaitUntil([&] { return Form().Text(L"txtSelID") == L"A2"; }));
         PressKey(VK_TAB);
         WaitReady(Form().Window(), L"TxtLast");
         ExpectEntry(L"A2", L"Áo sơ mi");
-        EXPECT_EQ(Host().Changes(), 2);
+        EXPECT_EQ(2, Host().Changes());
     });
-    EXPECT_EQ(trace.All(),
-              (Lines{ByCode(L"'A1'"), ByCode(L"'Ấ''9'"), ByCode(L"'Ấ''9'"), ByCode(L"'A2'")}));
+    EXPECT_EQ((Lines{ByCode(L"'A1'"), ByCode(L"'Ấ''9'"), ByCode(L"'Ấ''9'"), ByCode(L"'A2'")}),
+              trace.All());
 }
 
 TEST_P(SelItem, EmptyCodeClearsTheEntryWithoutAMessage) {
@@ -195,9 +195,9 @@ TEST_P(SelItem, EmptyCodeClearsTheEntryWithoutAMessage) {
         LeaveCode(L"A1", L"TxtLast");
         LeaveCode(L"", L"TxtOther");
         ExpectEntry(L"", L"");
-        EXPECT_EQ(Host().Changes(), 1) << "clearing is not choosing";
+        EXPECT_EQ(1, Host().Changes()) << "clearing is not choosing";
     });
-    EXPECT_EQ(trace.All(), (Lines{ByCode(L"'A1'"), ByCode(L"''")}));
+    EXPECT_EQ((Lines{ByCode(L"'A1'"), ByCode(L"''")}), trace.All());
 }
 
 TEST_P(SelItem, LeavingTheEmptyCodeBoxEmptiesANameThatWasNotPicked) {
@@ -214,14 +214,14 @@ TEST_P(SelItem, LeavingTheEmptiedNameBoxForgetsTheEntry) {
         Form().Enter(L"TxtSel", L"");
         PressKey(VK_TAB);
         WaitReady(Form().Window(), L"txtSelID");
-        EXPECT_EQ(Host().SelID(), L"");
-        EXPECT_EQ(Host().SelName(), L"");
-        EXPECT_EQ(Form().Text(L"txtSelID"), L"Đ1");
+        EXPECT_EQ(L"", Host().SelID());
+        EXPECT_EQ(L"", Host().SelName());
+        EXPECT_EQ(L"Đ1", Form().Text(L"txtSelID"));
         // The code stands there still, and is looked up when the user goes on.
         PressKey(VK_TAB);
         WaitReady(Form().Window(), L"TxtLast");
         ExpectEntry(L"Đ1", L"Đèn bàn");
-        EXPECT_EQ(Host().Changes(), 2);
+        EXPECT_EQ(2, Host().Changes());
     });
 }
 
@@ -232,7 +232,7 @@ TEST_P(SelItem, ApostropheIsFoundAndADoubleQuoteIsNot) {
         // The literals of the library double it like an apostrophe; the engines do not undo it.
         Form().Enter(L"txtSelID", L"Q\"1");
         PressKey(VK_TAB);
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số Q\"1 không tồn tại");
+        EXPECT_EQ(L"Mã số Q\"1 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(Form().Window(), L"txtSelID");
         LeaveCode(L"B'1", L"TxtOther");
     });
@@ -242,7 +242,7 @@ TEST_P(SelItem, NullNameIsEmpty) {
     Host().form.Run([&] {
         LeaveCode(L"N1", L"TxtLast");
         ExpectEntry(L"N1", L"");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(1, Host().Changes());
     });
 }
 
@@ -253,11 +253,11 @@ TEST_P(SelItem, PickedCodeThatCannotBeLookedUpIsTold) {
         PressKey(VK_RETURN);
         ChooseInPicker(L"Áo sơ mi");
         const std::wstring error = ClosePlainMessage();
-        EXPECT_NE(error, L"");
-        EXPECT_EQ(ClosePlainMessage(), L"Mã danh mục không mở được. Lỗi là:" + error);
+        EXPECT_NE(L"", error);
+        EXPECT_EQ(L"Mã danh mục không mở được. Lỗi là:" + error, ClosePlainMessage());
         WaitReady(Form().Window(), L"TxtSel");
-        EXPECT_EQ(Form().Text(L"TxtSel"), L"Áo");
-        EXPECT_EQ(Host().SelID(), L"");
+        EXPECT_EQ(L"Áo", Form().Text(L"TxtSel"));
+        EXPECT_EQ(L"", Host().SelID());
 
         // The statement opens, and knows no such code.
         Form().Do([&] {
@@ -265,9 +265,9 @@ TEST_P(SelItem, PickedCodeThatCannotBeLookedUpIsTold) {
         });
         PressKey(VK_RETURN);
         ChooseInPicker(L"Áo sơ mi");
-        EXPECT_EQ(ClosePlainMessage(), L"Mã danh mục không mở được. Lỗi là:");
-        EXPECT_EQ(Host().SelID(), L"");
-        EXPECT_EQ(Host().Changes(), 0);
+        EXPECT_EQ(L"Mã danh mục không mở được. Lỗi là:", ClosePlainMessage());
+        EXPECT_EQ(L"", Host().SelID());
+        EXPECT_EQ(0, Host().Changes());
     });
 }
 
@@ -276,8 +276,8 @@ TEST_P(SelItem, TypedCodeThatCannotBeLookedUpShowsTheErrorAndKeepsTheFocus) {
         Form().Do([&] { Host().item->put_SqlID(_bstr_t(L"Select Ma,Ten From KhongCo Where Ma")); });
         Form().Enter(L"txtSelID", L"A1");
         PressKey(VK_TAB);
-        EXPECT_NE(ClosePlainMessage(), L"");
-        EXPECT_EQ(ClosePlainMessage(L"Thông báo"), L"Mã số A1 không tồn tại");
+        EXPECT_NE(L"", ClosePlainMessage());
+        EXPECT_EQ(L"Mã số A1 không tồn tại", ClosePlainMessage(L"Thông báo"));
         WaitReady(Form().Window(), L"txtSelID");
         SetBox(Form().Window(), L"txtSelID", L"");
     });
@@ -287,11 +287,11 @@ TEST_P(SelItem, ClearForgetsTheEntryAndEmptiesTheNameBox) {
     Host().form.Run([&] {
         LeaveCode(L"A1", L"TxtLast");
         Form().Do([&] { EXPECT_SUCCEEDED(Host().item->Clear()); });
-        EXPECT_EQ(Host().SelID(), L"");
-        EXPECT_EQ(Host().SelName(), L"");
-        EXPECT_EQ(Form().Text(L"TxtSel"), L"");
-        EXPECT_EQ(Form().Text(L"txtSelID"), L"A1");
-        EXPECT_EQ(Host().Changes(), 1);
+        EXPECT_EQ(L"", Host().SelID());
+        EXPECT_EQ(L"", Host().SelName());
+        EXPECT_EQ(L"", Form().Text(L"TxtSel"));
+        EXPECT_EQ(L"A1", Form().Text(L"txtSelID"));
+        EXPECT_EQ(1, Host().Changes());
     });
 }
 
@@ -300,7 +300,7 @@ TEST_P(SelItem, SearchTextOfTheHostStandsInThePicker) {
         Form().Do([&] { Host().item->put_SearchText(_bstr_t(L"Đèn")); });
         Form().Enter(L"TxtSel", L"đ");
         PressKey(VK_RETURN);
-        EXPECT_EQ(TextOf(WaitForPicker(), L"TxtSelH"), L"Đèn");
+        EXPECT_EQ(L"Đèn", TextOf(WaitForPicker(), L"TxtSelH"));
         CancelPicker();
     });
 }

@@ -133,7 +133,7 @@ TEST_P(TourRights, FollowTheMasksOfTheUsersGroup) {
     tour.Run(kLogOn);
     Press(tour.Form(L"FrmLogon"), L"CMDCAN");
     tour.ExpectEnabled(kNobody);
-    EXPECT_EQ(tour.Quit(), 1u);
+    EXPECT_EQ(1u, tour.Quit());
 }
 
 TEST_P(TourRights, TakeEffectWhenTheFormOfGroupsCloses) {
@@ -152,7 +152,7 @@ TEST_P(TourRights, TakeEffectWhenTheFormOfGroupsCloses) {
     tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Thoát, Khách hàng, Tài khoản, Tỉnh thành, "
                        L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, "
                        L"Tìm khách hàng, Giới thiệu");
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourRights, CommandWithoutARightDoesNothing) {
@@ -164,7 +164,7 @@ TEST_P(TourRights, CommandWithoutARightDoesNothing) {
     EXPECT_FALSE(tour.Has(L"FrmMenu"));
     Press(box, L"Cmd1");
     WaitClosed(box);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourRights, HelpOfTheCommandStandsInTheStatusBar) {
@@ -176,7 +176,7 @@ TEST_P(TourRights, HelpOfTheCommandStandsInTheStatusBar) {
     tour.ExpectHelp(L'h', {}, L"Đăng nhập bằng tên và mật khẩu");
     tour.ExpectHelp(L'h', {VK_END}, L"Kết thúc chương trình");
     tour.LeaveMenu();
-    EXPECT_EQ(tour.Quit(), 1u);
+    EXPECT_EQ(1u, tour.Quit());
 }
 
 TEST_P(TourRights, MaskColumnsCountByTheirPlace) {
@@ -186,7 +186,7 @@ TEST_P(TourRights, MaskColumnsCountByTheirPlace) {
     TourProgram tour(Test().database);
     tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
     tour.ExpectEnabled(kAccountant);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourRights, MissingAndEmptyMasksGrantNothing) {
@@ -195,7 +195,7 @@ TEST_P(TourRights, MissingAndEmptyMasksGrantNothing) {
     TourProgram tour(Test().database);
     tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
     tour.ExpectEnabled(L"Đăng nhập, Thoát, Tài khoản, Tỉnh thành, Giới thiệu");
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourRights, EndWithTheUsersOwnRow) {
@@ -205,7 +205,7 @@ TEST_P(TourRights, EndWithTheUsersOwnRow) {
     Test().database.Execute(L"delete from \"user\" where code=4");
     Press(list, L"CmdExit");
     tour.ExpectEnabled(kNobody);
-    EXPECT_EQ(tour.Quit(), 1u);
+    EXPECT_EQ(1u, tour.Quit());
 }
 
 TEST_P(TourRights, UserOfADeletedGroupHasNone) {
@@ -213,7 +213,7 @@ TEST_P(TourRights, UserOfADeletedGroupHasNone) {
     TourProgram tour(Test().database);
     tour.LogOn(L"Nguyễn Văn Hưng", L"hung2005");
     tour.ExpectEnabled(kNobody);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourRights, ListsOfTheMenuShowTheirRows) {
@@ -247,7 +247,7 @@ TEST_P(TourRights, ListsOfTheMenuShowTheirRows) {
     EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(tour.ListOfRows()); }, kProcessLimit));
     Press(tour.Form(L"FrmLogon"), L"CMDCAN");
     tour.ExpectEnabled(kNobody);
-    EXPECT_EQ(tour.Quit(), 1u);
+    EXPECT_EQ(1u, tour.Quit());
 }
 
 // --- the search ---
@@ -293,7 +293,7 @@ TEST_P(TourSearch, ShowsTheRowsOfTheCondition) {
     Press(form, L"CmdCancel");
     WaitClosed(form);
     ExpectRows(tour, L"Hàng hoá tìm được", 7);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST_P(TourSearch, SaysThatNothingWasFound) {
@@ -302,11 +302,11 @@ TEST_P(TourSearch, SaysThatNothingWasFound) {
     tour.ExpectEnabled(kEverything);
     Press(FillIn(tour, kFindCustomers, 2, 0, L"XX"), L"CmdOk");
     const HWND box = tour.Form(L"MessageBox");
-    EXPECT_EQ(TextOf(box, L"Message"), L"Không tìm thấy dòng nào.");
+    EXPECT_EQ(L"Không tìm thấy dòng nào.", TextOf(box, L"Message"));
     Press(box, L"Cmd1");
     WaitClosed(box);
     ExpectRows(tour, L"Khách hàng tìm được", 0);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 // A condition that the database does not accept is told, and the program goes on.
@@ -316,13 +316,13 @@ TEST_P(TourSearch, ToldErrorsLeaveTheProgramRunning) {
     tour.ExpectEnabled(kEverything);
     Press(FillIn(tour, kFindCustomers, 1, 0, L"x)"), L"CmdOk");
     const HWND box = tour.WindowOfClass(L"#32770");
-    EXPECT_EQ(TextOf(box), L"VnDesk");
+    EXPECT_EQ(L"VnDesk", TextOf(box));
     PostMessageW(box, WM_COMMAND, IDOK, 0);
     WaitClosed(box);
     const HWND form = FillIn(tour, kFindCustomers, 2, 0, L"HN");
     Press(form, L"CmdOk");
     ExpectRows(tour, L"Khách hàng tìm được", 5);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 TEST(TourBackUp, CopiesTheFileBesideIt) {
@@ -332,13 +332,12 @@ TEST(TourBackUp, CopiesTheFileBesideIt) {
     tour.LogOn(L"Admin", L"abc");
     tour.ExpectEnabled(kEverything);
     const HWND box = tour.Open(kBackUp, L"MessageBox");
-    EXPECT_EQ(TextOf(box, L"Message"), L"Đã sao lưu dữ liệu.");
-    EXPECT_EQ(OdbcSession(L"Driver=SQLite3;Database=" + DriverPath(copy) + L";")
-                  .ScalarText(L"select count(*) from \"user\""),
-              L"7");
+    EXPECT_EQ(L"Đã sao lưu dữ liệu.", TextOf(box, L"Message"));
+    EXPECT_EQ(L"7", OdbcSession(L"Driver=SQLite3;Database=" + DriverPath(copy) + L";")
+                        .ScalarText(L"select count(*) from \"user\""));
     Press(box, L"Cmd1");
     WaitClosed(box);
-    EXPECT_EQ(tour.Quit(), 0u);
+    EXPECT_EQ(0u, tour.Quit());
 }
 
 } // namespace

@@ -22,7 +22,7 @@ public:
     // Leaves; the call must have succeeded.
     void End(HWND form) {
         Press(form, L"CmdExit");
-        EXPECT_EQ(process_.ExitCode(), 0u);
+        EXPECT_EQ(0u, process_.ExitCode());
     }
 
 private:
@@ -83,10 +83,10 @@ TEST_P(TwoHosts, UsersAddedAtTheSameMomentAreAllKept) {
     first.End(list1);
     second.End(list2);
     EXPECT_TRUE(Test().Users().starts_with(before));
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), std::to_wstring(7 + 2 * kRounds));
-    EXPECT_EQ(Test().Read(L"select count(distinct name) from \"user\" where name like 'mot%' or "
-                          L"name like 'hai%'"),
-              std::to_wstring(2 * kRounds));
+    EXPECT_EQ(std::to_wstring(7 + 2 * kRounds), Test().Read(L"select count(*) from \"user\""));
+    EXPECT_EQ(std::to_wstring(2 * kRounds),
+              Test().Read(L"select count(distinct name) from \"user\" where name like 'mot%' or "
+                          L"name like 'hai%'"));
 }
 
 TEST_P(TwoHosts, UserAddedByTheOtherAppearsWithTheOwnOne) {
@@ -114,14 +114,14 @@ TEST_P(TwoHosts, NameTakenMeanwhileIsRefused) {
     Press(editor1, L"CmdOk");
     WaitClosed(editor1);
     const HWND box = second.Open(editor2, L"CmdOk", L"MessageBox");
-    EXPECT_EQ(TextOf(box, L"Message"), L"Người sử dụng đã tồn tại");
+    EXPECT_EQ(L"Người sử dụng đã tồn tại", TextOf(box, L"Message"));
     Press(box, L"Cmd1");
     WaitClosed(box);
     Press(editor2, L"CMDCAN");
     WaitClosed(editor2);
     first.End(list1);
     second.End(list2);
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where name='Lan'"), L"1");
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where name='Lan'"));
 }
 
 // An edit addresses its user by the name it was opened with.
@@ -137,10 +137,10 @@ TEST_P(TwoHosts, RenamedMeanwhileTheUserStaysAsTheFirstHostWroteIt) {
     WaitClosed(editor2);
     first.End(list1);
     second.End(list2);
-    EXPECT_EQ(Test().User(L"name", 1), L"Hưng");
-    EXPECT_EQ(Test().User(L"\"dec\"", 1), L"Kế toán trưởng");
-    EXPECT_EQ(Test().User(L"password", 1), Test().server ? L"1133116" : L"1133116.0");
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"7");
+    EXPECT_EQ(L"Hưng", Test().User(L"name", 1));
+    EXPECT_EQ(L"Kế toán trưởng", Test().User(L"\"dec\"", 1));
+    EXPECT_EQ(Test().server ? L"1133116" : L"1133116.0", Test().User(L"password", 1));
+    EXPECT_EQ(L"7", Test().Read(L"select count(*) from \"user\""));
 }
 
 TEST_P(TwoHosts, RightsOfTwoGroupsGivenAtTheSameMomentAreBothKept) {
@@ -157,11 +157,12 @@ TEST_P(TwoHosts, RightsOfTwoGroupsGivenAtTheSameMomentAreBothKept) {
     WaitClosed(rights2);
     first.End(groups1);
     second.End(groups2);
-    EXPECT_EQ(Test().Groups(), L"1|Quản trị|Toàn quyền trên chương trình|15|63|31|\n"
-                               L"2|Kế toán|Phòng kế toán|7|48|31|\n"
-                               L"3|Bán hàng|Phòng kinh doanh|1|3|21|\n"
-                               L"5|Kho|Bộ phận kho|7|0|1|\n"
-                               L"8|Khách|Chỉ xem báo cáo|0|0|1|\n");
+    EXPECT_EQ(L"1|Quản trị|Toàn quyền trên chương trình|15|63|31|\n"
+              L"2|Kế toán|Phòng kế toán|7|48|31|\n"
+              L"3|Bán hàng|Phòng kinh doanh|1|3|21|\n"
+              L"5|Kho|Bộ phận kho|7|0|1|\n"
+              L"8|Khách|Chỉ xem báo cáo|0|0|1|\n",
+              Test().Groups());
 }
 
 // All masks of a group are written at once, those of untouched bars too.
@@ -175,14 +176,14 @@ TEST_P(TwoHosts, LastWriterOfOneGroupsRightsWinsForEveryBar) {
     ToggleRight(rights2, 1, 0, L"100011");
     Press(rights1, L"CmdOk");
     WaitClosed(rights1);
-    EXPECT_EQ(Test().Group(L"p1", 2), L"7");
+    EXPECT_EQ(L"7", Test().Group(L"p1", 2));
     Press(rights2, L"CmdOk");
     WaitClosed(rights2);
     first.End(groups1);
     second.End(groups2);
-    EXPECT_EQ(Test().Group(L"p1", 2), L"5");
-    EXPECT_EQ(Test().Group(L"p2", 2), L"49");
-    EXPECT_EQ(Test().Group(L"p3", 2), L"31");
+    EXPECT_EQ(L"5", Test().Group(L"p1", 2));
+    EXPECT_EQ(L"49", Test().Group(L"p2", 2));
+    EXPECT_EQ(L"31", Test().Group(L"p3", 2));
 }
 
 TEST_P(TwoHosts, GroupRenamedByOneAndGivenRightsByTheOtherHasBoth) {
@@ -197,8 +198,8 @@ TEST_P(TwoHosts, GroupRenamedByOneAndGivenRightsByTheOtherHasBoth) {
     WaitClosed(rights2);
     first.End(groups1);
     second.End(groups2);
-    EXPECT_EQ(Test().Group(L"name", 2), L"Tài vụ");
-    EXPECT_EQ(Test().Group(L"p1", 2), L"7");
+    EXPECT_EQ(L"Tài vụ", Test().Group(L"name", 2));
+    EXPECT_EQ(L"7", Test().Group(L"p1", 2));
 }
 
 TEST_P(TwoHosts, GroupsAddedAtTheSameMomentAreAllKept) {
@@ -225,9 +226,9 @@ TEST_P(TwoHosts, GroupsAddedAtTheSameMomentAreAllKept) {
     first.End(groups1);
     second.End(groups2);
     EXPECT_TRUE(Test().Groups().starts_with(before));
-    EXPECT_EQ(Test().Read(L"select count(distinct name) from groups where name like 'mot%' or "
-                          L"name like 'hai%'"),
-              L"10");
+    EXPECT_EQ(L"10",
+              Test().Read(L"select count(distinct name) from groups where name like 'mot%' or "
+                          L"name like 'hai%'"));
 }
 
 } // namespace

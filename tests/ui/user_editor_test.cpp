@@ -74,13 +74,14 @@ TEST_P(UserEditor, AddingWritesTheUser) {
         Ok();
     });
     ASSERT_FALSE(trace.All().empty());
-    EXPECT_EQ(trace.All()[0], L"SELECT * FROM [User] WHERE [Name]=" + Q(L"Đỗ Thị Hường"));
-    EXPECT_EQ(trace.Writing(), Lines{L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" +
-                                     Q(L"Đỗ Thị Hường") + L"," + Q(L"Thủ kho 2") + L",5,1401)"});
-    EXPECT_EQ(Test().User(L"name", kFirstNewCode), L"Đỗ Thị Hường");
-    EXPECT_EQ(Test().User(L"\"dec\"", kFirstNewCode), L"Thủ kho 2");
-    EXPECT_EQ(Test().User(L"idgroup", kFirstNewCode), L"5");
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where code=10 and password=1401"), L"1");
+    EXPECT_EQ(L"SELECT * FROM [User] WHERE [Name]=" + Q(L"Đỗ Thị Hường"), trace.All()[0]);
+    EXPECT_EQ(Lines{L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" +
+                    Q(L"Đỗ Thị Hường") + L"," + Q(L"Thủ kho 2") + L",5,1401)"},
+              trace.Writing());
+    EXPECT_EQ(L"Đỗ Thị Hường", Test().User(L"name", kFirstNewCode));
+    EXPECT_EQ(L"Thủ kho 2", Test().User(L"\"dec\"", kFirstNewCode));
+    EXPECT_EQ(L"5", Test().User(L"idgroup", kFirstNewCode));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=10 and password=1401"));
 }
 
 TEST_P(UserEditor, AddingWithoutAGroupAsksForItBeforeTheDatabase) {
@@ -94,7 +95,7 @@ TEST_P(UserEditor, AddingWithoutAGroupAsksForItBeforeTheDatabase) {
         Ok();
         Answer(L"Bạn chưa chọn bộ phận.", L"Thông báo");
         WaitReady(editor, L"TxtIdGroup");
-        EXPECT_EQ(trace.All(), before);
+        EXPECT_EQ(before, trace.All());
         PressKey(VK_ESCAPE);
     });
 }
@@ -105,7 +106,7 @@ TEST_P(UserEditor, AddingWithEmptyPasswordsIsRefused) {
         Fill(editor, L"moi", 0, L"", L"");
         ExpectRefusal(editor, kBadPassword, kAdding);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, AddingWithPasswordsThatDifferIsRefused) {
@@ -114,7 +115,7 @@ TEST_P(UserEditor, AddingWithPasswordsThatDifferIsRefused) {
         Fill(editor, L"moi", 0, L"abc", L"abd");
         ExpectRefusal(editor, kBadPassword, kAdding);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, PasswordOutsideAsciiIsRefused) {
@@ -122,7 +123,7 @@ TEST_P(UserEditor, PasswordOutsideAsciiIsRefused) {
         Fill(editor, L"moi", 0, L"caf\u00e9", L"caf\u00e9");
         ExpectRefusal(editor, kBadPassword, kAdding);
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"7");
+    EXPECT_EQ(L"7", Test().Read(L"select count(*) from \"user\""));
 }
 
 TEST_P(UserEditor, PasswordsThatDifferInCaseOnlyAgree) {
@@ -130,8 +131,8 @@ TEST_P(UserEditor, PasswordsThatDifferInCaseOnlyAgree) {
         Fill(editor, L"moi", 0, L"Secret", L"SECRET");
         Ok();
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where name='moi' and password=110359"),
-              L"1");
+    EXPECT_EQ(L"1",
+              Test().Read(L"select count(*) from \"user\" where name='moi' and password=110359"));
 }
 
 TEST_P(UserEditor, AddingATakenNameIsRefused) {
@@ -140,7 +141,7 @@ TEST_P(UserEditor, AddingATakenNameIsRefused) {
         Fill(editor, L"Admin", 0, L"abc", L"abc");
         ExpectRefusal(editor, kExists, kAdding);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, SecondTryAfterARefusalSucceeds) {
@@ -152,19 +153,19 @@ TEST_P(UserEditor, SecondTryAfterARefusalSucceeds) {
         TypeText(L"moi");
         Ok();
     });
-    EXPECT_EQ(Test().User(L"name", kFirstNewCode), L"moi");
+    EXPECT_EQ(L"moi", Test().User(L"name", kFirstNewCode));
 }
 
 TEST_P(UserEditor, EditingShowsTheUserAsStored) {
     Test().database.Execute(L"update \"user\" set \"dec\"=null where code=1");
     PlayEditing(0, [](HWND editor) {
-        EXPECT_EQ(TextOf(editor, L"TxtUser"), kHung);
-        EXPECT_EQ(TextOf(editor, L"TxtDes"), L"");
-        EXPECT_EQ(TextOf(editor, L"TxtIdGroup"), L"Kế toán-Phòng kế toán");
-        EXPECT_EQ(TextOf(editor, L"TxtPass"), L"1133116");
-        EXPECT_EQ(TextOf(editor, L"txtConfirm"), L"1133116");
+        EXPECT_EQ(kHung, TextOf(editor, L"TxtUser"));
+        EXPECT_EQ(L"", TextOf(editor, L"TxtDes"));
+        EXPECT_EQ(L"Kế toán-Phòng kế toán", TextOf(editor, L"TxtIdGroup"));
+        EXPECT_EQ(L"1133116", TextOf(editor, L"TxtPass"));
+        EXPECT_EQ(L"1133116", TextOf(editor, L"txtConfirm"));
         EXPECT_TRUE(IsEnabled(editor, L"CmdOk"));
-        EXPECT_EQ(ListTexts(Control(editor, L"TxtIdGroup")).size(), 5u);
+        EXPECT_EQ(5u, ListTexts(Control(editor, L"TxtIdGroup")).size());
         PressKey(VK_ESCAPE);
     });
 }
@@ -175,11 +176,12 @@ TEST_P(UserEditor, EditingWithoutTouchingThePasswordKeepsIt) {
         SetBox(editor, L"TxtDes", L"Kế toán");
         Ok();
     });
-    EXPECT_EQ(trace.Writing(), Lines{L"UPDATE [User] Set [Name]=" + Q(kHung) + L",[Dec]=" +
-                                     Q(L"Kế toán") + L",IdGroup=2 Where [Name]=" + Q(kHung)});
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where code=1 and password=1133116"),
-              L"1");
-    EXPECT_EQ(Test().User(L"\"dec\"", kHungCode), L"Kế toán");
+    EXPECT_EQ(Lines{L"UPDATE [User] Set [Name]=" + Q(kHung) + L",[Dec]=" + Q(L"Kế toán") +
+                    L",IdGroup=2 Where [Name]=" + Q(kHung)},
+              trace.Writing());
+    EXPECT_EQ(L"1",
+              Test().Read(L"select count(*) from \"user\" where code=1 and password=1133116"));
+    EXPECT_EQ(L"Kế toán", Test().User(L"\"dec\"", kHungCode));
 }
 
 TEST_P(UserEditor, EditingMayKeepTheName) {
@@ -190,10 +192,10 @@ TEST_P(UserEditor, EditingMayKeepTheName) {
         Ok();
     });
     ASSERT_GE(trace.All().size(), 2u);
-    EXPECT_EQ(trace.All()[0], L"SELECT  *  FROM [User]  WHERE [Name]=" + Q(kHung));
-    EXPECT_EQ(trace.All()[1],
-              L"Select  * From [User] Where [Name]=" + Q(kHung) + L" And [Name] <> " + Q(kHung));
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(L"SELECT  *  FROM [User]  WHERE [Name]=" + Q(kHung), trace.All()[0]);
+    EXPECT_EQ(L"Select  * From [User] Where [Name]=" + Q(kHung) + L" And [Name] <> " + Q(kHung),
+              trace.All()[1]);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, RenamingWritesTheNewName) {
@@ -204,10 +206,11 @@ TEST_P(UserEditor, RenamingWritesTheNewName) {
         SendMessageW(Control(editor, L"TxtIdGroup"), CB_SETCURSEL, 4, 0);
         Ok();
     });
-    EXPECT_EQ(trace.Writing(), Lines{L"UPDATE [User] Set [Name]=" + Q(L"Hưng") + L",[Dec]=" +
-                                     Q(L"") + L",IdGroup=8 Where [Name]=" + Q(kHung)});
-    EXPECT_EQ(Test().User(L"name", kHungCode), L"Hưng");
-    EXPECT_EQ(Test().User(L"idgroup", kHungCode), L"8");
+    EXPECT_EQ(Lines{L"UPDATE [User] Set [Name]=" + Q(L"Hưng") + L",[Dec]=" + Q(L"") +
+                    L",IdGroup=8 Where [Name]=" + Q(kHung)},
+              trace.Writing());
+    EXPECT_EQ(L"Hưng", Test().User(L"name", kHungCode));
+    EXPECT_EQ(L"8", Test().User(L"idgroup", kHungCode));
 }
 
 TEST_P(UserEditor, RenamingToAnotherUsersNameIsRefused) {
@@ -216,7 +219,7 @@ TEST_P(UserEditor, RenamingToAnotherUsersNameIsRefused) {
         SetBox(editor, L"TxtUser", L"Admin");
         ExpectRefusal(editor, kExists, kEditing);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, EditingWithABadPasswordIsRefused) {
@@ -225,7 +228,7 @@ TEST_P(UserEditor, EditingWithABadPasswordIsRefused) {
         SetBox(editor, L"txtConfirm", L"");
         ExpectRefusal(editor, kBadPassword, kEditing);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, UsersChangeTheirOwnPasswordAndNothingElse) {
@@ -245,12 +248,12 @@ TEST_P(UserEditor, UsersChangeTheirOwnPasswordAndNothingElse) {
         PressKey(VK_SPACE);
     });
     // N + E*4 + W*16 + 1*64
-    EXPECT_EQ(trace.Writing(), Lines{L"UPDATE [User] Set [Name]=" + Q(L"Admin") + L",[Dec]=" +
-                                     Q(L"Quản trị chính của chương trình") +
-                                     L",IdGroup=1,[Password]=4882 Where [Name]=" + Q(L"Admin")});
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where code=3 and password=4882 and "
-                          L"name='Admin' and idgroup=1"),
-              L"1");
+    EXPECT_EQ(Lines{L"UPDATE [User] Set [Name]=" + Q(L"Admin") + L",[Dec]=" +
+                    Q(L"Quản trị chính của chương trình") +
+                    L",IdGroup=1,[Password]=4882 Where [Name]=" + Q(L"Admin")},
+              trace.Writing());
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=3 and password=4882 and "
+                                L"name='Admin' and idgroup=1"));
 }
 
 TEST_P(UserEditor, OwnBadPasswordLeadsBackToThePasswordBox) {
@@ -264,12 +267,12 @@ TEST_P(UserEditor, OwnBadPasswordLeadsBackToThePasswordBox) {
         EXPECT_TRUE(IsWhollySelected(editor, L"TxtPass"));
         PressKey(VK_ESCAPE);
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserEditor, UnknownUserShowsEmptyBoxes) {
     Test().PlayEditor(L"ai day", [](HWND editor) {
-        EXPECT_EQ(TextOf(editor, L"TxtUser"), L"");
+        EXPECT_EQ(L"", TextOf(editor, L"TxtUser"));
         EXPECT_FALSE(IsEnabled(editor, L"CmdOk"));
         PressKey(VK_ESCAPE);
     });
@@ -283,7 +286,7 @@ TEST_P(UserEditor, CancellingWritesNothing) {
         PressKey('Q', kAlt);
     });
     EXPECT_TRUE(trace.Writing().empty());
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 class UserEditorForm : public testing::Test {
@@ -365,7 +368,7 @@ TEST_F(UserEditorForm, TabGoesThereAndBack) {
 
 TEST_F(UserEditorForm, LettersBehindAltLeadToTheBoxes) {
     PlayAdding([](HWND editor) {
-        EXPECT_EQ(Sorted(Mnemonics(editor)), L"BDGMNQT");
+        EXPECT_EQ(L"BDGMNQT", Sorted(Mnemonics(editor)));
         const std::pair<WORD, const wchar_t*> boxes[] = {{'D', L"TxtDes"},
                                                          {'B', L"TxtIdGroup"},
                                                          {'M', L"TxtPass"},
@@ -381,7 +384,7 @@ TEST_F(UserEditorForm, LettersBehindAltLeadToTheBoxes) {
 TEST_F(UserEditorForm, GroupIsChosenByTheArrows) {
     PlayAdding([](HWND editor) {
         const HWND groups = Control(editor, L"TxtIdGroup");
-        EXPECT_EQ(ListSelection(groups), -1);
+        EXPECT_EQ(-1, ListSelection(groups));
         PressKey('B', kAlt);
         WaitReady(editor, L"TxtIdGroup");
         PressKey(VK_DOWN);
@@ -393,7 +396,7 @@ TEST_F(UserEditorForm, GroupIsChosenByTheArrows) {
 TEST_F(UserEditorForm, HidesPasswordsAndTheButtonWithoutBehaviour) {
     PlayAdding([](HWND editor) {
         for (const wchar_t* box : {L"TxtPass", L"txtConfirm"})
-            EXPECT_EQ(SendMessageW(Control(editor, box), EM_GETPASSWORDCHAR, 0, 0), L'*');
+            EXPECT_EQ(L'*', SendMessageW(Control(editor, box), EM_GETPASSWORDCHAR, 0, 0));
         EXPECT_FALSE(IsShown(editor, L"Command1"));
     });
 }

@@ -31,15 +31,15 @@ TEST_P(UserList, ShowsEveryUserInTheOrderOfCodes) {
     const StatementTrace trace;
     Play([&](HWND list) {
         const HWND rows = Control(list, L"Lv");
-        ASSERT_EQ(RowCount(list, L"Lv"), 7);
-        EXPECT_EQ(CellText(rows, 0, 0), L"Nguyễn Văn Hưng");
-        EXPECT_EQ(CellText(rows, 0, 1), L"Kế toán trưởng");
+        ASSERT_EQ(7, RowCount(list, L"Lv"));
+        EXPECT_EQ(L"Nguyễn Văn Hưng", CellText(rows, 0, 0));
+        EXPECT_EQ(L"Kế toán trưởng", CellText(rows, 0, 1));
         std::wstring codes;
         for (int row = 0; row < 7; ++row)
             codes += CellText(rows, row, 2) + L" ";
-        EXPECT_EQ(codes, L"1 2 3 4 5 7 9 ");
-        EXPECT_EQ(SelectedRow(list, L"Lv"), 0);
-        EXPECT_EQ(trace.All(), Lines{L"Select Code,Name,Dec from [user] Order by Code"});
+        EXPECT_EQ(L"1 2 3 4 5 7 9 ", codes);
+        EXPECT_EQ(0, SelectedRow(list, L"Lv"));
+        EXPECT_EQ(Lines{L"Select Code,Name,Dec from [user] Order by Code"}, trace.All());
     });
 }
 
@@ -53,9 +53,10 @@ TEST_P(UserList, CancellingTheEditorAddsNoRow) {
         WaitForClose(editor);
         EXPECT_TRUE(WaitUntil([&] { return trace.All().size() >= 3; }));
         // The list answers when it has done all that it does after the editor.
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
-        EXPECT_EQ(trace.All(), (Lines{L"Select  [Code]  from [User] Order by [Code]", L"[Groups]",
-                                      L"Select  [Code]  from [User] Order by [Code]"}));
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
+        EXPECT_EQ((Lines{L"Select  [Code]  from [User] Order by [Code]", L"[Groups]",
+                         L"Select  [Code]  from [User] Order by [Code]"}),
+                  trace.All());
     });
 }
 
@@ -72,12 +73,12 @@ TEST_P(UserList, AddedUserStandsLastAndSelected) {
         WaitForClose(editor);
         ASSERT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 8; }));
         const HWND rows = Control(list, L"Lv");
-        EXPECT_EQ(CellText(rows, 7, 0), L"Đỗ Thị Hường");
-        EXPECT_EQ(CellText(rows, 7, 1), L"Thủ kho 2");
-        EXPECT_EQ(CellText(rows, 7, 2), L"10");
+        EXPECT_EQ(L"Đỗ Thị Hường", CellText(rows, 7, 0));
+        EXPECT_EQ(L"Thủ kho 2", CellText(rows, 7, 1));
+        EXPECT_EQ(L"10", CellText(rows, 7, 2));
         EXPECT_TRUE(WaitUntil([&] { return SelectedRow(list, L"Lv") == 7; }));
         EXPECT_TRUE(RowIsVisible(list, L"Lv", 7));
-        EXPECT_EQ(trace.All().back(), L"Select * From [User] Where Code >9");
+        EXPECT_EQ(L"Select * From [User] Where Code >9", trace.All().back());
     });
 }
 
@@ -89,7 +90,7 @@ TEST_P(UserList, UsersAddedElsewhereMeanwhileAppearToo) {
         PressKey(VK_ESCAPE);
         WaitForClose(editor);
         EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 8; }));
-        EXPECT_EQ(CellText(Control(list, L"Lv"), 7, 0), L"xa");
+        EXPECT_EQ(L"xa", CellText(Control(list, L"Lv"), 7, 0));
     });
 }
 
@@ -104,13 +105,13 @@ TEST_P(UserList, RenamingUpdatesTheRowInPlace) {
         WaitForClose(editor);
         const HWND rows = Control(list, L"Lv");
         EXPECT_TRUE(WaitUntil([&] { return CellText(rows, 3, 0) == L"Việt"; }));
-        EXPECT_EQ(CellText(rows, 3, 1), L"Kho Hà Nội");
-        EXPECT_EQ(CellText(rows, 3, 2), L"4");
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
-        EXPECT_EQ(SelectedRow(list, L"Lv"), 3);
-        EXPECT_EQ(trace.All().back(), L"Select * From [User] Where Code=4");
+        EXPECT_EQ(L"Kho Hà Nội", CellText(rows, 3, 1));
+        EXPECT_EQ(L"4", CellText(rows, 3, 2));
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
+        EXPECT_EQ(3, SelectedRow(list, L"Lv"));
+        EXPECT_EQ(L"Select * From [User] Where Code=4", trace.All().back());
     });
-    EXPECT_EQ(Test().User(L"name", 4), L"Việt");
+    EXPECT_EQ(L"Việt", Test().User(L"name", 4));
 }
 
 TEST_P(UserList, UserWithCodeThreeIsNotDeletedWhateverItsName) {
@@ -120,9 +121,9 @@ TEST_P(UserList, UserWithCodeThreeIsNotDeletedWhateverItsName) {
         SelectRow(list, L"Lv", kAdminRow);
         PressKey('X', kAlt);
         Answer(L"Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên.", kNotice);
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserList, LastRemainingUserIsNotDeleted) {
@@ -130,9 +131,9 @@ TEST_P(UserList, LastRemainingUserIsNotDeleted) {
     Play([](HWND list) {
         PressKey('X', kAlt);
         Answer(L"Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình", kNotice);
-        EXPECT_EQ(RowCount(list, L"Lv"), 1);
+        EXPECT_EQ(1, RowCount(list, L"Lv"));
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"1");
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\""));
 }
 
 TEST_P(UserList, DeletingAsksAndTakesTheRowAway) {
@@ -144,11 +145,11 @@ TEST_P(UserList, DeletingAsksAndTakesTheRowAway) {
         EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 6; }));
         // The next one takes its place.
         EXPECT_TRUE(WaitUntil([&] { return SelectedRow(list, L"Lv") == 1; }));
-        EXPECT_EQ(CellText(Control(list, L"Lv"), 1, 0), L"Admin");
+        EXPECT_EQ(L"Admin", CellText(Control(list, L"Lv"), 1, 0));
     });
-    EXPECT_EQ(trace.Writing(), Lines{L"Delete from [user] Where [Name]=" + Q(L"Trần Thị Mai")});
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"6");
-    EXPECT_EQ(Test().User(L"name", 2), L"");
+    EXPECT_EQ(Lines{L"Delete from [user] Where [Name]=" + Q(L"Trần Thị Mai")}, trace.Writing());
+    EXPECT_EQ(L"6", Test().Read(L"select count(*) from \"user\""));
+    EXPECT_EQ(L"", Test().User(L"name", 2));
 }
 
 TEST_P(UserList, DeletingTheLastRowSelectsTheOneBefore) {
@@ -158,7 +159,7 @@ TEST_P(UserList, DeletingTheLastRowSelectsTheOneBefore) {
         Answer(kConfirm, kNotice);
         EXPECT_TRUE(WaitUntil([&] { return SelectedRow(list, L"Lv") == kLastRow - 1; }));
     });
-    EXPECT_EQ(Test().User(L"name", 9), L"");
+    EXPECT_EQ(L"", Test().User(L"name", 9));
 }
 
 // Tools press buttons of a form that waits for a message.
@@ -182,10 +183,10 @@ TEST_P(UserList, UserIsDeletedAlthoughTheListHasGrownWhileItAsked) {
                      MAKEWPARAM(GetDlgCtrlID(Control(question, L"Cmd1")), BN_CLICKED), 0);
         WaitForClose(question);
         EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") == 9; }));
-        EXPECT_EQ(RowWith(list, L"Lv", 2, L"3"), 1);
+        EXPECT_EQ(1, RowWith(list, L"Lv", 2, L"3"));
     });
-    EXPECT_EQ(Test().User(L"name", 2), L"");
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"9");
+    EXPECT_EQ(L"", Test().User(L"name", 2));
+    EXPECT_EQ(L"9", Test().Read(L"select count(*) from \"user\""));
 }
 
 TEST_P(UserList, AnsweringNoDeletesNothing) {
@@ -193,9 +194,9 @@ TEST_P(UserList, AnsweringNoDeletesNothing) {
     Play([](HWND list) {
         PressKey(VK_DELETE);
         Answer(kConfirm, kNotice, 'K');
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
     });
-    EXPECT_EQ(Test().Users(), before);
+    EXPECT_EQ(before, Test().Users());
 }
 
 TEST_P(UserList, TwentyThousandUsersOpenAtOnce) {
@@ -213,11 +214,11 @@ TEST_P(UserList, TwentyThousandUsersOpenAtOnce) {
         const auto opened = static_cast<int>(GetTickCount64() - start);
         RecordProperty("milliseconds", opened);
         printf("20,000 users opened in %d ms\n", opened);
-        EXPECT_EQ(RowCount(list, L"Lv"), 20007);
+        EXPECT_EQ(20007, RowCount(list, L"Lv"));
         PressKey(VK_END);
         EXPECT_TRUE(WaitUntil([&] { return SelectedRow(list, L"Lv") == 20006; }));
         EXPECT_TRUE(RowIsVisible(list, L"Lv", 20006));
-        EXPECT_EQ(CellText(Control(list, L"Lv"), 20006, 0), L"nv21000");
+        EXPECT_EQ(L"nv21000", CellText(Control(list, L"Lv"), 20006, 0));
         // Far above what it takes, far below what a user would call hanging.
         EXPECT_LT(opened, 15000);
     });
@@ -237,7 +238,7 @@ protected:
     static void CloseEditorOf(HWND list, const wchar_t* user) {
         const HWND editor = WaitForForm(L"FrmInput");
         WaitReady(editor, L"TxtUser");
-        EXPECT_EQ(TextOf(editor, L"TxtUser"), user);
+        EXPECT_EQ(user, TextOf(editor, L"TxtUser"));
         PressKey(VK_ESCAPE);
         WaitForClose(editor);
         WaitReady(list, L"Lv");
@@ -248,7 +249,7 @@ protected:
 
 TEST_F(UserListForm, ColumnsSpeakVietnameseAndFillTheList) {
     Play([](HWND list) {
-        EXPECT_EQ(TextOf(list), L"Danh sách người sử dụng");
+        EXPECT_EQ(L"Danh sách người sử dụng", TextOf(list));
         const HWND rows = Control(list, L"Lv");
         RECT client = {};
         GetClientRect(rows, &client);
@@ -261,7 +262,7 @@ TEST_F(UserListForm, ColumnsSpeakVietnameseAndFillTheList) {
             column.pszText = text;
             column.cchTextMax = 64;
             SendMessageW(rows, LVM_GETCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
-            EXPECT_STREQ(column.pszText, captions[i]);
+            EXPECT_STREQ(captions[i], column.pszText);
             EXPECT_GT(column.cx, 40);
             width += column.cx;
         }
@@ -280,7 +281,7 @@ TEST_F(UserListForm, DoubleClickEditsTheSelectedUser) {
 TEST_F(UserListForm, EnterMovesOnLikeTabAndPressesNothing) {
     Play([](HWND list) {
         ExpectKeyWalks(list, VK_RETURN, {L"CmdAdd", L"CmdEdit", L"CmdDel", L"CmdExit", L"Lv"});
-        EXPECT_EQ(TopWindows().front(), list);
+        EXPECT_EQ(list, TopWindows().front());
         ExpectKeyWalks(list, VK_RETURN, {L"CmdAdd", L"CmdEdit"});
         PressKey(VK_SPACE);
         CloseEditorOf(list, L"Nguyễn Văn Hưng");
@@ -299,14 +300,14 @@ TEST_F(UserListForm, DeleteKeyWithShiftOrControlDoesNothing) {
         PressKey(VK_DELETE, kShift);
         PressKey(VK_DELETE, kControl);
         Sleep(100);
-        EXPECT_EQ(TopWindows().front(), list);
-        EXPECT_EQ(RowCount(list, L"Lv"), 7);
+        EXPECT_EQ(list, TopWindows().front());
+        EXPECT_EQ(7, RowCount(list, L"Lv"));
     });
 }
 
 TEST_F(UserListForm, TabLeadsThroughTheButtonsAndBack) {
     Play([](HWND list) {
-        EXPECT_EQ(Sorted(Mnemonics(list)), L"HOSX");
+        EXPECT_EQ(L"HOSX", Sorted(Mnemonics(list)));
         ExpectKeyWalks(list, VK_TAB, {L"CmdAdd", L"CmdEdit", L"CmdDel", L"CmdExit", L"Lv"});
     });
 }
@@ -326,19 +327,19 @@ TEST_F(UserListForm, GrowsWithTheFormAndShrinksNoFurtherThanDesigned) {
         EXPECT_NEAR(wide.cy, rows.cy + 100, 1);
         EXPECT_GT(SendMessageW(Control(list, L"Lv"), LVM_GETCOLUMNWIDTH, 1, 0), rows.cx / 2);
         SetWindowPos(list, nullptr, 0, 0, 50, 50, SWP_NOMOVE | SWP_NOZORDER);
-        EXPECT_EQ(SizeOf(list).cx, form.cx);
-        EXPECT_EQ(SizeOf(list).cy, form.cy);
+        EXPECT_EQ(form.cx, SizeOf(list).cx);
+        EXPECT_EQ(form.cy, SizeOf(list).cy);
     });
 }
 
 TEST_F(UserListForm, EmptyTableAllowsAddingOnly) {
     test_.database.Execute(L"delete from \"user\"");
     Play([](HWND list) {
-        EXPECT_EQ(RowCount(list, L"Lv"), 0);
+        EXPECT_EQ(0, RowCount(list, L"Lv"));
         PressKey(VK_RETURN);
         PressKey(VK_DELETE);
         Sleep(100);
-        EXPECT_EQ(TopWindows().front(), list);
+        EXPECT_EQ(list, TopWindows().front());
         PressKey('H', kAlt);
         CloseEditorOf(list, L"");
     });

@@ -103,7 +103,7 @@ TEST(GettingStarted, PagesQuoteTheSamplesFiveStepsAsTheyAre) {
 TEST(GettingStarted, EachPageIsInTheIndex) {
     const std::string index = Read(Root() / "docs/getting-started/README.md");
     for (const Page& page : kPages)
-        EXPECT_NE(index.find("(" + std::string(page.name) + ".md)"), std::string::npos)
+        EXPECT_NE(std::string::npos, index.find("(" + std::string(page.name) + ".md)"))
             << page.name;
 }
 
@@ -140,11 +140,11 @@ TEST(Samples, PrintTheSameLinesInEveryLanguage) {
              {"1. Logon", "nobody has logged on", "user ", "2. Rights", "3. Administration",
               "user list closed", "group manager closed", "4. Search"}) {
             const size_t found = text.find(line, place);
-            EXPECT_NE(found, std::string::npos) << file << " does not print " << line;
+            EXPECT_NE(std::string::npos, found) << file << " does not print " << line;
             place = found == std::string::npos ? place : found;
         }
         for (const char* line : {"   cancelled", "5. Message", "   yes", "   no", " rows"})
-            EXPECT_NE(text.find(line), std::string::npos) << file << " does not print " << line;
+            EXPECT_NE(std::string::npos, text.find(line)) << file << " does not print " << line;
     }
 }
 
