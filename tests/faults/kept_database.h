@@ -39,7 +39,7 @@ public:
     // Nothing has stayed since, but what Wine's own controls and message boxes keep far below a
     // form. Tells the figures.
     void ExpectBack(const char* use, size_t calls, int faults) const {
-        // The newer Wine of the 32-bit tests counts its heap in lumps (see ui/leaks.cpp).
+        // The newer Wine of the 32-bit tests counts its heap in lumps (see support/leaks.cpp).
         constexpr long kToleratedBytes = sizeof(void*) == 8 ? 1024 : 8192; // a fault
         constexpr long kToleratedGdi = 2;                                  // however many faults
         const auto growth = static_cast<long>(HeapInUse().bytes - heap_);

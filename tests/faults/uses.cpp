@@ -5,8 +5,8 @@
 #include "data/settings/options.h"
 #include "support/new_object.h"
 #include "support/text.h"
-#include "ui/lookup_host.h"
-#include "ui/search.h"
+#include "support/forms/lookup_host.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Forms whose user is a program: a screen reader or a test tool sends its presses instead of
 // posting them, and no message follows.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

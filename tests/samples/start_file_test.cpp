@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "samples/script_folder.h"
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {

@@ -11,7 +11,7 @@
 #include "support/script_host.h"
 #include "support/text.h"
 #include "ui/data_combo_host.h"
-#include "ui/leaks.h"
+#include "support/leaks.h"
 
 namespace vndesk::test {
 namespace {

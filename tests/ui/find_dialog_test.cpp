@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The find dialog: its lines, what makes them valid, and the condition that the host gets.
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 namespace {

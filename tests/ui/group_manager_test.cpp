@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The group manager as administrators see it.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

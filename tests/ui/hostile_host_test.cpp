@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a host may do to a form while it waits for the user: end its own windows or the form's,
 // quit, let the object and the library go, open another form. Asked of every form.
-#include "ui/each_form.h"
+#include "support/forms/each_form.h"
 
 #include <optional>
 

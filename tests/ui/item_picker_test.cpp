@@ -4,7 +4,7 @@
 
 #include "data/connect/database.h"
 #include "support/screenshot.h"
-#include "ui/lookup_host.h"
+#include "support/forms/lookup_host.h"
 
 namespace vndesk::test {
 namespace {

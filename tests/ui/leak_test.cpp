@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A host that runs for weeks: dialogs opened and closed, and classes created, again and again in
 // one process give back what they took.
-#include "ui/host.h"
-#include "ui/leaks.h"
+#include "support/forms/host.h"
+#include "support/leaks.h"
 
 #include "support/reliability.h"
 #include "support/sample_database.h"

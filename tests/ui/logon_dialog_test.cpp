@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The logon dialog as hosts see it: through the registered class, with real keys, on real
 // databases.
-#include "ui/host.h"
+#include "support/forms/host.h"
 
 #include "support/keys.h"
 #include "support/sample_database.h"

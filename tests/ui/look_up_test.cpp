@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // F2 in a value box of the find dialog: choices from a table or a SELECT of the catalogue.
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus that are installed and opened again and again give back what they took.
-#include "ui/leaks.h"
+#include "support/leaks.h"
 #include "ui/menu_host.h"
 
 #include "support/reliability.h"

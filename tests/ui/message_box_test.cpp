@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The message box as hosts see it: through the registered class, with real keys.
-#include "ui/host.h"
+#include "support/forms/host.h"
 
 #include <algorithm>
 

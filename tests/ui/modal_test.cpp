@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a dialog of the library does to the host around it.
-#include "ui/host.h"
+#include "support/forms/host.h"
 
 #include "support/keys.h"
 #include "support/sample_database.h"

@@ -6,8 +6,8 @@
 #include <atomic>
 
 #include "support/in_threads.h"
-#include "ui/search.h"
-#include "ui/thread_script.h"
+#include "support/forms/search.h"
+#include "support/forms/thread_script.h"
 
 namespace vndesk::test {
 namespace {

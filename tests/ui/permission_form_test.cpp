@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The permission form as administrators see it, opened from the group manager.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A host that ends its process in the middle of a form: at once, with its own exit code, and
 // without a word, whoever asks for it.
-#include "ui/each_form.h"
+#include "support/forms/each_form.h"
 
 #include "support/reliability.h"
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The find dialog opened and closed again and again in one process.
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 #include "support/reliability.h"
-#include "ui/leaks.h"
+#include "support/leaks.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pictures of the find dialog with the sample database.
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 #include "support/screenshot.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // clsSearch and FindShow as hosts use them: connection, owner, result, and what scripts pass.
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 #include "support/new_object.h"
 #include "support/script_host.h"

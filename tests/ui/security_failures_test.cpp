@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What can go wrong between an administration form and its database: no crash, no hang, nothing
 // written by halves, and the host's call succeeds.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

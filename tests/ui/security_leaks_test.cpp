@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The administration forms opened and closed again and again in one process.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 #include "support/reliability.h"
-#include "ui/leaks.h"
+#include "support/leaks.h"
 
 namespace vndesk::test {
 namespace {

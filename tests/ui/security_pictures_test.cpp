@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pictures of the administration forms with the sample database.
-#include "ui/host.h"
+#include "support/forms/host.h"
 
 #include "support/keys.h"
 #include "support/sample_database.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Selection boxes when windows and objects go while they are bound, when the focus goes elsewhere,
 // and from a script.
-#include "ui/lookup_host.h"
+#include "support/forms/lookup_host.h"
 
 #include "support/reliability.h"
 #include "support/script_host.h"
-#include "ui/leaks.h"
+#include "support/leaks.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Selection boxes as users of a host's form see them: a name picked, a code looked up.
-#include "ui/lookup_host.h"
+#include "support/forms/lookup_host.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The sample program takes the rights that the forms write: its commands are enabled by the masks
 // of the group of whoever has logged on.
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {

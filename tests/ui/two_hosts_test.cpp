@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Two host programs edit users and groups in one database at the same time.
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {

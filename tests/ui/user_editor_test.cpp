@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The user editor as administrators and users see it: from the user list, and alone for the own
 // password.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

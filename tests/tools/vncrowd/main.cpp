@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "reliability/dice.h"
-#include "reliability/walker.h"
+#include "support/dice.h"
+#include "support/forms/walker.h"
 #include "support/text.h"
 
 namespace {

@@ -3,7 +3,7 @@
 // way: with bad content in the tables it cannot be said beforehand which one does.
 #pragma once
 
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 // its forms are worked by messages to their controls.
 #pragma once
 
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 #include "support/child_process.h"
 

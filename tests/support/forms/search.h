@@ -3,7 +3,7 @@
 // user's way through the find dialog.
 #pragma once
 
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 #include <functional>
 

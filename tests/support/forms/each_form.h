@@ -3,8 +3,8 @@
 // all.
 #pragma once
 
-#include "ui/lookup_host.h"
-#include "ui/search.h"
+#include "support/forms/lookup_host.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 

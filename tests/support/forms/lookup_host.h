@@ -3,7 +3,7 @@
 // more boxes to go on to.
 #pragma once
 
-#include "ui/catalogue.h"
+#include "support/forms/catalogue.h"
 
 #include <atomic>
 

@@ -4,7 +4,7 @@
 // provider.
 #pragma once
 
-#include "ui/host.h"
+#include "support/forms/host.h"
 
 #include <commctrl.h>
 

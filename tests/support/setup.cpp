@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "install/setup.h"
+#include "support/setup.h"
 
 #include <shlobj.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/leaks.h"
+#include "support/leaks.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

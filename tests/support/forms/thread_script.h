@@ -3,7 +3,7 @@
 // in several threads at once: a driver from outside would meet the windows of all.
 #pragma once
 
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 

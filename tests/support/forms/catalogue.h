@@ -3,7 +3,7 @@
 // letter case, apostrophes, quotes, Vietnamese letters and nulls in both columns.
 #pragma once
 
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 
