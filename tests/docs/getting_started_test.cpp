@@ -4,29 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "docs/tree.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
-
-fs::path Root() {
-    const char* root = std::getenv("VNDESK_SOURCE_DIR");
-    return root ? root : ".";
-}
-
-std::string Read(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << path;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Without indentation and line ends: a page moves what it quotes to the left.
 Lines Trimmed(const std::string& text) {
@@ -43,7 +31,7 @@ Lines Trimmed(const std::string& text) {
 std::vector<Lines> Blocks(const fs::path& page, const std::string& language) {
     std::vector<Lines> blocks;
     bool inside = false;
-    for (const std::string& line : Trimmed(Read(page))) {
+    for (const std::string& line : Trimmed(docs::ReadFile(page))) {
         if (line.starts_with("```")) {
             inside = !inside && line == "```" + language;
             if (inside)
@@ -86,22 +74,24 @@ const Page kPages[] = {
 
 TEST(GettingStarted, PagesQuoteTheSamplesFiveStepsAsTheyAre) {
     for (const Page& page : kPages) {
-        const fs::path path = Root() / "docs/getting-started" / (std::string(page.name) + ".md");
+        const fs::path path =
+            docs::Root() / "docs/getting-started" / (std::string(page.name) + ".md");
         const auto blocks = Blocks(path, page.language);
         EXPECT_GE(blocks.size(), 5u) << path;
         for (const Lines& block : blocks)
-            EXPECT_TRUE(std::any_of(page.files.begin(), page.files.end(),
-                                    [&](const char* file) {
-                                        return Contains(Trimmed(Read(Root() / "samples" / file)),
-                                                        block);
-                                    }))
+            EXPECT_TRUE(std::any_of(
+                page.files.begin(), page.files.end(),
+                [&](const char* file) {
+                    return Contains(Trimmed(docs::ReadFile(docs::Root() / "samples" / file)),
+                                    block);
+                }))
                 << path << " quotes what its sample does not have:\n"
                 << Text(block);
     }
 }
 
 TEST(GettingStarted, EachPageIsInTheIndex) {
-    const std::string index = Read(Root() / "docs/getting-started/README.md");
+    const std::string index = docs::ReadFile(docs::Root() / "docs/getting-started/README.md");
     for (const Page& page : kPages)
         EXPECT_NE(std::string::npos, index.find("(" + std::string(page.name) + ".md)"))
             << page.name;
@@ -113,7 +103,7 @@ TEST(Samples, FilesOfToolsWithCodePagesAreAscii) {
     for (const char* file :
          {"vb6/frmMain.frm", "vb6/modRights.bas", "vb6/VnHost.vbp", "vba/VnDeskHost.bas",
           "vbscript/host.vbs", "jscript/host.js", "powershell/host.ps1", "start.cmd"}) {
-        const std::string text = Read(Root() / "samples" / file);
+        const std::string text = docs::ReadFile(docs::Root() / "samples" / file);
         EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](unsigned char c) { return c < 127; }))
             << file;
     }
@@ -122,7 +112,7 @@ TEST(Samples, FilesOfToolsWithCodePagesAreAscii) {
 TEST(Samples, FilesOfVisualBasicHaveTheLineEndsOfWindows) {
     for (const char* file : {"vb6/frmMain.frm", "vb6/modRights.bas", "vb6/VnHost.vbp",
                              "vba/VnDeskHost.bas", "start.cmd"}) {
-        const std::string text = Read(Root() / "samples" / file);
+        const std::string text = docs::ReadFile(docs::Root() / "samples" / file);
         for (size_t i = text.find('\n'); i != std::string::npos; i = text.find('\n', i + 1))
             ASSERT_TRUE(i > 0 && text[i - 1] == '\r') << file;
     }
@@ -134,7 +124,7 @@ TEST(Samples, PrintTheSameLinesInEveryLanguage) {
                                  "vb6/frmMain.frm",   "vba/VnDeskHost.bas", "powershell/host.ps1",
                                  "csharp/Program.cs", "delphi/VnHost.dpr"};
     for (const char* file : files) {
-        const std::string text = Read(Root() / "samples" / file);
+        const std::string text = docs::ReadFile(docs::Root() / "samples" / file);
         size_t place = 0;
         for (const char* line :
              {"1. Logon", "nobody has logged on", "user ", "2. Rights", "3. Administration",

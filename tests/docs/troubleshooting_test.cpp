@@ -6,10 +6,9 @@
 
 #include <map>
 
-#include "unit/documents.h"
+#include "docs/tree.h"
 
 using namespace vndesk::check;
-using namespace vndesk::test;
 
 namespace {
 
@@ -19,7 +18,8 @@ constexpr const char* kStates[] = {"ok", "note", "warning", "error"};
 std::map<std::string, std::string> Sections() {
     std::map<std::string, std::string> sections;
     std::string current;
-    for (const std::string& line : Lines(ReadSource("docs/troubleshooting.md"))) {
+    for (const std::string& line :
+         docs::Lines(docs::ReadFile(docs::Root() / "docs/troubleshooting.md"))) {
         if (line.rfind("#", 0) == 0)
             current = line.rfind("### ", 0) == 0 ? line.substr(4) : "";
         else if (!current.empty())

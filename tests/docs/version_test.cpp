@@ -3,10 +3,8 @@
 // it.
 #include <gtest/gtest.h>
 
-#include "unit/documents.h"
+#include "docs/tree.h"
 #include "vndesk_version.h"
-
-using namespace vndesk::test;
 
 namespace {
 
@@ -23,15 +21,19 @@ std::string Between(const std::string& text, const std::string& before, const st
 
 TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
     const std::string version = VNDESK_SHORT_VERSION, interfaces = VNDESK_INTERFACE_VERSION;
-    EXPECT_EQ(version, Between(ReadSource("CMakeLists.txt"), "project(VnDesk VERSION ", " "));
-    const std::string idl = ReadSource("src/api/vndesk.idl");
+    EXPECT_EQ(version, Between(docs::ReadFile(docs::Root() / "CMakeLists.txt"),
+                               "project(VnDesk VERSION ", " "));
+    const std::string idl = docs::ReadFile(docs::Root() / "src/api/vndesk.idl");
     EXPECT_EQ(interfaces, Between(idl, "version(", ")"));
     EXPECT_EQ(interfaces, Between(idl, "helpstring(\"VnDesk ", ":"));
     // The newest entry comes first; a date or a word may follow.
-    const std::string newest = Between(ReadSource("CHANGELOG.md"), "\n## ", "\n");
+    const std::string newest =
+        Between(docs::ReadFile(docs::Root() / "CHANGELOG.md"), "\n## ", "\n");
     EXPECT_EQ(version, newest.substr(0, newest.find_first_of(", ")));
-    EXPECT_EQ(interfaces, Between(ReadSource("README.md"), "reference to \"VnDesk ", "\""));
-    EXPECT_EQ(version, Between(ReadSource("README.md"), "dist/vndesk-", "-setup.exe"));
+    EXPECT_EQ(interfaces,
+              Between(docs::ReadFile(docs::Root() / "README.md"), "reference to \"VnDesk ", "\""));
+    EXPECT_EQ(version,
+              Between(docs::ReadFile(docs::Root() / "README.md"), "dist/vndesk-", "-setup.exe"));
     EXPECT_EQ(version + ".0", VNDESK_VERSION);
     EXPECT_EQ(0u, version.find(interfaces + "."));
 }
@@ -39,7 +41,7 @@ TEST(Version, IsTheSameInTheProjectTheTypeLibraryAndTheChanges) {
 TEST(Version, IsWrittenIntoNoResourceByHand) {
     for (const char* resource :
          {"src/api/vndesk.rc", "wine/ado/adobridge.rc", "tools/check/check.rc"})
-        for (const std::string& line : Lines(ReadSource(resource)))
+        for (const std::string& line : docs::Lines(docs::ReadFile(docs::Root() / resource)))
             if (line.find("VERSION ") == 0 || line.find("FILEVERSION") == 0 ||
                 line.find("PRODUCTVERSION") == 0 || line.find("\"FileVersion\"") != line.npos ||
                 line.find("\"ProductVersion\"") != line.npos) {
