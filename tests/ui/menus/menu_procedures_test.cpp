@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus among others that stand before a window's procedure: the window's own procedure hears
 // everything once, in whatever order they come and go.
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 #include "support/in_threads.h"
 

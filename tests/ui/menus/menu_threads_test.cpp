@@ -4,7 +4,7 @@
 #include <atomic>
 #include <memory>
 
-#include "ui/menu_canvas.h"
+#include "ui/menus/menu_canvas.h"
 
 #include "support/in_threads.h"
 #include "support/reliability.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 #include <cwchar>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus on an MDI frame: menus that its children bring, the list of windows, the buttons of a
 // maximised child.
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 #include "support/ui_windows.h"
 

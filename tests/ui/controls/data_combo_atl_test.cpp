@@ -10,7 +10,7 @@
 #include "support/screenshot.h"
 #include "support/script_host.h"
 #include "support/text.h"
-#include "ui/data_combo_host.h"
+#include "ui/controls/data_combo_host.h"
 #include "support/leaks.h"
 
 namespace vndesk::test {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus under real keys and mouse moves, on a window whose thread pumps.
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 #include <algorithm>
 

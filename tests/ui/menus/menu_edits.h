@@ -2,7 +2,7 @@
 // What a host does to its menus and the platform asks of them, while they are drawn.
 #pragma once
 
-#include "ui/menu_canvas.h"
+#include "ui/menus/menu_canvas.h"
 
 namespace vndesk::test {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Installing drawn menus on a window, keeping up with what its host does, giving it back.
-#include "ui/menu_canvas.h"
+#include "ui/menus/menu_canvas.h"
 
 #include "support/env.h"
 #include "support/text.h"

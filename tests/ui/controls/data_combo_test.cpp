@@ -12,7 +12,7 @@
 #include "support/keys.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
-#include "ui/data_combo_host.h"
+#include "ui/controls/data_combo_host.h"
 
 namespace vndesk::test {
 namespace {

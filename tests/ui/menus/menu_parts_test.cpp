@@ -7,7 +7,7 @@
 #include "menus/state/duplicate_key.h"
 #include "menus/state/menu_module.h"
 #include "support/leak_probe.h"
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 namespace vndesk::test {
 namespace {

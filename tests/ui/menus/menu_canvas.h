@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 namespace vndesk::test {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Whatever a host does to items that are drawn, they stay drawn and it gets back what it had.
-#include "ui/menu_edits.h"
+#include "ui/menus/menu_edits.h"
 
 #include "support/text.h"
 

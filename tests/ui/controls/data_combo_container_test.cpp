@@ -8,7 +8,7 @@
 
 #include "support/control_container.h"
 #include "support/keys.h"
-#include "ui/data_combo_host.h"
+#include "ui/controls/data_combo_host.h"
 
 namespace vndesk::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Menu items drawn into a bitmap: sizes, places and colours for each state.
-#include "ui/menu_canvas.h"
+#include "ui/menus/menu_canvas.h"
 
 #include "support/text.h"
 #include "support/ui_windows.h"

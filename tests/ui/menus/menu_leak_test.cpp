@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Drawn menus that are installed and opened again and again give back what they took.
 #include "support/leaks.h"
-#include "ui/menu_host.h"
+#include "ui/menus/menu_host.h"
 
 #include "support/reliability.h"
 #include "support/ui_windows.h"

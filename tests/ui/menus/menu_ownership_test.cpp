@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Which items are drawn and which stay their host's: whatever numbers a host keeps in its items,
 // and whatever it does to items that are drawn, it gets back what it had.
-#include "ui/menu_edits.h"
+#include "ui/menus/menu_edits.h"
 
 #include "menus/hook/cool_menu.h"
 #include "support/text.h"
