@@ -17,7 +17,7 @@ template <class List> void AddListItem(List& list, const std::wstring& text, lon
 // Replaces the text of the selected item, or of the one that is named.
 template <class List>
 void SetListText(List& list, const std::wstring& text, std::optional<long> index = std::nullopt) {
-    list.SetText(index.value_or(list.ListIndex()), text);
+    list.SetText(index ? *index : list.ListIndex(), text);
 }
 
 // Nothing when no item is selected.
