@@ -77,7 +77,6 @@ constexpr FormSpec kForm = {L"FrmFind", texts::kFindTitle, 9360, 4530, FormBorde
 
 constexpr long kFirst = 0;
 constexpr long kLines = kConditionLines;
-constexpr long kDateField = 8;
 
 std::wstring Shown(const wchar_t* text) {
     return ToUncText(text, kToUnicode);
@@ -230,7 +229,7 @@ private:
             return L"";
         if (!info_.FieldRelation.at(static_cast<size_t>(field)).empty())
             return texts::kFindCueRelation;
-        return FieldType(field) == kDateField ? texts::kFindCueDate : L"";
+        return FieldType(field) == kFieldDate ? texts::kFindCueDate : L"";
     }
 
     // What an empty box asks for.
@@ -281,10 +280,7 @@ private:
         Unload();
     }
 
-    void Help() {
-        std::wstring title = texts::kFindHelpTitle;
-        ShowMsg(texts::kFindHelpText, kOkOnly, title, kInformation, false);
-    }
+    void Help() { ShowMsg(texts::kFindHelpText, kOkOnly, texts::kFindHelpTitle, kInformation); }
 
     const std::wstring table_;
     FieldInfo info_;

@@ -73,8 +73,7 @@ private:
             Unload();
             return;
         }
-        std::wstring title = L"Login";
-        ShowMsg(texts::kLogonFailed, kOkOnly, title, kNoIcon, false);
+        ShowMsg(texts::kLogonFailed, kOkOnly, L"Login");
         Control& user = Get(L"TxtUser");
         user.Focus();
         user.Select(0, static_cast<int>(user.Text().size()));

@@ -21,25 +21,25 @@ using enum ControlKind;
 
 // The message is never smaller than this, so that the widest button set fits below it and the icon
 // beside it.
-constexpr TwipsRect kMessagePlace = {840, 600, 2760, 360};
-constexpr TwipsRect kIconPlace = {180, 480, 480, 480};
+constexpr TwipsRect kMessageRect = {840, 600, 2760, 360};
+constexpr TwipsRect kIconRect = {180, 480, 480, 480};
 constexpr double kStripHeight = 330;
 constexpr wchar_t kLastKey = 0xFF;
 
 // Controls that lie on top come first. The designed buttons are those of a box whose button number
 // names no set.
 constexpr ControlSpec kControls[] = {
-    {LabelW, L"Message", L"", kMessagePlace, kAutoSize},
+    {LabelW, L"Message", L"", kMessageRect, kAutoSize},
     {CommandButtonW, L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel},
     {CommandButtonW, L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden},
     {CommandButtonW, L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden},
     {LabelW, L"label4", L"", {10, 45, 3600, 240}, kEllipsis},
     {LabelW, L"Label5", L"", {0, 0, 3700, kStripHeight}, kBehind},
-    {Image, L"micon", L"", kIconPlace},
-    {Image, L"stop", L"", kIconPlace, kHidden},
-    {Image, L"q", L"", kIconPlace, kHidden},
-    {Image, L"Ex", L"", kIconPlace, kHidden},
-    {Image, L"Info", L"", kIconPlace, kHidden},
+    {Image, L"micon", L"", kIconRect},
+    {Image, L"stop", L"", kIconRect, kHidden},
+    {Image, L"q", L"", kIconRect, kHidden},
+    {Image, L"Ex", L"", kIconRect, kHidden},
+    {Image, L"Info", L"", kIconRect, kHidden},
     {Line, L"LineTop", L"", {}},
     {Line, L"LineLeft", L"", {}},
     {Line, L"LineRight", L"", {}},
@@ -69,12 +69,12 @@ class MessageForm final : public Form {
 public:
     MessageForm() : Form(kForm) {}
 
-    std::wstring RetValue;
+    Pressed RetValue = Pressed::None;
 
     void SetTexts(const std::wstring& message, const std::wstring& title) {
         FitInto(WorkArea());
-        Get(L"Message").SetCaption(ToUncText(message, 0));
-        Get(L"label4").SetCaption(ToUncText(title, 0));
+        Get(L"Message").SetCaption(ToUncText(message, kToUnicode));
+        Get(L"label4").SetCaption(ToUncText(title, kToUnicode));
         // Tools and screen readers ask the window for the title that the label shows.
         SetWindowTextW(Window(), Get(L"label4").Caption().c_str());
     }
@@ -107,7 +107,7 @@ public:
 
 protected:
     void OnLoad() override {
-        RetValue.clear();
+        RetValue = Pressed::None;
         const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
         Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
@@ -148,7 +148,7 @@ protected:
     }
 
 private:
-    int IconSize() const { return ToPixels(kIconPlace.width, Dpi()); }
+    int IconSize() const { return ToPixels(kIconRect.width, Dpi()); }
 
     HICON SystemIcon(WORD number) const {
         return static_cast<HICON>(LoadImageW(nullptr, MAKEINTRESOURCEW(number), IMAGE_ICON,
@@ -173,8 +173,8 @@ private:
     void FitInto(const RECT& area) {
         const Control& button = Get(L"Cmd1");
         Get(L"Message")
-            .SetLargest(ToTwips(area.right - area.left, Dpi()) - kMessagePlace.left - 100,
-                        ToTwips(area.bottom - area.top, Dpi()) - kMessagePlace.top -
+            .SetLargest(ToTwips(area.right - area.left, Dpi()) - kMessageRect.left - 100,
+                        ToTwips(area.bottom - area.top, Dpi()) - kMessageRect.top -
                             button.Height() - 300);
     }
 
@@ -185,7 +185,7 @@ private:
             Control& button = Get(kButtonNames[i]);
             const bool shown = set[i].caption != nullptr;
             if (shown) {
-                button.SetCaption(ToUncText(set[i].caption, 0));
+                button.SetCaption(ToUncText(set[i].caption, kToUnicode));
                 button.tag = set[i].tag;
                 ++count;
             }
@@ -201,7 +201,7 @@ private:
 
     void Answered(size_t index) {
         const std::wstring& tag = Get(kButtonNames[index]).tag;
-        RetValue = std::to_wstring(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
+        RetValue = static_cast<Pressed>(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
         Unload();
     }
 
@@ -217,12 +217,10 @@ private:
 
 } // namespace
 
-std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& title, long icon,
-                     bool rightToLeft) {
+Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title, long icon,
+                bool rightToLeft) {
     MessageForm form;
     form.Load();
-    if (title.empty())
-        title = texts::kNotice;
     form.SetTexts(message, title);
     form.SetReadingOrder(rightToLeft);
     form.SetIcon(icon);

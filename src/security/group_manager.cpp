@@ -78,7 +78,7 @@ protected:
     void OnPrepared() override {
         // Frames are not among the controls whose captions preparation converts.
         for (const wchar_t* frame : {L"FrDetail", L"Frame1"})
-            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), 0));
+            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), kToUnicode));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();
         CheckWrite();
@@ -167,7 +167,7 @@ private:
     void ToggleAdding() {
         browseMode_ = !browseMode_;
         Get(L"CmdAdd").SetCaption(
-            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, 0));
+            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, kToUnicode));
         Get(L"FrDetail").SetEnabled(browseMode_);
         if (browseMode_) {
             GroupClicked();
@@ -194,14 +194,14 @@ private:
         const std::wstring name = Get(L"txtName").Text();
         const std::wstring description = Get(L"TxtDesc").Text();
         if (WriteData(browseMode_ ? curCode_ : 0, name, description))
-            Tell(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
-                 kSaveErrorTitle);
+            ShowMsg(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
+                    kSaveErrorTitle);
         else if (!browseMode_)
             Added(name, description);
         else if (groups_->ListCount() == 0)
             AddedFirst(name, description);
         else
-            groups_->SetText(ShownItem(), ItemText(name, description));
+            SetListText(*groups_, ItemText(name, description), ShownItem());
         Get(L"txtName").Focus();
     }
 
@@ -232,7 +232,7 @@ private:
     long NewCode() { return LastValue(Current(), tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {
-        if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")
+        if (ShowMsg(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != Pressed::Yes)
             return;
         const long before = groups_->ListCount();
         long place = 0;
@@ -249,7 +249,7 @@ private:
         if (codes.empty())
             return;
         Trap([&] { Execute(Current(), DeleteGroupsStatement(tableName_, codes)); });
-        Tell(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
+        ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
     void ShowRights() {
@@ -258,10 +258,6 @@ private:
     }
 
     void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }
-
-    std::wstring Tell(const std::wstring& message, long buttons, std::wstring title) {
-        return ShowMsg(message, buttons, title, kNoIcon, false);
-    }
 
     const std::wstring tableName_ = L"[Groups]";
     long curCode_ = 0;

@@ -109,8 +109,8 @@ private:
         if (group.Eof())
             return true;
         Get(L"LblTitle")
-            .SetCaption(ToUncText(texts::kPermissionGroupIs, 0) + NullToText(group.Value(L"Name")) +
-                        L"-" + NullToText(group.Value(L"Des")));
+            .SetCaption(ToUncText(texts::kPermissionGroupIs, kToUnicode) +
+                        NullToText(group.Value(L"Name")) + L"-" + NullToText(group.Value(L"Des")));
         // Nothing is granted in a bar without a column.
         const long columns = group.FieldCount();
         for (size_t k = 0; k + 1 < pms_.size(); ++k)

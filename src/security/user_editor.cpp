@@ -47,10 +47,6 @@ constexpr FormSpec kForm = {
 constexpr wchar_t kAddTitle[] = L"User Infomation";
 constexpr wchar_t kEditTitle[] = L"User Information";
 
-void Tell(const wchar_t* message, std::wstring title) {
-    ShowMsg(message, kOkOnly, title, kNoIcon, false);
-}
-
 class UserEditor final : public Form {
 public:
     explicit UserEditor(const UserEditorOptions& options) : Form(kForm), options_(options) {}
@@ -140,7 +136,7 @@ private:
 
     void Confirm() {
         if (ItemList(Get(L"TxtIdGroup")).ListIndex() < 0) {
-            Tell(texts::kUserNoGroup, texts::kNotice);
+            ShowMsg(texts::kUserNoGroup, kOkOnly, texts::kNotice);
             Get(L"TxtIdGroup").Focus();
             return;
         }
@@ -170,9 +166,9 @@ private:
         bool done = false;
         // A record set that opens but cannot be read ends the form: the name may be taken.
         if (error == 0 && !taken.Eof()) {
-            Tell(texts::kUserExists, title);
+            ShowMsg(texts::kUserExists, kOkOnly, title);
         } else if (!CheckPass()) {
-            Tell(texts::kUserBadPassword, title);
+            ShowMsg(texts::kUserBadPassword, kOkOnly, title);
         } else {
             Write(name, kind);
             done = true;

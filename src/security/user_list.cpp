@@ -67,10 +67,11 @@ protected:
     }
 
     void OnPrepared() override {
-        users_.emplace(Get(L"Lv"), std::vector<ReportColumn>{
-                                       {L"cName", ToUncText(texts::kUserListName, 0), 0.35},
-                                       {L"cDes", ToUncText(texts::kUserListDescription, 0), 0.48},
-                                       {L"cCode", ToUncText(texts::kUserListCode, 0), 0.17}});
+        users_.emplace(Get(L"Lv"),
+                       std::vector<ReportColumn>{
+                           {L"cName", ToUncText(texts::kUserListName, kToUnicode), 0.35},
+                           {L"cDes", ToUncText(texts::kUserListDescription, kToUnicode), 0.48},
+                           {L"cCode", ToUncText(texts::kUserListCode, kToUnicode), 0.17}});
         users_->onDoubleClick = [this] { Edit(); };
         Trap([&] { ReadInfo(); });
         users_->Refresh();
@@ -167,10 +168,11 @@ private:
         if (!row)
             return;
         if (NullToDouble(_variant_t(row->cells[kCode].c_str())) == kProtectedUser)
-            Tell(texts::kUserListNoDelete, kOkOnly);
+            ShowMsg(texts::kUserListNoDelete, kOkOnly, texts::kNotice);
         else if (users_->Rows().size() == 1)
-            Tell(texts::kUserListLastUser, kOkOnly);
-        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6" && users_->Rows().size() > 1)
+            ShowMsg(texts::kUserListLastUser, kOkOnly, texts::kNotice);
+        else if (ShowMsg(texts::kUserListConfirmDelete, kYesNo, texts::kNotice) == Pressed::Yes &&
+                 users_->Rows().size() > 1)
             DeleteRow(*row);
         Get(L"Lv").Focus();
     }
@@ -193,11 +195,6 @@ private:
         if (MayMeanMore({name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         Execute(Current(), DeleteUserStatement(name, Current().kind));
-    }
-
-    std::wstring Tell(const wchar_t* message, long buttons) {
-        std::wstring title = texts::kNotice;
-        return ShowMsg(message, buttons, title, kNoIcon, false);
     }
 
     std::optional<ReportList> users_;

@@ -21,14 +21,11 @@ namespace vndesk {
 inline constexpr long kToUnicode = 0;
 inline constexpr long kToTcvn3 = 1;
 
-template <class Unit> constexpr Unit ToUnicodeUnit(Unit unit) {
-    const auto code = static_cast<char32_t>(unit);
-    return code < tcvn3::kDecode.size() ? static_cast<Unit>(tcvn3::kDecode[code]) : unit;
-}
-
-template <class Unit> constexpr Unit ToTcvn3Unit(Unit unit) {
-    const auto letter = static_cast<char32_t>(unit);
-    return letter < tcvn3::kEncode.size() ? static_cast<Unit>(tcvn3::kEncode[letter]) : unit;
+constexpr wchar_t ToUncChar(wchar_t ch, long mode) {
+    const auto number = static_cast<char32_t>(ch);
+    if (mode == kToTcvn3)
+        return number < tcvn3::kEncode.size() ? static_cast<wchar_t>(tcvn3::kEncode[number]) : ch;
+    return number < tcvn3::kDecode.size() ? static_cast<wchar_t>(tcvn3::kDecode[number]) : ch;
 }
 
 #ifdef VNDESK_SSE2
@@ -112,14 +109,14 @@ template <class Unit> void ConvertUnits(Unit* out, const Unit* in, std::size_t l
             i = ConvertBlocks<LettersToCodes>(out, in, length);
 #endif
         for (; i < length; ++i)
-            out[i] = ToTcvn3Unit(in[i]);
+            out[i] = static_cast<Unit>(ToUncChar(in[i], kToTcvn3));
     } else {
 #ifdef VNDESK_SSE2
         if constexpr (sizeof(Unit) == 2)
             i = ConvertBlocks<CodesToLetters>(out, in, length);
 #endif
         for (; i < length; ++i)
-            out[i] = ToUnicodeUnit(in[i]);
+            out[i] = static_cast<Unit>(ToUncChar(in[i], kToUnicode));
     }
 }
 

@@ -307,12 +307,12 @@ COLORREF PixelOfPng(const std::wstring& path, UINT x, UINT y) {
     ComPtr<IWICBitmapDecoder> decoder;
     ComPtr<IWICBitmapFrameDecode> frame;
     BYTE pixel[4] = {};
-    const WICRect place = {static_cast<INT>(x), static_cast<INT>(y), 1, 1};
+    const WICRect rect = {static_cast<INT>(x), static_cast<INT>(y), 1, 1};
     if (FAILED(CoCreateInstance(kFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&factory))) ||
         FAILED(factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
                                                   WICDecodeMetadataCacheOnDemand, &decoder)) ||
         FAILED(decoder->GetFrame(0, &frame)) ||
-        FAILED(frame->CopyPixels(&place, sizeof pixel, sizeof pixel, pixel)))
+        FAILED(frame->CopyPixels(&rect, sizeof pixel, sizeof pixel, pixel)))
         return CLR_INVALID;
     return RGB(pixel[2], pixel[1], pixel[0]);
 }

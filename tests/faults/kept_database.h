@@ -43,7 +43,7 @@ public:
         constexpr long kToleratedGdi = 2;      // however many faults
         const auto growth = static_cast<long>(HeapInUse().bytes - heap_);
         EXPECT_LE(GdiObjectsBesideContexts(), gdi_ + kToleratedGdi);
-        EXPECT_EQ(UserObjects(), user_);
+        EXPECT_EQ(user_, UserObjects());
         EXPECT_LE(growth, faults * kToleratedBytes);
         printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault\n", use,
                static_cast<int>(calls), faults, growth / std::max(1, faults));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The classes of the bridge: ADO's identifiers and names, in Wine prefixes only.
+#include "comkit/base/handles.h"
 #include "comkit/base/module.h"
 
 #include "ado/engine/wine_path.h"
@@ -33,11 +34,7 @@ bool MayRegister(std::wstring& reason) {
 bool IsRegistered(REFCLSID clsid) {
     wchar_t key[64] = L"CLSID\\";
     StringFromGUID2(clsid, key + 6, 40);
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key, 0, KEY_READ, &opened) != ERROR_SUCCESS)
-        return false;
-    RegCloseKey(opened);
-    return true;
+    return OpenKey(HKEY_CLASSES_ROOT, key, KEY_READ) != nullptr;
 }
 
 // Registration took these classes from Wine's own ADO: it gets them back.

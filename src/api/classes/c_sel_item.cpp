@@ -3,6 +3,7 @@
 
 #include <comutil.h>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 
@@ -11,11 +12,6 @@ namespace vndesk {
 namespace {
 
 constexpr DISPID kChange = 1;
-
-// Window handles fit into 32 bits and are sign-extended.
-HWND WindowFrom(long handle) {
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-}
 
 } // namespace
 
@@ -30,11 +26,11 @@ SelItem::~SelItem() {
 }
 
 STDMETHODIMP SelItem::SetTextSel(long window) {
-    return Guard([&] { boxes_->SetTextSel(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSel(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::SetTextSelID(long window) {
-    return Guard([&] { boxes_->SetTextSelID(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSelID(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::Clear() {
@@ -42,15 +38,15 @@ STDMETHODIMP SelItem::Clear() {
 }
 
 STDMETHODIMP SelItem::get_SelName(BSTR* name) {
-    return Guard([&] { SetOut(name, [&] { return ToBstr(boxes_->SelName()); }); });
+    return Get(name, [&] { return ToBstr(boxes_->SelName()); });
 }
 
 STDMETHODIMP SelItem::get_SelID(BSTR* code) {
-    return Guard([&] { SetOut(code, [&] { return ToBstr(boxes_->SelID()); }); });
+    return Get(code, [&] { return ToBstr(boxes_->SelID()); });
 }
 
 STDMETHODIMP SelItem::get_SqlName(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlName); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlName); });
 }
 
 STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
@@ -58,7 +54,7 @@ STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SqlID(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlID); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlID); });
 }
 
 STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
@@ -66,7 +62,7 @@ STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SearchText(BSTR* text) {
-    return Guard([&] { SetOut(text, [&] { return ToBstr(boxes_->searchText); }); });
+    return Get(text, [&] { return ToBstr(boxes_->searchText); });
 }
 
 STDMETHODIMP SelItem::put_SearchText(BSTR text) {

@@ -33,13 +33,6 @@ template <class T> T& ClearedOut(T* out) {
     return *out;
 }
 
-// Sets an out parameter to what the work gives. In "ClearedOut(out) = work" the work would run
-// before the check for a null pointer.
-template <class T, class Work> void SetOut(T* out, Work&& work) {
-    T& place = ClearedOut(out);
-    place = work();
-}
-
 // The pointer to the text must not be null; the BSTR itself may be.
 inline std::wstring FromReference(const BSTR* text) {
     if (!text)

@@ -46,10 +46,10 @@ ErrorState CurrentError() noexcept {
     const auto system = [&](HRESULT code) { tell(code, [code] { return SystemMessage(code); }); };
     try {
         throw;
-    } catch (const ComError& raised) {
-        tell(raised.Code(), [&] {
-            return raised.Description().empty() ? SystemMessage(raised.Code())
-                                                : raised.Description();
+    } catch (const ComError& thrown) {
+        tell(thrown.Code(), [&] {
+            return thrown.Description().empty() ? SystemMessage(thrown.Code())
+                                                : thrown.Description();
         });
     } catch (const std::overflow_error&) {
         tell(CTL_E_OVERFLOW, [] { return L"Overflow"; });

@@ -58,4 +58,9 @@ template <class Steps> ErrorState Trap(Steps&& steps) noexcept {
     }
 }
 
+// The same where only the number is asked for: members of interfaces without error information.
+template <class Steps> HRESULT ToHresult(Steps&& steps) noexcept {
+    return Trap(steps).code;
+}
+
 } // namespace vndesk

@@ -54,7 +54,7 @@ public:
         if (!copy)
             return E_POINTER;
         *copy = nullptr;
-        return Trap([&] { *copy = MakeCom<Enumerator>(items_, next_).Detach(); }).code;
+        return ToHresult([&] { *copy = MakeCom<Enumerator>(items_, next_).Detach(); });
     }
 
 private:
@@ -120,19 +120,18 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
         *cookie = 0;
     if (!sink || !cookie)
         return E_POINTER;
-    return Trap([&] {
-               void* found = nullptr;
-               HRESULT asked = sink->QueryInterface(iid_, &found);
-               if (FAILED(asked) && kind_ == Kind::Events)
-                   asked = sink->QueryInterface(__uuidof(IDispatch), &found);
-               if (FAILED(asked))
-                   throw ComError(CONNECT_E_CANNOTCONNECT);
-               Connection connection = {++lastCookie_, {}};
-               *connection.sink.GetAddressOf() = static_cast<IUnknown*>(found);
-               connections_.push_back(std::move(connection));
-               *cookie = lastCookie_;
-           })
-        .code;
+    return ToHresult([&] {
+        void* found = nullptr;
+        HRESULT asked = sink->QueryInterface(iid_, &found);
+        if (FAILED(asked) && kind_ == Kind::Events)
+            asked = sink->QueryInterface(__uuidof(IDispatch), &found);
+        if (FAILED(asked))
+            throw ComError(CONNECT_E_CANNOTCONNECT);
+        Connection connection = {++lastCookie_, {}};
+        *connection.sink.GetAddressOf() = static_cast<IUnknown*>(found);
+        connections_.push_back(std::move(connection));
+        *cookie = lastCookie_;
+    });
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
@@ -150,13 +149,12 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
     if (!connections)
         return E_POINTER;
     *connections = nullptr;
-    return Trap([&] {
-               std::vector<std::pair<DWORD, ComPtr<IUnknown>>> items;
-               for (const Connection& connection : connections_)
-                   items.emplace_back(connection.cookie, connection.sink);
-               *connections = MakeCom<ConnectionEnumerator>(std::move(items)).Detach();
-           })
-        .code;
+    return ToHresult([&] {
+        std::vector<std::pair<DWORD, ComPtr<IUnknown>>> items;
+        for (const Connection& connection : connections_)
+            items.emplace_back(connection.cookie, connection.sink);
+        *connections = MakeCom<ConnectionEnumerator>(std::move(items)).Detach();
+    });
 }
 
 HRESULT FindConnectionPoint(const std::vector<ConnectionPoint*>& points, REFIID iid,
@@ -178,11 +176,10 @@ HRESULT EnumConnectionPoints(const std::vector<ConnectionPoint*>& points,
     if (!enumerator)
         return E_POINTER;
     *enumerator = nullptr;
-    return Trap([&] {
-               std::vector<ComPtr<IConnectionPoint>> items(points.begin(), points.end());
-               *enumerator = MakeCom<PointEnumerator>(std::move(items)).Detach();
-           })
-        .code;
+    return ToHresult([&] {
+        std::vector<ComPtr<IConnectionPoint>> items(points.begin(), points.end());
+        *enumerator = MakeCom<PointEnumerator>(std::move(items)).Detach();
+    });
 }
 
 } // namespace vndesk

@@ -107,6 +107,15 @@ protected:
             return ReportCurrentError(__uuidof(Dual), Derived::kProgId);
         }
     }
+
+    // Guard for members that only have a result: what the work gives. The place for it is looked at
+    // before the work is done.
+    template <class T, class Work> HRESULT Get(T* out, Work&& work) noexcept {
+        return Guard([&] {
+            T& place = ClearedOut(out);
+            place = work();
+        });
+    }
 };
 
 // A class of the type library that tells its name: TypeName in Basic would otherwise give that of

@@ -12,12 +12,12 @@ namespace vndesk {
 
 namespace {
 
-constexpr size_t kMost = 32;
+constexpr size_t kMaxTypes = 32;
 
 // Late-bound calls take it for reading: they do not wait for each other.
 SRWLOCK lock_ = SRWLOCK_INIT;
 ITypeLib* library_;
-const TypeDescription* types_[kMost];
+const TypeDescription* types_[kMaxTypes];
 size_t count_;
 
 const TypeDescription* Known(REFGUID guid) {
@@ -38,7 +38,7 @@ const TypeDescription& TypeOf(REFGUID guid) {
     const Writing writing(lock_);
     if (const TypeDescription* known = Known(guid))
         return *known;
-    if (count_ == kMost)
+    if (count_ == kMaxTypes)
         throw ComError(E_OUTOFMEMORY);
     if (!library_)
         CheckHr(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library_));

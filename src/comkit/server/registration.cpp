@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "comkit/base/handles.h"
 #include "comkit/base/module.h"
 #include "comkit/object/com_object.h"
 
@@ -45,26 +46,6 @@ std::wstring FileName(const std::wstring& path) {
 std::wstring ClassKey(const ClassEntry& entry) {
     return L"CLSID\\" + GuidText(*entry.clsid);
 }
-
-// An open registry key.
-class Key {
-public:
-    Key(HKEY parent, const std::wstring& name, REGSAM access) {
-        RegOpenKeyExW(parent, name.c_str(), 0, access, &key_);
-    }
-    ~Key() {
-        if (key_)
-            RegCloseKey(key_);
-    }
-    Key(const Key&) = delete;
-    Key& operator=(const Key&) = delete;
-
-    HKEY Get() const { return key_; }
-    explicit operator bool() const { return key_ != nullptr; }
-
-private:
-    HKEY key_ = nullptr;
-};
 
 // Takes every step, also after one has failed, and keeps the first error.
 class Attempts {
@@ -115,8 +96,8 @@ private:
     std::wstring Read(const std::wstring& key, REGSAM view) const {
         wchar_t text[1024] = L"";
         DWORD size = sizeof text - sizeof(wchar_t);
-        const Key opened(root_, kClasses + key, KEY_READ | view);
-        if (!opened || RegQueryValueExW(opened.Get(), nullptr, nullptr, nullptr,
+        const UniqueKey opened = OpenKey(root_, kClasses + key, KEY_READ | view);
+        if (!opened || RegQueryValueExW(opened.get(), nullptr, nullptr, nullptr,
                                         reinterpret_cast<BYTE*>(text), &size) != ERROR_SUCCESS)
             return {};
         return text;
@@ -124,9 +105,9 @@ private:
 
     std::vector<std::wstring> KeysBelow(const std::wstring& key) const {
         std::vector<std::wstring> keys;
-        const Key opened(root_, kClasses + key, KEY_READ);
+        const UniqueKey opened = OpenKey(root_, kClasses + key, KEY_READ);
         wchar_t name[256];
-        for (DWORD i = 0; opened && RegEnumKeyW(opened.Get(), i, name, 256) == ERROR_SUCCESS; ++i)
+        for (DWORD i = 0; opened && RegEnumKeyW(opened.get(), i, name, 256) == ERROR_SUCCESS; ++i)
             keys.push_back(key + L"\\" + name);
         return keys;
     }

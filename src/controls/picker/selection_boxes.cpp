@@ -205,7 +205,7 @@ void SelectionBoxes::Choose(const Entry& entry) {
     codeBox_.Show(selID_);
 }
 
-void SelectionBoxes::RaiseChange() {
+void SelectionBoxes::FireChange() {
     // A copy: the handler may replace it.
     if (const auto change = Change; change && selID_ != previousID_)
         change();
@@ -237,7 +237,7 @@ void SelectionBoxes::PickByName() {
     Choose(*entry);
     if (nameBox_.moveOn)
         nameBox_.moveOn->SendAfterClosing();
-    RaiseChange();
+    FireChange();
 }
 
 void SelectionBoxes::ValidateCode() {
@@ -254,7 +254,7 @@ void SelectionBoxes::ValidateCode() {
         GiveFocus(next);
         if (entry) {
             Choose(*entry);
-            RaiseChange();
+            FireChange();
             if (codeBox_.moveOn)
                 codeBox_.moveOn->Send();
         } else if (!code.empty()) {

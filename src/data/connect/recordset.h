@@ -36,8 +36,6 @@ public:
     std::wstring FieldName(long index);
     long FieldCount();
 
-    explicit operator bool() const { return recordset_ != nullptr; }
-
 private:
     _Recordset& Ado();
     void Check(HRESULT code);

@@ -11,10 +11,15 @@ namespace vndesk {
 
 enum class DatabaseKind { Jet = 0, SqlServer = 1 };
 
-// Field-type codes that FieldValue knows.
-inline constexpr long kFieldNumber = 3;
-inline constexpr long kFieldDate = 8;
-inline constexpr long kFieldText = 10;
+// Codes of a field's type in the catalogue of a host's database. It may have others, too.
+enum FieldType : long {
+    kFieldFlag = 1,
+    kFieldNumber = 3,
+    kFieldDate = 8,
+    kFieldText = 10,
+    kFieldMemo = 11,
+    kFieldAmount = 13
+};
 
 // "N" for SQL Server, else empty.
 std::wstring_view UnicodePrefix(DatabaseKind dbKind);
@@ -43,7 +48,7 @@ std::wstring DoubleQuotes(std::wstring_view text);
 // "LA" pattern with % at both ends; the kind's letter case is ignored. Unknown kinds give "".
 std::wstring Literal(std::wstring_view value, std::wstring_view literalKind, DatabaseKind dbKind);
 
-// Literal by field-type code. Unknown codes and unsuitable values give "1".
+// Literal by field type: a number, a date, a text. Other codes and unsuitable values give "1".
 std::wstring FieldValue(std::wstring_view value, long code, DatabaseKind dbKind);
 
 } // namespace vndesk

@@ -15,11 +15,11 @@ namespace vndesk {
 namespace {
 
 bool NeedsNumber(long fieldType) {
-    return fieldType == 3 || fieldType == 13;
+    return fieldType == kFieldNumber || fieldType == kFieldAmount;
 }
 
 bool NeedsDate(long fieldType) {
-    return fieldType == 8;
+    return fieldType == kFieldDate;
 }
 
 using TextOfLine = std::wstring ConditionLine::*;

@@ -53,7 +53,7 @@ void SetDefaultFontName(const std::wstring& name) {
 
 std::wstring DefaultFontName() {
     const Writing writing(lock_);
-    return DefaultName().empty() ? kHouseFont : DefaultName();
+    return DefaultName();
 }
 
 } // namespace vndesk

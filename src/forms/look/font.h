@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk {
 
@@ -34,7 +34,8 @@ private:
 
 inline constexpr wchar_t kHouseFont[] = L"Arial";
 
-// The default font name that the host may set; the house font's where it has set none.
+// The default font name that the host may set. An empty one becomes the house font's when the next
+// form is prepared.
 void SetDefaultFontName(const std::wstring& name);
 std::wstring DefaultFontName();
 

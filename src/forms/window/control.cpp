@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "forms/look/device_context.h"
 #include "forms/look/frame_caption.h"
 #include "forms/window/form.h"
 #include "forms/window/window_name.h"
@@ -21,30 +22,29 @@ struct KindRow {
     DWORD style;
     DWORD extendedStyle;
     bool hasFont;
-    bool hasCaption;
 };
 
 constexpr KindRow kKinds[] = {
-    {L"LabelW", L"STATIC", SS_LEFT, 0, true, true},
-    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true, false},
-    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true, false},
-    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true, true},
-    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true, true},
-    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true, true},
+    {L"LabelW", L"STATIC", SS_LEFT, 0, true},
+    {L"TextBoxW", L"EDIT", ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, true},
+    {L"ComboBoxW", L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0, true},
+    {L"CommandButtonW", L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0, true},
+    {L"CheckBoxW", L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP, 0, true},
+    {L"OptionButtonW", L"BUTTON", BS_AUTORADIOBUTTON | WS_TABSTOP, 0, true},
     // The control keeps its size whatever icon it gets.
-    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false, false},
-    {L"Line", nullptr, 0, 0, false, false},
+    {L"Image", L"STATIC", SS_ICON | SS_REALSIZECONTROL, 0, false},
+    {L"Line", nullptr, 0, 0, false},
     {L"ListBoxW", L"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListBoxW", WC_LISTVIEWW,
      LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
-     WS_EX_CLIENTEDGE, true, false},
+     WS_EX_CLIENTEDGE, true},
     {L"ListView", WC_LISTVIEWW,
      LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP, WS_EX_CLIENTEDGE,
-     true, false},
+     true},
     // Transparent: the form paints the inside.
-    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true, true},
-    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true, false},
+    {L"Frame", L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT, true},
+    {L"UserControl", nullptr, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, true},
 };
 
 const KindRow& Row(ControlKind kind) {
@@ -96,18 +96,18 @@ void RepaintIfVisible(HWND window) {
         InvalidateRect(window, nullptr, TRUE);
 }
 
-RECT PixelsOf(const TwipsRect& place, int dpi) {
+RECT PixelsOf(const TwipsRect& rect, int dpi) {
     // Right and bottom are rounded, not the size, so that neighbours meet.
-    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
-            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
+    return {ToPixels(rect.left, dpi), ToPixels(rect.top, dpi),
+            ToPixels(rect.left + rect.width, dpi), ToPixels(rect.top + rect.height, dpi)};
 }
 
 } // namespace
 
 Control::Control(Form& form, const ControlSpec& design, int id)
     : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0),
-      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags),
-      place_(design.place), leastWidth_(design.place.width), leastHeight_(design.place.height),
+      form_(form), name_(design.name), kind_(design.kind), flags_(design.flags), rect_(design.rect),
+      leastWidth_(design.rect.width), leastHeight_(design.rect.height),
       visible_(!(design.flags & kHidden)) {
     if (!ClassFor(design))
         return;
@@ -129,7 +129,7 @@ void Control::Detach() {
 
 void Control::CreateControlWindow(const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
-    box_ = PixelsOf(place_, Dpi());
+    box_ = PixelsOf(rect_, Dpi());
     window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
                               box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
                               form_.Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
@@ -151,10 +151,6 @@ int Control::Dpi() const {
 
 const wchar_t* Control::TypeName() const {
     return Row(kind_).typeName;
-}
-
-bool Control::HasCaption() const {
-    return Row(kind_).hasCaption;
 }
 
 std::wstring Control::Text() const {
@@ -185,13 +181,13 @@ bool Control::SetFont(const FontSpec& font) {
     return true;
 }
 
-void Control::Move(const TwipsRect& place) {
-    place_ = place;
+void Control::Move(const TwipsRect& rect) {
+    rect_ = rect;
     if (!window_) {
         form_.Repaint();
         return;
     }
-    RECT box = PixelsOf(place, Dpi());
+    RECT box = PixelsOf(rect, Dpi());
     if (mostPixels_ > 0)
         box.bottom = std::min(box.bottom, box.top + mostPixels_);
     if (EqualRect(&box, &box_))
@@ -286,7 +282,7 @@ void Control::FitToLine() {
     }
     ReleaseDC(window_, dc);
     mostPixels_ = metrics.tmHeight + kAroundText;
-    Move(place_);
+    Move(rect_);
 }
 
 void Control::FitToText() {

@@ -79,7 +79,7 @@ void Form::CreateFormWindow() {
     RECT frame = {0, 0, ToPixels(spec_.clientWidth, dpi_), ToPixels(spec_.clientHeight, dpi_)};
     AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
     least_ = {frame.right - frame.left, frame.bottom - frame.top};
-    place_ = {}; // a form may be loaded again
+    rect_ = {}; // a form may be loaded again
     Centre(ToTwips(least_.cx, dpi_), ToTwips(least_.cy, dpi_));
 }
 
@@ -180,10 +180,10 @@ Control& Form::Get(std::wstring_view name) {
     return **found;
 }
 
-void Form::Move(const TwipsRect& place) {
-    place_ = place;
-    SetWindowPos(window_, nullptr, ToPixels(place.left, dpi_), ToPixels(place.top, dpi_),
-                 ToPixels(place.width, dpi_), ToPixels(place.height, dpi_),
+void Form::Move(const TwipsRect& rect) {
+    rect_ = rect;
+    SetWindowPos(window_, nullptr, ToPixels(rect.left, dpi_), ToPixels(rect.top, dpi_),
+                 ToPixels(rect.width, dpi_), ToPixels(rect.height, dpi_),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -192,11 +192,11 @@ void Form::Centre(double width, double height) {
         const int screen = GetSystemMetrics(metric);
         return std::lround(ToTwips(screen, dpi_) - size) / 2;
     };
-    const TwipsRect place = {static_cast<double>(middle(SM_CXSCREEN, width)),
-                             static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
+    const TwipsRect rect = {static_cast<double>(middle(SM_CXSCREEN, width)),
+                            static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
     // A form whose size has not changed since Load is centred already.
-    if (place != place_)
-        Move(place);
+    if (rect != rect_)
+        Move(rect);
 }
 
 void Form::SetRightToLeft(bool rightToLeft) {
@@ -346,13 +346,13 @@ void Form::FollowEdges() {
     const double higher = ToTwips(client.bottom, dpi_) - spec_.clientHeight;
     for (size_t i = 0; i < controls_.size(); ++i) {
         const unsigned flags = controls_[i]->Flags();
-        TwipsRect place = spec_.controls[i].place;
-        place.left += flags & kMoveRight ? wider : 0;
-        place.top += flags & kMoveDown ? higher : 0;
-        place.width += flags & kGrowRight ? wider : 0;
-        place.height += flags & kGrowDown ? higher : 0;
+        TwipsRect rect = spec_.controls[i].rect;
+        rect.left += flags & kMoveRight ? wider : 0;
+        rect.top += flags & kMoveDown ? higher : 0;
+        rect.width += flags & kGrowRight ? wider : 0;
+        rect.height += flags & kGrowDown ? higher : 0;
         if (flags & (kMoveRight | kMoveDown | kGrowRight | kGrowDown))
-            controls_[i]->Move(place);
+            controls_[i]->Move(rect);
     }
 }
 
@@ -379,7 +379,7 @@ void Form::PaintLines() {
     for (const auto& control : controls_) {
         if (control->Kind() != ControlKind::Line || !control->Visible())
             continue;
-        const TwipsRect& line = control->Place();
+        const TwipsRect& line = control->Rect();
         RECT bar = {ToPixels(line.left, dpi_), ToPixels(line.top, dpi_),
                     ToPixels(line.left + line.width, dpi_), ToPixels(line.top + line.height, dpi_)};
         bar.right = std::max(bar.right, bar.left + 1);

@@ -63,11 +63,10 @@ public:
     const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
     Control& Get(std::wstring_view name);
 
-    // Outer size and place.
-    double Width() const { return place_.width; }
-    double Height() const { return place_.height; }
-    const TwipsRect& Place() const { return place_; }
-    void Move(const TwipsRect& place);
+    // Outer size.
+    double Width() const { return rect_.width; }
+    double Height() const { return rect_.height; }
+    void Move(const TwipsRect& rect);
     void Centre() { Centre(Width(), Height()); }
     // Takes the size at once.
     void Centre(double width, double height);
@@ -129,7 +128,7 @@ private:
     HWND toolTips_ = nullptr;
     int dpi_ = USER_DEFAULT_SCREEN_DPI;
     std::wstring caption_;
-    TwipsRect place_;
+    TwipsRect rect_;
     std::vector<std::unique_ptr<Control>> controls_;
     // The designed outer size, below which a sizable form does not go.
     SIZE least_ = {};

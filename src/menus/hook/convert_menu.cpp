@@ -21,7 +21,7 @@ constexpr wchar_t kRoutine[] = L" ConvertMenu";
 // How deep submenus are followed; each level takes room on the stack.
 constexpr int kDeepest = 32;
 // How many items that hosts have taken out of their menus are remembered.
-constexpr std::size_t kMostRemoved = 100;
+constexpr std::size_t kMaxRemoved = 100;
 
 // Type flags that a conversion sets. The others are the host's, also after it.
 constexpr UINT kOurTypes = MFT_OWNERDRAW | MFT_SEPARATOR;
@@ -162,7 +162,7 @@ void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen,
 }
 
 void ForgetOldest(MenuModule& module) {
-    for (; module.removed.size() > kMostRemoved; module.removed.pop_front()) {
+    for (; module.removed.size() > kMaxRemoved; module.removed.pop_front()) {
         const CMyItemData* oldest = module.items.Item(module.removed.front());
         if (oldest && oldest->gone)
             module.items.Remove(oldest->number);

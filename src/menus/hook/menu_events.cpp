@@ -133,8 +133,8 @@ void OnMenuSelect(WndCoolMenu& window, UINT item, UINT flags, HMENU menu) {
         return;
     // Copies: the host may uninstall the window during the call.
     const std::wstring text = data->sMenuText, help = data->sMenuHelp;
-    const MenuHelp tell = window.HelpObj;
-    tell(text, help, !(flags & (MF_GRAYED | MF_DISABLED)));
+    const MenuHelp fire = window.HelpObj;
+    fire(text, help, !(flags & (MF_GRAYED | MF_DISABLED)));
 }
 
 LRESULT OnMenuChar(wchar_t letter, HMENU menu) {

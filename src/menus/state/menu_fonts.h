@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk {
 

@@ -37,7 +37,7 @@ private:
     // Wine 10 mixes up the lengths of a block's rows in 32-bit programs: it takes them for 64-bit
     // numbers. There each row is a block of its own.
     static constexpr std::size_t kBlock = sizeof(void*) == 8 ? RowSet::kBlockRows : 1;
-    static constexpr SQLULEN kMostBoundText = 255;
+    static constexpr SQLULEN kMaxBoundText = 255;
 
     struct Bound {
         std::size_t width; // bytes of one cell
@@ -53,7 +53,7 @@ private:
             columns.push_back(DescribeColumn(column));
             hasBinary_ = hasBinary_ || columns.back().kind == ColumnKind::Binary;
             const bool text = columns.back().kind == ColumnKind::Text;
-            const SQLULEN size = std::clamp<SQLULEN>(column.size, 32, kMostBoundText);
+            const SQLULEN size = std::clamp<SQLULEN>(column.size, 32, kMaxBoundText);
             widths_.push_back((text ? size * (unit_ == 1 ? 3 : unit_) : 48 * unit_) + unit_);
         }
         rows_ = std::make_shared<RowSet>(std::move(columns));

@@ -13,7 +13,7 @@
 #include <string>
 
 #include "controls/combo/window/combo_box.h"
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 #include "forms/window/control.h"
 #include "forms/window/counted_class.h"
 
@@ -27,9 +27,9 @@ public:
     DataComboClass();
 };
 
-// A row of a form's layout table. The height is the list's own, whatever the place says.
-constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    ControlSpec design = {ControlKind::Custom, name, L"", place, flags};
+// A row of a form's layout table. The height is the list's own, whatever the rectangle says.
+constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    ControlSpec design = {ControlKind::Custom, name, L"", rect, flags};
     design.windowClass = kDataComboClass;
     return design;
 }
@@ -40,7 +40,7 @@ public:
     static constexpr OLE_COLOR kBackColor = 0x80000005; // the colours of windows and their text
     static constexpr OLE_COLOR kForeColor = 0x80000008;
     // Hosts see 16-bit indexes.
-    static constexpr long kMostItems = 32767;
+    static constexpr long kMaxItems = 32767;
 
     // The object behind a window of the class; it goes with the window.
     static DataCombo& Of(HWND window);
@@ -122,7 +122,7 @@ private:
     void Layout();
     void OnCommand(int notification);
     bool IsSecondClick() const;
-    void RaiseDoubleClick();
+    void FireDoubleClick();
     bool OnListKey(UINT message, WPARAM& wParam);
     HBRUSH OnListColor(HDC dc);
     void ApplyColors();
