@@ -26,7 +26,7 @@ setup:
 	@scripts/setup
 setup-x86:
 	@scripts/setup-x86
-bench: build
+bench:
 	@scripts/bench
 installer:
 	@scripts/installer

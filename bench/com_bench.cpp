@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Late-bound calls beside the platform's own, loading and creating beside servers without a runtime
-// library, and a text handed over as a BSTR.
+// Late-bound calls beside ITypeInfo::Invoke alone, loading and creating beside servers without a
+// runtime library, and a text handed over as a BSTR.
 #include "kit/benchmark.h"
 #include "support/check_hr.h"
 #include "support/late_bound.h"

@@ -29,7 +29,7 @@ using Microsoft::WRL::ComPtr;
 struct WindowImage {
     std::wstring className, text;
     DWORD style, extendedStyle;
-    RECT place; // in the parent
+    RECT rect; // in the parent
     UINT_PTR id;
     std::vector<std::wstring> items;   // of a list box
     std::vector<std::wstring> columns; // of a list view
@@ -103,9 +103,9 @@ WindowImage ImageOf(HWND window, HWND parent) {
                       {},
                       {},
                       {}};
-    GetWindowRect(window, &image.place);
+    GetWindowRect(window, &image.rect);
     if (parent)
-        MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&image.place), 2);
+        MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&image.rect), 2);
     if (image.className == kListBox)
         TakeItems(window, image);
     else if (image.className == kListView)
@@ -182,13 +182,13 @@ LRESULT CALLBACK BareProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 void OpenBare(const FormImage& image) {
     const HFONT font = CreateFontIndirectW(&image.font);
-    const RECT& place = image.form.place;
+    const RECT& rect = image.form.rect;
     const HWND form = CreateWindowExW(
         image.form.extendedStyle, L"BenchForm", image.form.text.c_str(),
-        image.form.style & ~WS_VISIBLE, place.left, place.top, place.right - place.left,
-        place.bottom - place.top, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        image.form.style & ~WS_VISIBLE, rect.left, rect.top, rect.right - rect.left,
+        rect.bottom - rect.top, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     for (const WindowImage& control : image.controls) {
-        const RECT& at = control.place;
+        const RECT& at = control.rect;
         const HWND window = CreateWindowExW(
             control.extendedStyle, control.className.c_str(), control.text.c_str(), control.style,
             at.left, at.top, at.right - at.left, at.bottom - at.top, form,

@@ -140,7 +140,7 @@ void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>&
                             [] {}),
                     9});
 
-    // Now here, now there: the page that comes was never on the screen.
+    // Back and forth, so that each page is a new one on the screen.
     const auto jump = [window, count = names.size()](auto text) {
         return Each([=, at = std::size_t{0}]() mutable {
             at = (at + count / 2 + 37) % count;

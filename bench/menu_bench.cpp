@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One menu item measured and drawn as the platform asks for it, beside the bare calls that measure
-// and draw the same item into the same kind of device context.
+// One menu item measured and drawn by WM_MEASUREITEM and WM_DRAWITEM, beside the bare calls that
+// measure and draw the same item into the same kind of device context.
 #include "kit/benchmark.h"
 #include "menus/hook/cool_menu.h"
 #include "menus/hook/menu_events.h"
@@ -146,7 +146,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
         drawn.itemData = item.data;
         if (!OnDrawItem(*window, drawn))
             throw std::runtime_error("the item is not drawn");
-        SelectClipRgn(drawn.hDC, nullptr); // drawing shuts the platform out of the item
+        SelectClipRgn(drawn.hDC, nullptr); // drawing has clipped the item out
     };
     report.Compare({std::string(name) + " measured", "DrawText on a device context at hand",
                     Target::Nothing, 2, Each(measure),
@@ -166,7 +166,7 @@ void Measure(Report& report, const char* name, const wchar_t* marks, bool pictur
 void MeasureLargeMenu(Report& report) {
     constexpr UINT kSubmenus = 600, kItems = 20;
     constexpr int kTimes = 9;
-    constexpr double kMostMilliseconds = 100;
+    constexpr double kMaxMilliseconds = 100;
     const Host host(L"");
     for (UINT i = 0; i < kSubmenus; ++i) {
         const HMENU submenu = CreatePopupMenu();
@@ -182,7 +182,7 @@ void MeasureLargeMenu(Report& report) {
         for (int i = 0; i < kTimes; ++i)
             times.push_back(Each(open)(1) / 1e6);
         std::nth_element(times.begin(), times.begin() + kTimes / 2, times.end());
-        report.Note({area, "ms", times[kTimes / 2], kMostMilliseconds});
+        report.Note({area, "ms", times[kTimes / 2], kMaxMilliseconds});
     };
     note("menu bar opened, 600 submenus of 20 items",
          [&] { OnInitMenu(window, GetMenu(host.Window())); });

@@ -29,7 +29,7 @@ string(REPLACE "[" "<" idl "${idl}")
 string(REPLACE "]" ">" idl "${idl}")
 string(REPLACE ";" "." idl "${idl}")
 
-# What the platform's type library marshaler and its dispatch marshaler are known by.
+# The CLSIDs of oleaut32's marshalers: PSOAInterface for dual interfaces, PSDispatch for dispinterfaces.
 set(proxy_interface "{00020424-0000-0000-C000-000000000046}")
 set(proxy_dispinterface "{00020420-0000-0000-C000-000000000046}")
 # The flags of the class table's controls, in the words of manifests.

@@ -1,5 +1,5 @@
 ; SPDX-License-Identifier: MIT
-; What setup and uninstaller have in common: the system, lists of files, registration, failing.
+; What setup and uninstaller share: the system, lists of files, registration, failure.
 Var hasX64    ; 1 where the 64-bit library serves
 Var isAdmin   ; 1 with an administrator's rights
 Var scope     ; machine or user
@@ -75,7 +75,7 @@ Function ${un}WalkList
     FileClose $R8
 FunctionEnd
 
-; A program or DLL that runs cannot be opened for writing.
+; A program or DLL in use cannot be opened for writing.
 Function ${un}TryToWrite
     ${If} $R4 == ".dll"
     ${OrIf} $R4 == ".exe"
@@ -89,7 +89,7 @@ Function ${un}TryToWrite
     ${EndIf}
 FunctionEnd
 
-; What is not there any more is no error, and folders with files of others stay.
+; Missing files are no error, and folders with files of others stay.
 Function ${un}DeleteOne
     ${If} $R3 == "\"
         RMDir "$R1\$R2"
@@ -161,7 +161,7 @@ FunctionEnd
     Call ${un}RunRegSvr
 !macroend
 
-; What can be taken back is, and $R2 names what could not.
+; Unregisters what can be unregistered; $R2 names what could not.
 !macro UnregisterOne un folder arch dll
     !insertmacro RegSvr "${un}" /u "${folder}" ${arch} ${dll}
     ${If} $failed != ""
@@ -175,7 +175,7 @@ FunctionEnd
     !insertmacro UnregisterOne "${un}" "${folder}" x64 vndesk.dll
     !insertmacro UnregisterOne "${un}" "${folder}" x86 vndesk.dll
     ${If} $scope == user
-        ; A user need not have had these at all.
+        ; A user may never have had these.
         DeleteRegKey /ifempty HKCU "Software\Classes\CLSID"
         DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node\CLSID"
         DeleteRegKey /ifempty HKCU "Software\Classes\Wow6432Node"

@@ -29,7 +29,7 @@ FunctionEnd
         '/k ""$INSTDIR\${arch}\vndesk-check.exe""' "" SW_SHOWNORMAL
 !macroend
 
-; What cannot be made is missing in the menu only.
+; An entry that cannot be made is just missing; the setup goes on.
 Function MakeMenuEntries
     Call RemoveMenuEntries
     ; A shortcut starts its program in this folder.

@@ -32,7 +32,7 @@ Function ChooseScope
     Call ChooseFolder
 FunctionEnd
 
-; That of the installation that is there, else as much as the rights allow.
+; The scope of an existing installation, else the widest that the rights allow.
 Function DefaultScope
     StrCpy $scope user
     ${If} $isAdmin == 1
@@ -67,7 +67,7 @@ Function ChooseFolder
     ${EndIf}
 FunctionEnd
 
-; Nobody is asked who has no choice.
+; A user without a choice is not asked.
 Function ScopePage
     ${If} $isAdmin != 1
         Abort

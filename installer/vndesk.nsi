@@ -131,7 +131,7 @@ FunctionEnd
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionWine} "$(WineText)"
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
-; Only Wine has need of an ADO, and only for all users: it does not merge the classes of one user.
+; Only Wine needs the ADO bridge, and only for all users: Wine does not merge one user's classes.
 Function ChooseComponents
     System::Call 'ntdll::wine_get_version() t .r0 ? c'
     ${If} $0 != "error"

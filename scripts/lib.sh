@@ -9,8 +9,10 @@ build=$root/build
 # Without a symbolizer the sanitizers of native programs take the one of binutils.
 export ASAN_OPTIONS=allow_addr2line=1
 
-# The cache of compiled files serves every clone, and knows precompiled headers by what they hold.
+# The cache of compiled files serves every clone, knows precompiled headers by their checksum (cmake/launch.sh), and the
+# other headers by the list that the compiler makes anyway.
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+export CCACHE_PCH_EXTSUM=1 CCACHE_DEPEND=1
 
 say() { printf '%s\n' "$*" >&2; }
 die() {

@@ -79,7 +79,7 @@ void Report::Compare(Comparison comparison) {
     const std::size_t theirTimes = Calibrate(comparison.theirs);
     std::vector<double> ours, theirs, ratios;
     for (int round = 0; round < comparison.rounds; ++round) {
-        // In turns: what slows the machine down for a while slows down both.
+        // In turns, so that a slow moment of the machine hits both.
         ours.push_back(comparison.ours(oursTimes) / static_cast<double>(oursTimes));
         theirs.push_back(comparison.theirs(theirTimes) / static_cast<double>(theirTimes));
         ratios.push_back(comparison.kind == Target::Faster ? theirs.back() / ours.back()
@@ -145,7 +145,7 @@ void Report::PrintTable(const char* margin) const {
 }
 
 int Report::Finish() const {
-    // Behind a mark the table may share a file with the JSON.
+    // The mark lets table and JSON share a file.
     PrintTable(both_ ? "# " : "");
     if (both_)
         PrintJson();

@@ -17,7 +17,7 @@ const
   kYesNo = 4;
   kQuestion = 32;
   kYes = '6'; // MgBox gives the number of the button as text
-  kMostCommands = 31;
+  kMaxCommands = 31;
 
 type
   // Names of the commands that the user's group may run, at the place of their SubMenu.ID.
@@ -75,7 +75,7 @@ begin
     for I := 0 to High(Bars) do
       if Bars[I] = NumberOf(Rows.Fields.Item[1].Value) then
       begin
-        if (Places[I] < kMostCommands) and (Masks[I] and (1 shl Places[I]) <> 0) then
+        if (Places[I] < kMaxCommands) and (Masks[I] and (1 shl Places[I]) <> 0) then
         begin
           if Id >= Length(Result) then
             SetLength(Result, Id + 1);

@@ -45,7 +45,7 @@ public:
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
         return DISP_E_UNKNOWNNAME;
     }
-    // The last argument stands first.
+    // DISPPARAMS has the last argument first.
     STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                         EXCEPINFO*, UINT*) override {
         if (event != kMenuHelp || parameters->cArgs != 3 || parameters->rgvarg[1].vt != VT_BSTR)

@@ -30,7 +30,7 @@ _variant_t LateBound::Invoke(const wchar_t* name, WORD kind,
     DISPID id;
     LPOLESTR names[] = {const_cast<LPOLESTR>(name)};
     Check(object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
-    // The last argument stands first.
+    // DISPPARAMS has the last argument first.
     std::vector<VARIANT> reversed(std::rbegin(arguments), std::rend(arguments));
     DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     _variant_t result;

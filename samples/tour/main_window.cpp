@@ -96,7 +96,7 @@ void Destroy(HWND window) {
     PostQuitMessage(0);
 }
 
-// What the status bar leaves.
+// The room above the status bar.
 RECT Middle(HWND window) {
     RECT area, bar;
     GetClientRect(window, &area);

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr size_t kFirstMask = 3; // after Code, Name and Des
-constexpr int kMostCommands = 31;
+constexpr int kMaxCommands = 31;
 
 } // namespace
 
@@ -34,7 +34,7 @@ Rights::Rights(HostDatabase& database, long userCode) {
     for (const Row& command : database.Read(L"SELECT ID,IdMenuBar FROM SubMenu ORDER BY ID")) {
         Bar& bar = bars[NumberOf(command[1])];
         const int place = bar.next++;
-        if (place < kMostCommands && (bar.mask >> place & 1))
+        if (place < kMaxCommands && (bar.mask >> place & 1))
             granted_.insert(NumberOf(command[0]));
     }
 }

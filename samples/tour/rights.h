@@ -9,7 +9,7 @@
 //   Groups     Code  Name  Des  P1  P2  P3 ... one column per row of Menu, in the same order
 //
 // Bit i of a bar's number stands for the bar's command at place i, counted from 0 by ascending
-// SubMenu.ID. Columns count by their place: their names are the host's own affair. A bar has room
+// SubMenu.ID. Columns count by their position: the host may name them as it likes. A bar has room
 // for 31 commands.
 #pragma once
 #include <set>

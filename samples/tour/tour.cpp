@@ -56,7 +56,7 @@ void Tour::ReadUser() {
         const auto users =
             database.Read(L"SELECT [Name] FROM [User] WHERE Code=" + std::to_wstring(code_));
         if (users.empty()) {
-            code_ = 0; // the own row has been deleted
+            code_ = 0; // the user's row has been deleted
             return;
         }
         name_ = TextOf(users.front()[0]);
@@ -112,8 +112,8 @@ void Tour::ShowRows(const List& list) {
     });
 }
 
-// The condition is put into the program's own statement as it is; one that the database does not
-// accept is told like any other error.
+// The condition is put into the program's own statement as it is; one that the database refuses is
+// reported like any other error.
 void Tour::FindRows(const Search& search) {
     Try([&] {
         const std::wstring condition = vndesk_.Search(options_.connect, search.table, window_);

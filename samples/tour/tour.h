@@ -15,7 +15,8 @@ class Tour;
 
 // How the program's window shows what the commands have changed or found.
 struct View {
-    // Who is logged on, and which commands the user may run. A list of another user goes.
+    // Who is logged on, and which commands the user may run. A list that another user has opened is
+    // closed.
     void (*showState)(HWND window, const Tour& tour) = nullptr;
     void (*showList)(HWND window, const List& list, const std::vector<Row>& rows) = nullptr;
 };

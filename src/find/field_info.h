@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the find dialog must know of each searchable field besides its caption.
+// What the find dialog needs of each searchable field besides its caption.
 #pragma once
 
 #include <string>

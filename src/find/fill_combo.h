@@ -33,8 +33,8 @@ void FillCombo(const Database& database, Combo& combo, const std::wstring& state
             return;
         const long selected = combo.ListIndex();
         combo.Clear();
-        // Up to a row that cannot be read: an item without its value would be worse than none, and
-        // the items stand for the rows by their places.
+        // Stops at a row that cannot be read: an item without its value would be wrong, and items
+        // belong to rows by their position.
         Trap([&] {
             for (; !rows.Eof(); rows.MoveNext()) {
                 const _variant_t text = rows.Value(1L);

@@ -17,7 +17,6 @@
 #include "forms/keys/tab_stroke.h"
 #include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -80,7 +79,6 @@ constexpr FormSpec kForm = {
 
 constexpr long kFirst = 0;
 constexpr long kLines = kConditionLines;
-constexpr long kDateField = 8;
 
 std::wstring Shown(const wchar_t* text) {
     return ToUncText(text, kToUnicode);
@@ -131,7 +129,7 @@ protected:
         }
         for (long i = kFirst; key == VK_F2 && i < kLines; ++i)
             if (&control == &ValueBox(i)) {
-                // What goes wrong here is no concern of the line.
+                // A failed look-up leaves the line as it is.
                 Trap([&] { LookUp(i); });
                 return true;
             }
@@ -239,7 +237,7 @@ private:
             return L"";
         if (!info_.FieldRelation.at(static_cast<size_t>(field)).empty())
             return texts::kFindCueRelation;
-        return FieldType(field) == kDateField ? texts::kFindCueDate : L"";
+        return FieldType(field) == kFieldDate ? texts::kFindCueDate : L"";
     }
 
     // What an empty box asks for.
@@ -290,10 +288,7 @@ private:
         Unload();
     }
 
-    void Help() {
-        std::wstring title = texts::kFindHelpTitle;
-        ShowMsg(texts::kFindHelpText, kOkOnly, title, kInformation, false);
-    }
+    void Help() { ShowMsg(texts::kFindHelpText, kOkOnly, texts::kFindHelpTitle, kInformation); }
 
     const Database& database_;
     const std::wstring table_;

@@ -8,10 +8,10 @@
 #include "forms/look/images.h"
 #include "forms/window/form_of.h"
 #include "logon/password.h"
+#include "logon/text/captions.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
 #include "text/ascii_text.h"
-#include "text/fixed_texts.h"
 
 namespace vndesk {
 
@@ -70,17 +70,17 @@ private:
             Unload();
             return;
         }
-        std::wstring title = L"Login";
-        ShowMsg(texts::kLogonFailed, kOkOnly, title, kNoIcon, false);
+        ShowMsg(texts::kLogonFailed, kOkOnly, L"Login");
         Control& user = Get(L"TxtUser");
         user.Focus();
         user.Select(0, static_cast<int>(user.Text().size()));
     }
 
-    // Rows that come for a name with an apostrophe answer a condition of the name's own. What could
-    // be more than a condition is not even sent: whoever sees the dialog can type it.
+    // Rows found for a name with an apostrophe match a condition that was typed into the name, so
+    // they do not count. A name that could be more than a condition is not even sent: anybody can
+    // type into this dialog.
     bool LookUp(Recordset& users, std::wstring_view name, double code) {
-        // What a driver may read that takes statements in the code page.
+        // What a driver reads that takes statements in the ANSI code page.
         const std::wstring inCodePage = WithAnsiApostrophes(name);
         if (!MayMeanMore({name}) && !MayMeanMore({inCodePage}))
             OpenRecordset(database_, users, LogonStatement(name, code, database_.kind));

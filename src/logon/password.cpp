@@ -12,7 +12,7 @@ namespace vndesk {
 
 namespace {
 
-// Double-byte characters are beyond every code that a password may have; their first byte says so.
+// The first byte of a double-byte character is above every code that a password may have.
 int AnsiCode(wchar_t character) {
     char bytes[8] = "";
     WideCharToMultiByte(CP_ACP, 0, &character, 1, bytes, sizeof bytes, nullptr, nullptr);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Passwords as the user types them, turned into the number that the database keeps.
+// The number that the database stores for a password as the user types it.
 #pragma once
 
 #include <string_view>

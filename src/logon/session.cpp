@@ -11,8 +11,7 @@ namespace {
 
 // The running operations of all threads, the latest first. Not thread_local: GCC's run-time ends
 // the process where it has no memory for one, and keeps what it took for other threads when the DLL
-// goes. No owner: a process may end in the middle of the operations, and nothing may run for them
-// then.
+// goes. Not owned: the process may end during one, and no destructor may run then.
 SRWLOCK lock_ = SRWLOCK_INIT;
 SessionConnection* latest_;
 

@@ -9,8 +9,8 @@
 #include "forms/look/images.h"
 #include "forms/window/form_of.h"
 #include "msgbox/text/button_sets.h"
+#include "msgbox/text/captions.h"
 #include "msgbox/text/return_codes.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -19,25 +19,25 @@ namespace {
 
 // The message is never smaller than this, so that the widest button set fits below it and the icon
 // beside it.
-constexpr TwipsRect kMessagePlace = {840, 600, 2760, 360};
-constexpr TwipsRect kIconPlace = {180, 480, 480, 480};
+constexpr TwipsRect kMessageRect = {840, 600, 2760, 360};
+constexpr TwipsRect kIconRect = {180, 480, 480, 480};
 constexpr double kStripHeight = 330;
 constexpr wchar_t kLastKey = 0xFF;
 
-// What lies on top stands first. The designed buttons are those of a box whose button number names
-// no set.
+// Controls that lie on top come first. The designed buttons are those of a box whose button number
+// names no set.
 constexpr ControlSpec kControls[] = {
-    Label(L"Message", L"", kMessagePlace, kAutoSize),
+    Label(L"Message", L"", kMessageRect, kAutoSize),
     Button(L"Cmd1", L"OK", {1302, 1110, 1095, 375}, kDefault | kCancel),
     Button(L"Cmd2", L"", {1302, 1110, 1095, 375}, kHidden),
     Button(L"Cmd3", L"", {1302, 1110, 1095, 375}, kHidden),
     Label(L"label4", L"", {10, 45, 3600, 240}, kEllipsis),
     Label(L"Label5", L"", {0, 0, 3700, kStripHeight}, kBehind),
-    Image(L"micon", kIconPlace),
-    Image(L"stop", kIconPlace, kHidden),
-    Image(L"q", kIconPlace, kHidden),
-    Image(L"Ex", kIconPlace, kHidden),
-    Image(L"Info", kIconPlace, kHidden),
+    Image(L"micon", kIconRect),
+    Image(L"stop", kIconRect, kHidden),
+    Image(L"q", kIconRect, kHidden),
+    Image(L"Ex", kIconRect, kHidden),
+    Image(L"Info", kIconRect, kHidden),
 };
 
 constexpr FormSpec kForm = {
@@ -56,7 +56,7 @@ struct IconSource {
     WORD systemIcon;
 };
 
-// The numbers are the platform's OIC_ identifiers.
+// The numbers are the OIC_ identifiers of winuser.h.
 constexpr IconSource kIcons[] = {
     {kCritical, L"stop", 32513},
     {kQuestion, L"q", 32514},
@@ -68,12 +68,12 @@ constexpr Name kButtonNames[] = {L"Cmd1", L"Cmd2", L"Cmd3"};
 
 class MessageForm final : public FormOf<kForm> {
 public:
-    std::wstring RetValue;
+    Pressed RetValue = Pressed::None;
 
     void SetTexts(const std::wstring& message, const std::wstring& title) {
         FitInto(WorkArea());
-        Get(L"Message").SetCaption(ToUncText(message, 0));
-        Get(L"label4").SetCaption(ToUncText(title, 0));
+        Get(L"Message").SetCaption(ToUncText(message, kToUnicode));
+        Get(L"label4").SetCaption(ToUncText(title, kToUnicode));
         // Tools and screen readers ask the window for the title that the label shows.
         SetWindowTextW(Window(), Get(L"label4").Caption().c_str());
     }
@@ -106,7 +106,7 @@ public:
 
 protected:
     void OnLoad() override {
-        RetValue.clear();
+        RetValue = Pressed::None;
         const COLORREF strip = GetSysColor(COLOR_ACTIVECAPTION);
         Get(L"Label5").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
         Get(L"label4").SetColors(strip, GetSysColor(COLOR_CAPTIONTEXT));
@@ -148,14 +148,14 @@ protected:
         if (character <= L' ')
             return false;
         CharUpperBuffW(&character, 1);
-        // No key has the number of a letter from an input method.
+        // Letters of an input method are beyond the virtual-key codes.
         if (character <= kLastKey)
             Gui_Phim(character, 3);
         return true;
     }
 
 private:
-    int IconSize() const { return ToPixels(kIconPlace.width, Dpi()); }
+    int IconSize() const { return ToPixels(kIconRect.width, Dpi()); }
 
     HICON SystemIcon(WORD number) const {
         return static_cast<HICON>(LoadImageW(nullptr, MAKEINTRESOURCEW(number), IMAGE_ICON,
@@ -176,12 +176,12 @@ private:
         return area;
     }
 
-    // A text that is wider or higher than the screen must not carry the buttons out of sight.
+    // A text wider or higher than the screen must not push the buttons off it.
     void FitInto(const RECT& area) {
         const Control& button = Get(L"Cmd1");
         Get(L"Message")
-            .SetLargest(ToTwips(area.right - area.left, Dpi()) - kMessagePlace.left - 100,
-                        ToTwips(area.bottom - area.top, Dpi()) - kMessagePlace.top -
+            .SetLargest(ToTwips(area.right - area.left, Dpi()) - kMessageRect.left - 100,
+                        ToTwips(area.bottom - area.top, Dpi()) - kMessageRect.top -
                             button.Height() - 300);
     }
 
@@ -192,7 +192,7 @@ private:
             Control& button = Get(kButtonNames[i]);
             const bool shown = set[i].caption != nullptr;
             if (shown) {
-                button.SetCaption(ToUncText(set[i].caption, 0));
+                button.SetCaption(ToUncText(set[i].caption, kToUnicode));
                 button.tag = set[i].tag;
                 ++count;
             }
@@ -208,7 +208,7 @@ private:
 
     void Answered(size_t index) {
         const std::wstring& tag = Get(kButtonNames[index]).tag;
-        RetValue = std::to_wstring(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
+        RetValue = static_cast<Pressed>(index == 0 ? GetReturn1(tag) : GetReturn(tag, tag));
         Unload();
     }
 
@@ -225,12 +225,10 @@ private:
 
 } // namespace
 
-std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& title, long icon,
-                     bool rightToLeft) {
+Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title, long icon,
+                bool rightToLeft) {
     MessageForm form;
     form.Load();
-    if (title.empty())
-        title = texts::kNotice;
     form.SetTexts(message, title);
     form.SetReadingOrder(rightToLeft);
     form.SetIcon(icon);

@@ -25,10 +25,21 @@ enum MessageButtons : long {
     kRetryCancel = 5
 };
 
-// Shows the box and waits. Message and title are TCVN3; an empty title becomes the word for Notice,
-// in the caller's text. The result is the pressed button's number as text, empty when the box was
-// closed without one.
-std::wstring ShowMsg(const std::wstring& message, long buttons, std::wstring& title, long icon,
-                     bool rightToLeft);
+// The button that closed the box, by the number that hosts know.
+enum class Pressed : long {
+    None = -1, // closed without a button
+    Unmatched = 0,
+    Ok = 1,
+    Cancel = 2,
+    Abort = 3,
+    Retry = 4,
+    Ignore = 5,
+    Yes = 6,
+    No = 7
+};
+
+// Shows the box and waits. Message and title are TCVN3.
+Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title,
+                long icon = kNoIcon, bool rightToLeft = false);
 
 } // namespace vndesk

@@ -16,7 +16,6 @@
 #include "security/permission_form.h"
 #include "security/text/captions.h"
 #include "security/text/group_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -33,7 +32,7 @@ constexpr ControlSpec kControls[] = {
     TextBox(L"txtName", {5220, 420, 3180, 330}, kGrowRight),
     Label(L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic),
     TextBox(L"TxtDesc", {5220, 840, 3180, 330}, kGrowRight),
-    // Writing comes next after the last box, for those who go on with Enter.
+    // The next tab stop after the last box, for users who go on with Enter.
     Button(L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight),
     Button(L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight),
     Frame(L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrow),
@@ -73,7 +72,7 @@ protected:
     void OnPrepared() override {
         // Frames are not among the controls whose captions preparation converts.
         for (const Name frame : {Name(L"FrDetail"), Name(L"Frame1")})
-            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), 0));
+            Get(frame).SetCaption(ToUncText(Get(frame).Caption(), kToUnicode));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();
         CheckWrite();
@@ -133,8 +132,7 @@ private:
             name = NullToText(group.Value(L"Name"));
             description = NullToText(group.Value(L"Des"));
         });
-        // Empty when they cannot be read: what another group has left here must not be written to
-        // this one.
+        // Empty when they cannot be read: another group's details must not be written to this one.
         Get(L"txtName").SetText(name);
         Get(L"TxtDesc").SetText(description);
     }
@@ -161,7 +159,7 @@ private:
     void ToggleAdding() {
         browseMode_ = !browseMode_;
         Get(L"CmdAdd").SetCaption(
-            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, 0));
+            ToUncText(browseMode_ ? texts::kGroupAdd : texts::kGroupCancelAdding, kToUnicode));
         SetFrameEnabled(Get(L"FrDetail"), browseMode_);
         if (browseMode_) {
             GroupClicked();
@@ -175,7 +173,7 @@ private:
     ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
         const DatabaseKind kind = database_.kind;
         return Trap([&] {
-            // It could change other groups, or all of them.
+            // Sent as it is, the statement could change other groups, or all of them.
             if (MayMeanMore({WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
             Execute(database_,
@@ -188,14 +186,14 @@ private:
         const std::wstring name = Get(L"txtName").Text();
         const std::wstring description = Get(L"TxtDesc").Text();
         if (WriteData(browseMode_ ? curCode_ : 0, name, description))
-            Tell(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
-                 kSaveErrorTitle);
+            ShowMsg(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
+                    kSaveErrorTitle);
         else if (!browseMode_)
             Added(name, description);
         else if (groups_->ListCount() == 0)
             AddedFirst(name, description);
         else
-            groups_->SetText(ShownItem(), ItemText(name, description));
+            SetListText(*groups_, ItemText(name, description), ShownItem());
         Get(L"txtName").Focus();
     }
 
@@ -222,11 +220,11 @@ private:
     }
 
     // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
-    // again. The group has been added, so nothing is told.
+    // again. The group has been added, so the error is not shown.
     long NewCode() { return LastValue(database_, tableName_, L"Code", Failure::Ignored); }
 
     void Delete() {
-        if (Tell(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != L"6")
+        if (ShowMsg(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != Pressed::Yes)
             return;
         const long before = groups_->ListCount();
         long place = 0;
@@ -243,7 +241,7 @@ private:
         if (codes.empty())
             return;
         Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes)); });
-        Tell(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
+        ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
     void ShowRights() {
@@ -252,10 +250,6 @@ private:
     }
 
     void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }
-
-    std::wstring Tell(const std::wstring& message, long buttons, std::wstring title) {
-        return ShowMsg(message, buttons, title, kNoIcon, false);
-    }
 
     const Database& database_;
     const std::wstring tableName_ = L"[Groups]";

@@ -14,7 +14,6 @@
 #include "forms/window/form_of.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -63,11 +62,11 @@ protected:
             return;
         pms_.assign(static_cast<size_t>(bars_->ListCount()) + 1, 0);
         bool known = false;
-        // Rights that are not known would be written back as none.
+        // Rights that could not be read would be written back as none.
         if (const ErrorState error = Trap([&] { known = ReadPms(); }))
             PlainMessage(error.description);
         Get(L"CmdOk").SetEnabled(known);
-        // The first bar stands open, ready for the keyboard.
+        // The first bar is selected, so that the keyboard can be used at once.
         bars_->SetListIndex(0);
         Reporting([this] { ShowBar(); });
     }
@@ -80,7 +79,7 @@ protected:
     }
 
 private:
-    // A bar with too many commands is told, and the form goes on.
+    // A bar with too many commands is reported, and the form stays open.
     template <class Step> void Reporting(Step step) {
         if (const ErrorState error = Trap(step))
             PlainMessage(error.description);
@@ -94,7 +93,7 @@ private:
             addItem(NullToText(rows.Value(L"Desc")), NullToInteger(rows.Value(L"ID")));
     }
 
-    // False when the rights cannot be read, which has been told.
+    // False when the rights cannot be read; the user has seen the error.
     bool ReadPms() {
         Recordset group;
         if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_)) != 0)
@@ -103,8 +102,8 @@ private:
         if (group.Eof())
             return true;
         Get(L"LblTitle")
-            .SetCaption(ToUncText(texts::kPermissionGroupIs, 0) + NullToText(group.Value(L"Name")) +
-                        L"-" + NullToText(group.Value(L"Des")));
+            .SetCaption(ToUncText(texts::kPermissionGroupIs, kToUnicode) +
+                        NullToText(group.Value(L"Name")) + L"-" + NullToText(group.Value(L"Des")));
         // Nothing is granted in a bar without a column.
         const long columns = group.FieldCount();
         for (size_t k = 0; k + 1 < pms_.size(); ++k)
@@ -117,7 +116,7 @@ private:
         const long index = bars_->ListIndex();
         if (index < 0)
             return;
-        // First of all: a tick on commands that stay behind would count for the bar chosen now.
+        // First, because a tick on a command left from before would count for the bar chosen now.
         commands_->Clear();
         const long id = bars_->ItemData(index);
         if (id != static_cast<short>(id))

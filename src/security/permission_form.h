@@ -6,7 +6,7 @@
 
 namespace vndesk {
 
-// A write that fails ends the form and is raised here.
+// Throws when a write fails, which also ends the form.
 void ShowPermissionForm(const Database& database, long groupCode);
 
 } // namespace vndesk

@@ -11,9 +11,9 @@
 #include "forms/window/form_of.h"
 #include "logon/password.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -49,10 +49,6 @@ constexpr FormSpec kForm = {
 constexpr wchar_t kAddTitle[] = L"User Infomation";
 constexpr wchar_t kEditTitle[] = L"User Information";
 
-void Tell(const wchar_t* message, std::wstring title) {
-    ShowMsg(message, kOkOnly, title, kNoIcon, false);
-}
-
 class UserEditor final : public FormOf<kForm> {
 public:
     UserEditor(const Database& database, const UserEditorOptions& options)
@@ -76,12 +72,12 @@ protected:
         passChanged_ = false;
     }
 
-    // Enter moves on; a button that it leaves is pressed.
+    // Enter moves to the next control; if it leaves a button, the button is pressed.
     bool OnKeyPress(wchar_t character) override {
         Control* button = character == L'\r' ? FocusedButton() : nullptr;
         if (!button)
             return EnterAsTab(character);
-        // A stroke would arrive in whatever window the button opens or leaves.
+        // A Tab stroke would go to the window that the button opens, or to the one behind.
         SendMessageW(Window(), WM_NEXTDLGCTL, FALSE, FALSE);
         const HWND window = button->Window();
         SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), BN_CLICKED),
@@ -120,7 +116,7 @@ private:
         const std::wstring& name = options_.OldName;
         if (!MayMeanMore({name}))
             OpenRecordset(database_, user, LoadUserStatement(name, database_.kind));
-        // Rows that come for a name with an apostrophe are those of others.
+        // Rows found for a name with an apostrophe belong to other users.
         if (EndsLiteral(name) || CountRecords(user) == 0)
             return;
         Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
@@ -133,7 +129,7 @@ private:
         user.Close();
     }
 
-    // The two boxes agree, whatever the case of their letters, and the password has a code.
+    // The two passwords are equal, apart from letter case, and have a code.
     bool CheckPass() {
         const std::wstring password = UpperCase(Get(L"TxtPass").Text());
         return password == UpperCase(Get(L"txtConfirm").Text()) && PasswordCodeOf(password) != 0;
@@ -141,7 +137,7 @@ private:
 
     void Confirm() {
         if (ItemList(Get(L"TxtIdGroup")).ListIndex() < 0) {
-            Tell(texts::kUserNoGroup, texts::kNotice);
+            ShowMsg(texts::kUserNoGroup, kOkOnly, texts::kNotice);
             Get(L"TxtIdGroup").Focus();
             return;
         }
@@ -154,14 +150,14 @@ private:
     }
 
     void Save(const std::wstring& name) {
-        // Written all the same it could change other users, or all of them.
+        // Sent as it is, the statement could change other users, or all of them.
         const std::wstring description = Get(L"TxtDes").Text();
         if (MayMeanMore({WithoutPairs(name), WithoutPairs(description), options_.OldName}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         const DatabaseKind kind = database_.kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
-        // Its rows are not needed; a failure to read the user is told before the check.
+        // Its rows are not needed: a failure to read the user is shown before the check.
         if (options_.EditMode)
             OpenRecordset(database_, edited, LoadUserStatement(options_.OldName, kind));
         const long error =
@@ -169,11 +165,11 @@ private:
                           options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
                                             : UserNamedStatement(name, kind));
         bool done = false;
-        // What is open and yet cannot be read ends the form: the name may be taken.
+        // A record set that opens but cannot be read ends the form: the name may be taken.
         if (error == 0 && !taken.Eof()) {
-            Tell(texts::kUserExists, title);
+            ShowMsg(texts::kUserExists, kOkOnly, title);
         } else if (!CheckPass()) {
-            Tell(texts::kUserBadPassword, title);
+            ShowMsg(texts::kUserBadPassword, kOkOnly, title);
         } else {
             Write(name, kind);
             done = true;

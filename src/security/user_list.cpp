@@ -12,10 +12,10 @@
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/text/captions.h"
 #include "security/text/user_statements.h"
 #include "security/user_editor.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -38,7 +38,7 @@ constexpr FormSpec kForm = {
     .controls = kControls,
 };
 
-// The account of the system, which may be renamed but not deleted.
+// The built-in account, which may be renamed but not deleted.
 constexpr double kProtectedUser = 3;
 
 enum Column : size_t { kName, kDescription, kCode };
@@ -65,10 +65,11 @@ protected:
     }
 
     void OnPrepared() override {
-        users_.emplace(Get(L"Lv"), std::vector<ReportColumn>{
-                                       {L"cName", ToUncText(texts::kUserListName, 0), 0.35},
-                                       {L"cDes", ToUncText(texts::kUserListDescription, 0), 0.48},
-                                       {L"cCode", ToUncText(texts::kUserListCode, 0), 0.17}});
+        users_.emplace(Get(L"Lv"),
+                       std::vector<ReportColumn>{
+                           {L"cName", ToUncText(texts::kUserListName, kToUnicode), 0.35},
+                           {L"cDes", ToUncText(texts::kUserListDescription, kToUnicode), 0.48},
+                           {L"cCode", ToUncText(texts::kUserListCode, kToUnicode), 0.17}});
         users_->onDoubleClick = [this] { Edit(); };
         Trap([&] { ReadInfo(); });
         users_->Refresh();
@@ -99,11 +100,12 @@ private:
             users_->Rows().push_back(RowOf(rows));
     }
 
-    // Without those that are shown already: the code before reads as 0 when it cannot be read.
+    // Adds the rows that are not shown yet. The statement may return shown ones: the last code
+    // counts as 0 when it cannot be read.
     void AppendNew(const std::wstring& statement) {
         auto& rows = users_->Rows();
         const auto shown = static_cast<std::ptrdiff_t>(rows.size());
-        // As many as can be read.
+        // Rows before a failure stay.
         Trap([&] { Append(statement); });
         const auto isShown = [&](const ReportRow& row) {
             return std::any_of(rows.begin(), rows.begin() + shown,
@@ -117,7 +119,7 @@ private:
         Append(kUserListStatement);
     }
 
-    // A copy: while a question or the editor stands, the rows may change.
+    // A copy: while a question or the editor is open, the rows may change.
     std::optional<ReportRow> Selected() {
         const auto index = static_cast<size_t>(users_->SelectedIndex());
         const auto& rows = users_->Rows();
@@ -163,10 +165,11 @@ private:
         if (!row)
             return;
         if (NullToDouble(_variant_t(row->cells[kCode].c_str())) == kProtectedUser)
-            Tell(texts::kUserListNoDelete, kOkOnly);
+            ShowMsg(texts::kUserListNoDelete, kOkOnly, texts::kNotice);
         else if (users_->Rows().size() == 1)
-            Tell(texts::kUserListLastUser, kOkOnly);
-        else if (Tell(texts::kUserListConfirmDelete, kYesNo) == L"6" && users_->Rows().size() > 1)
+            ShowMsg(texts::kUserListLastUser, kOkOnly, texts::kNotice);
+        else if (ShowMsg(texts::kUserListConfirmDelete, kYesNo, texts::kNotice) == Pressed::Yes &&
+                 users_->Rows().size() > 1)
             DeleteRow(*row);
         Get(L"Lv").Focus();
     }
@@ -185,15 +188,10 @@ private:
     }
 
     void DeleteUser(const std::wstring& name) {
-        // It could delete other users, or all of them.
+        // Sent as it is, the statement could delete other users, or all of them.
         if (MayMeanMore({name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
         Execute(database_, DeleteUserStatement(name, database_.kind));
-    }
-
-    std::wstring Tell(const wchar_t* message, long buttons) {
-        std::wstring title = texts::kNotice;
-        return ShowMsg(message, buttons, title, kNoIcon, false);
     }
 
     const Database& database_;

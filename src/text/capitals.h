@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Capitals of Vietnamese and of the other alphabets of Europe, the same on every machine: neither
-// the user's language nor the platform takes part.
+// Capitals of the Vietnamese and the other European alphabets, the same on every machine: they do
+// not depend on the user's language or on CharUpper.
 #pragma once
 
 #include <string>

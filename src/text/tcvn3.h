@@ -13,10 +13,6 @@ namespace vndesk {
 // Hosts count these texts with a 16-bit signed number.
 inline constexpr std::size_t kMaxConvertLength = 32767;
 
-constexpr wchar_t ToUncChar(wchar_t ch, long mode) {
-    return mode == kToTcvn3 ? ToTcvn3Unit(ch) : ToUnicodeUnit(ch);
-}
-
 // Writes `length` converted characters to `out`, which may be the same buffer as `in`.
 // Throws std::overflow_error for more than kMaxConvertLength characters, before writing any.
 void ConvertText(wchar_t* out, const wchar_t* in, std::size_t length, long mode);

@@ -178,7 +178,7 @@ TEST_F(ConnectionPointTest, SinkMayLeaveAndAnotherComeDuringAnEvent) {
     secondCookie = Advise(secondSink);
     source_->Fire(1);
     EXPECT_EQ(1, first);
-    EXPECT_EQ(1, second) << "it was connected when the event was raised";
+    EXPECT_EQ(1, second) << "it was connected when the event was fired";
     EXPECT_EQ(0, late);
     EXPECT_EQ(1u, secondSink.references);
     source_->Fire(1);

@@ -38,57 +38,57 @@ Lines Play(const std::wstring& source) {
 // --- from scripts ---
 
 TEST(DataComboScriptTest, ItemsCarryTextAndHiddenValue) {
-    EXPECT_EQ(Play(L"c.ListIndex = 1\nEcho c.Text, c.Value, c.ListCount, c.NewIndex\n"
-                   L"For i = 0 To c.ListCount - 1\nEcho c.List(i), c.ItemData(i)\nNext"),
-              (Lines{L"Ngày sinh BirthDay 3 2", L"Họ tên FullName", L"Ngày sinh BirthDay",
-                     L"Địa chỉ Address"}));
+    EXPECT_EQ((Lines{L"Ngày sinh BirthDay 3 2", L"Họ tên FullName", L"Ngày sinh BirthDay",
+                     L"Địa chỉ Address"}),
+              Play(L"c.ListIndex = 1\nEcho c.Text, c.Value, c.ListCount, c.NewIndex\n"
+                   L"For i = 0 To c.ListCount - 1\nEcho c.List(i), c.ItemData(i)\nNext"));
 }
 
 TEST(DataComboScriptTest, ValueWithoutASelectionIsEmpty) {
-    EXPECT_EQ(Play(L"Echo \"[\" & c.Value & \"]\", \"[\" & c.Text & \"]\", c.ListIndex"),
-              Lines{L"[] [] -1"});
+    EXPECT_EQ(Lines{L"[] [] -1"},
+              Play(L"Echo \"[\" & c.Value & \"]\", \"[\" & c.Text & \"]\", c.ListIndex"));
 }
 
 TEST(DataComboScriptTest, SettingValueSelectsTheMatchingItem) {
-    EXPECT_EQ(Play(L"c.Value = \"Address\"\nEcho c.ListIndex, c.ListIndex1, c.Text\n"
-                   L"v = \"BirthDay\"\nc.Value = v\nEcho c.ListIndex, c.ListIndex1, c.Text"),
-              (Lines{L"2 2 Địa chỉ", L"1 1 Ngày sinh"}));
+    EXPECT_EQ((Lines{L"2 2 Địa chỉ", L"1 1 Ngày sinh"}),
+              Play(L"c.Value = \"Address\"\nEcho c.ListIndex, c.ListIndex1, c.Text\n"
+                   L"v = \"BirthDay\"\nc.Value = v\nEcho c.ListIndex, c.ListIndex1, c.Text"));
 }
 
 TEST(DataComboScriptTest, ValueThatNoItemCarriesIsNoError) {
-    EXPECT_EQ(Play(L"c.ListIndex = 1\nc.Value = \"NoSuchField\"\n"
-                   L"Echo c.ListIndex, \"[\" & c.Value & \"]\""),
-              Lines{L"-1 []"});
+    EXPECT_EQ(Lines{L"-1 []"}, Play(L"c.ListIndex = 1\nc.Value = \"NoSuchField\"\n"
+                                    L"Echo c.ListIndex, \"[\" & c.Value & \"]\""));
 }
 
 TEST(DataComboScriptTest, RemovingMinusOneChangesNothing) {
-    EXPECT_EQ(Play(L"c.ListIndex = 1\nc.RemoveItem -1\nEcho c.ListCount, c.Value\n"
-                   L"c.RemoveItem 0\nEcho c.ListCount, c.Value, c.ItemData(0)"),
-              (Lines{L"3 BirthDay", L"2 BirthDay BirthDay"}));
+    EXPECT_EQ((Lines{L"3 BirthDay", L"2 BirthDay BirthDay"}),
+              Play(L"c.ListIndex = 1\nc.RemoveItem -1\nEcho c.ListCount, c.Value\n"
+                   L"c.RemoveItem 0\nEcho c.ListCount, c.Value, c.ItemData(0)"));
 }
 
 TEST(DataComboScriptTest, ItemWithoutDataHasTheEmptyValue) {
-    EXPECT_EQ(Play(L"c.AddItem \"Mới\"\nc.ListIndex = c.NewIndex\n"
-                   L"Echo c.Text, \"[\" & c.Value & \"]\""),
-              Lines{L"Mới []"});
+    EXPECT_EQ(Lines{L"Mới []"}, Play(L"c.AddItem \"Mới\"\nc.ListIndex = c.NewIndex\n"
+                                     L"Echo c.Text, \"[\" & c.Value & \"]\""));
 }
 
 TEST(DataComboScriptTest, PlaceOfANewItemMayBeGiven) {
-    EXPECT_EQ(Play(L"c.ListIndex = 0\nc.AddItem \"Mã\", 0\np = 2\nc.AddItem \"Tuổi\", p\n"
+    EXPECT_EQ(Lines{L"Mã= Họ tên=FullName Tuổi= Ngày sinh=BirthDay Địa chỉ=Address Quê= FullName"},
+              Play(L"c.ListIndex = 0\nc.AddItem \"Mã\", 0\np = 2\nc.AddItem \"Tuổi\", p\n"
                    L"c.AddItem \"Quê\", \"5\"\n"
                    L"For i = 0 To 5\nl = l & c.List(i) & \"=\" & c.ItemData(i) & \" \"\nNext\n"
-                   L"Echo l & c.Value"),
-              Lines{L"Mã= Họ tên=FullName Tuổi= Ngày sinh=BirthDay Địa chỉ=Address Quê= FullName"});
+                   L"Echo l & c.Value"));
 }
 
 TEST(DataComboScriptTest, TextsAreReplacedAndCleared) {
-    EXPECT_EQ(Play(L"c.List(1) = \"Sinh nhật\"\nc.Text = \"Sinh nhật\"\nEcho c.Value\n"
-                   L"c.Clear\nEcho c.ListCount, c.NewIndex, \"[\" & c.List(0) & \"]\""),
-              (Lines{L"BirthDay", L"0 -1 []"}));
+    EXPECT_EQ((Lines{L"BirthDay", L"0 -1 []"}),
+              Play(L"c.List(1) = \"Sinh nhật\"\nc.Text = \"Sinh nhật\"\nEcho c.Value\n"
+                   L"c.Clear\nEcho c.ListCount, c.NewIndex, \"[\" & c.List(0) & \"]\""));
 }
 
 TEST(DataComboScriptTest, WrongIndexesAreBasicsErrors) {
     EXPECT_EQ(
+        (Lines{L"380 Invalid property value VnDesk.DataCombo1", L"381 Invalid property array index",
+               L"381", L"5", L"13", L"5", L"430", L"3 -1"}),
         Play(L"On Error Resume Next\n"
              L"c.ListIndex = 3\nEcho Err.Number, Err.Description, Err.Source\nErr.Clear\n"
              L"c.List(3) = \"x\"\nEcho Err.Number, Err.Description\nErr.Clear\n"
@@ -97,18 +97,16 @@ TEST(DataComboScriptTest, WrongIndexesAreBasicsErrors) {
              L"c.AddItem \"x\", \"không\"\nEcho Err.Number\nErr.Clear\n"
              L"c.RemoveItem 3\nEcho Err.Number\nErr.Clear\n"
              L"Set c.Font = c\nEcho Err.Number\nErr.Clear\n"
-             L"Echo c.ListCount, c.ListIndex"),
-        (Lines{L"380 Invalid property value VnDesk.DataCombo1", L"381 Invalid property array index",
-               L"381", L"5", L"13", L"5", L"430", L"3 -1"}));
+             L"Echo c.ListCount, c.ListIndex"));
 }
 
 TEST(DataComboScriptTest, AppearanceIsSetAndReadBack) {
     EXPECT_EQ(
+        (Lines{L"80000005 255 False 1 -1", L"True True"}),
         Play(L"c.BackColor = &H80000005\nc.ForeColor = RGB(255, 0, 0)\nc.Enabled = False\n"
              L"c.BackStyle = 1\nc.BorderStyle = -1\nc.Refresh\n"
              L"Echo Hex(c.BackColor), c.ForeColor, c.Enabled, c.BackStyle, c.BorderStyle\n"
-             L"c.Font.Underline = True\nc.Font.Bold = True\nEcho c.Font.Underline, c.Font.Bold"),
-        (Lines{L"80000005 255 False 1 -1", L"True True"}));
+             L"c.Font.Underline = True\nc.Font.Bold = True\nEcho c.Font.Underline, c.Font.Bold"));
 }
 
 // --- early bound ---

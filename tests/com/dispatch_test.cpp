@@ -242,9 +242,8 @@ TEST(LateBoundCallTest, LiteralIsLeftAlone) {
 
 TEST(LateBoundCallTest, NumberVariableGivenForTextKeepsItsType) {
     long number = 12;
-    const Shown shown = WhileAnswering([&] {
-        Logon().Call(L"MgBox", {ByRef(number), 0L, L"t", 64L});
-    });
+    const auto call = [&] { Logon().Call(L"MgBox", {ByRef(number), 0L, L"t", 64L}); };
+    const Shown shown = WhileAnswering(call);
     EXPECT_EQ(L"12", shown.message);
     EXPECT_EQ(12, number);
 }
@@ -297,7 +296,8 @@ TEST(LateBoundCallTest, OnlyAllOnesIsRightToLeftWhateverTheKindOfBoolean) {
 TEST(LateBoundCallTest, OptionalArgumentMayBeMissing) {
     WhileAnswering([] { EXPECT_EQ(L"1", Text(Logon().Call(L"MgBox", {L"a", 0L, L"t", 64L}))); });
     WhileAnswering([] {
-        EXPECT_EQ(L"1", Text(Logon().Call(L"MgBox", {L"a", 0L, L"t", 64L, Missing()})));
+        const _variant_t pressed = Logon().Call(L"MgBox", {L"a", 0L, L"t", 64L, Missing()});
+        EXPECT_EQ(L"1", Text(pressed));
     });
 }
 
@@ -430,9 +430,9 @@ TEST(ErrorTest, TooLongMessageIsAnOverflowAndLeavesNoWindow) {
 }
 
 TEST(ErrorTest, LongestMessageIsShown) {
-    const Shown shown = WhileAnswering([] {
-        Logon().Call(L"MgBox", {std::wstring(32767, L'a').c_str(), 0L, L"t", 64L});
-    });
+    const std::wstring message(32767, L'a');
+    const auto call = [&] { Logon().Call(L"MgBox", {message.c_str(), 0L, L"t", 64L}); };
+    const Shown shown = WhileAnswering(call);
     EXPECT_EQ(32767u, shown.message.size());
 }
 

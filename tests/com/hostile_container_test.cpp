@@ -27,11 +27,9 @@ struct NullCall {
 };
 
 #define NULL_CALL(Interface, Member, ...)                                                          \
-    {                                                                                              \
-#Interface "::" #Member,                                                                   \
-            [](const ComPtr <IDataCombo1>&                                                         \
-                   combo) { return As<Interface>(combo)->Member(__VA_ARGS__); }                    \
-    }
+    NullCall(#Interface "::" #Member, [](const ComPtr<IDataCombo1>& combo) {                       \
+        return As<Interface>(combo)->Member(__VA_ARGS__);                                          \
+    })
 
 TEST(HostileContainer, PlacesForAnswersThatAreNotThereAreRefused) {
     const NullCall calls[] = {
@@ -114,8 +112,8 @@ TEST(HostileContainer, SenselessParametersAreAnswered) {
     ReleaseDC(nullptr, screen);
     EXPECT_SUCCEEDED(view->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, nullptr));
     EXPECT_SUCCEEDED(view->GetAdvise(nullptr, nullptr, nullptr));
-    RECT place = {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX};
-    EXPECT_SUCCEEDED(As<IOleInPlaceObject>(combo)->SetObjectRects(&place, &place));
+    RECT rect = {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX};
+    EXPECT_SUCCEEDED(As<IOleInPlaceObject>(combo)->SetObjectRects(&rect, &rect));
     ComPtr<IDataObject> data;
     EXPECT_HR(E_NOINTERFACE, combo.As(&data));
 }
@@ -330,12 +328,12 @@ public:
     STDMETHODIMP OnInPlaceActivate() override { return Call(); }
     STDMETHODIMP OnUIActivate() override { return Call(); }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
-                                  LPRECT place, LPRECT clip, LPOLEINPLACEFRAMEINFO) override {
+                                  LPRECT rect, LPRECT clip, LPOLEINPLACEFRAMEINFO) override {
         *frame = nullptr;
         *document = nullptr;
         const HRESULT hr = Call();
         if (hr == S_OK)
-            *place = *clip = {0, 0, 120, 77};
+            *rect = *clip = {0, 0, 120, 77};
         return hr;
     }
     STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
@@ -394,8 +392,8 @@ void Embed(HostileSite& site) {
     site.control->SetClientSite(&site);
     site.control->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site, 0, site.window, nullptr);
     site.control->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &site, 0, site.window, nullptr);
-    const RECT place = {5, 5, 90, 90};
-    As<IOleInPlaceObject>(combo)->SetObjectRects(&place, &place);
+    const RECT rect = {5, 5, 90, 90};
+    As<IOleInPlaceObject>(combo)->SetObjectRects(&rect, &rect);
     combo->put_BackColor(kBlue);
     As<IOleInPlaceObject>(combo)->UIDeactivate();
     site.control->DoVerb(OLEIVERB_SHOW, nullptr, &site, 0, site.window, nullptr);

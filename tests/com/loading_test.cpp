@@ -73,7 +73,7 @@ struct Kept {
     long bytes, handles;
 };
 
-void ExpectKept(int rounds, const std::function<void()>& round, Kept kept) {
+void ExpectKept(Kept kept, int rounds, const std::function<void()>& round) {
     for (int i = 0; i < 10; ++i)
         round();
     const size_t heap = HeapInUse().bytes;
@@ -93,8 +93,7 @@ void ExpectKept(int rounds, const std::function<void()>& round, Kept kept) {
 void LoadAgainAndAgain(bool raise, Kept kept) {
     const CopiedDll copy;
     // A process has 1,088 slots for thread-local values.
-    ExpectKept(
-        Rounds(1200, 5000), [&] { LoadUseAndUnload(copy.path, raise); }, kept);
+    ExpectKept(kept, Rounds(1200, 5000), [&] { LoadUseAndUnload(copy.path, raise); });
 }
 
 TEST(Loading, LibraryIsLoadedUsedAndUnloadedAgainAndAgain) {
@@ -109,8 +108,8 @@ TEST(Loading, ThreadsThatMetAnErrorTakeAllWithThemWhenTheyEnd) {
     const CopiedDll copy;
     const HMODULE dll = LoadLibraryW(copy.path.c_str());
     ASSERT_NE(nullptr, dll);
-    ExpectKept(Rounds(500, 5000), [&] { std::thread([&] { UseObject(dll, true); }).join(); },
-               {64, 0});
+    ExpectKept({64, 0}, Rounds(500, 5000),
+               [&] { std::thread([&] { UseObject(dll, true); }).join(); });
     FreeLibrary(dll);
 }
 

@@ -206,7 +206,7 @@ TEST_F(RegistrationTest, NamesStayWhileTheOtherBitnessIsRegistered) {
         GTEST_SKIP() << "the other bitness is registered, or the registry has one view only";
     SetText(HKEY_LOCAL_MACHINE, other, nullptr, L"C:\\other\\vndesk.dll", kOtherView);
     AtEnd([this] { DeleteTree(HKEY_LOCAL_MACHINE, Under(clsid_), kOtherView); });
-    ASSERT_NE(RegistryText(HKEY_LOCAL_MACHINE, other), L"C:\\other\\vndesk.dll");
+    ASSERT_NE(L"C:\\other\\vndesk.dll", RegistryText(HKEY_LOCAL_MACHINE, other));
 
     EXPECT_SUCCEEDED(Unregister());
     EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, Under(clsid_)));

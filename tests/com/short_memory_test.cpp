@@ -23,9 +23,9 @@ using namespace vndesk;
 using namespace vndesk::test;
 
 // What Trap says of the exception, with no memory left while it does.
-template <class Raise> HRESULT Trapped(Raise&& raise) {
+template <class Throw> HRESULT Trapped(Throw&& steps) {
     const FailingMemory none(0);
-    return Trap(raise).code;
+    return ToHresult(steps);
 }
 
 TEST(ShortMemory, TrapHandsTheErrorBack) {

@@ -307,12 +307,12 @@ COLORREF PixelOfPng(const std::wstring& path, UINT x, UINT y) {
     ComPtr<IWICBitmapDecoder> decoder;
     ComPtr<IWICBitmapFrameDecode> frame;
     BYTE pixel[4] = {};
-    const WICRect place = {static_cast<INT>(x), static_cast<INT>(y), 1, 1};
+    const WICRect rect = {static_cast<INT>(x), static_cast<INT>(y), 1, 1};
     if (FAILED(CoCreateInstance(kFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&factory))) ||
         FAILED(factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
                                                   WICDecodeMetadataCacheOnDemand, &decoder)) ||
         FAILED(decoder->GetFrame(0, &frame)) ||
-        FAILED(frame->CopyPixels(&place, sizeof pixel, sizeof pixel, pixel)))
+        FAILED(frame->CopyPixels(&rect, sizeof pixel, sizeof pixel, pixel)))
         return CLR_INVALID;
     return RGB(pixel[2], pixel[1], pixel[0]);
 }
@@ -371,6 +371,41 @@ TEST(LeakProbeTest, CountsHeapBlocks) {
     EXPECT_EQ(before.blocks + 1, after.blocks);
     EXPECT_LE(before.bytes + 100000, after.bytes);
     EXPECT_EQ(before.blocks, HeapInUse().blocks);
+}
+
+// Also where the heap serves a size that is asked for often from larger blocks of its own.
+TEST(LeakProbeTest, CountsEachBlockOfASizeToTheByte) {
+    constexpr size_t kBlocks = 5000;
+    std::vector<void*> blocks;
+    blocks.reserve(kBlocks);
+    HeapUse before;
+    int wrong = 0;
+    const auto compare = [&](size_t size) {
+        const HeapUse now = HeapInUse();
+        wrong += now.blocks != before.blocks + blocks.size() ||
+                 now.bytes != before.bytes + size * blocks.size();
+    };
+    const auto fillAndEmpty = [&](size_t size) {
+        wrong = 0;
+        before = HeapInUse();
+        while (blocks.size() < kBlocks) {
+            blocks.push_back(HeapAlloc(GetProcessHeap(), 0, size));
+            if (blocks.size() % 1237 == 1)
+                compare(size);
+        }
+        while (!blocks.empty()) {
+            HeapFree(GetProcessHeap(), 0, blocks.back());
+            blocks.pop_back();
+            if (blocks.size() % 1237 == 1)
+                compare(size);
+        }
+        compare(size);
+    };
+    fillAndEmpty(1); // other threads of the process may still be starting
+    for (const size_t size : {1u, 40u, 300u, 1000u, 3000u}) {
+        fillAndEmpty(size);
+        EXPECT_EQ(0, wrong) << size;
+    }
 }
 
 // --- late binding ---

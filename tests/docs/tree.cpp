@@ -62,6 +62,16 @@ std::string ReadFile(const fs::path& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines(1);
+    for (const char ch : text)
+        if (ch == '\n')
+            lines.emplace_back();
+        else if (ch != '\r')
+            lines.back() += ch;
+    return lines;
+}
+
 const std::vector<Page>& AllPages() {
     static const std::vector<Page> pages = [] {
         std::vector<Page> found;

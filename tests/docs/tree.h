@@ -12,6 +12,8 @@ namespace docs {
 const std::filesystem::path& Root();
 
 std::string ReadFile(const std::filesystem::path& file);
+// Without their ends.
+std::vector<std::string> Lines(const std::string& text);
 
 struct Page {
     std::filesystem::path file;

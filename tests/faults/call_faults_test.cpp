@@ -45,7 +45,7 @@ protected:
     Played PlayWith(size_t call, Fault fault = Fault::Once) {
         ado_.Begin(call, fault);
         const Played played = Play(GetParam(), database_.Sample());
-        EXPECT_EQ(ado_.Objects(), 0);
+        EXPECT_EQ(0, ado_.Objects());
         return played;
     }
 
@@ -54,13 +54,13 @@ protected:
         const Use& use = GetParam();
         well_ = PlayWith(0);
         calls_ = ado_.Calls();
-        EXPECT_EQ(well_.answer, use.answer);
+        EXPECT_EQ(use.answer, well_.answer);
         if (use.probe) {
-            EXPECT_EQ(database_.Sample().ScalarText(use.probe), use.probed);
-            EXPECT_EQ(ado_.Writes(), 1);
+            EXPECT_EQ(use.probed, database_.Sample().ScalarText(use.probe));
+            EXPECT_EQ(1, ado_.Writes());
         }
         after_ = database_.Now();
-        EXPECT_EQ(after_ != database_.Before(), use.probe != nullptr);
+        EXPECT_EQ(use.probe != nullptr, after_ != database_.Before());
         database_.Restore();
     }
 
@@ -81,7 +81,7 @@ protected:
             else if (use.addsUncounted && now != after_)
                 EXPECT_TRUE(name == "Recordset.EOF" && fault == Fault::Once);
             else
-                EXPECT_EQ(now, after_);
+                EXPECT_EQ(after_, now);
             database_.Restore();
         } else if (written) {
             EXPECT_TRUE(use.mayUpdateNothing);

@@ -41,11 +41,11 @@ public:
         tool.replace(tool.rfind(L'\\') + 1, std::wstring::npos, L"vnhold.exe");
         program_ = std::make_unique<ChildProcess>(
             std::vector<std::wstring>{tool, database.OdbcString(), L"begin exclusive", name});
-        EXPECT_EQ(WaitForSingleObject(event_, 30000), WAIT_OBJECT_0);
+        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(event_, 30000));
     }
     ~OtherProgram() {
         ResetEvent(event_);
-        EXPECT_EQ(program_->ExitCode(30000), 0u);
+        EXPECT_EQ(0u, program_->ExitCode(30000));
         CloseHandle(event_);
     }
     OtherProgram(const OtherProgram&) = delete;
@@ -60,7 +60,7 @@ void WriteAt(const std::wstring& file, long place, char byte) {
     FILE* opened = _wfopen(file.c_str(), L"r+b");
     ASSERT_TRUE(opened);
     fseek(opened, place, SEEK_SET);
-    EXPECT_EQ(fwrite(&byte, 1, 1, opened), 1u);
+    EXPECT_EQ(1u, fwrite(&byte, 1, 1, opened));
     fclose(opened);
 }
 
@@ -73,7 +73,7 @@ void CutShort(const std::wstring& file) {
     const HANDLE opened =
         CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    ASSERT_NE(opened, INVALID_HANDLE_VALUE);
+    ASSERT_NE(INVALID_HANDLE_VALUE, opened);
     SetFilePointer(opened, 9000, nullptr, FILE_BEGIN);
     EXPECT_TRUE(SetEndOfFile(opened));
     CloseHandle(opened);
@@ -113,7 +113,7 @@ class EmbeddedFailures : public testing::TestWithParam<Use> {
 protected:
     EmbeddedFailures() {
         well_ = Play(GetParam(), database_.Sample());
-        EXPECT_EQ(well_.answer, GetParam().answer);
+        EXPECT_EQ(GetParam().answer, well_.answer);
         database_.Restore();
     }
 
@@ -136,7 +136,7 @@ TEST_P(EmbeddedFailures, AreToldAndLeaveTheFileAsItWas) {
         ExpectTold(GetParam(), well_, played);
         EXPECT_TRUE(Bytes(database_.File()) == harmed);
         database_.Restore();
-        EXPECT_EQ(database_.Now(), database_.Before());
+        EXPECT_EQ(database_.Before(), database_.Now());
     }
 }
 
@@ -156,14 +156,14 @@ TEST_P(FullDisk, IsToldAndLeavesTheFileAsItWas) {
 TEST_P(EmbeddedFailures, LockByAnotherProgramIsToldAndChangesNothing) {
     const std::wstring connection = L"Provider=MSDASQL;Timeout=20;Extended Properties=\"" +
                                     database_.Sample().OdbcString() + L"\";Mode=Jet OLEDB";
-    ASSERT_EQ(KindOf(connection), DatabaseKind::Jet);
+    ASSERT_EQ(DatabaseKind::Jet, KindOf(connection));
     std::unique_ptr<OtherProgram> other;
     const Played played = Play(
         GetParam(), database_.Sample(),
         [&] { other = std::make_unique<OtherProgram>(database_.Sample()); }, connection);
     other.reset();
     ExpectTold(GetParam(), well_, played);
-    EXPECT_EQ(database_.Now(), database_.Before());
+    EXPECT_EQ(database_.Before(), database_.Now());
 }
 
 std::vector<Use> UsesThatWrite() {
@@ -201,7 +201,7 @@ private:
         const HANDLE pipe =
             CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-        ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+        ASSERT_NE(INVALID_HANDLE_VALUE, pipe);
         DWORD written = 0;
         EXPECT_TRUE(WriteFile(pipe, order, static_cast<DWORD>(strlen(order)), &written, nullptr));
         CloseHandle(pipe);
@@ -249,7 +249,7 @@ TEST_P(ServerFailures, AreToldAndLeaveTheTablesAsTheyWere) {
         // A use that has no form yet meets the server that is back, and writes.
         if (!comesBack || !GetParam().steps.empty()) {
             ExpectTold(GetParam(), well, played);
-            EXPECT_EQ(Contents(database), before);
+            EXPECT_EQ(before, Contents(database));
         }
     }
 }

@@ -7,6 +7,7 @@
 #include "ado/engine/odbc.h"
 #include "ado/objects/ado_object.h"
 #include "support/check_hr.h"
+#include "support/imports.h"
 
 namespace vndesk::test {
 
@@ -242,30 +243,6 @@ const char* NameOf(const void* faulty) {
     return row->name;
 }
 
-// The slots of a module's imports from odbc32.dll.
-std::vector<void**> OdbcImports(HMODULE module) {
-    const auto base = reinterpret_cast<BYTE*>(module);
-    const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const IMAGE_DATA_DIRECTORY& directory =
-        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    std::vector<void**> slots;
-    for (auto from =
-             reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-         from->Name; ++from)
-        if (_stricmp(reinterpret_cast<const char*>(base + from->Name), "odbc32.dll") == 0)
-            for (auto slot = reinterpret_cast<void**>(base + from->FirstThunk); *slot; ++slot)
-                slots.push_back(slot);
-    return slots;
-}
-
-void Put(void** slot, void* function) {
-    DWORD before = 0;
-    ASSERT_TRUE(VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &before));
-    *slot = function;
-    VirtualProtect(slot, sizeof *slot, before, &before);
-}
-
 } // namespace
 
 FaultyOdbc::FaultyOdbc() {
@@ -277,7 +254,7 @@ FaultyOdbc::FaultyOdbc() {
     if (!GetModuleHandleExW(0, L"adobridge.dll", &bridge_))
         throw std::runtime_error("ADO is not the bridge");
     const HMODULE odbc = GetModuleHandleW(L"odbc32.dll");
-    for (void** slot : OdbcImports(bridge_)) {
+    for (void** slot : ImportsFrom(bridge_, "odbc32.dll")) {
         const auto row = std::find_if(std::begin(kRows), std::end(kRows), [&](const Row& known) {
             return reinterpret_cast<void*>(GetProcAddress(odbc, known.name)) == *slot;
         });
@@ -285,7 +262,7 @@ FaultyOdbc::FaultyOdbc() {
             throw std::runtime_error(
                 "the bridge calls ODBC by a function that is not in the table");
         imports_.push_back({slot, *slot});
-        Put(slot, row->faulty);
+        SetImport(slot, row->faulty);
     }
     Begin();
     held = 0;
@@ -294,7 +271,7 @@ FaultyOdbc::FaultyOdbc() {
 
 FaultyOdbc::~FaultyOdbc() {
     for (const Import& import : imports_)
-        Put(import.slot, import.real);
+        SetImport(import.slot, import.real);
     FreeLibrary(bridge_);
 }
 

@@ -96,15 +96,15 @@ TEST_P(ServersFullDisk, IsToldAndLeavesTheTablesAsTheyWere) {
     {
         const FullTables full(database);
         ASSERT_GT(full.Rows(), 100);
-        ASSERT_NE(full.Refusal().find("No space left on device"), std::string::npos)
+        ASSERT_NE(std::string::npos, full.Refusal().find("No space left on device"))
             << full.Refusal();
         const Played played = Play(use, database);
         ExpectTold(use, well, played);
-        EXPECT_EQ(Contents(database), before);
+        EXPECT_EQ(before, Contents(database));
     }
     // There is room again.
     Play(use, database);
-    EXPECT_NE(Contents(database), before);
+    EXPECT_NE(before, Contents(database));
 }
 
 // To delete a row needs no room.

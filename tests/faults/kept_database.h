@@ -39,12 +39,11 @@ public:
     // Nothing has stayed since, but what Wine's own controls and message boxes keep far below a
     // form. Tells the figures.
     void ExpectBack(const char* use, size_t calls, int faults) const {
-        // The newer Wine of the 32-bit tests counts its heap in lumps (see ui/leaks.cpp).
-        constexpr long kToleratedBytes = sizeof(void*) == 8 ? 1024 : 8192; // a fault
-        constexpr long kToleratedGdi = 2;                                  // however many faults
+        constexpr long kToleratedBytes = 1024; // a fault
+        constexpr long kToleratedGdi = 2;      // however many faults
         const auto growth = static_cast<long>(HeapInUse().bytes - heap_);
         EXPECT_LE(GdiObjectsBesideContexts(), gdi_ + kToleratedGdi);
-        EXPECT_EQ(UserObjects(), user_);
+        EXPECT_EQ(user_, UserObjects());
         EXPECT_LE(growth, faults * kToleratedBytes);
         printf("figures: %s: %d calls, %d faults, the heap grew by %ld bytes a fault\n", use,
                static_cast<int>(calls), faults, growth / std::max(1, faults));

@@ -86,7 +86,7 @@ protected:
     Played PlayWith(size_t call, OdbcFault fault) {
         odbc_.Begin(call, fault);
         const Played played = Play(GetParam(), database_.Sample());
-        EXPECT_EQ(odbc_.Held(), 0);
+        EXPECT_EQ(0, odbc_.Held());
         EXPECT_TRUE(odbc_.BridgeIsIdle());
         return played;
     }
@@ -95,12 +95,12 @@ protected:
         const Use& use = GetParam();
         well_ = PlayWith(0, OdbcFault::Told);
         calls_ = odbc_.Calls();
-        EXPECT_EQ(well_.answer, use.answer);
+        EXPECT_EQ(use.answer, well_.answer);
         if (use.probe) {
-            EXPECT_EQ(database_.Sample().ScalarText(use.probe), use.probed);
+            EXPECT_EQ(use.probed, database_.Sample().ScalarText(use.probe));
         }
         after_ = database_.Now();
-        EXPECT_EQ(after_ != database_.Before(), use.probe != nullptr);
+        EXPECT_EQ(use.probe != nullptr, after_ != database_.Before());
         database_.Restore();
     }
 
@@ -116,7 +116,7 @@ protected:
         const bool passes = kind.fault == OdbcFault::Told || kind.fault == OdbcFault::Silent;
         if (kind.harmless) {
             EXPECT_TRUE(done);
-            EXPECT_EQ(played.messages, well_.messages);
+            EXPECT_EQ(well_.messages, played.messages);
         } else {
             EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
                 << ToUtf8(played.answer);

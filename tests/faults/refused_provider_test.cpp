@@ -17,14 +17,14 @@ TEST(RefusedProvider, StringsOwnProviderIsOpenedAfterTheMessage) {
     const Use& logon = AllUses().front();
     ado.Begin();
     const Played well = Play(logon, database);
-    ASSERT_EQ(well.answer, logon.answer);
+    ASSERT_EQ(logon.answer, well.answer);
     const auto provider = std::find(ado.Calls().begin(), ado.Calls().end(), "Connection.Provider");
-    ASSERT_NE(provider, ado.Calls().end());
+    ASSERT_NE(ado.Calls().end(), provider);
     ado.Begin(static_cast<size_t>(provider - ado.Calls().begin()) + 1);
     const Played refused = Play(logon, database);
-    EXPECT_EQ(refused.answer, logon.answer);
-    EXPECT_EQ(refused.messages, std::vector<std::wstring>{database.ConnectionString()});
-    EXPECT_EQ(ado.Objects(), 0);
+    EXPECT_EQ(logon.answer, refused.answer);
+    EXPECT_EQ(std::vector<std::wstring>{database.ConnectionString()}, refused.messages);
+    EXPECT_EQ(0, ado.Objects());
 }
 
 } // namespace

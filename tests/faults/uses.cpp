@@ -5,8 +5,8 @@
 #include "data/settings/options.h"
 #include "support/new_object.h"
 #include "support/text.h"
-#include "ui/lookup_host.h"
-#include "ui/search.h"
+#include "support/forms/lookup_host.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 
@@ -192,160 +192,140 @@ void ChooseFirstItem(HWND picker) {
 }
 
 std::vector<Use> MakeUses() {
-    std::vector<Use> uses;
-    uses.push_back({"Logon",
-                    {{L"FrmLogon",
-                      [](HWND form) {
-                          SetBox(form, L"TxtUser", L"Admin");
-                          SetBox(form, L"TxtPass", L"abc");
-                          Press(form, L"CmdOk");
-                      }}},
-                    kShowLogon,
-                    L"user 3",
-                    L"user 0"});
-    uses.push_back(
-        {"UserAdded",
-         {{L"FrmMenu", Pressing(L"CmdAdd")},
-          {L"FrmInput",
-           [](HWND editor) {
-               FillUser(editor, L"moi");
-               Press(editor, L"CmdOk");
-           }}},
-         kUserManager,
-         L"",
-         L"",
-         L"select count(*) from \"user\" where name='moi' and idgroup=1 and password=1401",
-         L"1"});
-    uses.push_back({"NameTaken",
-                    {{L"FrmMenu", Pressing(L"CmdAdd")},
-                     {L"FrmInput",
-                      [](HWND editor) {
-                          FillUser(editor, L"Admin");
-                          Press(editor, L"CmdOk");
-                      }}},
-                    kUserManager,
-                    L"",
-                    L""});
-    uses.back().writesUnchecked = true;
-    uses.push_back({"UserEdited",
-                    {{L"FrmMenu", OnFirstUser(L"CmdEdit")},
-                     {L"FrmInput",
-                      [](HWND editor) {
-                          SetBox(editor, L"TxtDes", L"khac");
-                          Press(editor, L"CmdOk");
-                      }}},
-                    kUserManager,
-                    L"",
-                    L"",
-                    L"select \"dec\" from \"user\" where code=1",
-                    L"khac"});
-    uses.push_back({"UserDeleted",
-                    {{L"FrmMenu", OnFirstUser(L"CmdDel")}},
-                    kUserManager,
-                    L"",
-                    L"",
-                    L"select count(*) from \"user\" where code=1",
-                    L"0"});
-    uses.push_back({"PasswordChanged",
-                    {{L"FrmInput",
-                      [](HWND editor) {
-                          SetBox(editor, L"TxtPass", L"ab");
-                          SetBox(editor, L"txtConfirm", L"AB");
-                          Press(editor, L"CmdOk");
-                      }}},
-                    kShowUser,
-                    L"",
-                    L"",
-                    L"select password from \"user\" where code=3",
-                    L"329.0"});
-    uses.push_back({"GroupAdded",
-                    {{L"FmGrp", Pressing(L"CmdAdd")},
-                     {L"FmGrp",
-                      [](HWND groups) {
-                          SetBox(groups, L"txtName", L"moi");
-                          SetBox(groups, L"TxtDesc", L"them");
-                          Press(groups, L"CmdWrite");
-                      }}},
-                    kShowGroup,
-                    L"",
-                    L"",
-                    L"select des from groups where name='moi'",
-                    L"them "});
-    uses.back().asksAfterWriting = true;
-    uses.push_back({"GroupEdited",
-                    {{L"FmGrp", ChooseSecondGroup},
-                     {L"FmGrp",
-                      [](HWND groups) {
-                          if (HasGroups(groups, 2)) {
-                              SetBox(groups, L"TxtDesc", L"khac");
-                              Press(groups, L"CmdWrite");
-                          }
-                      }}},
-                    kShowGroup,
-                    L"",
-                    L"",
-                    L"select name || des from groups where code=2",
-                    L"Kế toánkhac "});
-    uses.push_back({"GroupDeleted",
-                    {{L"FmGrp", ChooseSecondGroup}, {L"FmGrp", OnSecondGroup(L"CmdDelete")}},
-                    kShowGroup,
-                    L"",
-                    L"",
-                    L"select count(*) from groups",
-                    L"1"});
-    uses.back().tellsNoFailedWrite = true;
-    uses.push_back({"RightsWritten",
-                    {{L"FmGrp", ChooseSecondGroup},
-                     {L"FmGrp", OnSecondGroup(L"CmdPms")},
-                     {L"FrPms", TickSecondCommand},
-                     {L"FrPms", WriteTickedRights}},
-                    kShowGroup,
-                    L"",
-                    L"",
-                    L"select p1 || ' ' || p2 || ' ' || p3 from groups where code=2",
-                    L"3 48 31"});
-    uses.push_back({"Search", {{L"FrmFind", FindCode}}, SearchByClass, L"(MaKH  =  'KH001')", L""});
-    uses.back().raisesTheFirst = true;
-    uses.push_back({"FindShowWithPicker",
-                    {{L"FrmFind", LookUpProvince},
-                     {L"FmSelHang", ChooseFirstItem},
-                     {L"FrmFind", Pressing(L"CmdOk")}},
-                    SearchAtOnce,
-                    L"(MaTinh  =  'HN')",
-                    L""});
-    uses.push_back(
-        {"ItemPicked", {{L"FmSelHang", ChooseFirstItem}}, kPickByName, L"HN Hà Nội", L" "});
-    uses.push_back({"CodeEntered", {}, kEnterCode, L"HP Hải Phòng", L" "});
-    uses.push_back({"SettingRead",
-                    {},
-                    OnOptions([](const Database& database) {
-                        return GetOption(database, kStoredOption, L"thay");
-                    }),
-                    L"40",
-                    L"thay"});
-    uses.push_back({"SettingChanged",
-                    {},
-                    OnOptions([](const Database& database) {
-                        return Answered(
-                            [&] { return SetOption(database, kStoredOption, L"50", L"", false); });
-                    }),
-                    L"written",
-                    L"refused",
-                    L"select keyvalue from options where keyname='SoDongMoiTrang'",
-                    L"50"});
-    uses.back().addsUncounted = true;
-    uses.push_back({"SettingAdded",
-                    {},
-                    OnOptions([](const Database& database) {
-                        return Answered(
-                            [&] { return SetOption(database, kNewOption, L"50", L"", false); });
-                    }),
-                    L"written",
-                    L"refused",
-                    L"select keyvalue from options where keyname='Moi'",
-                    L"50"});
-    uses.back().mayUpdateNothing = true;
-    return uses;
+    return {
+        {.name = "Logon",
+         .steps = {{L"FrmLogon",
+                    [](HWND form) {
+                        SetBox(form, L"TxtUser", L"Admin");
+                        SetBox(form, L"TxtPass", L"abc");
+                        Press(form, L"CmdOk");
+                    }}},
+         .call = kShowLogon,
+         .answer = L"user 3",
+         .neutral = L"user 0"},
+        {.name = "UserAdded",
+         .steps = {{L"FrmMenu", Pressing(L"CmdAdd")},
+                   {L"FrmInput",
+                    [](HWND editor) {
+                        FillUser(editor, L"moi");
+                        Press(editor, L"CmdOk");
+                    }}},
+         .call = kUserManager,
+         .probe = L"select count(*) from \"user\" where name='moi' and idgroup=1 and password=1401",
+         .probed = L"1"},
+        {.name = "NameTaken",
+         .steps = {{L"FrmMenu", Pressing(L"CmdAdd")},
+                   {L"FrmInput",
+                    [](HWND editor) {
+                        FillUser(editor, L"Admin");
+                        Press(editor, L"CmdOk");
+                    }}},
+         .call = kUserManager,
+         .writesUnchecked = true},
+        {.name = "UserEdited",
+         .steps = {{L"FrmMenu", OnFirstUser(L"CmdEdit")},
+                   {L"FrmInput",
+                    [](HWND editor) {
+                        SetBox(editor, L"TxtDes", L"khac");
+                        Press(editor, L"CmdOk");
+                    }}},
+         .call = kUserManager,
+         .probe = L"select \"dec\" from \"user\" where code=1",
+         .probed = L"khac"},
+        {.name = "UserDeleted",
+         .steps = {{L"FrmMenu", OnFirstUser(L"CmdDel")}},
+         .call = kUserManager,
+         .probe = L"select count(*) from \"user\" where code=1",
+         .probed = L"0"},
+        {.name = "PasswordChanged",
+         .steps = {{L"FrmInput",
+                    [](HWND editor) {
+                        SetBox(editor, L"TxtPass", L"ab");
+                        SetBox(editor, L"txtConfirm", L"AB");
+                        Press(editor, L"CmdOk");
+                    }}},
+         .call = kShowUser,
+         .probe = L"select password from \"user\" where code=3",
+         .probed = L"329.0"},
+        {.name = "GroupAdded",
+         .steps = {{L"FmGrp", Pressing(L"CmdAdd")},
+                   {L"FmGrp",
+                    [](HWND groups) {
+                        SetBox(groups, L"txtName", L"moi");
+                        SetBox(groups, L"TxtDesc", L"them");
+                        Press(groups, L"CmdWrite");
+                    }}},
+         .call = kShowGroup,
+         .probe = L"select des from groups where name='moi'",
+         .probed = L"them ",
+         .asksAfterWriting = true},
+        {.name = "GroupEdited",
+         .steps = {{L"FmGrp", ChooseSecondGroup},
+                   {L"FmGrp",
+                    [](HWND groups) {
+                        if (HasGroups(groups, 2)) {
+                            SetBox(groups, L"TxtDesc", L"khac");
+                            Press(groups, L"CmdWrite");
+                        }
+                    }}},
+         .call = kShowGroup,
+         .probe = L"select name || des from groups where code=2",
+         .probed = L"Kế toánkhac "},
+        {.name = "GroupDeleted",
+         .steps = {{L"FmGrp", ChooseSecondGroup}, {L"FmGrp", OnSecondGroup(L"CmdDelete")}},
+         .call = kShowGroup,
+         .probe = L"select count(*) from groups",
+         .probed = L"1",
+         .tellsNoFailedWrite = true},
+        {.name = "RightsWritten",
+         .steps = {{L"FmGrp", ChooseSecondGroup},
+                   {L"FmGrp", OnSecondGroup(L"CmdPms")},
+                   {L"FrPms", TickSecondCommand},
+                   {L"FrPms", WriteTickedRights}},
+         .call = kShowGroup,
+         .probe = L"select p1 || ' ' || p2 || ' ' || p3 from groups where code=2",
+         .probed = L"3 48 31"},
+        {.name = "Search",
+         .steps = {{L"FrmFind", FindCode}},
+         .call = SearchByClass,
+         .answer = L"(MaKH  =  'KH001')",
+         .raisesTheFirst = true},
+        {.name = "FindShowWithPicker",
+         .steps = {{L"FrmFind", LookUpProvince},
+                   {L"FmSelHang", ChooseFirstItem},
+                   {L"FrmFind", Pressing(L"CmdOk")}},
+         .call = SearchAtOnce,
+         .answer = L"(MaTinh  =  'HN')"},
+        {.name = "ItemPicked",
+         .steps = {{L"FmSelHang", ChooseFirstItem}},
+         .call = kPickByName,
+         .answer = L"HN Hà Nội",
+         .neutral = L" "},
+        {.name = "CodeEntered", .call = kEnterCode, .answer = L"HP Hải Phòng", .neutral = L" "},
+        {.name = "SettingRead",
+         .call = OnOptions(
+             [](const Database& database) { return GetOption(database, kStoredOption, L"thay"); }),
+         .answer = L"40",
+         .neutral = L"thay"},
+        {.name = "SettingChanged",
+         .call = OnOptions([](const Database& database) {
+             return Answered([&] { return SetOption(database, kStoredOption, L"50", L"", false); });
+         }),
+         .answer = L"written",
+         .neutral = L"refused",
+         .probe = L"select keyvalue from options where keyname='SoDongMoiTrang'",
+         .probed = L"50",
+         .addsUncounted = true},
+        {.name = "SettingAdded",
+         .call = OnOptions([](const Database& database) {
+             return Answered([&] { return SetOption(database, kNewOption, L"50", L"", false); });
+         }),
+         .answer = L"written",
+         .neutral = L"refused",
+         .probe = L"select keyvalue from options where keyname='Moi'",
+         .probed = L"50",
+         .mayUpdateNothing = true},
+    };
 }
 
 } // namespace

@@ -13,13 +13,13 @@
 namespace vndesk::test {
 
 struct Use {
-    const char* name;
-    std::vector<Step> steps;
+    const char* name = "";
+    std::vector<Step> steps = {};
     // The host's call with a connection string to the database. Its answer as text.
     std::function<std::wstring(const SampleDatabase& database, const std::wstring& connection)>
-        call;
-    std::wstring answer;  // when all goes well
-    std::wstring neutral; // when it was not to be had; "": the call has no answer
+        call = {};
+    std::wstring answer = {};  // when all goes well
+    std::wstring neutral = {}; // when it was not to be had; "": the call has no answer
     // What the use changes, for those that write: a statement and what it reads afterwards.
     const wchar_t* probe = nullptr;
     const wchar_t* probed = nullptr;

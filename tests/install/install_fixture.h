@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "install/setup.h"
+#include "support/setup.h"
 #include "install/snapshot.h"
 #include "support/text.h"
 #include "vndesk_version.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Arrow keys on the buttons of a form: they never leave the user without a keyboard.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {

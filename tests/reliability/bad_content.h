@@ -4,10 +4,10 @@
 
 #include "reliability/bad_texts.h"
 #include "reliability/database_rules.h"
-#include "reliability/walker.h"
+#include "support/forms/walker.h"
 
 #include "support/env.h"
-#include "ui/search.h"
+#include "support/forms/search.h"
 
 namespace vndesk::test {
 

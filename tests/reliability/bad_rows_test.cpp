@@ -12,7 +12,7 @@ protected:
     void LookAtEverything() const {
         LogOn(L"Admin", L"abc");
         PlayUsers([&](Walker& walker, HWND list) {
-            EXPECT_EQ(RowCount(list, L"Lv"), Count(L"\"user\""));
+            EXPECT_EQ(Count(L"\"user\""), RowCount(list, L"Lv"));
             for (int row = 0; row < RowCount(list, L"Lv"); ++row) {
                 SelectRow(list, L"Lv", row);
                 if (const HWND editor = walker.Open(list, L"CmdEdit", L"FrmInput"))
@@ -21,7 +21,7 @@ protected:
             walker.Leave(list, L"CmdExit");
         });
         PlayGroups([&](Walker& walker, HWND groups) {
-            EXPECT_EQ(ListCount(groups, L"Lv1"), Count(L"groups"));
+            EXPECT_EQ(Count(L"groups"), ListCount(groups, L"Lv1"));
             PostKey(groups, L"Lv1", VK_HOME);
             for (int row = 0; row == 0 || row < ListCount(groups, L"Lv1"); ++row) {
                 if (row > 0)
@@ -29,7 +29,7 @@ protected:
                 const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
                 if (!rights)
                     continue;
-                EXPECT_EQ(ListCount(rights, L"LstMenuBar"), Count(L"menu"));
+                EXPECT_EQ(Count(L"menu"), ListCount(rights, L"LstMenuBar"));
                 for (int bar = 1; bar < ListCount(rights, L"LstMenuBar"); ++bar)
                     Next(walker, rights, bar);
                 walker.Leave(rights, L"Command1");
@@ -68,7 +68,7 @@ protected:
         });
         EXPECT_SUCCEEDED(search->Show(&modal, Missing()));
         user.Finish();
-        EXPECT_EQ(ResultOf(*search.Get()), L"");
+        EXPECT_EQ(L"", ResultOf(*search.Get()));
     }
 
     int Count(const wchar_t* table) const {
@@ -85,7 +85,7 @@ protected:
     void ExpectNothingChanges() const {
         const std::wstring before = Everything();
         LookAtEverything();
-        EXPECT_EQ(Everything(), before);
+        EXPECT_EQ(before, Everything());
     }
 
 private:
@@ -179,15 +179,15 @@ TEST_P(BadContentRows, UsersOfOneNameAreEditedAndDeletedTogether) {
         HWND editor = walker.Open(list, L"CmdEdit", L"FrmInput");
         SetBox(editor, L"TxtDes", L"ca hai");
         walker.Leave(editor, L"CmdOk");
-        EXPECT_EQ(Test().Read(L"select count(*) from \"user\" where \"dec\"='ca hai'"), L"2");
+        EXPECT_EQ(L"2", Test().Read(L"select count(*) from \"user\" where \"dec\"='ca hai'"));
         walker.TakeTold();
         walker.Do(list, L"CmdDel");
-        EXPECT_EQ(walker.TakeTold().size(), 1u);
+        EXPECT_EQ(1u, walker.TakeTold().size());
         // The other row stays in sight until the form opens again.
-        EXPECT_EQ(RowCount(list, L"Lv"), 6);
+        EXPECT_EQ(6, RowCount(list, L"Lv"));
         walker.Leave(list, L"CmdExit");
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"5");
+    EXPECT_EQ(L"5", Test().Read(L"select count(*) from \"user\""));
     Change(L"update groups set name='Kho',des='Kho'");
     LookAtEverything();
 }

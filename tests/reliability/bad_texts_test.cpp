@@ -38,8 +38,8 @@ TEST_P(BadContentTexts, UsersLogOnUnderEveryNameThatAStatementCanHold) {
         const long code = LogOn(bad.text, L"abc", &told);
         // Blanks around a name do not count, and nobody logs on without one.
         const bool nameless = bad.text.find_first_not_of(L' ') == std::wstring::npos;
-        EXPECT_EQ(code, nameless || bad.endsLiteral ? 0 : kFirst + static_cast<long>(i));
-        EXPECT_EQ(told.empty(), !bad.endsLiteral);
+        EXPECT_EQ(nameless || bad.endsLiteral ? 0 : kFirst + static_cast<long>(i), code);
+        EXPECT_EQ(!bad.endsLiteral, told.empty());
     }
 }
 
@@ -47,7 +47,7 @@ TEST_P(BadContentTexts, UserEditorWritesBackWhatItHasRead) {
     AddUsers();
     const std::wstring before = Rows(L"\"user\"");
     PlayUsers([&](Walker& walker, HWND list) {
-        EXPECT_EQ(RowCount(list, L"Lv"), 7 + static_cast<int>(std::size(kBadTexts)));
+        EXPECT_EQ(7 + static_cast<int>(std::size(kBadTexts)), RowCount(list, L"Lv"));
         for (size_t i = 0; i < std::size(kBadTexts); ++i) {
             const BadText& bad = kBadTexts[i];
             SCOPED_TRACE(bad.name);
@@ -55,10 +55,10 @@ TEST_P(BadContentTexts, UserEditorWritesBackWhatItHasRead) {
             const HWND editor = walker.Open(list, L"CmdEdit", L"FrmInput");
             ASSERT_TRUE(editor);
             if (!bad.endsLiteral) {
-                EXPECT_EQ(TextOf(editor, L"TxtUser"), bad.text);
-                EXPECT_EQ(TextOf(editor, L"TxtDes"), bad.text);
+                EXPECT_EQ(bad.text, TextOf(editor, L"TxtUser"));
+                EXPECT_EQ(bad.text, TextOf(editor, L"TxtDes"));
                 EXPECT_TRUE(walker.Closes(editor, L"CmdOk"));
-                EXPECT_EQ(walker.TakeTold(), Lines());
+                EXPECT_EQ(Lines(), walker.TakeTold());
             } else {
                 // It could not be read: nothing is in the boxes, and nothing can be written.
                 walker.Leave(editor, L"CMDCAN");
@@ -67,7 +67,7 @@ TEST_P(BadContentTexts, UserEditorWritesBackWhatItHasRead) {
         }
         walker.Leave(list, L"CmdExit");
     });
-    EXPECT_EQ(Rows(L"\"user\""), before);
+    EXPECT_EQ(before, Rows(L"\"user\""));
 }
 
 TEST_P(BadContentTexts, UserListDeletesTheUserThatItShows) {
@@ -77,12 +77,12 @@ TEST_P(BadContentTexts, UserListDeletesTheUserThatItShows) {
             SCOPED_TRACE(kBadTexts[i].name);
             SelectRow(list, L"Lv", RowWith(list, L"Lv", 2, Code(i)));
             walker.Do(list, L"CmdDel");
-            EXPECT_EQ(walker.TakeTold().size(), kBadTexts[i].endsLiteral ? 2u : 1u);
-            EXPECT_EQ(UserRow(i).empty(), !kBadTexts[i].endsLiteral);
+            EXPECT_EQ(kBadTexts[i].endsLiteral ? 2u : 1u, walker.TakeTold().size());
+            EXPECT_EQ(!kBadTexts[i].endsLiteral, UserRow(i).empty());
         }
         walker.Leave(list, L"CmdExit");
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), L"8");
+    EXPECT_EQ(L"8", Test().Read(L"select count(*) from \"user\""));
 }
 
 TEST_P(BadContentTexts, GroupManagerAndPermissionsWriteBackWhatTheyHaveRead) {
@@ -96,23 +96,23 @@ TEST_P(BadContentTexts, GroupManagerAndPermissionsWriteBackWhatTheyHaveRead) {
                 continue;
             const BadText& bad = kBadTexts[row - 5];
             SCOPED_TRACE(bad.name);
-            EXPECT_EQ(TextOf(groups, L"txtName"), bad.text);
-            EXPECT_EQ(TextOf(groups, L"TxtDesc"), bad.text);
+            EXPECT_EQ(bad.text, TextOf(groups, L"txtName"));
+            EXPECT_EQ(bad.text, TextOf(groups, L"TxtDesc"));
             const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
             ASSERT_TRUE(rights);
-            EXPECT_EQ(Ticks(rights, L"LstSubMenu"), L"1000");
+            EXPECT_EQ(L"1000", Ticks(rights, L"LstSubMenu"));
             walker.Leave(rights, L"CmdOk");
-            EXPECT_EQ(walker.TakeTold(), Lines());
+            EXPECT_EQ(Lines(), walker.TakeTold());
             // Without a name the button is disabled.
             if (bad.text.empty())
                 continue;
             walker.Do(groups, L"CmdWrite");
-            EXPECT_EQ(walker.TakeTold().size(), bad.endsLiteral ? 1u : 0u);
-            EXPECT_EQ(Test().Group(L"name", kFirst + row - 5), bad.text);
+            EXPECT_EQ(bad.endsLiteral ? 1u : 0u, walker.TakeTold().size());
+            EXPECT_EQ(bad.text, Test().Group(L"name", kFirst + row - 5));
         }
         walker.Leave(groups, L"CmdExit");
     });
-    EXPECT_EQ(Rows(L"(select code,p1,p2,p3 from groups) t"), masks);
+    EXPECT_EQ(masks, Rows(L"(select code,p1,p2,p3 from groups) t"));
 }
 
 TEST_P(BadContentTexts, PermissionFormShowsBarsAndCommandsOfAnyText) {
@@ -128,18 +128,18 @@ TEST_P(BadContentTexts, PermissionFormShowsBarsAndCommandsOfAnyText) {
     PlayGroups([&](Walker& walker, HWND groups) {
         const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
         ASSERT_TRUE(rights);
-        EXPECT_EQ(ListTexts(Control(rights, L"LstMenuBar"))[0], kBadTexts[10].text);
-        EXPECT_EQ(RowCount(rights, L"LstSubMenu"), 4);
+        EXPECT_EQ(kBadTexts[10].text, ListTexts(Control(rights, L"LstMenuBar"))[0]);
+        EXPECT_EQ(4, RowCount(rights, L"LstSubMenu"));
         PostKey(rights, L"LstMenuBar", VK_HOME);
         walker.Down(rights, L"LstMenuBar", 1);
-        EXPECT_EQ(RowCount(rights, L"LstSubMenu"), 6);
+        EXPECT_EQ(6, RowCount(rights, L"LstSubMenu"));
         walker.Down(rights, L"LstMenuBar", 2);
-        EXPECT_EQ(RowCount(rights, L"LstSubMenu"), 5);
+        EXPECT_EQ(5, RowCount(rights, L"LstSubMenu"));
         walker.Leave(rights, L"CmdOk");
         walker.Leave(groups, L"CmdExit");
-        EXPECT_EQ(walker.TakeTold(), Lines());
+        EXPECT_EQ(Lines(), walker.TakeTold());
     });
-    EXPECT_EQ(Rows(L"groups"), before);
+    EXPECT_EQ(before, Rows(L"groups"));
 }
 
 } // namespace

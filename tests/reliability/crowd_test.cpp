@@ -60,7 +60,7 @@ protected:
                                           std::to_wstring(seed)},
                 OutputOf(i)));
         for (int i = 0; i < kHosts; ++i) {
-            EXPECT_EQ(hosts[i]->ExitCode(kLimit), 0u)
+            EXPECT_EQ(0u, hosts[i]->ExitCode(kLimit))
                 << "host " << i << ": " << ToUtf8(ReadUtf8File(OutputOf(i)));
             Read(i);
         }
@@ -78,10 +78,10 @@ protected:
             else if (write.kind == L"add group" || write.kind == L"edit group")
                 groups[write.key] = write.values;
         }
-        EXPECT_EQ(Table(L"select name,\"dec\",idgroup,password from \"user\" where code>9 and "
-                        L"name not like 'chung%'"),
-                  users);
-        EXPECT_EQ(Table(L"select name,rtrim(des) from groups where code>8"), groups);
+        EXPECT_EQ(users,
+                  Table(L"select name,\"dec\",idgroup,password from \"user\" where code>9 and "
+                        L"name not like 'chung%'"));
+        EXPECT_EQ(groups, Table(L"select name,rtrim(des) from groups where code>8"));
     }
 
     // Two hosts may add one name only at the same moment: look-up and insert are two statements.
@@ -92,8 +92,8 @@ protected:
                 adds[write.key].push_back(write);
         for (const auto& [name, same] : adds) {
             EXPECT_EQ(
-                database_->ScalarText(L"select count(*) from \"user\" where name='" + name + L"'"),
-                std::to_wstring(same.size()));
+                std::to_wstring(same.size()),
+                database_->ScalarText(L"select count(*) from \"user\" where name='" + name + L"'"));
             for (const Write& a : same)
                 for (const Write& b : same)
                     EXPECT_TRUE(Overlap(a, b)) << ToUtf8(name) << " was there already";
@@ -197,7 +197,7 @@ TEST_F(Crowd, LosesNothingButWhatALaterWriterReplaces) {
     ExpectOwnRows();
     ExpectSharedNames();
     ExpectLastWriters();
-    EXPECT_EQ(rules.Broken(), L"");
+    EXPECT_EQ(L"", rules.Broken());
     std::printf("figures: %s\n", Figures().c_str());
 }
 

@@ -33,23 +33,23 @@ TEST_P(LargeTables, UserListHoldsManyUsers) {
     const ULONGLONG start = GetTickCount64();
     PlayUsers([&](Walker& walker, HWND list) {
         Print(Full() ? "user list with 100,000 users" : "user list with 10,000 users", start);
-        EXPECT_EQ(RowCount(list, L"Lv"), 7 + users);
+        EXPECT_EQ(7 + users, RowCount(list, L"Lv"));
         SelectRow(list, L"Lv", 6 + users);
         const HWND editor = walker.Open(list, L"CmdEdit", L"FrmInput");
-        EXPECT_EQ(TextOf(editor, L"TxtUser"), L"Người " + std::to_wstring(users));
+        EXPECT_EQ(L"Người " + std::to_wstring(users), TextOf(editor, L"TxtUser"));
         SetBox(editor, L"TxtDes", L"cuối");
         walker.Leave(editor, L"CmdOk");
         walker.Do(list, L"CmdDel");
-        EXPECT_EQ(RowCount(list, L"Lv"), 6 + users);
+        EXPECT_EQ(6 + users, RowCount(list, L"Lv"));
         walker.Leave(list, L"CmdExit");
     });
-    EXPECT_EQ(Test().Read(L"select count(*) from \"user\""), std::to_wstring(6 + users));
+    EXPECT_EQ(std::to_wstring(6 + users), Test().Read(L"select count(*) from \"user\""));
     const ULONGLONG groupsStart = GetTickCount64();
     PlayGroups([&](Walker& walker, HWND groups) {
         PostKey(groups, L"Lv1", VK_HOME);
         walker.Down(groups, L"Lv1", 1);
         Print("group manager on the group of them all", groupsStart);
-        EXPECT_EQ(ListCount(groups, L"lvUser"), 1 + users);
+        EXPECT_EQ(1 + users, ListCount(groups, L"lvUser"));
         walker.Leave(groups, L"CmdExit");
     });
 }
@@ -61,7 +61,7 @@ TEST_P(LargeTables, FormsHoldManyGroups) {
     PlayGroups([&](Walker& walker, HWND groups) {
         Print(Full() ? "group manager with 5,000 groups" : "group manager with 1,000 groups",
               start);
-        EXPECT_EQ(ListCount(groups, L"Lv1"), 5 + groupCount);
+        EXPECT_EQ(5 + groupCount, ListCount(groups, L"Lv1"));
         PostKey(groups, L"Lv1", VK_END);
         walker.Await(
             [&] { return TextOf(groups, L"txtName") == L"Nhóm " + std::to_wstring(groupCount); });
@@ -71,7 +71,7 @@ TEST_P(LargeTables, FormsHoldManyGroups) {
         const ULONGLONG opened = GetTickCount64();
         const HWND editor = walker.Open(list, L"CmdAdd", L"FrmInput");
         Print("user editor with those groups", opened);
-        EXPECT_EQ(SendMessageW(Control(editor, L"TxtIdGroup"), CB_GETCOUNT, 0, 0), 5 + groupCount);
+        EXPECT_EQ(5 + groupCount, SendMessageW(Control(editor, L"TxtIdGroup"), CB_GETCOUNT, 0, 0));
         walker.Leave(editor, L"CMDCAN");
         walker.Leave(list, L"CmdExit");
     });
@@ -90,7 +90,7 @@ TEST_P(LargeTables, PermissionFormHoldsManyBars) {
         const ULONGLONG start = GetTickCount64();
         const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
         Print("permission form with 64 bars", start);
-        EXPECT_EQ(ListCount(rights, L"LstMenuBar"), kBars);
+        EXPECT_EQ(kBars, ListCount(rights, L"LstMenuBar"));
         PostKey(rights, L"LstMenuBar", VK_END);
         walker.Await([&] { return RowCount(rights, L"LstSubMenu") == kCommands; });
         LVITEMW item = {};
@@ -100,11 +100,11 @@ TEST_P(LargeTables, PermissionFormHoldsManyBars) {
                      reinterpret_cast<LPARAM>(&item));
         walker.Leave(rights, L"CmdOk");
         walker.Leave(groups, L"CmdExit");
-        EXPECT_EQ(walker.TakeTold(), Lines());
+        EXPECT_EQ(Lines(), walker.TakeTold());
     });
-    EXPECT_EQ(Test().Group(L"p64", 1), L"1073741824");
-    EXPECT_EQ(Test().Group(L"p1", 1), L"15");
-    EXPECT_EQ(Test().Group(L"p63", 1), L"0");
+    EXPECT_EQ(L"1073741824", Test().Group(L"p64", 1));
+    EXPECT_EQ(L"15", Test().Group(L"p1", 1));
+    EXPECT_EQ(L"0", Test().Group(L"p63", 1));
 }
 
 } // namespace

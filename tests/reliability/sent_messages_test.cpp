@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Forms whose user is a program: a screen reader or a test tool sends its presses instead of
 // posting them, and no message follows.
-#include "ui/administration.h"
+#include "support/forms/administration.h"
 
 namespace vndesk::test {
 namespace {
@@ -37,14 +37,12 @@ TEST(SentMessages, CloseEndsTheForm) {
 }
 
 TEST(SentMessages, ButtonOfTheMessageBoxAnswersIt) {
-    EXPECT_EQ(PlayMessage({},
-                          [] {
-                              const HWND box = WaitForForm(L"MessageBox");
-                              WaitUntilStill(box);
-                              SendPress(box, L"Cmd1");
-                              WaitForClose(box);
-                          }),
-              L"1");
+    EXPECT_EQ(L"1", PlayMessage({}, [] {
+                  const HWND box = WaitForForm(L"MessageBox");
+                  WaitUntilStill(box);
+                  SendPress(box, L"Cmd1");
+                  WaitForClose(box);
+              }));
 }
 
 } // namespace

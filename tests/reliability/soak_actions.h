@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "reliability/dice.h"
+#include "support/dice.h"
 
 namespace vndesk::test {
 

@@ -25,7 +25,7 @@ TEST(TourSoak, RandomUseLeavesProgramAndDatabaseSound) {
     const DatabaseRules rules(database);
     Soak soak(database, seed, OutDir() + L"\\soak-" + std::to_wstring(seed) + L".log");
     EXPECT_NO_THROW(soak.Run(Setting(L"VNDESK_SOAK_SECONDS", kSeconds)));
-    EXPECT_EQ(rules.Broken(), L"");
+    EXPECT_EQ(L"", rules.Broken());
     std::printf("figures: seed %llu on %s: %s\n", static_cast<unsigned long long>(seed),
                 server ? "the server" : "a file", soak.Figures().c_str());
 }

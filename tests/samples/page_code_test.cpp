@@ -4,8 +4,8 @@
 
 #include <thread>
 
-#include "ui/host.h"
-#include "ui/host_process.h"
+#include "support/forms/host.h"
+#include "support/forms/host_process.h"
 
 #include "support/env.h"
 #include "support/sample_database.h"

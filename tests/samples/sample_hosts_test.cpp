@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "samples/script_folder.h"
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {
@@ -42,7 +42,7 @@ constexpr Sample kOtherWays[] = {
 class Installation : public testing::Environment {
     void SetUp() override {
         if (!EnvironmentText(L"VNDESK_PREFIX").empty()) {
-            ASSERT_EQ(RunSetup(L""), static_cast<DWORD>(kDone));
+            ASSERT_EQ(static_cast<DWORD>(kDone), RunSetup(L""));
         }
     }
 };
@@ -111,15 +111,15 @@ protected:
     }
     void AnswerQuestion(const wchar_t* button) const {
         const HWND box = Form(L"MessageBox");
-        EXPECT_EQ(TextOf(box, L"Message"), L"Bạn đã xem xong chưa?");
+        EXPECT_EQ(L"Bạn đã xem xong chưa?", TextOf(box, L"Message"));
         Leave(box, button);
     }
 
     // How the program ends, and what it has printed until then.
     void ExpectEnd(DWORD code, const Lines& expected) {
-        EXPECT_EQ(process_->ExitCode(), code);
+        EXPECT_EQ(code, process_->ExitCode());
         const Lines printed = Printed();
-        ASSERT_EQ(printed.size(), expected.size()) << testing::PrintToString(printed);
+        ASSERT_EQ(expected.size(), printed.size()) << testing::PrintToString(printed);
         for (size_t i = 0; i < expected.size(); ++i)
             EXPECT_TRUE(IsCscript()             ? printed[i].starts_with(PlainStart(expected[i]))
                         : GetParam().inCodePage ? printed[i] == InCodePage(expected[i])
@@ -128,7 +128,7 @@ protected:
                 << ToUtf8(expected[i]);
     }
     void ExpectError(const std::wstring& start) {
-        EXPECT_EQ(process_->ExitCode(), 2u);
+        EXPECT_EQ(2u, process_->ExitCode());
         const Lines printed = Printed();
         ASSERT_FALSE(printed.empty());
         EXPECT_TRUE(printed.back().starts_with(start)) << ToUtf8(printed.back());
@@ -206,8 +206,8 @@ TEST_P(EveryWay, GoThroughTheFiveSteps) {
                L"   (MaTinh  =  'HP')", L"   KH004 Siêu thị Thành Đạt 76.400.000,5",
                L"   KH005 Trần Quang Vinh 450.000", L"   KH028 Cửa hàng Ước Mơ 8.340.000,25",
                L"   3 rows", L"5. Message", L"   yes"});
-    EXPECT_EQ(database_.ScalarText(L"select idgroup from \"user\" where name='Lý Thị Đào'"), L"1");
-    EXPECT_EQ(database_.ScalarText(L"select p2 from groups where code=5"), L"1");
+    EXPECT_EQ(L"1", database_.ScalarText(L"select idgroup from \"user\" where name='Lý Thị Đào'"));
+    EXPECT_EQ(L"1", database_.ScalarText(L"select p2 from groups where code=5"));
 }
 
 TEST_P(SampleHosts, WithoutRightsTheUserOnlyAnswersTheMessage) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Where the samples are that the tests play.
 #pragma once
-#include "install/setup.h"
+#include "support/setup.h"
 #include "support/env.h"
 
 namespace vndesk::test {

@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "samples/script_folder.h"
-#include "ui/host_process.h"
+#include "support/forms/host_process.h"
 
 namespace vndesk::test {
 namespace {
@@ -91,8 +91,8 @@ TEST(StartFile, OpensTheTourOnASampleDatabaseOfTheUser) {
     PostMessageW(window, WM_CLOSE, 0, 0);
     WaitClosed(window);
     WatchProcess(0);
-    EXPECT_EQ(start.Command().ExitCode(kProcessLimit), 0u);
-    EXPECT_NE(GetFileAttributesW(user.File(L"vndesk-sample.mdb").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(0u, start.Command().ExitCode(kProcessLimit));
+    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(user.File(L"vndesk-sample.mdb").c_str()));
 }
 
 #ifndef _WIN64
@@ -113,8 +113,8 @@ TEST(StartFile, RunsTheScriptOnTheUsersSampleDatabase) {
     WatchProcess(0);
     start.Command().ExitCode(kProcessLimit);
     const std::wstring printed = ReadUtf8File(folder.File(L"output.txt"));
-    EXPECT_NE(printed.find(L"   user 7\r\n"), std::wstring::npos) << ToUtf8(printed);
-    EXPECT_NE(printed.find(L"   yes\r\n"), std::wstring::npos) << ToUtf8(printed);
+    EXPECT_NE(std::wstring::npos, printed.find(L"   user 7\r\n")) << ToUtf8(printed);
+    EXPECT_NE(std::wstring::npos, printed.find(L"   yes\r\n")) << ToUtf8(printed);
 }
 #endif
 

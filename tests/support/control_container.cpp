@@ -15,14 +15,14 @@ void ControlContainer::Take(IUnknown* control) {
 }
 
 HRESULT ControlContainer::DoVerb(LONG verb) {
-    return object_->DoVerb(verb, nullptr, this, 0, window_, &place);
+    return object_->DoVerb(verb, nullptr, this, 0, window_, &rect);
 }
 
-void ControlContainer::Move(RECT newPlace) {
-    place = newPlace;
+void ControlContainer::Move(RECT newRect) {
+    rect = newRect;
     Microsoft::WRL::ComPtr<IOleInPlaceObject> inPlace;
     if (SUCCEEDED(object_.As(&inPlace)))
-        inPlace->SetObjectRects(&place, &place);
+        inPlace->SetObjectRects(&rect, &rect);
 }
 
 void ControlContainer::Close() {
@@ -69,8 +69,8 @@ STDMETHODIMP ControlContainer::GetWindowContext(IOleInPlaceFrame** frame,
     *frame = this;
     AddRef();
     *document = nullptr;
-    *position = place;
-    *clip = place;
+    *position = rect;
+    *clip = rect;
     info->fMDIApp = FALSE;
     info->hwndFrame = window_;
     info->haccel = nullptr;

@@ -20,8 +20,8 @@ class ControlContainer final : public IOleClientSite,
                                public IOleControlSite,
                                public IDispatch {
 public:
-    explicit ControlContainer(HWND window, RECT place = {10, 10, 210, 40})
-        : place(place), window_(window) {}
+    explicit ControlContainer(HWND window, RECT rect = {10, 10, 210, 40})
+        : rect(rect), window_(window) {}
     ~ControlContainer() { Close(); }
     ControlContainer(const ControlContainer&) = delete;
     ControlContainer& operator=(const ControlContainer&) = delete;
@@ -29,14 +29,14 @@ public:
     // Gives the control its site, as containers do before anything else.
     void Take(IUnknown* control);
     HRESULT DoVerb(LONG verb);
-    void Move(RECT newPlace);
+    void Move(RECT newRect);
     // Ends the embedding; the control is released.
     void Close();
     bool Has(const std::wstring& call) const;
 
     std::map<DISPID, _variant_t> ambients;
     std::vector<std::wstring> calls;
-    RECT place;
+    RECT rect;
     ULONG references = 1;
     HRESULT mayActivate = S_OK;
     // Obeys when the control asks for another rectangle.

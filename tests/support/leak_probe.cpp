@@ -97,33 +97,4 @@ long UserObjects() {
                : static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
 }
 
-HeapUse HeapInUse() {
-    HANDLE heaps[64];
-    const DWORD count = GetProcessHeaps(64, heaps);
-    HeapUse use;
-    for (DWORD i = 0; i < count && i < 64; ++i) {
-        PROCESS_HEAP_ENTRY entry = {};
-        HeapLock(heaps[i]);
-        while (HeapWalk(heaps[i], &entry)) {
-            if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY))
-                continue;
-            ++use.blocks;
-            use.bytes += entry.cbData;
-        }
-        HeapUnlock(heaps[i]);
-    }
-    return use;
-}
-
-// Walked: Wine's process counters know nothing of it.
-size_t PrivateBytes() {
-    size_t bytes = 0;
-    MEMORY_BASIC_INFORMATION region = {};
-    for (const BYTE* at = nullptr; VirtualQuery(at, &region, sizeof region) == sizeof region;
-         at = static_cast<const BYTE*>(region.BaseAddress) + region.RegionSize)
-        if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE)
-            bytes += region.RegionSize;
-    return bytes;
-}
-
 } // namespace vndesk::test

@@ -140,6 +140,22 @@ std::wstring OdbcSession::ScalarText(std::wstring_view statement) {
     return rows.empty() || rows[0].empty() ? std::wstring() : rows[0][0].value_or(L"");
 }
 
+void OdbcSession::BindColumns(int count) {
+    SQLHSTMT statement = nullptr;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement)))
+        Fail(Diagnostics(SQL_HANDLE_DBC, connection_));
+    char cell[32] = "";
+    SQLLEN length = 0;
+    bool bound = true;
+    for (int i = 1; i <= count; ++i)
+        bound = SQL_SUCCEEDED(SQLBindCol(statement, static_cast<SQLUSMALLINT>(i), SQL_C_CHAR, cell,
+                                         sizeof cell, &length)) &&
+                bound;
+    SQLFreeHandle(SQL_HANDLE_STMT, statement);
+    if (!bound)
+        Fail(L"a column cannot be bound");
+}
+
 std::wstring DriverPath(const std::wstring& windowsPath) {
     using UnixName = char*(__cdecl*)(const wchar_t*);
     const auto unixName = reinterpret_cast<UnixName>(reinterpret_cast<void*>(

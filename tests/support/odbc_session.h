@@ -28,6 +28,8 @@ public:
     std::vector<Row> Query(std::wstring_view statement);
     // First column of the first row; empty text for null or no row.
     std::wstring ScalarText(std::wstring_view statement);
+    // Binds the first columns of a new statement, and gives it back.
+    void BindColumns(int count);
 
 private:
     SQLHENV environment_ = nullptr;

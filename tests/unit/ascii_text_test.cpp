@@ -7,17 +7,17 @@
 using namespace vndesk;
 
 TEST(AsciiText, UpperCasesAsciiLettersOnly) {
-    EXPECT_EQ(ToUpperAscii(L'a'), L'A');
-    EXPECT_EQ(ToUpperAscii(L'z'), L'Z');
-    EXPECT_EQ(ToUpperAscii(L'`'), L'`');
-    EXPECT_EQ(ToUpperAscii(L'{'), L'{');
-    EXPECT_EQ(ToUpperAscii(L'\u00E1'), L'\u00E1');
+    EXPECT_EQ(L'A', ToUpperAscii(L'a'));
+    EXPECT_EQ(L'Z', ToUpperAscii(L'z'));
+    EXPECT_EQ(L'`', ToUpperAscii(L'`'));
+    EXPECT_EQ(L'{', ToUpperAscii(L'{'));
+    EXPECT_EQ(L'\u00E1', ToUpperAscii(L'\u00E1'));
 }
 
 TEST(AsciiText, TrimsBlanksOnly) {
-    EXPECT_EQ(TrimBlanks(L"  a b  "), L"a b");
-    EXPECT_EQ(TrimBlanks(L"   "), L"");
-    EXPECT_EQ(TrimBlanks(L"\ta\u00A0"), L"\ta\u00A0");
+    EXPECT_EQ(L"a b", TrimBlanks(L"  a b  "));
+    EXPECT_EQ(L"", TrimBlanks(L"   "));
+    EXPECT_EQ(L"\ta\u00A0", TrimBlanks(L"\ta\u00A0"));
 }
 
 TEST(AsciiText, ComparesIgnoringCase) {
@@ -27,15 +27,15 @@ TEST(AsciiText, ComparesIgnoringCase) {
 }
 
 TEST(AsciiText, FindsTheFirstMatchIgnoringCase) {
-    EXPECT_EQ(FindIgnoringCase(L"a Set set", L"SET"), 2u);
-    EXPECT_EQ(FindIgnoringCase(L"set", L"SET"), 0u);
+    EXPECT_EQ(2u, FindIgnoringCase(L"a Set set", L"SET"));
+    EXPECT_EQ(0u, FindIgnoringCase(L"set", L"SET"));
 }
 
 TEST(AsciiText, FindsNothingInAShorterText) {
-    EXPECT_EQ(FindIgnoringCase(L"se", L"SET"), std::wstring_view::npos);
-    EXPECT_EQ(FindIgnoringCase(L"", L"SET"), std::wstring_view::npos);
+    EXPECT_EQ(std::wstring_view::npos, FindIgnoringCase(L"se", L"SET"));
+    EXPECT_EQ(std::wstring_view::npos, FindIgnoringCase(L"", L"SET"));
 }
 
 TEST(AsciiText, ReplacesWithoutSearchingTheReplacement) {
-    EXPECT_EQ(ReplaceEach(L"a,b", L',', L"','"), L"a','b");
+    EXPECT_EQ(L"a','b", ReplaceEach(L"a,b", L',', L"','"));
 }

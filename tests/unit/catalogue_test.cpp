@@ -13,40 +13,40 @@ constexpr auto kServer = DatabaseKind::SqlServer;
 } // namespace
 
 TEST(Catalogue, FieldsOfATableInTheirOrder) {
-    EXPECT_EQ(Ordered(FieldListStatement(L"KhachHang"), kCatalogueOrder),
-              L"Select [Name],[Desc] From LstFld Where [InTable]='KhachHang' Order By [code]");
-    EXPECT_EQ(Ordered(FieldInfoStatement(L"KhachHang"), kCatalogueOrder),
-              L"Select * From LstFld Where [InTable]='KhachHang' Order By [code]");
+    EXPECT_EQ(L"Select [Name],[Desc] From LstFld Where [InTable]='KhachHang' Order By [code]",
+              Ordered(FieldListStatement(L"KhachHang"), kCatalogueOrder));
+    EXPECT_EQ(L"Select * From LstFld Where [InTable]='KhachHang' Order By [code]",
+              Ordered(FieldInfoStatement(L"KhachHang"), kCatalogueOrder));
 }
 
 TEST(Catalogue, TableNameIsPutInAsGiven) {
-    EXPECT_EQ(FieldListStatement(L"a'b"),
-              L"Select [Name],[Desc] From LstFld Where [InTable]='a'b'");
-    EXPECT_EQ(FieldInfoStatement(L""), L"Select * From LstFld Where [InTable]=''");
+    EXPECT_EQ(L"Select [Name],[Desc] From LstFld Where [InTable]='a'b'",
+              FieldListStatement(L"a'b"));
+    EXPECT_EQ(L"Select * From LstFld Where [InTable]=''", FieldInfoStatement(L""));
 }
 
 TEST(Catalogue, OperatorsOfAType) {
-    EXPECT_EQ(OperatorListStatement(10),
-              L"Select Name,Des from Operator Where Type=10  Order By Code");
-    EXPECT_EQ(OperatorListStatement(-1),
-              L"Select Name,Des from Operator Where Type=-1  Order By Code");
+    EXPECT_EQ(L"Select Name,Des from Operator Where Type=10  Order By Code",
+              OperatorListStatement(10));
+    EXPECT_EQ(L"Select Name,Des from Operator Where Type=-1  Order By Code",
+              OperatorListStatement(-1));
 }
 
 TEST(LookUp, TableNameBecomesASearchOverItsNames) {
-    EXPECT_EQ(LookUpStatement(L"TinhThanh", L"Hà", kServer),
-              L"Select * From TinhThanh Where Name   Like N'Hà%'");
-    EXPECT_EQ(LookUpStatement(L"TinhThanh", L"", kJet),
-              L"Select * From TinhThanh Where Name   Like '%'");
+    EXPECT_EQ(L"Select * From TinhThanh Where Name   Like N'Hà%'",
+              LookUpStatement(L"TinhThanh", L"Hà", kServer));
+    EXPECT_EQ(L"Select * From TinhThanh Where Name   Like '%'",
+              LookUpStatement(L"TinhThanh", L"", kJet));
 }
 
 TEST(LookUp, SelectGetsThePattern) {
-    EXPECT_EQ(LookUpStatement(L"Select A,B From T Where B", L"x", kJet),
-              L"Select A,B From T Where B  Like 'x%'");
-    EXPECT_EQ(LookUpStatement(L"sElEcT A,B From T Where B", L"x", kServer),
-              L"sElEcT A,B From T Where B  Like N'x%'");
+    EXPECT_EQ(L"Select A,B From T Where B  Like 'x%'",
+              LookUpStatement(L"Select A,B From T Where B", L"x", kJet));
+    EXPECT_EQ(L"sElEcT A,B From T Where B  Like N'x%'",
+              LookUpStatement(L"sElEcT A,B From T Where B", L"x", kServer));
 }
 
 TEST(LookUp, QuotesOfTheValueAreDoubled) {
-    EXPECT_EQ(LookUpStatement(L"T", L"O'B\"", kJet),
-              L"Select * From T Where Name   Like 'O''B\"\"%'");
+    EXPECT_EQ(L"Select * From T Where Name   Like 'O''B\"\"%'",
+              LookUpStatement(L"T", L"O'B\"", kJet));
 }

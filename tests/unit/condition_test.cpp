@@ -82,87 +82,87 @@ TEST(CheckSql, FieldThatCannotBeSearchedNeedsNothingElse) {
 }
 
 TEST(GetSql, TwoBlanksStandOnEachSideOfTheOperator) {
-    EXPECT_EQ(GetSql(Line(1, L"=", L"12a"), kServer), L"(F  =  12a)");
-    EXPECT_EQ(GetSql(Line(3, L">=", L"7"), kJet), L"(F  >=  7)");
+    EXPECT_EQ(L"(F  =  12a)", GetSql(Line(1, L"=", L"12a"), kServer));
+    EXPECT_EQ(L"(F  >=  7)", GetSql(Line(3, L">=", L"7"), kJet));
 }
 
 TEST(GetSql, OperatorIsPutInCapitals) {
-    EXPECT_EQ(GetSql(Line(10, L"like", L"x"), kServer), L"(F  LIKE  N'x%')");
-    EXPECT_EQ(GetSql(Line(10, L"In", L"a,b"), kServer), L"(F  IN  ('a','b'))");
+    EXPECT_EQ(L"(F  LIKE  N'x%')", GetSql(Line(10, L"like", L"x"), kServer));
+    EXPECT_EQ(L"(F  IN  ('a','b'))", GetSql(Line(10, L"In", L"a,b"), kServer));
 }
 
 TEST(GetSql, VietnameseOperatorIsPutInCapitals) {
-    EXPECT_EQ(GetSql(Line(10, L"chứa", L"x"), kJet), L"(F  CHỨA  'x')");
-    EXPECT_EQ(GetSql(Line(10, L"không giống đầu ở ựơ", L"x"), kJet),
-              L"(F  KHÔNG GIỐNG ĐẦU Ở ỰƠ  'x')");
+    EXPECT_EQ(L"(F  CHỨA  'x')", GetSql(Line(10, L"chứa", L"x"), kJet));
+    EXPECT_EQ(L"(F  KHÔNG GIỐNG ĐẦU Ở ỰƠ  'x')",
+              GetSql(Line(10, L"không giống đầu ở ựơ", L"x"), kJet));
 }
 
 TEST(GetSql, ApostropheIsDoubled) {
-    EXPECT_EQ(GetSql(Line(10, L"=", L"O'Brien"), kJet), L"(F  =  'O''Brien')");
-    EXPECT_EQ(GetSql(Line(10, L"=", L"O'Brien"), kServer), L"(F  =  N'O''Brien')");
+    EXPECT_EQ(L"(F  =  'O''Brien')", GetSql(Line(10, L"=", L"O'Brien"), kJet));
+    EXPECT_EQ(L"(F  =  N'O''Brien')", GetSql(Line(10, L"=", L"O'Brien"), kServer));
 }
 
 TEST(GetSql, ListsGetBracketsOfTheirOwn) {
-    EXPECT_EQ(GetSql(Line(10, L"IN", L"a,b"), kJet), L"(F  IN  ('a','b'))");
-    EXPECT_EQ(GetSql(Line(3, L"IN", L"1,2"), kJet), L"(F  IN  (1,2))");
+    EXPECT_EQ(L"(F  IN  ('a','b'))", GetSql(Line(10, L"IN", L"a,b"), kJet));
+    EXPECT_EQ(L"(F  IN  (1,2))", GetSql(Line(3, L"IN", L"1,2"), kJet));
 }
 
 TEST(GetSql, DateStandsBetweenHashes) {
-    EXPECT_EQ(GetSql(Line(8, L">", L"5/3/2021", L"D"), kServer), L"(D  >  #03/05/2021#)");
-    EXPECT_EQ(GetSql(Line(8, L">", L"5/3/2021", L"D"), kJet), L"(D  >  #03/05/2021#)");
+    EXPECT_EQ(L"(D  >  #03/05/2021#)", GetSql(Line(8, L">", L"5/3/2021", L"D"), kServer));
+    EXPECT_EQ(L"(D  >  #03/05/2021#)", GetSql(Line(8, L">", L"5/3/2021", L"D"), kJet));
 }
 
 TEST(GetSql, ValueIsTrimmed) {
-    EXPECT_EQ(GetSql(Line(10, L"=", L"  x "), kJet), L"(F  =  'x')");
-    EXPECT_EQ(GetSql(Line(10, L"=", L" "), kJet), L"(F  =  '')");
+    EXPECT_EQ(L"(F  =  'x')", GetSql(Line(10, L"=", L"  x "), kJet));
+    EXPECT_EQ(L"(F  =  '')", GetSql(Line(10, L"=", L" "), kJet));
 }
 
 TEST(GetSql, TypeWithoutAFormGivesNoValue) {
-    EXPECT_EQ(GetSql(Line(4, L"=", L"5"), kJet), L"(F  =  )");
+    EXPECT_EQ(L"(F  =  )", GetSql(Line(4, L"=", L"5"), kJet));
 }
 
 TEST(GetSql, BracketsOfTheValueAreMadeUpForAtTheEnd) {
-    EXPECT_EQ(GetSql(Line(10, L"=", L"x)"), kJet), L"(F  =  'x)')(");
-    EXPECT_EQ(GetSql(Line(10, L"=", L"(x"), kJet), L"(F  =  '(x'))");
-    EXPECT_EQ(GetSql(Line(10, L"=", L"(x)"), kJet), L"(F  =  '(x)')");
+    EXPECT_EQ(L"(F  =  'x)')(", GetSql(Line(10, L"=", L"x)"), kJet));
+    EXPECT_EQ(L"(F  =  '(x'))", GetSql(Line(10, L"=", L"(x"), kJet));
+    EXPECT_EQ(L"(F  =  '(x)')", GetSql(Line(10, L"=", L"(x)"), kJet));
 }
 
 TEST(GetBrackets, MissingOnesGoToTheEnd) {
-    EXPECT_EQ(GetBrackets(L"(("), L"(())");
-    EXPECT_EQ(GetBrackets(L"))"), L"))((");
-    EXPECT_EQ(GetBrackets(L")("), L")(");
-    EXPECT_EQ(GetBrackets(L""), L"");
+    EXPECT_EQ(L"(())", GetBrackets(L"(("));
+    EXPECT_EQ(L"))((", GetBrackets(L"))"));
+    EXPECT_EQ(L")(", GetBrackets(L")("));
+    EXPECT_EQ(L"", GetBrackets(L""));
 }
 
 TEST(GetDisplay, ValueStandsBetweenApostrophesWhateverItsType) {
     for (long type : {1, 3, 8, 10})
-        EXPECT_EQ(GetDisplay(Line(type, L"=", L" 5 ")), L"(Tên  bằng  '5')") << type;
+        EXPECT_EQ(L"(Tên  bằng  '5')", GetDisplay(Line(type, L"=", L" 5 "))) << type;
 }
 
 TEST(GetDisplay, NothingIsDoubledOrBalanced) {
-    EXPECT_EQ(GetDisplay(Line(10, L"=", L"O'B)")), L"(Tên  bằng  'O'B)')");
+    EXPECT_EQ(L"(Tên  bằng  'O'B)')", GetDisplay(Line(10, L"=", L"O'B)")));
 }
 
 TEST(GetDisplay, EmptyLineShowsItsFrame) {
-    EXPECT_EQ(GetDisplay(ConditionLine{}), L"(    '')");
+    EXPECT_EQ(L"(    '')", GetDisplay(ConditionLine{}));
 }
 
 TEST(GetRes, JoinWordHasNoBlanks) {
     ConditionLines lines;
     lines[0] = Line(1, L"=", L"1", L"A");
     lines[1] = Line(10, L"LIKE", L"x", L"B");
-    EXPECT_EQ(GetRes(lines, kServer), L"(A  =  1)and(B  LIKE  N'x%')");
-    EXPECT_EQ(GetRes(lines, kJet), L"(A  =  1)and(B  LIKE  'x%')");
+    EXPECT_EQ(L"(A  =  1)and(B  LIKE  N'x%')", GetRes(lines, kServer));
+    EXPECT_EQ(L"(A  =  1)and(B  LIKE  'x%')", GetRes(lines, kJet));
 }
 
 TEST(GetRes, FirstLineAloneWhenTheOthersAreEmpty) {
     ConditionLines lines;
     lines[0] = Line(10, L"=", L"x");
-    EXPECT_EQ(GetRes(lines, kJet), L"(F  =  'x')");
+    EXPECT_EQ(L"(F  =  'x')", GetRes(lines, kJet));
 }
 
 TEST(GetRes, FirstLineIsTakenAsItIs) {
-    EXPECT_EQ(GetRes(ConditionLines{}, kJet), L"(    )");
+    EXPECT_EQ(L"(    )", GetRes(ConditionLines{}, kJet));
 }
 
 TEST(GetRes, InvalidLineIsPassedOver) {
@@ -171,14 +171,14 @@ TEST(GetRes, InvalidLineIsPassedOver) {
     lines[1].value.clear();
     lines[2].enabled = false;
     lines[3].joinName = L"or";
-    EXPECT_EQ(GetRes(lines, kJet), L"(F  =  'x')or(F  =  'x')");
+    EXPECT_EQ(L"(F  =  'x')or(F  =  'x')", GetRes(lines, kJet));
 }
 
 TEST(GetRes, AllFourLines) {
     ConditionLines lines;
     lines.fill(Line(3, L"=", L"1"));
     lines[2].joinName = L"or";
-    EXPECT_EQ(GetRes(lines, kJet), L"(F  =  1)and(F  =  1)or(F  =  1)and(F  =  1)");
+    EXPECT_EQ(L"(F  =  1)and(F  =  1)or(F  =  1)and(F  =  1)", GetRes(lines, kJet));
 }
 
 TEST(GetRes, EmptyJoinCountsAsAnd) {
@@ -188,8 +188,8 @@ TEST(GetRes, EmptyJoinCountsAsAnd) {
     lines[3] = {};
     lines[1].joinName.clear();
     lines[1].joinText.clear();
-    EXPECT_EQ(GetRes(lines, kJet), L"(F  =  1)And(F  =  1)");
-    EXPECT_EQ(GetDis(lines), L"(Tên  bằng  '1')và(Tên  bằng  '1')");
+    EXPECT_EQ(L"(F  =  1)And(F  =  1)", GetRes(lines, kJet));
+    EXPECT_EQ(L"(Tên  bằng  '1')và(Tên  bằng  '1')", GetDis(lines));
 }
 
 TEST(GetDis, ShowsTheSameLines) {
@@ -197,11 +197,11 @@ TEST(GetDis, ShowsTheSameLines) {
     lines.fill(Line(10, L"=", L"x"));
     lines[1].joinText = L"hoặc";
     lines[2].value.clear();
-    EXPECT_EQ(GetDis(lines), L"(Tên  bằng  'x')hoặc(Tên  bằng  'x')và(Tên  bằng  'x')");
+    EXPECT_EQ(L"(Tên  bằng  'x')hoặc(Tên  bằng  'x')và(Tên  bằng  'x')", GetDis(lines));
 }
 
 TEST(GetDis, FirstLineIsShownWhileItIsBeingTyped) {
     ConditionLines lines;
     lines[0] = Line(3, L"=", L"12a");
-    EXPECT_EQ(GetDis(lines), L"(Tên  bằng  '12a')");
+    EXPECT_EQ(L"(Tên  bằng  '12a')", GetDis(lines));
 }

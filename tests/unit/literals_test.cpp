@@ -12,32 +12,32 @@ constexpr auto kServer = DatabaseKind::SqlServer;
 } // namespace
 
 TEST(UnicodePrefix, IsNOnSqlServer) {
-    EXPECT_EQ(UnicodePrefix(kServer), L"N");
+    EXPECT_EQ(L"N", UnicodePrefix(kServer));
 }
 
 TEST(UnicodePrefix, IsEmptyOnJet) {
-    EXPECT_EQ(UnicodePrefix(kJet), L"");
+    EXPECT_EQ(L"", UnicodePrefix(kJet));
 }
 
 TEST(DatabaseKindTest, HasTheNumbersThatHostsSee) {
-    EXPECT_EQ(static_cast<int>(kJet), 0);
-    EXPECT_EQ(static_cast<int>(kServer), 1);
+    EXPECT_EQ(0, static_cast<int>(kJet));
+    EXPECT_EQ(1, static_cast<int>(kServer));
 }
 
 TEST(SqlQuote, PutsApostrophesAroundOnJet) {
-    EXPECT_EQ(SqlQuote(L"An", kJet), L"'An'");
+    EXPECT_EQ(L"'An'", SqlQuote(L"An", kJet));
 }
 
 TEST(SqlQuote, PutsPrefixInFrontOnSqlServer) {
-    EXPECT_EQ(SqlQuote(L"An", kServer), L"N'An'");
+    EXPECT_EQ(L"N'An'", SqlQuote(L"An", kServer));
 }
 
 TEST(SqlQuote, LeavesInnerQuotesAlone) {
-    EXPECT_EQ(SqlQuote(L"O'Brien \"B\"", kServer), L"N'O'Brien \"B\"'");
+    EXPECT_EQ(L"N'O'Brien \"B\"'", SqlQuote(L"O'Brien \"B\"", kServer));
 }
 
 TEST(SqlQuote, QuotesEmptyText) {
-    EXPECT_EQ(SqlQuote(L"", kJet), L"''");
+    EXPECT_EQ(L"''", SqlQuote(L"", kJet));
 }
 
 TEST(MayMeanMore, TextsWithoutApostrophesAreTexts) {
@@ -82,125 +82,125 @@ TEST(MayMeanMore, WhatHidesAnApostropheMayCloseTheLiteral) {
 }
 
 TEST(DoubleQuotes, DoublesApostrophes) {
-    EXPECT_EQ(DoubleQuotes(L"O'Brien"), L"O''Brien");
+    EXPECT_EQ(L"O''Brien", DoubleQuotes(L"O'Brien"));
 }
 
 TEST(DoubleQuotes, DoublesDoubleQuotes) {
-    EXPECT_EQ(DoubleQuotes(L"a\"b"), L"a\"\"b");
+    EXPECT_EQ(L"a\"\"b", DoubleQuotes(L"a\"b"));
 }
 
 TEST(DoubleQuotes, DoublesEachOfARow) {
-    EXPECT_EQ(DoubleQuotes(L"'''\"\"'"), L"''''''\"\"\"\"''");
+    EXPECT_EQ(L"''''''\"\"\"\"''", DoubleQuotes(L"'''\"\"'"));
 }
 
 TEST(DoubleQuotes, LeavesOtherTextAlone) {
-    EXPECT_EQ(DoubleQuotes(L"`a\u2019b"), L"`a\u2019b");
+    EXPECT_EQ(L"`a\u2019b", DoubleQuotes(L"`a\u2019b"));
 }
 
 TEST(Literal, TextOnSqlServerDoublesApostrophe) {
-    EXPECT_EQ(Literal(L"O'Brien", L"S", kServer), L"N'O''Brien'");
+    EXPECT_EQ(L"N'O''Brien'", Literal(L"O'Brien", L"S", kServer));
 }
 
 TEST(Literal, TextDoublesDoubleQuote) {
-    EXPECT_EQ(Literal(L"a\"b", L"S", kServer), L"N'a\"\"b'");
+    EXPECT_EQ(L"N'a\"\"b'", Literal(L"a\"b", L"S", kServer));
 }
 
 TEST(Literal, TextOnJetHasNoPrefix) {
-    EXPECT_EQ(Literal(L"x", L"S", kJet), L"'x'");
+    EXPECT_EQ(L"'x'", Literal(L"x", L"S", kJet));
 }
 
 TEST(Literal, EmptyKindIsText) {
-    EXPECT_EQ(Literal(L"O'B", L"", kServer), L"N'O''B'");
+    EXPECT_EQ(L"N'O''B'", Literal(L"O'B", L"", kServer));
 }
 
 TEST(Literal, NonNumericNumberIsZero) {
-    EXPECT_EQ(Literal(L"12abc", L"N", kServer), L"0");
+    EXPECT_EQ(L"0", Literal(L"12abc", L"N", kServer));
 }
 
 TEST(Literal, NumberKeepsItsDecimals) {
-    EXPECT_EQ(Literal(L"2.5", L"N", kServer), L"2.5");
+    EXPECT_EQ(L"2.5", Literal(L"2.5", L"N", kServer));
 }
 
 TEST(Literal, NumberIsRewritten) {
-    EXPECT_EQ(Literal(L" +007.50 ", L"N", kJet), L"7.5");
+    EXPECT_EQ(L"7.5", Literal(L" +007.50 ", L"N", kJet));
 }
 
 TEST(Literal, EmptyNumberIsZero) {
-    EXPECT_EQ(Literal(L"", L"N", kJet), L"0");
+    EXPECT_EQ(L"0", Literal(L"", L"N", kJet));
 }
 
 TEST(Literal, DateOnSqlServerStandsInApostrophes) {
-    EXPECT_EQ(Literal(L"5/3/2021", L"D", kServer), L"'5/3/2021'");
+    EXPECT_EQ(L"'5/3/2021'", Literal(L"5/3/2021", L"D", kServer));
 }
 
 TEST(Literal, DateOnJetStandsInHashes) {
-    EXPECT_EQ(Literal(L"5/3/2021", L"D", kJet), L"#5/3/2021#");
+    EXPECT_EQ(L"#5/3/2021#", Literal(L"5/3/2021", L"D", kJet));
 }
 
 TEST(Literal, DateIsNotChecked) {
-    EXPECT_EQ(Literal(L"soon", L"D", kJet), L"#soon#");
+    EXPECT_EQ(L"#soon#", Literal(L"soon", L"D", kJet));
 }
 
 TEST(Literal, RightPatternOnSqlServer) {
-    EXPECT_EQ(Literal(L"O'B", L"LR", kServer), L"N'O''B%'");
+    EXPECT_EQ(L"N'O''B%'", Literal(L"O'B", L"LR", kServer));
 }
 
 TEST(Literal, RightPatternOnJet) {
-    EXPECT_EQ(Literal(L"a", L"LR", kJet), L"'a%'");
+    EXPECT_EQ(L"'a%'", Literal(L"a", L"LR", kJet));
 }
 
 TEST(Literal, PatternAtBothEnds) {
-    EXPECT_EQ(Literal(L"O'B", L"LL", kServer), L"N'%O''B%'");
+    EXPECT_EQ(L"N'%O''B%'", Literal(L"O'B", L"LL", kServer));
 }
 
 TEST(Literal, BothNamesOfThePatternAtBothEndsAgree) {
-    EXPECT_EQ(Literal(L"a\"b", L"LA", kJet), Literal(L"a\"b", L"LL", kJet));
-    EXPECT_EQ(Literal(L"a", L"LA", kJet), L"'%a%'");
+    EXPECT_EQ(Literal(L"a\"b", L"LL", kJet), Literal(L"a\"b", L"LA", kJet));
+    EXPECT_EQ(L"'%a%'", Literal(L"a", L"LA", kJet));
 }
 
 TEST(Literal, KindIgnoresLetterCase) {
-    EXPECT_EQ(Literal(L"2.5", L"n", kJet), L"2.5");
-    EXPECT_EQ(Literal(L"a", L"lR", kJet), L"'a%'");
-    EXPECT_EQ(Literal(L"a", L"s", kJet), L"'a'");
-    EXPECT_EQ(Literal(L"a", L"d", kJet), L"#a#");
+    EXPECT_EQ(L"2.5", Literal(L"2.5", L"n", kJet));
+    EXPECT_EQ(L"'a%'", Literal(L"a", L"lR", kJet));
+    EXPECT_EQ(L"'a'", Literal(L"a", L"s", kJet));
+    EXPECT_EQ(L"#a#", Literal(L"a", L"d", kJet));
 }
 
 TEST(Literal, UnknownKindIsEmpty) {
-    EXPECT_EQ(Literal(L"a", L"X", kServer), L"");
-    EXPECT_EQ(Literal(L"5", L"NN", kServer), L"");
-    EXPECT_EQ(Literal(L"a", L" S", kServer), L"");
+    EXPECT_EQ(L"", Literal(L"a", L"X", kServer));
+    EXPECT_EQ(L"", Literal(L"5", L"NN", kServer));
+    EXPECT_EQ(L"", Literal(L"a", L" S", kServer));
 }
 
 TEST(FieldValue, TextOnJetEndsWithABlank) {
-    EXPECT_EQ(FieldValue(L"abc", 10, kJet), L"'abc '");
+    EXPECT_EQ(L"'abc '", FieldValue(L"abc", 10, kJet));
 }
 
 TEST(FieldValue, TextOnSqlServerHasPrefix) {
-    EXPECT_EQ(FieldValue(L"abc", 10, kServer), L"N'abc '");
+    EXPECT_EQ(L"N'abc '", FieldValue(L"abc", 10, kServer));
 }
 
 TEST(FieldValue, TextIsEscaped) {
-    EXPECT_EQ(FieldValue(L"O'B\"", 10, kJet), L"'O''B\"\" '");
+    EXPECT_EQ(L"'O''B\"\" '", FieldValue(L"O'B\"", 10, kJet));
 }
 
 TEST(FieldValue, NumberIsWrittenAsGiven) {
-    EXPECT_EQ(FieldValue(L"02.50", 3, kJet), L"02.50");
+    EXPECT_EQ(L"02.50", FieldValue(L"02.50", 3, kJet));
 }
 
 TEST(FieldValue, NonNumericNumberIsOne) {
-    EXPECT_EQ(FieldValue(L"12a", 3, kJet), L"1");
+    EXPECT_EQ(L"1", FieldValue(L"12a", 3, kJet));
 }
 
 TEST(FieldValue, DateStandsInHashesOnBothKinds) {
-    EXPECT_EQ(FieldValue(L"31/12/2024", 8, kJet), L"#31/12/2024#");
-    EXPECT_EQ(FieldValue(L"31/12/2024", 8, kServer), L"#31/12/2024#");
+    EXPECT_EQ(L"#31/12/2024#", FieldValue(L"31/12/2024", 8, kJet));
+    EXPECT_EQ(L"#31/12/2024#", FieldValue(L"31/12/2024", 8, kServer));
 }
 
 TEST(FieldValue, NotADateIsOne) {
-    EXPECT_EQ(FieldValue(L"31/31/2024", 8, kJet), L"1");
+    EXPECT_EQ(L"1", FieldValue(L"31/31/2024", 8, kJet));
 }
 
 TEST(FieldValue, UnknownCodeIsOne) {
-    EXPECT_EQ(FieldValue(L"abc", 11, kJet), L"1");
-    EXPECT_EQ(FieldValue(L"5", 0, kServer), L"1");
+    EXPECT_EQ(L"1", FieldValue(L"abc", 11, kJet));
+    EXPECT_EQ(L"1", FieldValue(L"5", 0, kServer));
 }

@@ -7,21 +7,21 @@
 using namespace vndesk;
 
 TEST(LogonStatement, LooksForNameAndCodeOnJet) {
-    EXPECT_EQ(LogonStatement(L"an", 1401, DatabaseKind::Jet),
-              L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1401)");
+    EXPECT_EQ(L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1401)",
+              LogonStatement(L"an", 1401, DatabaseKind::Jet));
 }
 
 TEST(LogonStatement, WritesPrefixOnSqlServer) {
-    EXPECT_EQ(LogonStatement(L"an", 0, DatabaseKind::SqlServer),
-              L"SELECT  *  FROM [User] WHERE ([Name]=N'an') And ( [Password]=0)");
+    EXPECT_EQ(L"SELECT  *  FROM [User] WHERE ([Name]=N'an') And ( [Password]=0)",
+              LogonStatement(L"an", 0, DatabaseKind::SqlServer));
 }
 
 TEST(LogonStatement, DoesNotDoubleApostrophes) {
-    EXPECT_EQ(LogonStatement(L"O'B", 0, DatabaseKind::Jet),
-              L"SELECT  *  FROM [User] WHERE ([Name]='O'B') And ( [Password]=0)");
+    EXPECT_EQ(L"SELECT  *  FROM [User] WHERE ([Name]='O'B') And ( [Password]=0)",
+              LogonStatement(L"O'B", 0, DatabaseKind::Jet));
 }
 
 TEST(LogonStatement, WritesLargeCodeWithExponent) {
-    EXPECT_EQ(LogonStatement(L"an", 1.5E20, DatabaseKind::Jet),
-              L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1.5E+20)");
+    EXPECT_EQ(L"SELECT  *  FROM [User] WHERE ([Name]='an') And ( [Password]=1.5E+20)",
+              LogonStatement(L"an", 1.5E20, DatabaseKind::Jet));
 }

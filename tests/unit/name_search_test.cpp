@@ -28,39 +28,39 @@ INSTANTIATE_TEST_SUITE_P(NameSearch, NameSearchTest, testing::Bool(),
 
 TEST_P(NameSearchTest, FirstNameWithTheBeginningIsFoundFromTheTop) {
     const NameSearch names = Names({L"CA", L"ABC", L"ABD", L"AB"});
-    EXPECT_EQ(names.Find(L"A"), 1);
-    EXPECT_EQ(names.Find(L"ABD"), 2);
-    EXPECT_EQ(names.Find(L"CA"), 0);
+    EXPECT_EQ(1, names.Find(L"A"));
+    EXPECT_EQ(2, names.Find(L"ABD"));
+    EXPECT_EQ(0, names.Find(L"CA"));
 }
 
 TEST_P(NameSearchTest, TextInsideANameOrLongerThanItIsNotFound) {
     const NameSearch names = Names({L"CA", L"ABC"});
-    EXPECT_EQ(names.Find(L"B"), -1);
-    EXPECT_EQ(names.Find(L"CAB"), -1);
+    EXPECT_EQ(-1, names.Find(L"B"));
+    EXPECT_EQ(-1, names.Find(L"CAB"));
     // Not over the end of one name into the next.
-    EXPECT_EQ(names.Find(L"CAA"), -1);
-    EXPECT_EQ(names.Find(L"ABCD"), -1);
+    EXPECT_EQ(-1, names.Find(L"CAA"));
+    EXPECT_EQ(-1, names.Find(L"ABCD"));
 }
 
 TEST_P(NameSearchTest, EmptyBeginningFindsTheFirstName) {
-    EXPECT_EQ(Names({L"", L"A"}).Find(L""), 0);
-    EXPECT_EQ(Names({L"B", L"A"}).Find(L""), 0);
+    EXPECT_EQ(0, Names({L"", L"A"}).Find(L""));
+    EXPECT_EQ(0, Names({L"B", L"A"}).Find(L""));
 }
 
 TEST_P(NameSearchTest, NothingIsFoundAmongNoNames) {
     NameSearch names;
-    EXPECT_EQ(names.Find(L""), -1);
+    EXPECT_EQ(-1, names.Find(L""));
     names.Add(L"A");
     names.Clear();
-    EXPECT_EQ(names.Find(L"A"), -1);
+    EXPECT_EQ(-1, names.Find(L"A"));
     names.Add(L"B");
-    EXPECT_EQ(names.Find(L"B"), 0);
+    EXPECT_EQ(0, names.Find(L"B"));
 }
 
 TEST_P(NameSearchTest, EmptyNamesKeepTheirPlaces) {
     const NameSearch names = Names({L"", L"", L"A", L"", L"B"});
-    EXPECT_EQ(names.Find(L"A"), 2);
-    EXPECT_EQ(names.Find(L"B"), 4);
+    EXPECT_EQ(2, names.Find(L"A"));
+    EXPECT_EQ(4, names.Find(L"B"));
 }
 
 TEST(NameSearch, NameAddedToAnIndexIsFound) {
@@ -68,9 +68,9 @@ TEST(NameSearch, NameAddedToAnIndexIsFound) {
     names.Add(L"B");
     names.Index();
     names.Add(L"A");
-    EXPECT_EQ(names.Find(L"A"), 1);
+    EXPECT_EQ(1, names.Find(L"A"));
     names.Index();
-    EXPECT_EQ(names.Find(L"A"), 1);
+    EXPECT_EQ(1, names.Find(L"A"));
 }
 
 TEST(NameSearch, IndexFindsWhatALookAtEveryNameFinds) {
@@ -87,7 +87,7 @@ TEST(NameSearch, IndexFindsWhatALookAtEveryNameFinds) {
         indexed.Index();
         for (const wchar_t* beginning :
              {L"", L"A", L"B", L"C", L"D", L"AB", L"BA", L"CCC", L"ABCA", L"@"})
-            EXPECT_EQ(indexed.Find(beginning), plain.Find(beginning)) << round << ' ' << beginning;
+            EXPECT_EQ(plain.Find(beginning), indexed.Find(beginning)) << round << ' ' << beginning;
     }
 }
 

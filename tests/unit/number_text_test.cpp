@@ -13,37 +13,37 @@
 using namespace vndesk;
 
 TEST(ParseNumber, ReadsWholeNumber) {
-    EXPECT_EQ(ParseNumber(L"1401"), 1401.0);
+    EXPECT_EQ(1401.0, ParseNumber(L"1401"));
 }
 
 TEST(ParseNumber, ReadsDecimalPoint) {
-    EXPECT_EQ(ParseNumber(L"2.5"), 2.5);
+    EXPECT_EQ(2.5, ParseNumber(L"2.5"));
 }
 
 TEST(ParseNumber, ReadsPointAtEitherEnd) {
-    EXPECT_EQ(ParseNumber(L".5"), 0.5);
-    EXPECT_EQ(ParseNumber(L"5."), 5.0);
+    EXPECT_EQ(0.5, ParseNumber(L".5"));
+    EXPECT_EQ(5.0, ParseNumber(L"5."));
 }
 
 TEST(ParseNumber, ReadsSigns) {
-    EXPECT_EQ(ParseNumber(L"-5"), -5.0);
-    EXPECT_EQ(ParseNumber(L"+5"), 5.0);
+    EXPECT_EQ(-5.0, ParseNumber(L"-5"));
+    EXPECT_EQ(5.0, ParseNumber(L"+5"));
 }
 
 TEST(ParseNumber, ReadsExponent) {
-    EXPECT_EQ(ParseNumber(L"1.5e3"), 1500.0);
-    EXPECT_EQ(ParseNumber(L"15E-1"), 1.5);
-    EXPECT_EQ(ParseNumber(L"1E+2"), 100.0);
+    EXPECT_EQ(1500.0, ParseNumber(L"1.5e3"));
+    EXPECT_EQ(1.5, ParseNumber(L"15E-1"));
+    EXPECT_EQ(100.0, ParseNumber(L"1E+2"));
 }
 
 TEST(ParseNumber, AllowsBlanksAround) {
-    EXPECT_EQ(ParseNumber(L"  7 "), 7.0);
+    EXPECT_EQ(7.0, ParseNumber(L"  7 "));
 }
 
 TEST(ParseNumber, ReadsNearestDouble) {
-    EXPECT_EQ(ParseNumber(L"0.1"), 0.1);
-    EXPECT_EQ(ParseNumber(L"123456789.123456789"), 123456789.123456789);
-    EXPECT_EQ(ParseNumber(L"1.7976931348623157E308"), std::numeric_limits<double>::max());
+    EXPECT_EQ(0.1, ParseNumber(L"0.1"));
+    EXPECT_EQ(123456789.123456789, ParseNumber(L"123456789.123456789"));
+    EXPECT_EQ(std::numeric_limits<double>::max(), ParseNumber(L"1.7976931348623157E308"));
 }
 
 TEST(ParseNumber, RefusesEmptyText) {
@@ -99,13 +99,13 @@ TEST(ParseNumber, RefusesNumberTooLargeForADouble) {
 }
 
 TEST(ParseNumber, NumberTooSmallForADoubleIsZero) {
-    EXPECT_EQ(ParseNumber(L"1E-400"), 0.0);
-    EXPECT_EQ(ParseNumber(L"1E-99999999999999999999"), 0.0);
-    EXPECT_EQ(ParseNumber(L"0." + std::wstring(400, L'0') + L"1"), 0.0);
+    EXPECT_EQ(0.0, ParseNumber(L"1E-400"));
+    EXPECT_EQ(0.0, ParseNumber(L"1E-99999999999999999999"));
+    EXPECT_EQ(0.0, ParseNumber(L"0." + std::wstring(400, L'0') + L"1"));
 }
 
 TEST(ParseNumber, ZeroWithLargeExponentIsZero) {
-    EXPECT_EQ(ParseNumber(L"0E999"), 0.0);
+    EXPECT_EQ(0.0, ParseNumber(L"0E999"));
     EXPECT_FALSE(std::signbit(*ParseNumber(L"-0")));
 }
 
@@ -134,55 +134,55 @@ TEST(IsNumericEntry, RefusesEmptyText) {
 }
 
 TEST(DoubleToText, WritesWholeNumberWithoutPoint) {
-    EXPECT_EQ(DoubleToText(1401), L"1401");
-    EXPECT_EQ(DoubleToText(100), L"100");
+    EXPECT_EQ(L"1401", DoubleToText(1401));
+    EXPECT_EQ(L"100", DoubleToText(100));
 }
 
 TEST(DoubleToText, WritesDecimals) {
-    EXPECT_EQ(DoubleToText(2.5), L"2.5");
-    EXPECT_EQ(DoubleToText(0.1), L"0.1");
-    EXPECT_EQ(DoubleToText(-1234567.5), L"-1234567.5");
+    EXPECT_EQ(L"2.5", DoubleToText(2.5));
+    EXPECT_EQ(L"0.1", DoubleToText(0.1));
+    EXPECT_EQ(L"-1234567.5", DoubleToText(-1234567.5));
 }
 
 TEST(DoubleToText, WritesZeroWithoutSign) {
-    EXPECT_EQ(DoubleToText(0.0), L"0");
-    EXPECT_EQ(DoubleToText(-0.0), L"0");
+    EXPECT_EQ(L"0", DoubleToText(0.0));
+    EXPECT_EQ(L"0", DoubleToText(-0.0));
 }
 
 TEST(DoubleToText, RoundsToFifteenSignificantDigits) {
-    EXPECT_EQ(DoubleToText(1.0 / 3), L"0.333333333333333");
-    EXPECT_EQ(DoubleToText(200.0 / 3), L"66.6666666666667");
-    EXPECT_EQ(DoubleToText(0.1 + 0.2), L"0.3");
+    EXPECT_EQ(L"0.333333333333333", DoubleToText(1.0 / 3));
+    EXPECT_EQ(L"66.6666666666667", DoubleToText(200.0 / 3));
+    EXPECT_EQ(L"0.3", DoubleToText(0.1 + 0.2));
 }
 
 TEST(DoubleToText, WritesFifteenWholeDigitsPlain) {
-    EXPECT_EQ(DoubleToText(123456789012345.0), L"123456789012345");
-    EXPECT_EQ(DoubleToText(1E14), L"100000000000000");
+    EXPECT_EQ(L"123456789012345", DoubleToText(123456789012345.0));
+    EXPECT_EQ(L"100000000000000", DoubleToText(1E14));
 }
 
 TEST(DoubleToText, UsesExponentFromSixteenWholeDigitsOn) {
-    EXPECT_EQ(DoubleToText(1E15), L"1E+15");
-    EXPECT_EQ(DoubleToText(1.23E20), L"1.23E+20");
-    EXPECT_EQ(DoubleToText(1234567890123456.0), L"1.23456789012346E+15");
+    EXPECT_EQ(L"1E+15", DoubleToText(1E15));
+    EXPECT_EQ(L"1.23E+20", DoubleToText(1.23E20));
+    EXPECT_EQ(L"1.23456789012346E+15", DoubleToText(1234567890123456.0));
 }
 
 TEST(DoubleToText, RoundsUpIntoTheExponentForm) {
-    EXPECT_EQ(DoubleToText(999999999999999.9), L"1E+15");
+    EXPECT_EQ(L"1E+15", DoubleToText(999999999999999.9));
 }
 
 TEST(DoubleToText, WritesThreeDigitExponent) {
-    EXPECT_EQ(DoubleToText(1E300), L"1E+300");
-    EXPECT_EQ(DoubleToText(-1.5E-300), L"-1.5E-300");
+    EXPECT_EQ(L"1E+300", DoubleToText(1E300));
+    EXPECT_EQ(L"-1.5E-300", DoubleToText(-1.5E-300));
 }
 
 TEST(DoubleToText, WritesShortSmallNumberPlain) {
-    EXPECT_EQ(DoubleToText(0.00001), L"0.00001");
-    EXPECT_EQ(DoubleToText(1E-15), L"0.000000000000001");
+    EXPECT_EQ(L"0.00001", DoubleToText(0.00001));
+    EXPECT_EQ(L"0.000000000000001", DoubleToText(1E-15));
 }
 
 TEST(DoubleToText, UsesExponentForMoreThanFifteenDecimals) {
-    EXPECT_EQ(DoubleToText(1E-16), L"1E-16");
-    EXPECT_EQ(DoubleToText(1.0 / 300), L"3.33333333333333E-03");
+    EXPECT_EQ(L"1E-16", DoubleToText(1E-16));
+    EXPECT_EQ(L"3.33333333333333E-03", DoubleToText(1.0 / 300));
 }
 
 TEST(DoubleToText, OverflowsOnValueThatIsNotFinite) {
@@ -191,18 +191,18 @@ TEST(DoubleToText, OverflowsOnValueThatIsNotFinite) {
 }
 
 TEST(ToDecimals, WritesEveryDecimalOfASmallNumber) {
-    EXPECT_EQ(ToDecimals(0.00001, kDoubleDigits), L"0.00001");
-    EXPECT_EQ(ToDecimals(-1E-20, kDoubleDigits), L"-0.00000000000000000001");
-    EXPECT_EQ(ToDecimals(1.0 / 300, kDoubleDigits), L"0.00333333333333333");
-    EXPECT_EQ(ToDecimals(std::numeric_limits<double>::denorm_min(), kDoubleDigits).size(), 340u);
-    EXPECT_EQ(ToDecimals(static_cast<double>(0.1f), kSingleDigits), L"0.1");
+    EXPECT_EQ(L"0.00001", ToDecimals(0.00001, kDoubleDigits));
+    EXPECT_EQ(L"-0.00000000000000000001", ToDecimals(-1E-20, kDoubleDigits));
+    EXPECT_EQ(L"0.00333333333333333", ToDecimals(1.0 / 300, kDoubleDigits));
+    EXPECT_EQ(340u, ToDecimals(std::numeric_limits<double>::denorm_min(), kDoubleDigits).size());
+    EXPECT_EQ(L"0.1", ToDecimals(static_cast<double>(0.1f), kSingleDigits));
 }
 
 TEST(ToDecimals, UsesExponentWhereTheWholePartHasMoreDigitsThanAreSignificant) {
-    EXPECT_EQ(ToDecimals(999999999999999.0, kDoubleDigits), L"999999999999999");
-    EXPECT_EQ(ToDecimals(1.5E15, kDoubleDigits), L"1.5E+15");
-    EXPECT_EQ(ToDecimals(1234567.0, kSingleDigits), L"1234567");
-    EXPECT_EQ(ToDecimals(12345678.0, kSingleDigits), L"1.234568E+07");
+    EXPECT_EQ(L"999999999999999", ToDecimals(999999999999999.0, kDoubleDigits));
+    EXPECT_EQ(L"1.5E+15", ToDecimals(1.5E15, kDoubleDigits));
+    EXPECT_EQ(L"1234567", ToDecimals(1234567.0, kSingleDigits));
+    EXPECT_EQ(L"1.234568E+07", ToDecimals(12345678.0, kSingleDigits));
 }
 
 TEST(ToDecimals, OverflowsOnValueThatIsNotFinite) {
@@ -220,6 +220,6 @@ TEST(NumberText, DoesNotFollowTheLocale) {
     const std::wstring text = DoubleToText(2.5);
     const auto number = ParseNumber(L"2.5");
     std::setlocale(LC_ALL, before.c_str());
-    EXPECT_EQ(text, L"2.5");
-    EXPECT_EQ(number, 2.5);
+    EXPECT_EQ(L"2.5", text);
+    EXPECT_EQ(2.5, number);
 }

@@ -27,43 +27,41 @@ double CodeOf(std::wstring_view text) {
 } // namespace
 
 TEST(PasswordCode, WeightsCharactersFromTheFirstOn) {
-    EXPECT_EQ(CodeOf(L"ABC"), 65 + 66 * 4 + 67 * 16);
-    EXPECT_EQ(CodeOf(L"ABC"), 1401);
+    EXPECT_EQ(65 + 66 * 4 + 67 * 16, CodeOf(L"ABC"));
+    EXPECT_EQ(1401, CodeOf(L"ABC"));
 }
 
 TEST(PasswordCode, DependsOnTheOrder) {
-    EXPECT_EQ(CodeOf(L"CBA"), 67 + 66 * 4 + 65 * 16);
+    EXPECT_EQ(67 + 66 * 4 + 65 * 16, CodeOf(L"CBA"));
 }
 
 TEST(PasswordCode, EmptyTextGivesZero) {
-    EXPECT_EQ(CodeOf(L""), 0);
+    EXPECT_EQ(0, CodeOf(L""));
 }
 
 TEST(PasswordCode, AcceptsBothEndsOfTheRange) {
-    EXPECT_EQ(CodeOf(L"\x20"), 32);
-    EXPECT_EQ(CodeOf(L"\x7F"), 127);
+    EXPECT_EQ(32, CodeOf(L"\x20"));
+    EXPECT_EQ(127, CodeOf(L"\x7F"));
 }
 
 TEST(PasswordCode, CharacterBelowTheRangeGivesZero) {
-    EXPECT_EQ(CodeOf(L"A\x1F"), 0);
-    EXPECT_EQ(CodeOf(L"\x1F"
-                     L"A"),
-              0);
+    EXPECT_EQ(0, CodeOf(L"A\x1F"));
+    EXPECT_EQ(0, CodeOf(L"\x1F"
+                        L"A"));
 }
 
 TEST(PasswordCode, CharacterAboveTheRangeGivesZero) {
-    EXPECT_EQ(CodeOf(L"A\x80"
-                     L"A"),
-              0);
-    EXPECT_EQ(CodeOf(L"\u0110"), 0);
+    EXPECT_EQ(0, CodeOf(L"A\x80"
+                        L"A"));
+    EXPECT_EQ(0, CodeOf(L"\u0110"));
 }
 
 TEST(PasswordCode, AsksTheCodePage) {
-    EXPECT_EQ(PasswordCode(L"\u0110\u0110", CodeOfTheFirstLetter), 65 + 65 * 4);
+    EXPECT_EQ(65 + 65 * 4, PasswordCode(L"\u0110\u0110", CodeOfTheFirstLetter));
 }
 
 TEST(PasswordCode, IsExactUpToTheDigitsOfADouble) {
-    EXPECT_EQ(CodeOf(std::wstring(20, L' ')), 32 * ((1099511627776.0 - 1) / 3));
+    EXPECT_EQ(32 * ((1099511627776.0 - 1) / 3), CodeOf(std::wstring(20, L' ')));
 }
 
 TEST(PasswordCode, OverflowsForAVeryLongText) {
@@ -72,5 +70,5 @@ TEST(PasswordCode, OverflowsForAVeryLongText) {
 }
 
 TEST(PasswordCode, CharacterOutsideTheRangeWinsOverOverflow) {
-    EXPECT_EQ(CodeOf(L"\x1F" + std::wstring(600, L'A')), 0);
+    EXPECT_EQ(0, CodeOf(L"\x1F" + std::wstring(600, L'A')));
 }

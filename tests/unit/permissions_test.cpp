@@ -41,22 +41,22 @@ TEST(IsGranted, OverflowsAtThe32ndCommand) {
 }
 
 TEST(MaskOf, AddsTheTickedPlaces) {
-    EXPECT_EQ(MaskOf({}), 0);
-    EXPECT_EQ(MaskOf(Places(4, {})), 0);
-    EXPECT_EQ(MaskOf(Places(4, {0, 2})), 5);
-    EXPECT_EQ(MaskOf(Places(4, {0, 1, 2})), 7);
-    EXPECT_EQ(MaskOf(Places(31, {30})), 0x40000000);
+    EXPECT_EQ(0, MaskOf({}));
+    EXPECT_EQ(0, MaskOf(Places(4, {})));
+    EXPECT_EQ(5, MaskOf(Places(4, {0, 2})));
+    EXPECT_EQ(7, MaskOf(Places(4, {0, 1, 2})));
+    EXPECT_EQ(0x40000000, MaskOf(Places(31, {30})));
 }
 
 TEST(MaskOf, ThirtyOneCommandsFillAPositiveNumber) {
-    EXPECT_EQ(MaskOf(std::vector<bool>(31, true)), 0x7fffffff);
+    EXPECT_EQ(0x7fffffff, MaskOf(std::vector<bool>(31, true)));
 }
 
 TEST(MaskOf, OverflowsOnlyWhenThe32ndIsTicked) {
-    EXPECT_EQ(MaskOf(Places(32, {0, 30})), 0x40000001);
+    EXPECT_EQ(0x40000001, MaskOf(Places(32, {0, 30})));
     EXPECT_THROW(MaskOf(Places(32, {31})), std::overflow_error);
     EXPECT_THROW(MaskOf(std::vector<bool>(32, true)), std::overflow_error);
-    EXPECT_EQ(MaskOf(Places(40, {3})), 8);
+    EXPECT_EQ(8, MaskOf(Places(40, {3})));
 }
 
 TEST(MaskOf, GivesBackWhatIsGranted) {
@@ -64,24 +64,24 @@ TEST(MaskOf, GivesBackWhatIsGranted) {
         std::vector<bool> ticked(31);
         for (size_t i = 0; i < ticked.size(); ++i)
             ticked[i] = IsGranted(mask, i);
-        EXPECT_EQ(MaskOf(ticked), mask);
+        EXPECT_EQ(mask, MaskOf(ticked));
     }
 }
 
 TEST(PermissionStatements, ReadCommandsAndRights) {
-    EXPECT_EQ(MenuCommandsStatement(3), L"Select * From SubMenu Where IdMenuBar=3 Order By ID");
-    EXPECT_EQ(MenuCommandsStatement(-1), L"Select * From SubMenu Where IdMenuBar=-1 Order By ID");
-    EXPECT_EQ(GroupRightsStatement(5), L"Select * From Groups Where Code=5");
+    EXPECT_EQ(L"Select * From SubMenu Where IdMenuBar=3 Order By ID", MenuCommandsStatement(3));
+    EXPECT_EQ(L"Select * From SubMenu Where IdMenuBar=-1 Order By ID", MenuCommandsStatement(-1));
+    EXPECT_EQ(L"Select * From Groups Where Code=5", GroupRightsStatement(5));
 }
 
 TEST(WriteRightsStatement, HasNoCommaBeforeWhere) {
-    EXPECT_EQ(WriteRightsStatement({L"P1", L"P2", L"P3"}, {7, 0, 1, 0}, 5),
-              L"Update Groups Set P1=7,P2=0,P3=1 Where Code=5");
+    EXPECT_EQ(L"Update Groups Set P1=7,P2=0,P3=1 Where Code=5",
+              WriteRightsStatement({L"P1", L"P2", L"P3"}, {7, 0, 1, 0}, 5));
 }
 
 TEST(WriteRightsStatement, WritesPlainIntegers) {
-    EXPECT_EQ(WriteRightsStatement({L"HeThong"}, {0x7fffffff, 0}, 12),
-              L"Update Groups Set HeThong=2147483647 Where Code=12");
-    EXPECT_EQ(WriteRightsStatement({L"a", L"b"}, {-1, 0, 0}, 1),
-              L"Update Groups Set a=-1,b=0 Where Code=1");
+    EXPECT_EQ(L"Update Groups Set HeThong=2147483647 Where Code=12",
+              WriteRightsStatement({L"HeThong"}, {0x7fffffff, 0}, 12));
+    EXPECT_EQ(L"Update Groups Set a=-1,b=0 Where Code=1",
+              WriteRightsStatement({L"a", L"b"}, {-1, 0, 0}, 1));
 }

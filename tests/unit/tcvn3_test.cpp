@@ -60,6 +60,9 @@ constexpr CodeAndLetter kTonedCapitals[] = {
 
 static_assert(std::size(kDecoded) + std::size(kTonedCapitals) == 134);
 
+// Hosts and documents know them as numbers.
+static_assert(kToUnicode == 0 && kToTcvn3 == 1);
+
 // Usable at compile time.
 static_assert(ToUncChar(0xB8, kToUnicode) == 0x00E1);
 static_assert(ToUncChar(0x1EF8, kToTcvn3) == 0xFC);
@@ -70,46 +73,46 @@ TEST(Tcvn3, TableHas134DifferentLetters) {
     std::set<wchar_t> letters;
     for (const auto& pair : tcvn3::kPairs)
         letters.insert(pair.letter);
-    EXPECT_EQ(letters.size(), 134u);
+    EXPECT_EQ(134u, letters.size());
 }
 
 TEST(Tcvn3, EachCodeGivesItsLetter) {
     for (const auto& pair : kDecoded)
-        EXPECT_EQ(ToUncChar(pair.code, 0), pair.letter) << std::hex << int(pair.code);
+        EXPECT_EQ(pair.letter, ToUncChar(pair.code, kToUnicode)) << std::hex << int(pair.code);
 }
 
 TEST(Tcvn3, EachLetterGivesItsCode) {
     for (const auto& pair : kDecoded)
-        EXPECT_EQ(ToUncChar(pair.letter, 1), pair.code) << std::hex << int(pair.letter);
+        EXPECT_EQ(pair.code, ToUncChar(pair.letter, kToTcvn3)) << std::hex << int(pair.letter);
 }
 
 TEST(Tcvn3, TonedCapitalGivesCodeOfSmallLetter) {
     for (const auto& pair : kTonedCapitals)
-        EXPECT_EQ(ToUncChar(pair.letter, 1), pair.code) << std::hex << int(pair.letter);
+        EXPECT_EQ(pair.code, ToUncChar(pair.letter, kToTcvn3)) << std::hex << int(pair.letter);
 }
 
 TEST(Tcvn3, CodeGivesSmallLetterNeverTonedCapital) {
-    EXPECT_EQ(ToUncText(L"\u00B8", 0), L"\u00E1");
+    EXPECT_EQ(L"\u00E1", ToUncText(L"\u00B8", kToUnicode));
 }
 
 TEST(Tcvn3, BareCapitalComesBack) {
-    EXPECT_EQ(ToUncText(L"\u00A1", 0), L"\u0102");
+    EXPECT_EQ(L"\u0102", ToUncText(L"\u00A1", kToUnicode));
 }
 
 TEST(Tcvn3, SmallAndCapitalLetterShareOneCode) {
-    EXPECT_EQ(ToUncText(L"\u00C1\u00E1", 1), L"\u00B8\u00B8");
+    EXPECT_EQ(L"\u00B8\u00B8", ToUncText(L"\u00C1\u00E1", kToTcvn3));
 }
 
 TEST(Tcvn3, ConvertsNoticeTitle) {
-    EXPECT_EQ(ToUncText(L"Th\u00ABng b\u00B8o", 0), L"Th\u00F4ng b\u00E1o");
+    EXPECT_EQ(L"Th\u00F4ng b\u00E1o", ToUncText(L"Th\u00ABng b\u00B8o", kToUnicode));
 }
 
 TEST(Tcvn3, AmpersandPassesThrough) {
-    EXPECT_EQ(ToUncText(L"\u00A7\u00E5&ng \u00FD", 0), L"\u0110\u1ED3&ng \u00FD");
+    EXPECT_EQ(L"\u0110\u1ED3&ng \u00FD", ToUncText(L"\u00A7\u00E5&ng \u00FD", kToUnicode));
 }
 
 TEST(Tcvn3, SoftHyphenCodeIsALetter) {
-    EXPECT_EQ(ToUncText(L"\u00AD", 0), L"\u01B0");
+    EXPECT_EQ(L"\u01B0", ToUncText(L"\u00AD", kToUnicode));
 }
 
 TEST(Tcvn3, RoundTripFromTcvn3RestoresTheText) {
@@ -118,72 +121,74 @@ TEST(Tcvn3, RoundTripFromTcvn3RestoresTheText) {
         text.push_back(ch);
     for (const auto& pair : kDecoded)
         text.push_back(pair.code);
-    EXPECT_EQ(ToUncText(ToUncText(text, 0), 1), text);
+    EXPECT_EQ(text, ToUncText(ToUncText(text, kToUnicode), kToTcvn3));
 }
 
 TEST(Tcvn3, RoundTripFromUnicodeLosesCaseOfTonedCapital) {
-    EXPECT_EQ(ToUncText(ToUncText(L"\u00C1\u0110\u1ED2", 1), 0), L"\u00E1\u0110\u1ED3");
+    EXPECT_EQ(L"\u00E1\u0110\u1ED3",
+              ToUncText(ToUncText(L"\u00C1\u0110\u1ED2", kToTcvn3), kToUnicode));
 }
 
 TEST(Tcvn3, AsciiPassesThroughBothWays) {
     for (wchar_t ch = 0; ch < 0x80; ++ch) {
-        EXPECT_EQ(ToUncChar(ch, 0), ch);
-        EXPECT_EQ(ToUncChar(ch, 1), ch);
+        EXPECT_EQ(ch, ToUncChar(ch, kToUnicode));
+        EXPECT_EQ(ch, ToUncChar(ch, kToTcvn3));
     }
 }
 
 TEST(Tcvn3, CodesOutsideTheTablePassThrough) {
     const std::wstring unused = L"\u00A0\u00AF\u00B0\u00B4\u00BA\u00BF\u00C0\u00C5\u00CD\u00D9"
                                 L"\u00E0\u00F0\u00FF\u20AC\u4E2D";
-    EXPECT_EQ(ToUncText(unused, 0), unused);
+    EXPECT_EQ(unused, ToUncText(unused, kToUnicode));
 }
 
 TEST(Tcvn3, LettersOutsideTheTablePassThroughToTcvn3) {
     const std::wstring others = L"\u00B8\u00E4\u00D6\u0100\u01FF\u0200\u1DFF\u1E00\u1EFF\u1F00"
                                 L"\uFFFF";
-    EXPECT_EQ(ToUncText(others, 1), others);
+    EXPECT_EQ(others, ToUncText(others, kToTcvn3));
 }
 
 TEST(Tcvn3, UnknownModeConvertsToUnicode) {
-    EXPECT_EQ(ToUncText(L"\u00B8", 2), L"\u00E1");
-    EXPECT_EQ(ToUncText(L"\u00B8", -1), L"\u00E1");
+    EXPECT_EQ(L"\u00E1", ToUncText(L"\u00B8", 2));
+    EXPECT_EQ(L"\u00E1", ToUncText(L"\u00B8", -1));
 }
 
 TEST(Tcvn3, EmptyTextStaysEmpty) {
-    EXPECT_EQ(ToUncText(L"", 0), L"");
+    EXPECT_EQ(L"", ToUncText(L"", kToUnicode));
 }
 
 TEST(Tcvn3, ZeroCharactersInsideAreKept) {
     const std::wstring text(L"\u00B8\0\u00B8", 3);
-    EXPECT_EQ(ToUncText(text, 0), std::wstring(L"\u00E1\0\u00E1", 3));
+    EXPECT_EQ(std::wstring(L"\u00E1\0\u00E1", 3), ToUncText(text, kToUnicode));
 }
 
 TEST(Tcvn3, LongestTextConverts) {
-    EXPECT_EQ(ToUncText(std::wstring(32767, L'\u00B8'), 0), std::wstring(32767, L'\u00E1'));
+    EXPECT_EQ(std::wstring(32767, L'\u00E1'),
+              ToUncText(std::wstring(32767, L'\u00B8'), kToUnicode));
 }
 
 TEST(Tcvn3, TextOf32768CharactersOverflows) {
-    EXPECT_THROW(ToUncText(std::wstring(32768, L'a'), 0), std::overflow_error);
-    EXPECT_THROW(ToUncText(std::wstring(32768, L'a'), 1), std::overflow_error);
+    EXPECT_THROW(ToUncText(std::wstring(32768, L'a'), kToUnicode), std::overflow_error);
+    EXPECT_THROW(ToUncText(std::wstring(32768, L'a'), kToTcvn3), std::overflow_error);
 }
 
 TEST(Tcvn3, ConvertTextWritesOnlyItsLength) {
     wchar_t out[] = {L'#', L'#', L'#'};
-    ConvertText(out, L"\u00B8\u00B8", 2, 0);
-    EXPECT_EQ(std::wstring(out, 3), L"\u00E1\u00E1#");
+    ConvertText(out, L"\u00B8\u00B8", 2, kToUnicode);
+    EXPECT_EQ(L"\u00E1\u00E1#", std::wstring(out, 3));
 }
 
 TEST(Tcvn3, ConvertTextWorksInPlace) {
     wchar_t text[] = L"b\u00B8o";
-    ConvertText(text, text, 3, 0);
-    EXPECT_EQ(std::wstring(text), L"b\u00E1o");
+    ConvertText(text, text, 3, kToUnicode);
+    EXPECT_EQ(L"b\u00E1o", std::wstring(text));
 }
 
 TEST(Tcvn3, ConvertTextWritesNothingWhenTooLong) {
     const std::wstring in(32768, L'\u00B8');
     std::wstring out(32768, L'#');
-    EXPECT_THROW(ConvertText(out.data(), in.data(), in.size(), 0), std::overflow_error);
-    EXPECT_EQ(out, std::wstring(32768, L'#'));
+    EXPECT_THROW(ConvertText(out.data(), in.data(), in.size(), kToUnicode), std::overflow_error);
+    EXPECT_EQ(std::wstring(32768, L'#'), out);
 }
 
 // Texts of 16-bit characters are converted in blocks, which must not show: here every character, at
@@ -194,7 +199,7 @@ TEST(Tcvn3, BlocksConvertEachCharacterAsByItself) {
         all.push_back(static_cast<char16_t>(unit));
     for (const long mode : {kToUnicode, kToTcvn3}) {
         const auto alone = [mode](char16_t unit) {
-            return mode == kToTcvn3 ? ToTcvn3Unit(unit) : ToUnicodeUnit(unit);
+            return static_cast<char16_t>(ToUncChar(unit, mode));
         };
         for (std::size_t length = 0; length < 200; ++length) {
             // Ever other stretches of all characters, so that each comes to every place of a block.
@@ -204,13 +209,13 @@ TEST(Tcvn3, BlocksConvertEachCharacterAsByItself) {
                 std::transform(text.begin(), text.end(), expected.begin(), alone);
                 ConvertUnits(other.data(), text.data(), length, mode);
                 ConvertUnits(inPlace.data(), inPlace.data(), length, mode);
-                ASSERT_EQ(other, expected) << length << " from " << from;
-                ASSERT_EQ(inPlace + u'#', expected) << length << " from " << from;
+                ASSERT_EQ(expected, other) << length << " from " << from;
+                ASSERT_EQ(expected, inPlace + u'#') << length << " from " << from;
             }
         }
         std::u16string converted(all.size(), u'#');
         ConvertUnits(converted.data(), all.data(), all.size(), mode);
         for (std::size_t i = 0; i < all.size(); ++i)
-            ASSERT_EQ(converted[i], alone(all[i])) << i;
+            ASSERT_EQ(alone(all[i]), converted[i]) << i;
     }
 }

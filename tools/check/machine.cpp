@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "comkit/base/com_error.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk::check {
 
@@ -18,14 +19,11 @@ std::wstring WineVersion() {
 
 std::optional<std::wstring> RegistryText(HKEY root, const std::wstring& key, const wchar_t* name,
                                          REGSAM view) {
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(root, key.c_str(), 0, KEY_READ | view, &opened) != ERROR_SUCCESS)
-        return {};
+    const UniqueKey opened = OpenKey(root, key, KEY_READ | view);
     wchar_t text[2048] = L"";
     DWORD size = sizeof text;
-    const LSTATUS status = RegGetValueW(opened, nullptr, name, RRF_RT_REG_SZ, nullptr, text, &size);
-    RegCloseKey(opened);
-    if (status != ERROR_SUCCESS)
+    if (!opened || RegGetValueW(opened.get(), nullptr, name, RRF_RT_REG_SZ, nullptr, text, &size) !=
+                       ERROR_SUCCESS)
         return {};
     return text;
 }

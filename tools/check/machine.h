@@ -31,7 +31,7 @@ std::wstring Unquoted(std::wstring path);
 bool FileExists(const std::wstring& path);
 // 32 or 64; 0 for what is no program or library, or cannot be read.
 int BitsOfFile(const std::wstring& path);
-// "1.0.0.0"; empty where the file tells none.
+// "1.0.0.0"; empty where the file has none.
 std::wstring VersionOfFile(const std::wstring& path);
 
 std::wstring GuidText(REFGUID guid);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// vndesk-check: tells in plain words whether VnDesk can be used on this machine, and what is wrong.
+// vndesk-check: says in plain words whether VnDesk can be used on this machine, and what is wrong.
 #include <windows.h>
 
 #include "check/machine.h"

@@ -26,7 +26,7 @@ template <class Interface> HRESULT Create(const wchar_t* progId, CLSID& clsid, I
                : CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(object));
 }
 
-// "6.1"; empty where the object does not tell it.
+// "6.1"; empty where the object has no version.
 std::wstring VersionOf(IDispatch* object) {
     auto* name = const_cast<LPOLESTR>(L"Version");
     DISPID id = DISPID_UNKNOWN;

@@ -18,7 +18,7 @@ void ProbeControls(Findings& findings) {
         GetModuleFileNameW(controls, path, MAX_PATH * 4);
         FreeLibrary(controls);
     }
-    // The system's folder holds the old ones; Wine's files tell the same version for both.
+    // The system's folder holds the old ones; Wine's files have the same version for both.
     std::wstring folder = path;
     CharLowerW(folder.data());
     const bool sideBySide = folder.find(L"\\winsxs\\") != std::wstring::npos;

@@ -43,7 +43,7 @@ struct Registered {
 };
 
 void ProbeMissing(const LibraryClass& entry, Findings& findings) {
-    // The other view of the machine shows the own one where there is only one.
+    // With a single view of the registry, the other view shows the same keys.
     const std::wstring other = Server(HKEY_LOCAL_MACHINE, kClasses + ServerKey(entry), kOtherView);
     if (other.empty())
         findings.push_back({Id::LibraryNotRegistered, {kBitsText}});
@@ -106,7 +106,7 @@ void ProbeClasses(const std::vector<Registered>& registered, bool loadable, Find
             findings.push_back({Id::ClassThreading, {entry.progId, threading}});
         ProbeName(entry.progId, entry.clsid, findings);
         ProbeName(entry.progId + L".1", entry.clsid, findings);
-        // What cannot be loaded has been told; eight errors more would say nothing new.
+        // The file that cannot be loaded is reported already; eight more errors would say the same.
         if (loadable && ProbeCreation(entry, findings))
             ++created;
     }

@@ -14,7 +14,7 @@ int SystemBits() {
     return info.wProcessorArchitecture == PROCESSOR_ARCHITECTURE_INTEL ? 32 : 64;
 }
 
-// GetVersionEx tells programs without a manifest of the newest system an older number.
+// GetVersionEx reports an older version to programs whose manifest does not name the newest.
 std::wstring SystemName() {
     const auto version = reinterpret_cast<LONG(WINAPI*)(OSVERSIONINFOW*)>(
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion"));

@@ -104,7 +104,7 @@ private:
         return attributes;
     }
 
-    // What is there for the compilers alone.
+    // Attributes that only compilers need.
     void Preamble() {
         for (;;)
             if (Accept("import") || Accept("typedef"))

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The classes of the bridge: ADO's identifiers and names, in Wine prefixes only.
+#include "comkit/base/handles.h"
 #include "comkit/base/module.h"
 
 #include "ado/engine/wine_path.h"
@@ -22,7 +23,7 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<ConnectionObject>},
     {&kRecordsetClass, L"ADODB.Recordset", L"ADODB.Recordset", CreateInstanceOf<RecordsetObject>}};
 
-// Windows has an ADO of its own, which must stay.
+// Windows' own ADO must stay.
 bool MayRegister(std::wstring& reason) {
     if (RunsUnderWine())
         return true;
@@ -33,11 +34,7 @@ bool MayRegister(std::wstring& reason) {
 bool IsRegistered(REFCLSID clsid) {
     wchar_t key[64] = L"CLSID\\";
     StringFromGUID2(clsid, key + 6, 40);
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key, 0, KEY_READ, &opened) != ERROR_SUCCESS)
-        return false;
-    RegCloseKey(opened);
-    return true;
+    return OpenKey(HKEY_CLASSES_ROOT, key, KEY_READ) != nullptr;
 }
 
 // Registration took these classes from Wine's own ADO: it gets them back.
@@ -58,8 +55,7 @@ void RestoreWineAdo() {
 
 } // namespace
 
-// The interfaces are ADO's, and Wine describes them by its own type library: ours is for late
-// binding only.
+// The interfaces are ADO's, and Wine's type library describes them: ours is for late binding only.
 const ModuleInfo moduleInfo = {kClasses, nullptr, MayRegister, RestoreWineAdo};
 
 } // namespace vndesk

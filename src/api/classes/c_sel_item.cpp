@@ -3,6 +3,7 @@
 
 #include <comutil.h>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "logon/session.h"
@@ -12,11 +13,6 @@ namespace vndesk {
 namespace {
 
 constexpr DISPID kChange = 1;
-
-// Window handles fit into 32 bits and are sign-extended.
-HWND WindowFrom(long handle) {
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-}
 
 // A look-up opens the connection that the host has named, else runs on the session's.
 void OnDatabase(const std::wstring& connectionString,
@@ -40,11 +36,11 @@ SelItem::~SelItem() {
 }
 
 STDMETHODIMP SelItem::SetTextSel(long window) {
-    return Guard([&] { boxes_->SetTextSel(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSel(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::SetTextSelID(long window) {
-    return Guard([&] { boxes_->SetTextSelID(WindowFrom(window)); });
+    return Guard([&] { boxes_->SetTextSelID(ToWindow(window)); });
 }
 
 STDMETHODIMP SelItem::Clear() {
@@ -52,15 +48,15 @@ STDMETHODIMP SelItem::Clear() {
 }
 
 STDMETHODIMP SelItem::get_SelName(BSTR* name) {
-    return Guard([&] { SetOut(name, [&] { return ToBstr(boxes_->SelName()); }); });
+    return Get(name, [&] { return ToBstr(boxes_->SelName()); });
 }
 
 STDMETHODIMP SelItem::get_SelID(BSTR* code) {
-    return Guard([&] { SetOut(code, [&] { return ToBstr(boxes_->SelID()); }); });
+    return Get(code, [&] { return ToBstr(boxes_->SelID()); });
 }
 
 STDMETHODIMP SelItem::get_SqlName(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlName); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlName); });
 }
 
 STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
@@ -68,7 +64,7 @@ STDMETHODIMP SelItem::put_SqlName(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SqlID(BSTR* statement) {
-    return Guard([&] { SetOut(statement, [&] { return ToBstr(boxes_->SqlID); }); });
+    return Get(statement, [&] { return ToBstr(boxes_->SqlID); });
 }
 
 STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
@@ -76,7 +72,7 @@ STDMETHODIMP SelItem::put_SqlID(BSTR statement) {
 }
 
 STDMETHODIMP SelItem::get_SearchText(BSTR* text) {
-    return Guard([&] { SetOut(text, [&] { return ToBstr(boxes_->searchText); }); });
+    return Get(text, [&] { return ToBstr(boxes_->searchText); });
 }
 
 STDMETHODIMP SelItem::put_SearchText(BSTR text) {

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "menus/hook/cool_menu.h"
@@ -13,11 +14,6 @@
 namespace vndesk {
 
 namespace {
-
-// Window handles fit into 32 bits and are sign-extended.
-HWND ToWindow(long handle) {
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-}
 
 bool IsGiven(const VARIANT& value) {
     return value.vt != VT_EMPTY && value.vt != VT_ERROR;

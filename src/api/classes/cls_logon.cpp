@@ -6,11 +6,29 @@
 #include "logon/logon_dialog.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
 #include "security/group_manager.h"
 #include "security/user_editor.h"
 #include "security/user_list.h"
 
 namespace vndesk {
+
+namespace {
+
+// The numbers of the type library are those of the box.
+static_assert(long{vbOKOnly} == kOkOnly && long{vbOKCancel} == kOkCancel &&
+              long{vbAbortRetryIgnore} == kAbortRetryIgnore &&
+              long{vbYesNoCancel} == kYesNoCancel && long{vbYesNo} == kYesNo &&
+              long{vbRetryCancel} == kRetryCancel);
+static_assert(long{vbCritical} == kCritical && long{vbQuestion} == kQuestion &&
+              long{vbExclamation} == kExclamation && long{vbInformation} == kInformation);
+
+// As hosts read it: empty where the box was closed without a button.
+std::wstring NumberText(Pressed button) {
+    return button == Pressed::None ? L"" : std::to_wstring(static_cast<long>(button));
+}
+
+} // namespace
 
 STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
     return Guard([&] {
@@ -46,17 +64,17 @@ STDMETHODIMP Logon::MgBox(BSTR* message, Buttons button, BSTR* title, IconValue 
                           VARIANT_BOOL rightToLeft, BSTR* pressed) {
     return Guard([&] {
         BSTR& result = ClearedOut(pressed);
-        std::wstring shownTitle = FromReference(title);
-        const bool untitled = shownTitle.empty();
+        const std::wstring given = FromReference(title);
+        const std::wstring shown = given.empty() ? texts::kNotice : given;
         // Only the all-ones boolean asks for right-to-left.
-        const std::wstring answer =
-            ShowMsg(FromReference(message), button, shownTitle, icon, rightToLeft == VARIANT_TRUE);
-        if (untitled) {
-            const BSTR replaced = ToBstr(shownTitle);
+        const Pressed answer =
+            ShowMsg(FromReference(message), button, shown, icon, rightToLeft == VARIANT_TRUE);
+        if (given.empty()) {
+            const BSTR replaced = ToBstr(shown);
             SysFreeString(*title);
             *title = replaced;
         }
-        result = ToBstr(answer);
+        result = ToBstr(NumberText(answer));
     });
 }
 

@@ -9,7 +9,7 @@ namespace vndesk {
 
 namespace {
 
-// The platform's handles of the roots are 32-bit numbers, sign-extended.
+// HKEY_CLASSES_ROOT and its like are 32-bit numbers, sign-extended.
 HKEY Handle(REGToolRootTypes root) {
     return reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(root)));
 }

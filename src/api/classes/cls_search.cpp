@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "data/connect/database.h"
@@ -15,11 +16,11 @@ namespace vndesk {
 
 namespace {
 
-// A window handle out of a number of whatever type.
-HWND ToWindow(const _variant_t& given) {
+// The window handle in a number of any type.
+HWND WindowOfNumber(const _variant_t& given) {
     _variant_t number = Resolved(given);
     CheckHr(VariantChangeType(&number, &number, 0, VT_I8));
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(number.llVal));
+    return ToWindow(number.llVal);
 }
 
 // The window of a host's form, or none when the object has no property hWnd.
@@ -32,7 +33,7 @@ HWND WindowOfForm(IDispatch* form) {
     _variant_t window;
     CheckHr(form->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &window,
                          nullptr, nullptr));
-    return ToWindow(window);
+    return WindowOfNumber(window);
 }
 
 HWND OwnerWindow(const VARIANT& ownerForm) {
@@ -51,7 +52,7 @@ HWND OwnerWindow(const VARIANT& ownerForm) {
         return WindowOfForm(form.Get());
     }
     default:
-        return ToWindow(owner);
+        return WindowOfNumber(owner);
     }
 }
 
@@ -86,7 +87,7 @@ STDMETHODIMP Search::put_ActiveConnection(VARIANT value) {
 }
 
 STDMETHODIMP Search::get_TableSearch(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(table_); }); });
+    return Get(value, [&] { return ToBstr(table_); });
 }
 
 STDMETHODIMP Search::put_TableSearch(BSTR value) {
@@ -94,7 +95,7 @@ STDMETHODIMP Search::put_TableSearch(BSTR value) {
 }
 
 STDMETHODIMP Search::get_Result(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(result_); }); });
+    return Get(value, [&] { return ToBstr(result_); });
 }
 
 // The condition can be read only after the dialog has closed, so every style shows it modally.
@@ -102,7 +103,7 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
     return Guard([&] {
         if (!modal)
             throw ComError(E_POINTER);
-        // A call that fails leaves no condition of an earlier one to be taken for its own.
+        // Cleared first: after a failure no earlier condition must pass for this call's.
         result_.clear();
         const HWND owner = OwnerWindow(ownerForm);
         _bstr_t text;

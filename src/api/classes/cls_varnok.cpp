@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
 #include "data/connect/values.h"
@@ -21,8 +22,7 @@ namespace {
 // The calls below fill at most this many characters.
 constexpr DWORD kBuffer = 255;
 
-// The wide calls take every letter of Vietnamese; the results are those of the ANSI ones for plain
-// text.
+// The W functions keep every Vietnamese letter; for ASCII they give what the A functions give.
 template <class Read> BSTR ReadName(Read read) {
     wchar_t name[kBuffer] = L"";
     DWORD size = kBuffer;
@@ -30,7 +30,7 @@ template <class Read> BSTR ReadName(Read read) {
     return ToBstr(name);
 }
 
-// A path beyond the platform's limit names no file; not every platform survives the attempt.
+// No path is longer; Wine's file functions overrun the stack over one that is.
 const wchar_t* Path(BSTR text) {
     constexpr UINT kLongest = 32767;
     constexpr const wchar_t* kNoFile = L"?";
@@ -46,8 +46,8 @@ long Copy(BSTR existing, BSTR target, BOOL failIfExists) {
     return ::CopyFileW(NeededPath(existing), NeededPath(target), failIfExists);
 }
 
-// The platforms write small numbers with an exponent, each from another size on, and its digits
-// would be grouped.
+// VariantChangeType writes small numbers with an exponent (Windows and Wine from different sizes
+// on), whose digits would be grouped.
 std::wstring NumberText(const VARIANT& number) {
     _variant_t value;
     if (!IsSound(number) || FAILED(VariantCopyInd(&value, const_cast<VARIANT*>(&number))))
@@ -62,15 +62,15 @@ std::wstring NumberText(const VARIANT& number) {
 } // namespace
 
 STDMETHODIMP Varnok::GetUSName(BSTR* name) {
-    return Guard([&] { SetOut(name, [&] { return ReadName(GetUserNameW); }); });
+    return Get(name, [&] { return ReadName(GetUserNameW); });
 }
 
 STDMETHODIMP Varnok::GetPCName(BSTR* name) {
-    return Guard([&] { SetOut(name, [&] { return ReadName(GetComputerNameW); }); });
+    return Get(name, [&] { return ReadName(GetComputerNameW); });
 }
 
 STDMETHODIMP Varnok::BackUpData(BSTR pathData, BSTR fileName, long* done) {
-    return Guard([&] { SetOut(done, [&] { return Copy(pathData, fileName, FALSE); }); });
+    return Get(done, [&] { return Copy(pathData, fileName, FALSE); });
 }
 
 STDMETHODIMP Varnok::ESendKey(long key, long keyEvent) {
@@ -82,17 +82,13 @@ STDMETHODIMP Varnok::Gui_Phim(long key, long shift) {
 }
 
 STDMETHODIMP Varnok::CopyFile(BSTR existing, BSTR target, long failIfExists, long* done) {
-    return Guard([&] { SetOut(done, [&] { return Copy(existing, target, failIfExists != 0); }); });
+    return Get(done, [&] { return Copy(existing, target, failIfExists != 0); });
 }
 
 STDMETHODIMP Varnok::WinHelp(long window, BSTR helpFile, long command, long data, long* done) {
-    return Guard([&] {
-        // Window handles fit into 32 bits and are sign-extended.
-        const auto owner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
-        SetOut(done, [&] {
-            return ::WinHelpW(owner, NeededPath(helpFile), static_cast<UINT>(command),
-                              static_cast<ULONG_PTR>(static_cast<LONG_PTR>(data)));
-        });
+    return Get(done, [&] {
+        return ::WinHelpW(ToWindow(window), NeededPath(helpFile), static_cast<UINT>(command),
+                          static_cast<ULONG_PTR>(static_cast<LONG_PTR>(data)));
     });
 }
 
@@ -111,20 +107,19 @@ STDMETHODIMP Varnok::ReadRegVlA(BSTR section, BSTR key, BSTR fileName, BSTR* val
 }
 
 STDMETHODIMP Varnok::Sign(BSTR text, BSTR* sign) {
-    return Guard([&] { SetOut(sign, [&] { return ToBstr(vndesk::Sign(FromBstr(text))); }); });
+    return Get(sign, [&] { return ToBstr(vndesk::Sign(FromBstr(text))); });
 }
 
 STDMETHODIMP Varnok::CvNStr(VARIANT number, BSTR* text) {
-    return Guard([&] { SetOut(text, [&] { return ToBstr(vndesk::CvNStr(NumberText(number))); }); });
+    return Get(text, [&] { return ToBstr(vndesk::CvNStr(NumberText(number))); });
 }
 
 STDMETHODIMP Varnok::CvTextToN(BSTR text, double* number) {
-    return Guard([&] { SetOut(number, [&] { return vndesk::CvTextToN(FromBstr(text)); }); });
+    return Get(number, [&] { return vndesk::CvTextToN(FromBstr(text)); });
 }
 
 STDMETHODIMP Varnok::Mid1(BSTR text, long position, BSTR* character) {
-    return Guard(
-        [&] { SetOut(character, [&] { return ToBstr(vndesk::Mid1(FromBstr(text), position)); }); });
+    return Get(character, [&] { return ToBstr(vndesk::Mid1(FromBstr(text), position)); });
 }
 
 STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr DISPID kMenuHelp = 1;
 
-// All of it, zero characters too.
+// The whole text, embedded zeros included.
 _variant_t Text(BSTR text) {
     _variant_t value;
     V_BSTR(&value) = ToBstr(FromBstr(text));

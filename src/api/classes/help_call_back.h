@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// HelpCallBack: raises the event that tells a host which menu item the user is on.
+// HelpCallBack: fires the event that tells a host which menu item the user is on.
 #pragma once
 
 #include "comkit/object/connection_points.h"

@@ -33,14 +33,7 @@ template <class T> T& ClearedOut(T* out) {
     return *out;
 }
 
-// Sets an out parameter to what the work gives. "ClearedOut(out) = work" would do the work first,
-// and the missing place would be noticed too late.
-template <class T, class Work> void SetOut(T* out, Work&& work) {
-    T& place = ClearedOut(out);
-    place = work();
-}
-
-// A text passed by reference must have a place; the text itself may be null.
+// The pointer to the text must not be null; the BSTR itself may be.
 inline std::wstring FromReference(const BSTR* text) {
     if (!text)
         throw ComError(E_POINTER);

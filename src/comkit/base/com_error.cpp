@@ -16,7 +16,7 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-// Visual Basic's number, for which the platform's header has no name.
+// Visual Basic's error 9, for which olectl.h has no name.
 constexpr HRESULT kSubscriptOutOfRange = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 9);
 
 } // namespace
@@ -35,7 +35,7 @@ std::wstring SystemMessage(HRESULT code) {
 
 ErrorState CurrentError() noexcept {
     ErrorState error;
-    // Without memory for its description an error is its number.
+    // Where memory is too short for the description, the number alone is kept.
     const auto tell = [&error](HRESULT code, auto&& description) {
         error.code = code;
         try {
@@ -46,10 +46,10 @@ ErrorState CurrentError() noexcept {
     const auto system = [&](HRESULT code) { tell(code, [code] { return SystemMessage(code); }); };
     try {
         throw;
-    } catch (const ComError& raised) {
-        tell(raised.Code(), [&] {
-            return raised.Description().empty() ? SystemMessage(raised.Code())
-                                                : raised.Description();
+    } catch (const ComError& thrown) {
+        tell(thrown.Code(), [&] {
+            return thrown.Description().empty() ? SystemMessage(thrown.Code())
+                                                : thrown.Description();
         });
     } catch (const std::overflow_error&) {
         tell(CTL_E_OVERFLOW, [] { return L"Overflow"; });
@@ -78,8 +78,8 @@ void CheckCall(HRESULT code, IUnknown* object, REFIID iid) {
     ComPtr<ISupportErrorInfo> support;
     ComPtr<IErrorInfo> info;
     std::wstring description;
-    // Without the object's word that it sets error information, what is pending may be somebody
-    // else's.
+    // Only ISupportErrorInfo tells that the object has set the error information: without it, what
+    // is pending may be another object's.
     if (object && SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&support))) &&
         support->InterfaceSupportsErrorInfo(iid) == S_OK && GetErrorInfo(0, &info) == S_OK) {
         BSTR text = nullptr;

@@ -37,7 +37,7 @@ struct ErrorState {
 // where memory is too short for it.
 ErrorState CurrentError() noexcept;
 
-// The platform's text for an error code, without line ends.
+// FormatMessage's text for an error code, without line ends.
 std::wstring SystemMessage(HRESULT code);
 
 void CheckHr(HRESULT code);
@@ -48,8 +48,7 @@ void CheckCall(HRESULT code, IUnknown* object, REFIID iid);
 // Sets IErrorInfo from the exception now being handled and returns its HRESULT.
 HRESULT ReportCurrentError(REFIID iid, const wchar_t* source) noexcept;
 
-// "Errors are ignored from here": runs the steps and hands back the first error instead of raising
-// it.
+// Runs the steps. The first error ends them and is returned, not thrown.
 template <class Steps> ErrorState Trap(Steps&& steps) noexcept {
     try {
         steps();
@@ -57,6 +56,11 @@ template <class Steps> ErrorState Trap(Steps&& steps) noexcept {
     } catch (...) {
         return CurrentError();
     }
+}
+
+// The same where only the number is asked for: members of interfaces without error information.
+template <class Steps> HRESULT ToHresult(Steps&& steps) noexcept {
+    return Trap(steps).code;
 }
 
 } // namespace vndesk

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The platform's lock, held while one of these lives. It needs no constructor, which would run when
-// the DLL is loaded.
+// A slim reader/writer lock, held while one of these lives. SRWLOCK_INIT needs no constructor,
+// which would run when the DLL is loaded.
 #pragma once
 
 #include <windows.h>

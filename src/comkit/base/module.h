@@ -30,9 +30,9 @@ struct ClassEntry {
 struct ModuleInfo {
     std::span<const ClassEntry> classes;
     const GUID* typeLibrary; // to be registered; null where the system has one of its own
-    // Says whether this machine may register the module; `reason` is shown to whoever asked.
+    // Whether this machine may register the module; `reason` says why not.
     bool (*mayRegister)(std::wstring& reason);
-    // Runs after unregistration: gives back what registration had replaced.
+    // Runs after unregistration: restores what registration had replaced.
     void (*afterUnregister)() = nullptr;
 };
 
@@ -53,7 +53,7 @@ public:
     ModuleLock& operator=(const ModuleLock&) = delete;
 };
 
-// Locks of the server by its hosts, which keep the DLL too. One unlocked too often is nobody's: it
+// LockServer calls of hosts, which keep the DLL in memory too. One unlock too many is ignored: it
 // must not let the DLL go while others hold it.
 void LockModule() noexcept;
 void UnlockModule() noexcept;

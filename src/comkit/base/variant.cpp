@@ -9,13 +9,13 @@ namespace vndesk {
 
 namespace {
 
-// Scripts add one for each procedure that hands its argument on.
+// How many references are followed. Scripts add one for each procedure that passes its argument on.
 constexpr int kDeepest = 32;
 
-constexpr BYTE kMostPlaces = 28;
+constexpr BYTE kMaxScale = 28;
 
 bool IsSoundDecimal(const DECIMAL& number) noexcept {
-    return number.scale <= kMostPlaces && (number.sign & ~DECIMAL_NEG) == 0;
+    return number.scale <= kMaxScale && (number.sign & ~DECIMAL_NEG) == 0;
 }
 
 } // namespace

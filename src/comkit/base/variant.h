@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Variants as hosts give them: behind references, of which some lead nowhere, and senseless ones.
+// VARIANTs as hosts pass them: possibly dangling or malformed.
 #pragma once
 
 #include <windows.h>
@@ -7,12 +7,12 @@
 
 namespace vndesk {
 
-// False for what the platform's own conversions take without looking: a reference to nothing,
-// references that go in a circle, a decimal with more places than there can be.
+// False for what VariantCopyInd and VariantChangeType do not check: null references, references in
+// a circle, a DECIMAL with an impossible scale or sign.
 bool IsSound(const VARIANT& value) noexcept;
 
-// The value itself, without references. Throws for what is not sound and for what the platform
-// cannot copy.
+// The value itself, without references. Throws for what is not sound and for what VariantCopyInd
+// refuses.
 _variant_t Resolved(const VARIANT& value);
 
 } // namespace vndesk

@@ -12,14 +12,14 @@ namespace vndesk {
 
 namespace {
 
-// Where a by-reference argument really lives: behind a script's VARIANT*, if there is one.
+// The variable that an argument refers to, behind a script's VARIANT* if there is one.
 const VARIANT* Target(const VARIANT* argument) {
     while (V_VT(argument) == (VT_BYREF | VT_VARIANT))
         argument = V_VARIANTREF(argument);
     return argument;
 }
 
-// Bytes of a number that stands by itself in a variable of the host; 0 for other types.
+// Size in bytes of a number in a typed variable of the host; 0 for other types.
 size_t SizeOf(VARTYPE type) {
     switch (type) {
     case VT_I1:
@@ -46,13 +46,14 @@ size_t SizeOf(VARTYPE type) {
     }
 }
 
-// `value` has the variable's type and keeps what the variable no longer needs.
+// `value` already has the variable's type. Texts are swapped, so that the old one is freed with
+// `value`.
 void Put(VARIANT& value, const VARIANT& variable) {
     if (V_VT(&value) == VT_BSTR) {
         std::swap(*V_BSTRREF(&variable), V_BSTR(&value));
     } else if (V_VT(&value) == VT_DECIMAL) {
         *V_DECIMALREF(&variable) = V_DECIMAL(&value);
-        V_DECIMALREF(&variable)->wReserved = 0; // where a variant keeps its type
+        V_DECIMALREF(&variable)->wReserved = 0; // shares its place with a VARIANT's vt
     } else {
         std::memcpy(V_BYREF(&variable), &V_NONE(&value), SizeOf(V_VT(&value)));
     }
@@ -73,14 +74,14 @@ bool Coerced::Needs(const VARIANT& argument, VARTYPE type) {
 // The copy keeps the caller's own text alive whatever the method does to its argument.
 Coerced::Coerced(VARIANT* argument, VARTYPE type) : argument_(argument), original_(*argument) {
     if (type == VT_BSTR) {
-        // Every copy would be an empty text, which some members tell from a null one.
+        // A copy would be an empty text; some members treat a null one differently.
         V_VT(argument) = VT_BSTR;
         V_BSTR(argument) = nullptr;
         return;
     }
     CheckHr(VariantCopyInd(&value_, const_cast<VARIANT*>(Target(argument))));
     if (type == VT_UI4) {
-        // Scripts know signed numbers only; system colours are negative there.
+        // Scripts have signed numbers only: a system colour (0x80000000 and up) is negative.
         CheckHr(VariantChangeType(&value_, &value_, 0, VT_I4));
         V_VT(argument) = VT_UI4;
         V_UI4(argument) = V_UI4(&value_);
@@ -94,7 +95,7 @@ Coerced::Coerced(VARIANT* argument, VARTYPE type) : argument_(argument), origina
     V_BYREF(argument) = &V_NONE(&value_);
 }
 
-// A text that the member has put there is the member's, though it may read as before.
+// A BSTR that the member has replaced counts as set, even if it reads as before.
 bool Coerced::IsSet() const {
     if (V_VT(&before_) != VT_BSTR)
         return std::memcmp(&V_NONE(&before_), &V_NONE(&value_), SizeOf(V_VT(&before_))) != 0;

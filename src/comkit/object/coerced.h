@@ -9,18 +9,18 @@ namespace vndesk {
 
 class Coerced {
 public:
-    // Whether an argument needs it. By value the platform's call turns it well but for unsigned
-    // numbers and for null texts behind references.
+    // Whether an argument needs it. ITypeInfo::Invoke converts arguments by value itself, except to
+    // unsigned numbers and from null texts behind references.
     static bool Needs(const VARIANT& argument, VARTYPE type);
 
-    // Throws for what cannot be turned into the type.
+    // Throws for a value that cannot be converted to the type.
     Coerced(VARIANT* argument, VARTYPE type);
     ~Coerced() { *argument_ = original_; }
     Coerced(const Coerced&) = delete;
     Coerced& operator=(const Coerced&) = delete;
 
-    // Puts what the member has set into the caller's variable, in the variable's own type where it
-    // has one. What the member left alone is not touched: it may lose by being turned twice.
+    // Writes what the member has set to the caller's variable, converted to the variable's type if
+    // it has one. What the member left alone is not written: two conversions could change it.
     void WriteBack();
 
 private:
@@ -28,11 +28,11 @@ private:
 
     VARIANT* const argument_;
     const VARIANT original_;
-    // What the member is given and may change.
+    // The argument as the member gets and may change it.
     _variant_t value_;
-    // The same as it was before, with a text of its own.
+    // A copy of it from before the call.
     _variant_t before_;
-    // Where the text lay.
+    // The text's BSTR before the call.
     BSTR place_ = nullptr;
 };
 

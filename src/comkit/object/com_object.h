@@ -80,7 +80,7 @@ private:
 // Makes an object whose one reference the result owns.
 template <class T, class... Arguments> ComPtr<T> MakeCom(Arguments&&... arguments) {
     ComPtr<T> object;
-    // Not Attach: mingw's counts a reference, the platform SDK's does not.
+    // Not Attach: mingw-w64's adds a reference, the Windows SDK's does not.
     *object.GetAddressOf() = new T(std::forward<Arguments>(arguments)...);
     return object;
 }

@@ -11,7 +11,7 @@ namespace vndesk {
 
 namespace {
 
-// References that an enumerator hands out.
+// Copies for the caller of an enumerator, which owns the references in them.
 void Give(const ComPtr<IConnectionPoint>& from, IConnectionPoint** to) {
     from.CopyTo(to);
 }
@@ -54,7 +54,7 @@ public:
         if (!copy)
             return E_POINTER;
         *copy = nullptr;
-        return Trap([&] { *copy = MakeCom<Enumerator>(items_, next_).Detach(); }).code;
+        return ToHresult([&] { *copy = MakeCom<Enumerator>(items_, next_).Detach(); });
     }
 
 private:
@@ -70,11 +70,11 @@ using ConnectionEnumerator =
 } // namespace
 
 void ConnectionPoint::Fire(DISPID event, std::initializer_list<_variant_t> arguments) {
-    // IDispatch takes the last argument first.
+    // DISPPARAMS has the last argument first.
     std::vector<_variant_t> reversed(arguments);
     std::reverse(reversed.begin(), reversed.end());
     ForEach<IDispatch>([&](IDispatch* sink) {
-        // A sink may change what it is given: each gets its own.
+        // A sink may change its arguments: each gets its own copy.
         std::vector<_variant_t> given(reversed);
         DISPPARAMS parameters = {given.data(), nullptr, static_cast<UINT>(given.size()), 0};
         sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
@@ -120,19 +120,18 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
         *cookie = 0;
     if (!sink || !cookie)
         return E_POINTER;
-    return Trap([&] {
-               void* found = nullptr;
-               HRESULT asked = sink->QueryInterface(iid_, &found);
-               if (FAILED(asked) && kind_ == Kind::Events)
-                   asked = sink->QueryInterface(__uuidof(IDispatch), &found);
-               if (FAILED(asked))
-                   throw ComError(CONNECT_E_CANNOTCONNECT);
-               Connection connection = {++lastCookie_, {}};
-               *connection.sink.GetAddressOf() = static_cast<IUnknown*>(found);
-               connections_.push_back(std::move(connection));
-               *cookie = lastCookie_;
-           })
-        .code;
+    return ToHresult([&] {
+        void* found = nullptr;
+        HRESULT asked = sink->QueryInterface(iid_, &found);
+        if (FAILED(asked) && kind_ == Kind::Events)
+            asked = sink->QueryInterface(__uuidof(IDispatch), &found);
+        if (FAILED(asked))
+            throw ComError(CONNECT_E_CANNOTCONNECT);
+        Connection connection = {++lastCookie_, {}};
+        *connection.sink.GetAddressOf() = static_cast<IUnknown*>(found);
+        connections_.push_back(std::move(connection));
+        *cookie = lastCookie_;
+    });
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
@@ -140,7 +139,7 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
                                     [&](const Connection& c) { return c.cookie == cookie; });
     if (found == connections_.end())
         return CONNECT_E_NOCONNECTION;
-    // The sink's release may come back here: it is out of the list by then.
+    // Releasing the sink may call Unadvise again: it is out of the list by then.
     const Connection removed = std::move(*found);
     connections_.erase(found);
     return S_OK;
@@ -150,13 +149,12 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
     if (!connections)
         return E_POINTER;
     *connections = nullptr;
-    return Trap([&] {
-               std::vector<std::pair<DWORD, ComPtr<IUnknown>>> items;
-               for (const Connection& connection : connections_)
-                   items.emplace_back(connection.cookie, connection.sink);
-               *connections = MakeCom<ConnectionEnumerator>(std::move(items)).Detach();
-           })
-        .code;
+    return ToHresult([&] {
+        std::vector<std::pair<DWORD, ComPtr<IUnknown>>> items;
+        for (const Connection& connection : connections_)
+            items.emplace_back(connection.cookie, connection.sink);
+        *connections = MakeCom<ConnectionEnumerator>(std::move(items)).Detach();
+    });
 }
 
 HRESULT FindConnectionPoint(const std::vector<ConnectionPoint*>& points, REFIID iid,
@@ -178,11 +176,10 @@ HRESULT EnumConnectionPoints(const std::vector<ConnectionPoint*>& points,
     if (!enumerator)
         return E_POINTER;
     *enumerator = nullptr;
-    return Trap([&] {
-               std::vector<ComPtr<IConnectionPoint>> items(points.begin(), points.end());
-               *enumerator = MakeCom<PointEnumerator>(std::move(items)).Detach();
-           })
-        .code;
+    return ToHresult([&] {
+        std::vector<ComPtr<IConnectionPoint>> items(points.begin(), points.end());
+        *enumerator = MakeCom<PointEnumerator>(std::move(items)).Detach();
+    });
 }
 
 } // namespace vndesk

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Events: one class of sinks per outgoing interface, and the base of the classes that raise events.
+// Events: one class of sinks per outgoing interface, and the base of the classes that fire events.
 #pragma once
 
 #include <windows.h>
@@ -35,8 +35,8 @@ public:
             call(static_cast<Sink*>(sink.Get()));
     }
 
-    // Raises an event. Arguments in the order in which they are declared; what a sink answers is
-    // its own affair.
+    // Fires an event. Arguments stand in the order of their declaration. Sinks' return values are
+    // ignored.
     void Fire(DISPID event, std::initializer_list<_variant_t> arguments = {});
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
@@ -51,7 +51,7 @@ public:
 private:
     struct Connection {
         DWORD cookie;
-        ComPtr<IUnknown> sink; // in truth a pointer to the outgoing interface, or IDispatch
+        ComPtr<IUnknown> sink; // holds the outgoing interface itself, or IDispatch
     };
 
     std::vector<ComPtr<IUnknown>> Sinks() const;
@@ -76,7 +76,7 @@ HRESULT FindConnectionPoint(const std::vector<ConnectionPoint*>& points, REFIID 
 HRESULT EnumConnectionPoints(const std::vector<ConnectionPoint*>& points,
                              IEnumConnectionPoints** enumerator) noexcept;
 
-// A dual interface whose class raises the events of one dispinterface. `Class` is the coclass.
+// A dual interface whose class fires the events of one dispinterface. `Class` is the coclass.
 template <class Derived, class Class, class Dual, class Events, class... Others>
 class EventObject : public DescribedObject<Derived, Class, Dual, IProvideClassInfo2,
                                            IConnectionPointContainer, Others...> {

@@ -15,8 +15,8 @@ namespace vndesk {
 
 namespace {
 
-// The type that an argument is brought to. Named arguments stand first and carry their parameter's
-// place (a property's new value, the last parameter, a number of its own); the others follow, the
+// The type that an argument is converted to. rgvarg begins with the named arguments, whose
+// parameters are in rgdispidNamedArgs (DISPID_PROPERTYPUT is the last one); the others follow, the
 // last one first.
 VARTYPE PassedType(const DISPPARAMS& parameters, UINT argument, const Member& member) {
     size_t position = parameters.cArgs - 1 - argument;
@@ -28,7 +28,7 @@ VARTYPE PassedType(const DISPPARAMS& parameters, UINT argument, const Member& me
     return position < member.passed.size() ? member.passed[position] : VARTYPE{VT_EMPTY};
 }
 
-// What is said to be there is there, and each parameter is named once at most.
+// The arrays exist; no parameter is named twice.
 HRESULT CheckList(const DISPPARAMS& parameters, const Member& member) {
     if ((parameters.cArgs > 0 && !parameters.rgvarg) ||
         (parameters.cNamedArgs > 0 && !parameters.rgdispidNamedArgs) ||
@@ -51,20 +51,19 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                       UINT* badArgument) noexcept {
     try {
-        // The platform raises what it finds pending: an error left by an earlier call must not
-        // count.
+        // ITypeInfo::Invoke reports pending error information: an earlier call's must not count.
         SetErrorInfo(0, nullptr);
         const Member* member = type.members.Find(id, flags);
-        // The platforms name different errors.
+        // ITypeInfo::Invoke returns different codes here on Windows and Wine.
         if (!member)
             return DISP_E_MEMBERNOTFOUND;
         CheckHr(CheckList(*parameters, *member));
         std::vector<std::unique_ptr<Coerced>> coerced;
-        // The platform's call may overlook what is too much.
+        // ITypeInfo::Invoke may ignore surplus arguments.
         if (parameters->cArgs > member->mostArguments)
             return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < parameters->cArgs; ++i) {
-            // The platform's conversions follow every reference.
+            // VariantCopyInd and VariantChangeType follow every reference.
             if (!IsSound(parameters->rgvarg[i])) {
                 if (badArgument)
                     *badArgument = i;
@@ -77,7 +76,7 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
             try {
                 coerced.push_back(std::make_unique<Coerced>(argument, wanted));
             } catch (const ComError&) {
-                // The platform's call names the error of an argument by value.
+                // ITypeInfo::Invoke itself reports a bad argument by value.
                 if (!(wanted & VT_BYREF))
                     continue;
                 if (badArgument)
@@ -88,13 +87,13 @@ HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WO
         const HRESULT called =
             type.info->Invoke(instance, id, flags, parameters, result, exception, badArgument);
         if (FAILED(called)) {
-            if (result) // the platform may leave the declared type with nothing in it
+            if (result) // ITypeInfo::Invoke may leave the declared type and no value
                 VariantInit(result);
             return called;
         }
         if (result && member->unsignedResult && V_VT(result) == VT_UI4)
             V_VT(result) = VT_I4;
-        // What a variable's type has no room for.
+        // Fails where the caller's variable has no room for the value.
         const ErrorState lost = Trap([&] {
             for (const auto& argument : coerced)
                 argument->WriteBack();

@@ -28,9 +28,9 @@ const TypeDescription& TypeOf(REFGUID guid);
 // Drops what TypeOf keeps when COM asks whether the DLL may go. False while it is in use.
 bool ReleaseTypes() noexcept;
 
-// Calls through the type library after bringing by-reference arguments to the declared type.
-// Scripts pass a variable as VARIANT* and numbers where text is expected; the platform's own call
-// refuses both. What the method sets goes back to the caller's variable; the others stay untouched.
+// Calls through ITypeInfo::Invoke after converting by-reference arguments to the declared type.
+// Scripts pass a variable as VARIANT* and numbers where text is expected; Invoke alone refuses
+// both. What the method sets goes back to the caller's variable; the others stay untouched.
 HRESULT InvokeCoerced(const TypeDescription& type, void* instance, DISPID id, WORD flags,
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                       UINT* badArgument) noexcept;
@@ -107,10 +107,19 @@ protected:
             return ReportCurrentError(__uuidof(Dual), Derived::kProgId);
         }
     }
+
+    // Guard for members that only have a result: what the work gives. The place for it is looked at
+    // before the work is done.
+    template <class T, class Work> HRESULT Get(T* out, Work&& work) noexcept {
+        return Guard([&] {
+            T& place = ClearedOut(out);
+            place = work();
+        });
+    }
 };
 
-// A class of the type library, which hosts can ask for its name: TypeName in Basic would otherwise
-// say that of the interface. `Info` is IProvideClassInfo, or its successor for classes with events.
+// A class of the type library that tells its name: TypeName in Basic would otherwise give that of
+// the interface. `Info` is IProvideClassInfo, or its successor for classes with events.
 template <class Derived, class Class, class Dual, class Info, class... Others>
 class DescribedObject : public DualObject<Derived, Dual, Info, Others...> {
     using Base = DualObject<Derived, Dual, Info, Others...>;

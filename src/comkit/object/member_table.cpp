@@ -9,7 +9,7 @@ namespace vndesk {
 
 namespace {
 
-// What a type tells of itself, given back to it.
+// A TYPEATTR, released at the end.
 class TypeAttributes {
 public:
     explicit TypeAttributes(ITypeInfo* type) : type_(type) { type_->GetTypeAttr(&attributes_); }
@@ -20,7 +20,7 @@ public:
     TypeAttributes(const TypeAttributes&) = delete;
     TypeAttributes& operator=(const TypeAttributes&) = delete;
 
-    // Of another name of a type.
+    // The type behind an alias; VT_EMPTY for other types.
     VARTYPE Aliased() const {
         return attributes_ && attributes_->typekind == TKIND_ALIAS ? attributes_->tdescAlias.vt
                                                                    : VARTYPE{VT_EMPTY};
@@ -31,7 +31,7 @@ private:
     TYPEATTR* attributes_ = nullptr;
 };
 
-// Colours are unsigned numbers by another name.
+// OLE_COLOR is an alias of VT_UI4.
 bool IsUnsigned(ITypeInfo* type, const TYPEDESC& declared) {
     if (declared.vt != VT_USERDEFINED)
         return declared.vt == VT_UI4;
@@ -63,7 +63,7 @@ VARTYPE PassedType(ITypeInfo* info, const ELEMDESC& parameter) {
     }
 }
 
-// A property without parameters may have some arguments: they go to what it returns.
+// Arguments of a property without parameters go to the object that it returns.
 UINT MostArguments(const FUNCDESC& function) {
     if (function.invkind != INVOKE_FUNC || function.cParamsOpt < 0)
         return UINT_MAX;
@@ -83,7 +83,8 @@ Member Describe(ITypeInfo* type, const FUNCDESC& function) {
                   IsUnsigned(type, function.elemdescFunc.tdesc)};
     for (SHORT i = 0; i < function.cParams; ++i) {
         const ELEMDESC& parameter = function.lprgelemdescParam[i];
-        // The platforms tell the result of a dual interface's member in one place or the other.
+        // GetFuncDesc of a dual interface describes the result in elemdescFunc or in the retval
+        // parameter: Windows and Wine differ.
         if (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL)
             member.unsignedResult =
                 parameter.tdesc.vt == VT_PTR && IsUnsigned(type, *parameter.tdesc.lptdesc);
@@ -94,8 +95,8 @@ Member Describe(ITypeInfo* type, const FUNCDESC& function) {
 
 } // namespace
 
-// Walked, not asked for by member: of a dual interface the platforms count that index from
-// different functions, with those of IDispatch or without.
+// All functions are listed, because Windows and Wine number them differently: GetFuncDesc of a dual
+// interface counts those of IDispatch, or does not.
 MemberTable::MemberTable(ITypeInfo* type) {
     FUNCDESC* function = nullptr;
     for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function)); ++i) {

@@ -14,10 +14,10 @@ struct Member {
     DISPID id;
     WORD kind;          // one INVOKE_ flag
     UINT mostArguments; // UINT_MAX: as many as the host likes
-    // Of each parameter the type that an argument is brought to, or VT_EMPTY where the platform's
-    // call serves it well.
+    // For each parameter the type that an argument is converted to, or VT_EMPTY where
+    // ITypeInfo::Invoke converts it well.
     std::vector<VARTYPE> passed;
-    // The result is an unsigned number of 32 bits, of which scripts know nothing.
+    // The result is an unsigned 32-bit number, which scripts do not know.
     bool unsignedResult;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The module's type library and the descriptions taken from it, kept for the life of the process or
-// until COM unloads the DLL. No destructor runs at process end: by then the platform's own DLLs may
-// be gone.
+// until COM unloads the DLL. No destructor runs at process end: oleaut32.dll may be gone by then.
 #include <windows.h>
 #include <oleauto.h>
 
@@ -13,12 +12,12 @@ namespace vndesk {
 
 namespace {
 
-constexpr size_t kMost = 32;
+constexpr size_t kMaxTypes = 32;
 
-// Late-bound calls read: they do not wait for each other.
+// Late-bound calls take it for reading: they do not wait for each other.
 SRWLOCK lock_ = SRWLOCK_INIT;
 ITypeLib* library_;
-const TypeDescription* types_[kMost];
+const TypeDescription* types_[kMaxTypes];
 size_t count_;
 
 const TypeDescription* Known(REFGUID guid) {
@@ -39,7 +38,7 @@ const TypeDescription& TypeOf(REFGUID guid) {
     const Writing writing(lock_);
     if (const TypeDescription* known = Known(guid))
         return *known;
-    if (count_ == kMost)
+    if (count_ == kMaxTypes)
         throw ComError(E_OUTOFMEMORY);
     if (!library_)
         CheckHr(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library_));
@@ -49,8 +48,8 @@ const TypeDescription& TypeOf(REFGUID guid) {
     return *types_[count_++];
 }
 
-// Whoever asks for a type is an object, or held by one, until it needs the type no more: without
-// objects nobody has one, and nobody gets one while the lock is held.
+// A type is used only while some object lives. Without objects nobody uses one, and nobody gets one
+// while the lock is held.
 bool ReleaseTypes() noexcept {
     const Writing writing(lock_);
     if (IsModuleInUse())

@@ -39,7 +39,7 @@ STDAPI DllUnregisterServer() {
 }
 
 // regsvr32 /n /i:user registers for the user alone, /n /i for the machine; /u with the same words
-// takes it back. Other words are a mistake, which must not end in a registration for the machine.
+// takes it back. Other words are refused: a mistyped one must not register for the machine.
 STDAPI DllInstall(BOOL install, LPCWSTR arguments) {
     Hive hive = Hive::Machine;
     if (arguments && *arguments) {

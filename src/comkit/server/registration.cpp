@@ -8,10 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "comkit/base/handles.h"
 #include "comkit/base/module.h"
 #include "comkit/object/com_object.h"
 
-// The import libraries have them, some SDK headers do not declare them.
+// In the import libraries, but not declared by all SDK headers.
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpDirectory);
 HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID lcid,
@@ -46,27 +47,7 @@ std::wstring ClassKey(const ClassEntry& entry) {
     return L"CLSID\\" + GuidText(*entry.clsid);
 }
 
-// An open registry key.
-class Key {
-public:
-    Key(HKEY parent, const std::wstring& name, REGSAM access) {
-        RegOpenKeyExW(parent, name.c_str(), 0, access, &key_);
-    }
-    ~Key() {
-        if (key_)
-            RegCloseKey(key_);
-    }
-    Key(const Key&) = delete;
-    Key& operator=(const Key&) = delete;
-
-    HKEY Get() const { return key_; }
-    explicit operator bool() const { return key_ != nullptr; }
-
-private:
-    HKEY key_ = nullptr;
-};
-
-// Steps that go on after one that failed.
+// Takes every step, also after one has failed, and keeps the first error.
 class Attempts {
 public:
     template <class Work> void Try(Work&& work) {
@@ -91,7 +72,7 @@ public:
         RegisterTypeLibrary();
     }
 
-    // What cannot be taken out stays alone: everything else goes. The first error is returned.
+    // What cannot be deleted stays; everything else goes. The first error is returned.
     ErrorState Unregister() const {
         Attempts attempts;
         for (const ClassEntry& entry : moduleInfo.classes)
@@ -115,8 +96,8 @@ private:
     std::wstring Read(const std::wstring& key, REGSAM view) const {
         wchar_t text[1024] = L"";
         DWORD size = sizeof text - sizeof(wchar_t);
-        const Key opened(root_, kClasses + key, KEY_READ | view);
-        if (!opened || RegQueryValueExW(opened.Get(), nullptr, nullptr, nullptr,
+        const UniqueKey opened = OpenKey(root_, kClasses + key, KEY_READ | view);
+        if (!opened || RegQueryValueExW(opened.get(), nullptr, nullptr, nullptr,
                                         reinterpret_cast<BYTE*>(text), &size) != ERROR_SUCCESS)
             return {};
         return text;
@@ -124,9 +105,9 @@ private:
 
     std::vector<std::wstring> KeysBelow(const std::wstring& key) const {
         std::vector<std::wstring> keys;
-        const Key opened(root_, kClasses + key, KEY_READ);
+        const UniqueKey opened = OpenKey(root_, kClasses + key, KEY_READ);
         wchar_t name[256];
-        for (DWORD i = 0; opened && RegEnumKeyW(opened.Get(), i, name, 256) == ERROR_SUCCESS; ++i)
+        for (DWORD i = 0; opened && RegEnumKeyW(opened.get(), i, name, 256) == ERROR_SUCCESS; ++i)
             keys.push_back(key + L"\\" + name);
         return keys;
     }
@@ -162,7 +143,7 @@ private:
         Set(entry.progId + std::wstring(L"\\CurVer"), nullptr, versioned);
     }
 
-    // All below the class's key, with which it goes.
+    // Everything below the class's key, which goes with it.
     void RegisterControl(const std::wstring& key, const ControlEntry& control) const {
         Set(key + L"\\Control", nullptr, L"");
         Set(key + L"\\MiscStatus", nullptr, L"0");
@@ -213,8 +194,8 @@ private:
         const GUID& guid = *moduleInfo.typeLibrary;
         const std::wstring key = L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform;
         std::wstring file = Read(key, 0);
-        // Not every platform keeps type libraries per user. Among those of all users it is this
-        // user's unless they have the DLL's classes too.
+        // Wine's RegisterTypeLibForUser registers for all users. An entry there is this user's
+        // unless the DLL's classes are registered there too.
         if (file.empty() && hive_ == Hive::User) {
             const Registrar machine(Hive::Machine);
             if (!machine.Serves(moduleInfo.classes.front()))

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// What GCC's run-time holds for this DLL and leaves behind when the DLL goes. Other compilers' need
-// no help.
+// Frees what GCC's run-time allocates for this DLL and leaves behind at unloading. Other compilers
+// need no help.
 #ifdef __MINGW32__
 
 #include <windows.h>
 
-// 70 KB for exceptions when memory is short.
+// Frees libstdc++'s emergency exception pool, 70 KB.
 namespace __gnu_cxx {
 void __freeres();
 }
 
 namespace {
 
-// The threads library takes a slot for thread-local values, of which a process has about a
-// thousand, and keeps the number to itself. The build gives it TakeSlot in place of the platform's
-// call (cmake/idl.cmake).
+// winpthreads allocates a TLS index, of which a process has about a thousand, and never frees it.
+// The build gives it TakeSlot in place of TlsAlloc (cmake/com_dll.cmake), so that the index is
+// known.
 DWORD slot = TLS_OUT_OF_INDEXES;
 
 DWORD WINAPI TakeSlot() {
@@ -31,13 +31,13 @@ extern "C" {
 extern DWORD(WINAPI* const vndesk_take_slot)();
 DWORD(WINAPI* const vndesk_take_slot)() = TakeSlot;
 
-// What the threads library does when a thread ends.
+// What winpthreads runs when a thread ends.
 extern const PIMAGE_TLS_CALLBACK __xl_f;
 
 BOOL WINAPI DllMainCRTStartup(HINSTANCE instance, DWORD reason, void* processEnds);
 
-// Where the loader enters the DLL, around the run-time's own entry point: that one still uses what
-// is given back here.
+// The DLL's entry point, around the run-time's own (DllMainCRTStartup), which still uses what is
+// freed here.
 BOOL WINAPI vndesk_entry(HINSTANCE instance, DWORD reason, void* processEnds) {
     const BOOL entered = DllMainCRTStartup(instance, reason, processEnds);
     if (reason == DLL_PROCESS_DETACH && !processEnds) {

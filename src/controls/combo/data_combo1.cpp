@@ -14,12 +14,12 @@ namespace vndesk {
 
 namespace {
 
-// What IDs the members without a standard number have in the type library.
+// DISPIDs of the members that have no standard one.
 constexpr DISPID kListIndex1 = 1;
 constexpr DISPID kValue = 2;
 constexpr DISPID kItemData = 3;
 
-// The place that AddItem is given, if any.
+// The index that AddItem is given, if any.
 std::optional<long> PlaceFrom(const VARIANT& index) {
     if (V_VT(&index) == VT_ERROR && V_ERROR(&index) == DISP_E_PARAMNOTFOUND)
         return std::nullopt;
@@ -70,7 +70,7 @@ DataCombo& DataCombo1::Core() {
         return *core_;
     {
         const ThemeScope theme;
-        // Without a container yet: a parent that is never seen.
+        // No container yet: HWND_MESSAGE is a parent that is never seen.
         core_ = &DataCombo::Create(HWND_MESSAGE);
     }
     HookEvents();
@@ -83,26 +83,26 @@ DataCombo& DataCombo1::Core() {
 void DataCombo1::HookEvents() {
     core_->onClick = [this] {
         ViewChanged();
-        Tell(DISPID_CLICK);
+        Fire(DISPID_CLICK);
     };
-    core_->onDoubleClick = [this] { Tell(DISPID_DBLCLICK); };
+    core_->onDoubleClick = [this] { Fire(DISPID_DBLCLICK); };
     core_->onKeyDown = [this](short& key, short& shift) {
-        Tell(DISPID_KEYDOWN, {ByReference(key), ByReference(shift)});
+        Fire(DISPID_KEYDOWN, {ByReference(key), ByReference(shift)});
     };
     core_->onKeyPress = [this](short& character) {
-        Tell(DISPID_KEYPRESS, {ByReference(character)});
+        Fire(DISPID_KEYPRESS, {ByReference(character)});
     };
     core_->onKeyUp = [this](short& key, short& shift) {
-        Tell(DISPID_KEYUP, {ByReference(key), ByReference(shift)});
+        Fire(DISPID_KEYUP, {ByReference(key), ByReference(shift)});
     };
     core_->onFocus = [this](bool has) { OnFocus(has); };
     core_->onDestroy = [this] { OnCoreDestroyed(); };
 }
 
-// Nothing happens in a design, and nothing while the container wants quiet.
-void DataCombo1::Tell(DISPID event, std::initializer_list<_variant_t> arguments) {
+// No events at design time or while frozen.
+void DataCombo1::Fire(DISPID event, std::initializer_list<_variant_t> arguments) {
     if (userMode_ && frozen_ == 0)
-        Fire(event, arguments);
+        EventObject::Fire(event, arguments);
 }
 
 void DataCombo1::RequestEdit(DISPID property) {
@@ -123,7 +123,7 @@ void DataCombo1::Changed(DISPID property) {
 // --- appearance ---
 
 STDMETHODIMP DataCombo1::get_BackColor(OLE_COLOR* value) {
-    return Guard([&] { SetOut(value, [&] { return Core().BackColor(); }); });
+    return Get(value, [&] { return Core().BackColor(); });
 }
 
 STDMETHODIMP DataCombo1::put_BackColor(OLE_COLOR value) {
@@ -131,7 +131,7 @@ STDMETHODIMP DataCombo1::put_BackColor(OLE_COLOR value) {
 }
 
 STDMETHODIMP DataCombo1::get_ForeColor(OLE_COLOR* value) {
-    return Guard([&] { SetOut(value, [&] { return Core().ForeColor(); }); });
+    return Get(value, [&] { return Core().ForeColor(); });
 }
 
 STDMETHODIMP DataCombo1::put_ForeColor(OLE_COLOR value) {
@@ -139,8 +139,7 @@ STDMETHODIMP DataCombo1::put_ForeColor(OLE_COLOR value) {
 }
 
 STDMETHODIMP DataCombo1::get_Enabled(VARIANT_BOOL* value) {
-    return Guard(
-        [&] { SetOut(value, [&] { return Core().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; }); });
+    return Get(value, [&] { return Core().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 
 STDMETHODIMP DataCombo1::put_Enabled(VARIANT_BOOL value) {
@@ -169,7 +168,7 @@ STDMETHODIMP DataCombo1::put_Font(IFontDisp* value) {
 }
 
 STDMETHODIMP DataCombo1::get_BackStyle(short* value) {
-    return Guard([&] { ClearedOut(value) = backStyle_; });
+    return Get(value, [&] { return backStyle_; });
 }
 
 STDMETHODIMP DataCombo1::put_BackStyle(short value) {
@@ -177,7 +176,7 @@ STDMETHODIMP DataCombo1::put_BackStyle(short value) {
 }
 
 STDMETHODIMP DataCombo1::get_BorderStyle(short* value) {
-    return Guard([&] { ClearedOut(value) = borderStyle_; });
+    return Get(value, [&] { return borderStyle_; });
 }
 
 STDMETHODIMP DataCombo1::put_BorderStyle(short value) {
@@ -191,7 +190,7 @@ STDMETHODIMP DataCombo1::Refresh() {
 // --- items ---
 
 STDMETHODIMP DataCombo1::get_ListIndex(short* value) {
-    return Guard([&] { SetOut(value, [&] { return ToShort(Core().ListIndex()); }); });
+    return Get(value, [&] { return ToShort(Core().ListIndex()); });
 }
 
 STDMETHODIMP DataCombo1::put_ListIndex(short value) {
@@ -199,7 +198,7 @@ STDMETHODIMP DataCombo1::put_ListIndex(short value) {
 }
 
 STDMETHODIMP DataCombo1::get_ListIndex1(short* value) {
-    return Guard([&] { SetOut(value, [&] { return ToShort(Core().ListIndex1()); }); });
+    return Get(value, [&] { return ToShort(Core().ListIndex1()); });
 }
 
 STDMETHODIMP DataCombo1::put_ListIndex1(short value) {
@@ -211,7 +210,7 @@ STDMETHODIMP DataCombo1::AddItem(BSTR item, VARIANT index) {
 }
 
 STDMETHODIMP DataCombo1::get_Text(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(Core().Text()); }); });
+    return Get(value, [&] { return ToBstr(Core().Text()); });
 }
 
 STDMETHODIMP DataCombo1::put_Text(BSTR value) {
@@ -219,11 +218,11 @@ STDMETHODIMP DataCombo1::put_Text(BSTR value) {
 }
 
 STDMETHODIMP DataCombo1::get_Value(BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(Core().Value()); }); });
+    return Get(value, [&] { return ToBstr(Core().Value()); });
 }
 
 STDMETHODIMP DataCombo1::put_Value(BSTR value) {
-    // Without a word also where the container refuses: a value that no item has is no error either.
+    // No error, even if the container refuses: a value that no item has is none either.
     return Guard([&] {
         Trap([&] {
             RequestEdit(kValue);
@@ -234,7 +233,7 @@ STDMETHODIMP DataCombo1::put_Value(BSTR value) {
 }
 
 STDMETHODIMP DataCombo1::get_ItemData(long index, BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(Core().ItemData(index)); }); });
+    return Get(value, [&] { return ToBstr(Core().ItemData(index)); });
 }
 
 STDMETHODIMP DataCombo1::put_ItemData(long index, BSTR value) {
@@ -246,11 +245,11 @@ STDMETHODIMP DataCombo1::Clear() {
 }
 
 STDMETHODIMP DataCombo1::get_NewIndex(short* value) {
-    return Guard([&] { SetOut(value, [&] { return ToShort(Core().NewIndex()); }); });
+    return Get(value, [&] { return ToShort(Core().NewIndex()); });
 }
 
 STDMETHODIMP DataCombo1::get_ListCount(short* value) {
-    return Guard([&] { SetOut(value, [&] { return ToShort(Core().ListCount()); }); });
+    return Get(value, [&] { return ToShort(Core().ListCount()); });
 }
 
 STDMETHODIMP DataCombo1::RemoveItem(short index) {
@@ -258,7 +257,7 @@ STDMETHODIMP DataCombo1::RemoveItem(short index) {
 }
 
 STDMETHODIMP DataCombo1::get_List(short index, BSTR* value) {
-    return Guard([&] { SetOut(value, [&] { return ToBstr(Core().List(index)); }); });
+    return Get(value, [&] { return ToBstr(Core().List(index)); });
 }
 
 STDMETHODIMP DataCombo1::put_List(short index, BSTR value) {

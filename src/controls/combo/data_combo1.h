@@ -76,7 +76,7 @@ public:
     STDMETHODIMP InitFromData(IDataObject*, BOOL, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP GetClipboardData(DWORD, IDataObject** data) override;
     STDMETHODIMP DoVerb(LONG verb, LPMSG message, IOleClientSite* site, LONG index, HWND parent,
-                        LPCRECT place) override;
+                        LPCRECT rect) override;
     STDMETHODIMP EnumVerbs(IEnumOLEVERB** verbs) override;
     STDMETHODIMP Update() override { return S_OK; }
     STDMETHODIMP IsUpToDate() override { return S_OK; }
@@ -101,7 +101,7 @@ public:
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
     STDMETHODIMP InPlaceDeactivate() override;
     STDMETHODIMP UIDeactivate() override;
-    STDMETHODIMP SetObjectRects(LPCRECT place, LPCRECT clip) override;
+    STDMETHODIMP SetObjectRects(LPCRECT rect, LPCRECT clip) override;
     STDMETHODIMP ReactivateAndUndo() override { return INPLACE_E_NOTUNDOABLE; }
     STDMETHODIMP TranslateAccelerator(LPMSG message) override;
     STDMETHODIMP OnFrameWindowActivate(BOOL) override { return S_OK; }
@@ -151,11 +151,11 @@ private:
 
     DataCombo& Core();
     void HookEvents();
-    void Tell(DISPID event, std::initializer_list<_variant_t> arguments = {});
+    void Fire(DISPID event, std::initializer_list<_variant_t> arguments = {});
     void OnFocus(bool has);
     void OnCoreDestroyed();
 
-    // What a property's let does around its work: asks the container, tells it afterwards.
+    // What a property's put does before and after its work: asks the container, then notifies it.
     template <class Work> HRESULT Let(DISPID property, Work&& work) {
         return Guard([&] {
             RequestEdit(property);
@@ -179,7 +179,7 @@ private:
     void ActivateInPlace();
     void UIActivate(bool takeFocus);
     void Deactivate();
-    void Place(const RECT& place, const RECT* clip);
+    void Place(const RECT& rect, const RECT* clip);
     void FollowHeight();
     HRESULT ShowProperties(HWND parent);
     SIZEL Extent();

@@ -15,13 +15,13 @@ namespace {
 struct WindowContext {
     ComPtr<IOleInPlaceFrame> frame;
     ComPtr<IOleInPlaceUIWindow> document;
-    RECT place = {};
+    RECT rect = {};
     RECT clip = {};
 
     HRESULT Get(IOleInPlaceSite& site) {
         OLEINPLACEFRAMEINFO info = {};
         info.cb = sizeof info;
-        return site.GetWindowContext(&frame, &document, &place, &clip, &info);
+        return site.GetWindowContext(&frame, &document, &rect, &clip, &info);
     }
 };
 
@@ -46,7 +46,7 @@ void DataCombo1::ActivateInPlace() {
         // the window would come to stand on the desktop.
         if (!inPlace_ || !parent || !SetParent(window, parent))
             throw ComError(E_FAIL);
-        Place(context.place, &context.clip);
+        Place(context.rect, &context.clip);
         if (inPlace_)
             ShowWindow(window, SW_SHOWNA);
     });
@@ -91,17 +91,16 @@ STDMETHODIMP DataCombo1::UIDeactivate() {
     uiActive_ = false;
     // The container may deactivate the control altogether in any of these calls.
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
-    return Trap([&] {
-               WindowContext context;
-               if (SUCCEEDED(context.Get(*site.Get()))) {
-                   if (context.document)
-                       context.document->SetActiveObject(nullptr, nullptr);
-                   if (context.frame)
-                       context.frame->SetActiveObject(nullptr, nullptr);
-               }
-               site->OnUIDeactivate(FALSE);
-           })
-        .code;
+    return ToHresult([&] {
+        WindowContext context;
+        if (SUCCEEDED(context.Get(*site.Get()))) {
+            if (context.document)
+                context.document->SetActiveObject(nullptr, nullptr);
+            if (context.frame)
+                context.frame->SetActiveObject(nullptr, nullptr);
+        }
+        site->OnUIDeactivate(FALSE);
+    });
 }
 
 // The window keeps its items and waits for the next activation.
@@ -123,7 +122,7 @@ void DataCombo1::Deactivate() {
 
 STDMETHODIMP DataCombo1::InPlaceDeactivate() {
     const ComPtr<IOleObject> keepAlive(this);
-    return Trap([&] { Deactivate(); }).code;
+    return ToHresult([&] { Deactivate(); });
 }
 
 // A host destroyed the window that the control stands in: the list is lost.
@@ -141,30 +140,30 @@ STDMETHODIMP DataCombo1::GetWindow(HWND* window) {
     return *window ? S_OK : E_FAIL;
 }
 
-STDMETHODIMP DataCombo1::SetObjectRects(LPCRECT place, LPCRECT clip) {
-    if (!place)
+STDMETHODIMP DataCombo1::SetObjectRects(LPCRECT rect, LPCRECT clip) {
+    if (!rect)
         return E_POINTER;
     if (!inPlace_)
         return S_OK;
-    return Trap([&] { Place(*place, clip); }).code;
+    return ToHresult([&] { Place(*rect, clip); });
 }
 
-void DataCombo1::Place(const RECT& place, const RECT* clip) {
+void DataCombo1::Place(const RECT& rect, const RECT* clip) {
     const HWND window = core_->Window();
-    width_ = ToHimetric(place.right - place.left);
-    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    width_ = ToHimetric(rect.right - rect.left);
+    SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                 rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
     RECT shown;
     const bool cut = clip && !IsRectEmpty(clip) &&
-                     (!IntersectRect(&shown, &place, clip) || !EqualRect(&shown, &place));
+                     (!IntersectRect(&shown, &rect, clip) || !EqualRect(&shown, &rect));
     if (cut)
-        OffsetRect(&shown, -place.left, -place.top);
+        OffsetRect(&shown, -rect.left, -rect.top);
     // The window owns the region from here on.
     SetWindowRgn(window, cut ? CreateRectRgnIndirect(&shown) : nullptr, TRUE);
     FollowHeight();
 }
 
-// The control is as high as its list. A container that gave it another height is told, once.
+// The control is as high as its list. A container that gave it another height is notified, once.
 void DataCombo1::FollowHeight() {
     if (!inPlace_ || placing_)
         return;
@@ -174,7 +173,7 @@ void DataCombo1::FollowHeight() {
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     WindowContext context;
     if (FAILED(context.Get(*site.Get())) ||
-        context.place.bottom - context.place.top == now.bottom - now.top)
+        context.rect.bottom - context.rect.top == now.bottom - now.top)
         return;
     placing_ = true;
     site->OnPosRectChange(&now);

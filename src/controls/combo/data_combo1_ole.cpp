@@ -21,14 +21,13 @@ constexpr int kCyPerUnit = 10000;
 // --- the container ---
 
 STDMETHODIMP DataCombo1::SetClientSite(IOleClientSite* site) {
-    return Trap([&] {
-               if (!site)
-                   Deactivate();
-               site_ = site;
-               if (site)
-                   UseAmbients();
-           })
-        .code;
+    return ToHresult([&] {
+        if (!site)
+            Deactivate();
+        site_ = site;
+        if (site)
+            UseAmbients();
+    });
 }
 
 STDMETHODIMP DataCombo1::GetClientSite(IOleClientSite** site) {
@@ -46,7 +45,7 @@ _variant_t DataCombo1::Ambient(DISPID property) const {
     return value;
 }
 
-// A copy: what the host does to the control's font shall not reach the container's.
+// A copy: when the host changes the control's font, the container's stays.
 ComPtr<IFont> DataCombo1::AmbientFont() const {
     const _variant_t value = Ambient(DISPID_AMBIENT_FONT);
     ComPtr<IFont> font;
@@ -95,7 +94,7 @@ STDMETHODIMP DataCombo1::OnAmbientPropertyChange(DISPID property) {
     if (property != DISPID_UNKNOWN && property != DISPID_AMBIENT_FONT &&
         property != DISPID_AMBIENT_USERMODE)
         return S_OK;
-    return Trap([&] { UseAmbients(); }).code;
+    return ToHresult([&] { UseAmbients(); });
 }
 
 STDMETHODIMP DataCombo1::FreezeEvents(BOOL freeze) {
@@ -115,16 +114,15 @@ STDMETHODIMP DataCombo1::GetControlInfo(CONTROLINFO* info) {
 // --- life ---
 
 STDMETHODIMP DataCombo1::Close(DWORD saveOption) {
-    return Trap([&] {
-               const ComPtr<IOleObject> keepAlive(this);
-               Deactivate();
-               const ComPtr<IOleClientSite> site = site_;
-               if (saveOption != OLECLOSE_NOSAVE && dirty_ && site)
-                   site->SaveObject();
-               if (advise_)
-                   advise_->SendOnClose();
-           })
-        .code;
+    return ToHresult([&] {
+        const ComPtr<IOleObject> keepAlive(this);
+        Deactivate();
+        const ComPtr<IOleClientSite> site = site_;
+        if (saveOption != OLECLOSE_NOSAVE && dirty_ && site)
+            site->SaveObject();
+        if (advise_)
+            advise_->SendOnClose();
+    });
 }
 
 STDMETHODIMP DataCombo1::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
@@ -146,11 +144,11 @@ STDMETHODIMP DataCombo1::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND pa
     switch (verb) {
     case OLEIVERB_SHOW:
     case OLEIVERB_INPLACEACTIVATE:
-        return Trap([&] { ActivateInPlace(); }).code;
+        return ToHresult([&] { ActivateInPlace(); });
     case OLEIVERB_PRIMARY:
     case OLEIVERB_OPEN:
     case OLEIVERB_UIACTIVATE:
-        return Trap([&] { UIActivate(true); }).code;
+        return ToHresult([&] { UIActivate(true); });
     case OLEIVERB_HIDE:
         return InPlaceDeactivate();
     case OLEIVERB_DISCARDUNDOSTATE:
@@ -219,16 +217,15 @@ STDMETHODIMP DataCombo1::SetExtent(DWORD aspect, SIZEL* size) {
         return DV_E_DVASPECT;
     if (size->cx < 0)
         return E_INVALIDARG;
-    return Trap([&] {
-               width_ = size->cx;
-               dirty_ = true;
-               // In place, the container gives the rectangle itself.
-               if (!inPlace_)
-                   SetWindowPos(Core().Window(), nullptr, 0, 0, FromHimetric(width_),
-                                Core().Height(), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-               ViewChanged();
-           })
-        .code;
+    return ToHresult([&] {
+        width_ = size->cx;
+        dirty_ = true;
+        // In place, the container gives the rectangle itself.
+        if (!inPlace_)
+            SetWindowPos(Core().Window(), nullptr, 0, 0, FromHimetric(width_), Core().Height(),
+                         SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        ViewChanged();
+    });
 }
 
 STDMETHODIMP DataCombo1::GetExtent(DWORD aspect, SIZEL* size) {
@@ -237,7 +234,7 @@ STDMETHODIMP DataCombo1::GetExtent(DWORD aspect, SIZEL* size) {
     *size = {};
     if (aspect != DVASPECT_CONTENT)
         return DV_E_DVASPECT;
-    return Trap([&] { *size = Extent(); }).code;
+    return ToHresult([&] { *size = Extent(); });
 }
 
 // --- property pages ---
@@ -283,7 +280,7 @@ STDMETHODIMP DataCombo1::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported,
     return S_OK;
 }
 
-// Whatever is asked for is so anyway: the control touches nothing but its own list.
+// Always safe: it touches only its own list.
 STDMETHODIMP DataCombo1::SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD enabled) {
     if (!Find(iid))
         return E_NOINTERFACE;

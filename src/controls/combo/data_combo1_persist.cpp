@@ -53,7 +53,7 @@ STDMETHODIMP DataCombo1::GetClassID(CLSID* clsid) {
 }
 
 STDMETHODIMP DataCombo1::InitNew() {
-    return Trap([&] { Apply({}); }).code;
+    return ToHresult([&] { Apply({}); });
 }
 
 // --- property bag ---
@@ -61,19 +61,17 @@ STDMETHODIMP DataCombo1::InitNew() {
 STDMETHODIMP DataCombo1::Load(IPropertyBag* bag, IErrorLog* errors) {
     if (!bag)
         return E_POINTER;
-    return Trap([&] { Apply(ReadState(bag, errors)); }).code;
+    return ToHresult([&] { Apply(ReadState(bag, errors)); });
 }
 
 STDMETHODIMP DataCombo1::Save(IPropertyBag* bag, BOOL clearDirty, BOOL all) {
     if (!bag)
         return E_POINTER;
-    return Trap([&] {
-               WriteState(bag, State(), CurrentFont(), {Core().Text(), Core().HiddenText()},
-                          all != FALSE);
-               if (clearDirty)
-                   dirty_ = false;
-           })
-        .code;
+    return ToHresult([&] {
+        WriteState(bag, State(), CurrentFont(), {Core().Text(), Core().HiddenText()}, all != FALSE);
+        if (clearDirty)
+            dirty_ = false;
+    });
 }
 
 // --- stream ---
@@ -81,18 +79,17 @@ STDMETHODIMP DataCombo1::Save(IPropertyBag* bag, BOOL clearDirty, BOOL all) {
 STDMETHODIMP DataCombo1::Load(IStream* stream) {
     if (!stream)
         return E_POINTER;
-    return Trap([&] { Apply(ReadState(stream)); }).code;
+    return ToHresult([&] { Apply(ReadState(stream)); });
 }
 
 STDMETHODIMP DataCombo1::Save(IStream* stream, BOOL clearDirty) {
     if (!stream)
         return E_POINTER;
-    return Trap([&] {
-               WriteState(stream, State());
-               if (clearDirty)
-                   dirty_ = false;
-           })
-        .code;
+    return ToHresult([&] {
+        WriteState(stream, State());
+        if (clearDirty)
+            dirty_ = false;
+    });
 }
 
 STDMETHODIMP DataCombo1::GetSizeMax(ULARGE_INTEGER* size) {
@@ -111,20 +108,19 @@ STDMETHODIMP DataCombo1::InitNew(IStorage* storage) {
 STDMETHODIMP DataCombo1::Load(IStorage* storage) {
     if (!storage)
         return E_POINTER;
-    return Trap([&] { Apply(ReadState(OpenContents(storage).Get())); }).code;
+    return ToHresult([&] { Apply(ReadState(OpenContents(storage).Get())); });
 }
 
 STDMETHODIMP DataCombo1::Save(IStorage* storage, BOOL) {
     if (!storage)
         return E_POINTER;
-    return Trap([&] {
-               ComPtr<IStream> stream;
-               CheckHr(storage->CreateStream(
-                   kContents, STGM_WRITE | STGM_SHARE_EXCLUSIVE | STGM_CREATE, 0, 0, &stream));
-               WriteState(stream.Get(), State());
-               dirty_ = false;
-           })
-        .code;
+    return ToHresult([&] {
+        ComPtr<IStream> stream;
+        CheckHr(storage->CreateStream(kContents, STGM_WRITE | STGM_SHARE_EXCLUSIVE | STGM_CREATE, 0,
+                                      0, &stream));
+        WriteState(stream.Get(), State());
+        dirty_ = false;
+    });
 }
 
 } // namespace vndesk

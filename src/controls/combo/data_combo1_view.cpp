@@ -17,13 +17,12 @@ STDMETHODIMP DataCombo1::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
         return E_INVALIDARG;
     if (aspect != DVASPECT_CONTENT)
         return DV_E_DVASPECT;
-    return Trap([&] {
-               DataCombo& core = Core();
-               DrawCombo(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom},
-                         {core.Text(), font_.Handle(), Translated(core.BackColor()),
-                          Translated(core.ForeColor()), core.Enabled(), core.Themed()});
-           })
-        .code;
+    return ToHresult([&] {
+        DataCombo& core = Core();
+        DrawCombo(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom},
+                  {core.Text(), font_.Handle(), Translated(core.BackColor()),
+                   Translated(core.ForeColor()), core.Enabled(), core.Themed()});
+    });
 }
 
 STDMETHODIMP DataCombo1::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC,

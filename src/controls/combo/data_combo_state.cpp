@@ -21,7 +21,7 @@ bool IsColor(OLE_COLOR color) {
 
 // --- property bags ---
 
-// Empty where the bag has nothing that can be made the type.
+// Empty where the bag has no value that converts to the type.
 _variant_t ReadProperty(IPropertyBag* bag, IErrorLog* errors, const wchar_t* name, VARTYPE type) {
     _variant_t value;
     V_VT(&value) = type; // bags convert to what is asked for

@@ -40,7 +40,7 @@ DataComboState ReadState(IPropertyBag* bag, IErrorLog* errors);
 void WriteState(IPropertyBag* bag, const DataComboState& state, IFont* font,
                 const DataComboTexts& texts, bool all);
 
-// Raises an error for a stream that holds something else, or not all of it.
+// Throws for a stream that holds something else, or not all of it.
 DataComboState ReadState(IStream* stream);
 void WriteState(IStream* stream, const DataComboState& state);
 

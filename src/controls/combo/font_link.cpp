@@ -29,7 +29,7 @@ void FontLink::Set(IUnknown* font) {
         throw ComError(CTL_E_INVALIDPROPERTYVALUE, L"Invalid property value");
     Disconnect();
     font_ = std::move(asked);
-    // A font that cannot tell of its changes is shown as it is now.
+    // A font without a connection point for IPropertyNotifySink is shown as it is now.
     ComPtr<IConnectionPointContainer> container;
     if (FAILED(font_.As(&container)) ||
         FAILED(container->FindConnectionPoint(__uuidof(IPropertyNotifySink), &point_)))

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A font object of the host that a control shows its text in. The host may change the font's own
-// properties at any time: the link tells of it.
+// A font object of the host that a control shows its text in. The host may change the font's
+// properties at any time: the link reports it.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,7 @@ public:
     FontLink(const FontLink&) = delete;
     FontLink& operator=(const FontLink&) = delete;
 
-    // Raises an error for what is no font.
+    // Throws for an object that is no font.
     void Set(IUnknown* font);
     IFont* Get() const { return font_.Get(); }
     // Valid until the font changes.
@@ -38,9 +38,9 @@ private:
     DWORD cookie_ = 0;
 };
 
-// A font of the platform's kind.
+// A standard font of OLE (OleCreateFontIndirect).
 ComPtr<IFont> MakeFont(FONTDESC description);
-// One with the same properties, of which changes do not reach the other.
+// A font with the same properties; changing it does not change the other.
 ComPtr<IFont> CopyOf(IFont* font);
 
 } // namespace vndesk

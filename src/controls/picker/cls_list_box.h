@@ -26,8 +26,8 @@ public:
     // which keeps the wrapper as long as it lets the control be used.
     void SetTListBox(Control& control);
 
-    // In front of the item at `index` where one is given. An index that the control refuses raises
-    // an error and changes nothing.
+    // In front of the item at `index` where one is given. Throws for an index that the control
+    // refuses, and changes nothing.
     void AddItem(const std::wstring& item, std::optional<long> index = std::nullopt);
     // A negative index does nothing.
     void RemoveItem(long index);
@@ -53,7 +53,7 @@ public:
     const std::wstring& ItemData(long index) const;
     void SetItemData(long index, const std::wstring& data);
 
-    // The text is another one than when the control got the focus. Letter case alone is no change.
+    // Whether the text has changed since the control got the focus, apart from letter case.
     std::function<void()> Change;
 
 private:

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/picker/cls_list_box.h"
+#include "controls/picker/text/captions.h"
 #include "controls/picker/text/name_search.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -11,7 +12,6 @@
 #include "forms/keys/upper_case.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -22,7 +22,7 @@ constexpr ControlSpec kControls[] = {
     Frame(L"FrDetail", L"", {150, 120, 6000, 5280}, kGrow),
     Label(L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic),
     TextBox(L"TxtSelH", {1230, 435, 4740, 330}, kGrowRight),
-    // Choosing comes next after the search box, for those who go on with Enter.
+    // The next tab stop after the search box, for users who go on with Enter.
     Button(L"CmdSel", texts::kPickerChoose, {3450, 5520, 1290, 375}, kDisabled | kMove),
     Button(L"CmdQuit", texts::kPickerQuit, {4860, 5520, 1290, 375}, kCancel | kMove),
     ListBox(L"lv1IP", {330, 870, 5640, 4020}, kGrow),
@@ -77,7 +77,7 @@ protected:
         else
             Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
         Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
-        // Comes when everything is painted and no key waits.
+        // WM_TIMER comes when everything is painted and no key waits.
         SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
     }
 

@@ -3,19 +3,20 @@
 
 #include "comkit/base/com_error.h"
 #include "controls/picker/item_picker.h"
+#include "controls/picker/text/captions.h"
 #include "controls/picker/text/select_statements.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "forms/look/common_controls.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
 
 namespace {
 
-// Posted to the code box when the focus has left it: while the focus moves, no box may be shown.
+// Posted to the code box when the focus has left it: no message box may be shown while the focus
+// moves.
 UINT ValidateMessage() {
     static const UINT message = RegisterWindowMessageW(L"VnDesk.ValidateCode");
     return message;
@@ -58,8 +59,8 @@ void SelectionBoxes::Box::Bind(HWND newWindow) {
     Release();
     if (!newWindow)
         return;
-    // The platform's edit windows know both kinds of text. One that an ANSI host has made would
-    // stay ANSI under a subclass, and lose letters.
+    // Edit windows handle Unicode and ANSI text. One made by an ANSI host would stay ANSI under
+    // SetWindowSubclass and lose letters; SetWindowLongPtrW makes it Unicode.
     if (!IsWindowUnicode(newWindow))
         SetWindowLongPtrW(newWindow, GWLP_WNDPROC, GetWindowLongPtrW(newWindow, GWLP_WNDPROC));
     if (!Controls6().SetWindowSubclass(newWindow, BoxProcedure, reinterpret_cast<UINT_PTR>(this),
@@ -108,7 +109,7 @@ LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM 
 std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_GETDLGCODE:
-        // A dialog would press its default button.
+        // Otherwise IsDialogMessage would press the default button.
         if (IsEnter(reinterpret_cast<const MSG*>(lParam)) && nameBox_.Text() != selName_)
             return Controls6().DefSubclassProc(nameBox_.window, message, wParam, lParam) |
                    DLGC_WANTMESSAGE;
@@ -120,7 +121,7 @@ std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LP
         PickByName();
         return 0;
     case WM_CHAR:
-        // The character of the Enter key that opened the picker: the box would beep.
+        // The character of the Enter key that opened the picker would make the box beep.
         if (wParam != VK_RETURN || !swallowEnter_)
             return std::nullopt;
         swallowEnter_ = false;
@@ -187,7 +188,7 @@ void SelectionBoxes::Choose(const Entry& entry) {
     codeBox_.Show(selID_);
 }
 
-void SelectionBoxes::RaiseChange() {
+void SelectionBoxes::FireChange() {
     // A copy: the handler may replace it.
     if (const auto change = Change; change && selID_ != previousID_)
         change();
@@ -222,12 +223,12 @@ void SelectionBoxes::PickByName(const Database& database) {
     Choose(*entry);
     if (nameBox_.moveOn)
         nameBox_.moveOn->SendAfterClosing();
-    RaiseChange();
+    FireChange();
 }
 
 void SelectionBoxes::ValidateCode() {
     const HWND next = GetFocus();
-    // In the meantime another box may have taken the focus back to tell its own mistake.
+    // Meanwhile another box may have taken the focus back, to report its own mistake.
     if (busy_ || FormOf(next) != FormOf(codeBox_.window))
         return;
     const Busy busy(busy_);
@@ -242,7 +243,7 @@ void SelectionBoxes::ValidateCode() {
         GiveFocus(next);
         if (entry) {
             Choose(*entry);
-            RaiseChange();
+            FireChange();
             if (codeBox_.moveOn)
                 codeBox_.moveOn->Send();
         } else if (!code.empty()) {
@@ -255,11 +256,11 @@ void SelectionBoxes::ValidateCode() {
 
 // The focus stays in the box, with the code ready to be typed anew.
 void SelectionBoxes::Refuse(const std::wstring& code) {
-    // First of all, so that the box that has the focus now is left while this one is served.
+    // The focus goes back first, so that the box that has it now is left while this one is busy.
     GiveFocus(codeBox_.window);
     PlainMessage(ToUncText(texts::kSelectCode, kToUnicode) + code +
                      ToUncText(texts::kSelectNotFound, kToUnicode),
-                 ToUncText(texts::kNotice, kToUnicode).c_str());
+                 ToUncText(texts::kSelectNotice, kToUnicode).c_str());
     GiveFocus(codeBox_.window);
     if (codeBox_.window)
         SendMessageW(codeBox_.window, EM_SETSEL, 0, -1);

@@ -81,7 +81,7 @@ private:
     std::optional<Entry> LookUp(const Database& database, const std::wstring& code,
                                 std::wstring& error) const;
     void Choose(const Entry& entry);
-    void RaiseChange();
+    void FireChange();
     void Forget();
 
     const ModuleLock lock_;

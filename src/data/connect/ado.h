@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ADO's interfaces. The platform's own header where it compiles; the same interfaces from Wine's
-// headers elsewhere.
+// ADO's interfaces: adoint.h of the Windows SDK for MSVC, Wine's msado15 headers for mingw-w64.
 #pragma once
 
 #include <windows.h>

@@ -41,7 +41,8 @@ Database OpenConnection(std::wstring_view connectionString) {
         database.connection = NewConnection();
         return S_OK;
     });
-    // A provider that is not there does not keep the one that the string names from opening it.
+    // put_Provider fails where the provider is missing; the one that the string names may still
+    // open it.
     if (database.connection && database.kind == DatabaseKind::Jet)
         step([&] { return database.connection->put_Provider(_bstr_t(kJetProvider)); });
     if (database.connection)

@@ -26,7 +26,7 @@ AdoConnection NewConnection();
 // which the first statement will fail.
 Database OpenConnection(std::wstring_view connectionString);
 
-// Runs a statement that gives no rows. Raises ComError with the provider's description.
+// Runs a statement that gives no rows. Throws ComError with the provider's description.
 void Execute(const Database& database, const std::wstring& statement);
 
 // A connection that is not open is left as it is.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The platform's message box with an OK button, for errors of the database.
+// MessageBox with an OK button, for errors of the database.
 #pragma once
 
 #include <string>

@@ -15,7 +15,7 @@
 
 namespace vndesk {
 
-// A record set and its fields. Failures of ADO are raised as ComError with the provider's
+// A record set and its fields. Failures of ADO are thrown as ComError with the provider's
 // description.
 class Recordset {
 public:
@@ -35,8 +35,6 @@ public:
     _variant_t Value(const wchar_t* name);
     std::wstring FieldName(long index);
     long FieldCount();
-
-    explicit operator bool() const { return recordset_ != nullptr; }
 
 private:
     _Recordset& Ado();
@@ -60,7 +58,7 @@ long OpenRecordset(const Database& database, Recordset& recordset, const std::ws
                    std::wstring* description = nullptr);
 
 // Counts the rows by walking them, for providers that do not know, and leaves the first one
-// current. A record set that cannot be walked counts what it gave.
+// current. If a row cannot be reached, those before it count.
 long CountRecords(Recordset& recordset);
 
 enum class Failure { Shown, Ignored };

@@ -20,8 +20,8 @@ bool Convert(const VARIANT& value, VARTYPE type, _variant_t& result) {
 
 } // namespace
 
-// Most values have the type that is asked for: they go without a conversion, which would make
-// another copy of a text.
+// Most values already have the wanted type: they are used without VariantChangeType, which would
+// copy texts.
 
 std::wstring NullToText(const VARIANT& value) {
     if (V_VT(&value) == VT_BSTR)

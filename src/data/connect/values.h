@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Column values and other variants turned into what the forms work with.
+// Column values and other VARIANTs converted to what the forms work with.
 #pragma once
 
 #include <windows.h>
@@ -10,13 +10,13 @@
 
 namespace vndesk {
 
-// These never fail: what cannot be turned is empty or 0. Null is the empty text; numbers are
+// These never fail: what cannot be converted is empty or 0. Null is the empty text; numbers are
 // written with a decimal point in every locale.
 std::wstring NullToText(const VARIANT& value);
 long NullToInteger(const VARIANT& value);
 double NullToDouble(const VARIANT& value);
 
-// Raises a type mismatch for what is no number of 32 bits, null included.
+// Throws a type mismatch for anything but a 32-bit number, null included.
 long ToInteger(const VARIANT& value);
 
 } // namespace vndesk

@@ -14,7 +14,7 @@ _variant_t LateBoundList::Call(const wchar_t* member, WORD flags,
     auto* name = const_cast<wchar_t*>(member);
     DISPID id = 0;
     CheckHr(list_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id));
-    // IDispatch takes the last argument first.
+    // DISPPARAMS has the last argument first.
     std::vector<_variant_t> reversed(arguments);
     std::reverse(reversed.begin(), reversed.end());
     DISPID put = DISPID_PROPERTYPUT;

@@ -11,7 +11,7 @@
 
 namespace vndesk {
 
-// Raises ComError where the object lacks a member or refuses a call.
+// Throws ComError where the object lacks a member or refuses a call.
 class LateBoundList {
 public:
     explicit LateBoundList(IDispatch* list) : list_(list) {}

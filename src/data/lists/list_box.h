@@ -14,9 +14,10 @@ template <class List> void AddListItem(List& list, const std::wstring& text, lon
     list.SetItemData(list.NewIndex(), itemData);
 }
 
-// Replaces the text of the selected item.
-template <class List> void SetListText(List& list, const std::wstring& text) {
-    list.SetText(list.ListIndex(), text);
+// Replaces the text of the selected item, or of the one that is named.
+template <class List>
+void SetListText(List& list, const std::wstring& text, std::optional<long> index = std::nullopt) {
+    list.SetText(index ? *index : list.ListIndex(), text);
 }
 
 // Nothing when no item is selected.

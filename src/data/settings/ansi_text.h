@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts in the system's code page, for the parts of Windows that are reached through its ANSI
-// functions.
+// Texts in the system's code page, for Windows functions that are called in their A form.
 #pragma once
 
 #include <string>

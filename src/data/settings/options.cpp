@@ -5,14 +5,14 @@
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
-#include "text/fixed_texts.h"
+#include "data/text/captions.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
 
 namespace {
 
-// A look-up that failed counts as found: the update after it tells what is wrong with the table.
+// A failed look-up counts as found: the update after it reports what is wrong with the table.
 bool IsThere(const Database& database, OptionName name) {
     Recordset rows;
     return OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) != 0 ||

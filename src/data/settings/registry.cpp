@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/settings/registry.h"
 
-#include <utility>
-
 #include "data/settings/ansi_text.h"
 #include "data/text/registry_value.h"
 
@@ -30,32 +28,20 @@ RegistryKey RegistryKey::Create(HKEY root, std::wstring_view path) {
     return RegistryKey(key);
 }
 
-RegistryKey::RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
-
-RegistryKey& RegistryKey::operator=(RegistryKey&& other) noexcept {
-    std::swap(key_, other.key_);
-    return *this;
-}
-
-RegistryKey::~RegistryKey() {
-    if (key_)
-        RegCloseKey(key_);
-}
-
 std::wstring RegistryKey::Read(std::wstring_view name) const {
     char data[kLongestValue];
     DWORD size = sizeof data, type = REG_NONE;
-    if (RegQueryValueExA(key_, ToAnsi(name).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(data),
-                         &size) != ERROR_SUCCESS)
+    if (RegQueryValueExA(key_.get(), ToAnsi(name).c_str(), nullptr, &type,
+                         reinterpret_cast<BYTE*>(data), &size) != ERROR_SUCCESS)
         return {};
     const std::string_view kept = WithoutFinalZero({data, size});
     return type == kRegistryNumber ? NumberText(kept) : FromAnsi(kept);
 }
 
 void RegistryKey::Write(std::wstring_view name, std::wstring_view text) const {
-    // The platform takes a zero that follows the data for part of the text: none follows.
+    // RegSetValueExA counts a zero byte after the data as text: keep it non-zero.
     const std::string data = ToAnsi(text) + '.';
-    RegSetValueExA(key_, ToAnsi(name).c_str(), 0, kRegistryText,
+    RegSetValueExA(key_.get(), ToAnsi(name).c_str(), 0, kRegistryText,
                    reinterpret_cast<const BYTE*>(data.data()), static_cast<DWORD>(data.size() - 1));
 }
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "comkit/base/handles.h"
+
 namespace vndesk {
 
 // An open key; closed with its owner. One that could not be opened takes no writes.
@@ -16,10 +18,6 @@ class RegistryKey {
 public:
     static RegistryKey Open(HKEY root, std::wstring_view path);
     static RegistryKey Create(HKEY root, std::wstring_view path);
-
-    RegistryKey(RegistryKey&& other) noexcept;
-    RegistryKey& operator=(RegistryKey&& other) noexcept;
-    ~RegistryKey();
 
     explicit operator bool() const { return key_ != nullptr; }
 
@@ -30,7 +28,7 @@ public:
 private:
     explicit RegistryKey(HKEY key) : key_(key) {}
 
-    HKEY key_;
+    UniqueKey key_;
 };
 
 // Nothing when there is no such key.

@@ -24,7 +24,7 @@ public:
         return rest_.size() < before;
     }
 
-    // A number of at most `maxDigits` digits; how many there were is 0 when there is none or too
+    // Reads a number of at most `maxDigits` digits and returns how many it had; 0 for none or too
     // many.
     int TakeNumber(int maxDigits, int& number) {
         number = 0;

@@ -11,10 +11,15 @@ namespace vndesk {
 
 enum class DatabaseKind { Jet = 0, SqlServer = 1 };
 
-// Field-type codes that FieldValue knows.
-inline constexpr long kFieldNumber = 3;
-inline constexpr long kFieldDate = 8;
-inline constexpr long kFieldText = 10;
+// Codes of a field's type in the catalogue of a host's database. It may have others, too.
+enum FieldType : long {
+    kFieldFlag = 1,
+    kFieldNumber = 3,
+    kFieldDate = 8,
+    kFieldText = 10,
+    kFieldMemo = 11,
+    kFieldAmount = 13
+};
 
 // "N" for SQL Server, else empty.
 std::wstring_view UnicodePrefix(DatabaseKind dbKind);
@@ -26,14 +31,14 @@ std::wstring SqlQuote(std::wstring_view text, DatabaseKind dbKind);
 bool EndsLiteral(std::wstring_view text);
 
 // Whether an engine could take a statement that holds these texts between apostrophes as they are
-// for another one than was meant, with conditions or statements of the texts' own. Not when one of
-// them leaves a literal open up to the statement's end: every engine refuses that as a whole.
+// for another one than was meant, with conditions or statements of the texts' own. False when one
+// of them leaves a literal open to the end of the statement: every engine refuses that as a whole.
 // `doubled` stands in the same statement with its apostrophes doubled.
 bool MayMeanMore(std::initializer_list<std::wstring_view> asTyped, std::wstring_view doubled = {});
 
-// The text without each two apostrophes that stand together: within a literal they are one to every
-// engine, and end nothing. A text with a backslash is left alone, because some engines pass over
-// the apostrophe behind it.
+// The text without pairs of apostrophes: inside a literal a pair is one apostrophe to every engine,
+// and ends nothing. A text with a backslash is left alone, because some engines pass over the
+// apostrophe behind it.
 std::wstring WithoutPairs(std::wstring_view text);
 
 // Doubles every apostrophe and every double quote.
@@ -43,7 +48,7 @@ std::wstring DoubleQuotes(std::wstring_view text);
 // "LA" pattern with % at both ends; the kind's letter case is ignored. Unknown kinds give "".
 std::wstring Literal(std::wstring_view value, std::wstring_view literalKind, DatabaseKind dbKind);
 
-// Literal by field-type code. Unknown codes and unsuitable values give "1".
+// Literal by field type: a number, a date, a text. Other codes and unsuitable values give "1".
 std::wstring FieldValue(std::wstring_view value, long code, DatabaseKind dbKind);
 
 } // namespace vndesk

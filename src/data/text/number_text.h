@@ -20,7 +20,7 @@ bool IsNumericEntry(std::wstring_view text);
 // need more than 15 decimals. Throws std::overflow_error for a value that is not finite.
 std::wstring DoubleToText(double value);
 
-// How many digits the platform's floating-point types hold.
+// Significant decimal digits of float and double.
 inline constexpr int kDoubleDigits = 15, kSingleDigits = 7;
 
 // As users read it: a small number has all its decimals. The exponent form begins where the whole

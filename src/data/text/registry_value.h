@@ -7,7 +7,7 @@
 
 namespace vndesk {
 
-// The platform's numbers of the value types that are told apart.
+// REG_SZ and REG_DWORD, for code without windows.h.
 inline constexpr unsigned long kRegistryText = 1;
 inline constexpr unsigned long kRegistryNumber = 4;
 

@@ -4,10 +4,10 @@
 
 #include "data/text/date_text.h"
 #include "data/text/number_text.h"
+#include "find/text/captions.h"
 #include "find/text/format_value.h"
 #include "text/ascii_text.h"
 #include "text/capitals.h"
-#include "text/fixed_texts.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -15,17 +15,19 @@ namespace vndesk {
 namespace {
 
 bool NeedsNumber(long fieldType) {
-    return fieldType == 3 || fieldType == 13;
+    return fieldType == kFieldNumber || fieldType == kFieldAmount;
 }
 
 bool NeedsDate(long fieldType) {
-    return fieldType == 8;
+    return fieldType == kFieldDate;
 }
+
+using TextOfLine = std::wstring ConditionLine::*;
 
 // The first line is always part of the condition, those below only while they are valid.
 template <class LineText>
-std::wstring Joined(const ConditionLines& lines, std::wstring ConditionLine::*join,
-                    const std::wstring& defaultJoin, LineText lineText) {
+std::wstring Joined(const ConditionLines& lines, TextOfLine join, const std::wstring& defaultJoin,
+                    LineText lineText) {
     std::wstring condition = lineText(lines[0]);
     for (std::size_t i = 1; i < lines.size(); ++i) {
         if (!CheckSql(lines[i]))

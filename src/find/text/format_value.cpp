@@ -9,21 +9,21 @@ namespace vndesk {
 
 namespace {
 
-enum class Form { None, Number, Date, Text };
+enum class ValueForm { None, Number, Date, Text };
 
-Form FormOfType(long typeCode) {
+ValueForm FormOfType(long typeCode) {
     switch (typeCode) {
-    case 1:
-    case 3:
-    case 13:
-        return Form::Number;
-    case 8:
-        return Form::Date;
-    case 10:
-    case 11:
-        return Form::Text;
+    case kFieldFlag:
+    case kFieldNumber:
+    case kFieldAmount:
+        return ValueForm::Number;
+    case kFieldDate:
+        return ValueForm::Date;
+    case kFieldText:
+    case kFieldMemo:
+        return ValueForm::Text;
     default:
-        return Form::None;
+        return ValueForm::None;
     }
 }
 
@@ -50,13 +50,13 @@ std::wstring DayOrMonth(std::wstring_view part) {
 std::wstring FormatValue(std::wstring_view value, long typeCode, std::wstring_view op,
                          DatabaseKind dbKind) {
     switch (FormOfType(typeCode)) {
-    case Form::Number:
+    case ValueForm::Number:
         return op == L"IN" ? L"(" + std::wstring(value) + L")" : std::wstring(value);
-    case Form::Date:
+    case ValueForm::Date:
         return L"#" + ToUSDate(value) + L"#";
-    case Form::Text:
+    case ValueForm::Text:
         return FormatText(value, op, dbKind);
-    case Form::None:
+    case ValueForm::None:
         break;
     }
     return {};

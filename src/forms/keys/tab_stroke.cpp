@@ -7,8 +7,8 @@ namespace vndesk {
 
 namespace {
 
-// Some 10 milliseconds each.
-constexpr int kMostLooks = 300;
+// Timer ticks, some 10 milliseconds each.
+constexpr int kMaxLooks = 300;
 constexpr int kSteadyLooks = 3;
 
 } // namespace
@@ -42,7 +42,7 @@ void CALLBACK TabStroke::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
 
 void TabStroke::Look() {
     steady_ = FormHasKeyboard() ? steady_ + 1 : 0;
-    if (steady_ < kSteadyLooks && ++looks_ < kMostLooks)
+    if (steady_ < kSteadyLooks && ++looks_ < kMaxLooks)
         return;
     Stop();
     if (steady_ == kSteadyLooks)

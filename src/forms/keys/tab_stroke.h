@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The Tab stroke that follows a look-up. When a window has just closed, the keyboard can be
-// nobody's for a moment, and a stroke that is sent at once would be lost.
+// The Tab stroke that follows a look-up. Just after a window has closed, for a moment no window may
+// have the keyboard, and a stroke sent at once would be lost.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Upper case as the platform has it, letters of Vietnamese included.
+// Upper case by CharUpperBuff, which knows Vietnamese letters too.
 #pragma once
 
 #include <windows.h>

@@ -11,7 +11,7 @@ namespace vndesk {
 
 class CheckList {
 public:
-    // `onChecked` hears of every tick that the user sets or takes away.
+    // `onChecked` is called for every tick that the user sets or clears.
     CheckList(Control& control, std::function<void()> onChecked);
 
     void Clear();
@@ -29,7 +29,7 @@ private:
 
     Control& control_;
     std::function<void()> onChecked_;
-    // Ticks that the program sets are not the user's.
+    // Set while the program changes ticks: `onChecked` is for the user's.
     bool filling_ = false;
 };
 

@@ -3,7 +3,7 @@
 
 namespace vndesk {
 
-// List boxes and combo boxes do the same under different numbers.
+// LB_ and CB_ messages do the same under different numbers.
 struct ItemList::Messages {
     UINT add, remove, insert, clear, count, getCurrent, setCurrent, getData, setData, textLength,
         text, find;
@@ -38,7 +38,7 @@ void ItemList::AddItem(const std::wstring& text) {
 }
 
 void ItemList::InsertItem(const std::wstring& text, long index) {
-    // The platform takes -1 for the end.
+    // LB_INSERTSTRING and CB_INSERTSTRING append at -1.
     newIndex_ = index < 0 ? kError
                           : static_cast<long>(Send(messages_.insert, static_cast<WPARAM>(index),
                                                    reinterpret_cast<LPARAM>(text.c_str())));
@@ -59,15 +59,15 @@ long ItemList::ListCount() const {
 long ItemList::ListIndex() const {
     if (!(control_.Flags() & kMultiSelect))
         return static_cast<long>(Send(messages_.getCurrent));
-    // With several items selected, the one with the focus is the current one; an empty list counts
-    // its first place as such.
+    // With several items selected, the one with the focus is the current one. LB_GETCARETINDEX is 0
+    // for an empty list too.
     return ListCount() > 0 ? static_cast<long>(Send(LB_GETCARETINDEX)) : -1;
 }
 
 void ItemList::SetListIndex(long index) {
     if (control_.Flags() & kMultiSelect) {
         Send(LB_SETSEL, FALSE, -1);
-        // The platform takes -1 for all items.
+        // LB_SETSEL takes -1 for all items.
         if (index < 0)
             return;
         Send(LB_SETSEL, TRUE, index);
@@ -105,9 +105,9 @@ long ItemList::FindText(const std::wstring& text) const {
         Send(messages_.find, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
 }
 
-// The platform has no message for it: the item is put in anew, with its data and selection.
+// No message changes an item's text: remove and reinsert, with its data and selection.
 void ItemList::SetText(long index, const std::wstring& text) {
-    // It would be added at the end.
+    // An index of -1 would append the item.
     if (index < 0 || index >= ListCount())
         return;
     const long data = ItemData(index);

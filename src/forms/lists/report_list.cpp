@@ -66,7 +66,7 @@ LRESULT ReportList::OnNotify(NMHDR& notification) {
     }
 }
 
-// The list asks where to go when the user types the beginning of a name.
+// Answers LVN_ODFINDITEM, sent when the user types the beginning of a name.
 LRESULT ReportList::FindRow(const NMLVFINDITEMW& search) const {
     if (!(search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !search.lvfi.psz)
         return -1;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Functions of common controls 6 and of themes, found when the first is needed. As imports they
-// would load both libraries with the DLL, and under most hosts the old controls.
+// would load comctl32.dll and uxtheme.dll with the DLL, and under most hosts the old controls.
 #pragma once
 
 #include <windows.h>

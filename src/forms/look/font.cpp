@@ -35,7 +35,7 @@ Font::Font(const FontSpec& design, int dpi)
 std::shared_ptr<Font> Font::Get(const FontSpec& design, int dpi) {
     static std::vector<CacheEntry> cache;
     const Writing writing(lock_);
-    // Other threads let their fonts go whenever they like: only what is held is there.
+    // Other threads release their fonts at any time: an entry counts only while somebody holds it.
     for (const CacheEntry& entry : cache)
         if (entry.dpi == dpi && entry.design == design)
             if (auto held = entry.font.lock())
@@ -53,7 +53,7 @@ void SetDefaultFontName(const std::wstring& name) {
 
 std::wstring DefaultFontName() {
     const Writing writing(lock_);
-    return DefaultName().empty() ? kHouseFont : DefaultName();
+    return DefaultName();
 }
 
 } // namespace vndesk

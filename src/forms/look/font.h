@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk {
 
@@ -22,8 +22,7 @@ struct FontSpec {
 
 class Font {
 public:
-    // Never null. Its handle is when the platform has no font left to give; controls then draw in
-    // the system font.
+    // Never null. Its handle is null when CreateFont fails; controls then draw in the system font.
     static std::shared_ptr<Font> Get(const FontSpec& design, int dpi);
 
     Font(const FontSpec& design, int dpi);
@@ -35,7 +34,8 @@ private:
 
 inline constexpr wchar_t kHouseFont[] = L"Arial";
 
-// The default font name that the host may set; the house font's where it has set none.
+// The default font name that the host may set. An empty one becomes the house font's when the next
+// form is prepared.
 void SetDefaultFontName(const std::wstring& name);
 std::wstring DefaultFontName();
 

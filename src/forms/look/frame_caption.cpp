@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The platform cuts a caption at its measured width, and hinted letters reach beyond theirs. While
-// it paints, the caption ends in a blank.
+// A group box clips its caption at the measured width, and hinted letters reach beyond it. While it
+// paints, the caption ends in a blank.
 #include "forms/look/frame_caption.h"
 
 #include "forms/look/common_controls.h"

@@ -6,7 +6,7 @@
 
 namespace vndesk {
 
-// For a group box of the platform, once after it has been made.
+// Call it once for each group box (BS_GROUPBOX).
 void KeepLastLetter(HWND frame);
 
 } // namespace vndesk

@@ -3,7 +3,7 @@
 // this file too.
 #pragma once
 
-// Not 2: a DLL's manifest of that number is read by the loader, at each loading.
+// Not 2: the loader reads a manifest of that number each time it loads the DLL.
 #define kManifestControls 3
 #define kImageEmblem 101
 #define kImageLogon 102

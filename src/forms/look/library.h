@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One of the platform's libraries and its functions, found when they are needed.
+// A system DLL and its functions, found when they are needed.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +8,11 @@
 
 namespace vndesk {
 
-// The library stays loaded, as windows of its classes keep it anyway. What is missing is raised.
+// The DLL stays loaded, as windows of its classes need it anyway. Throws for what is missing.
 class Library {
 public:
     explicit Library(const wchar_t* name) : module_(LoadLibraryW(name)) {
-        // Without a module the functions would be looked for in the host's program.
+        // GetProcAddress of a null module would search the host's program.
         if (!module_)
             throw ComError(HRESULT_FROM_WIN32(GetLastError()));
     }

@@ -12,9 +12,9 @@ namespace vndesk {
 
 namespace {
 
-// Has the platform register the classes of the controls under the manifest in force. It would wait
-// for their first windows, and of several threads that make theirs at the same moment some would
-// find a class half there. Nothing else brings the controls: the DLL does not import them.
+// GetClassInfoEx makes Windows register the classes of the controls, under the manifest in force.
+// Otherwise their first windows would, and two threads may see a half-registered class.
+// LoadLibrary, because the DLL does not import the controls.
 void RegisterControls() {
     LoadLibraryW(L"comctl32.dll");
     for (const wchar_t* name : {WC_BUTTONW, WC_COMBOBOXW, L"ComboLBox", WC_EDITW, WC_LISTBOXW,
@@ -25,8 +25,8 @@ void RegisterControls() {
     }
 }
 
-// Reading a manifest takes longer than loading the DLL: once is enough. Without it the classic look
-// is still a working one.
+// Reading a manifest takes longer than loading the DLL, so it is read once. Without it the controls
+// work, in their classic look.
 class ControlsManifest {
 public:
     ControlsManifest() {

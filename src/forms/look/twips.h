@@ -45,9 +45,9 @@ struct TwipsRect {
 };
 
 // Right and bottom are rounded, not the size, so that neighbours meet.
-inline RECT ToPixels(const TwipsRect& place, int dpi) {
-    return {ToPixels(place.left, dpi), ToPixels(place.top, dpi),
-            ToPixels(place.left + place.width, dpi), ToPixels(place.top + place.height, dpi)};
+inline RECT ToPixels(const TwipsRect& rect, int dpi) {
+    return {ToPixels(rect.left, dpi), ToPixels(rect.top, dpi),
+            ToPixels(rect.left + rect.width, dpi), ToPixels(rect.top + rect.height, dpi)};
 }
 
 } // namespace vndesk

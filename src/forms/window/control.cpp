@@ -8,6 +8,7 @@
 
 #include "comkit/base/com_error.h"
 #include "comkit/base/module.h"
+#include "forms/look/device_context.h"
 #include "forms/look/frame_caption.h"
 #include "forms/window/window_name.h"
 
@@ -76,15 +77,15 @@ DWORD StyleFor(const ControlSpec& design) {
         style |= WS_DISABLED;
     if (!(design.flags & kHidden))
         style |= WS_VISIBLE;
-    // Only where it is needed: the controls in a frame would be cut out by the frame itself.
+    // Only where it is needed: with WS_CLIPSIBLINGS the controls in a frame would be clipped by the
+    // frame.
     if (design.flags & kBehind)
         style |= WS_CLIPSIBLINGS;
     return style | WS_CHILD;
 }
 
-// What is set while the form is being laid out is set on hidden windows, and most of it is there
-// already. Each of these calls costs as much as a small window on some systems: those that change
-// nothing are left out.
+// Most styles are already set while the form is laid out. On some systems SetWindowLongPtr costs as
+// much as creating a small window: calls that change nothing are left out.
 void SetStyle(HWND window, int index, LONG_PTR style) {
     if (GetWindowLongPtrW(window, index) != style)
         SetWindowLongPtrW(window, index, style);
@@ -99,8 +100,8 @@ void RepaintIfVisible(HWND window) {
 
 Control::Control(HWND form, int dpi, const ControlSpec& design, int id)
     : isDefault((design.flags & kDefault) != 0), isCancel((design.flags & kCancel) != 0), dpi_(dpi),
-      name_(design.name), kind_(design.kind), flags_(design.flags), place_(design.place),
-      leastWidth_(design.place.width), leastHeight_(design.place.height),
+      name_(design.name), kind_(design.kind), flags_(design.flags), rect_(design.rect),
+      leastWidth_(design.rect.width), leastHeight_(design.rect.height),
       visible_(!(design.flags & kHidden)) {
     CreateControlWindow(form, design, id);
     // Preparation sets the font that is seen, made from this one.
@@ -120,7 +121,7 @@ void Control::Detach() {
 
 void Control::CreateControlWindow(HWND form, const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
-    box_ = ToPixels(place_, dpi_);
+    box_ = ToPixels(rect_, dpi_);
     window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
                               box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
                               form, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
@@ -166,9 +167,9 @@ bool Control::SetFont(const FontSpec& font) {
     return true;
 }
 
-void Control::Move(const TwipsRect& place) {
-    place_ = place;
-    RECT box = ToPixels(place, dpi_);
+void Control::Move(const TwipsRect& rect) {
+    rect_ = rect;
+    RECT box = ToPixels(rect, dpi_);
     if (mostPixels_ > 0)
         box.bottom = std::min(box.bottom, box.top + mostPixels_);
     if (EqualRect(&box, &box_))
@@ -194,7 +195,7 @@ void Control::Select(int start, int length) {
 }
 
 void Control::Focus() {
-    // The dialog's own way keeps the default button's frame right.
+    // Unlike SetFocus, WM_NEXTDLGCTL keeps the default button's frame right.
     SendMessageW(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
 }
 
@@ -210,7 +211,7 @@ void Control::SetRightToLeft(bool rightToLeft) {
     constexpr LONG_PTR kMirrored = WS_EX_RTLREADING | WS_EX_RIGHT;
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
     SetStyle(window_, GWL_EXSTYLE, rightToLeft ? style | kMirrored : style & ~kMirrored);
-    // A label reads its alignment from its style only.
+    // STATIC controls read their alignment from their style only.
     if (kind_ == ControlKind::LabelW) {
         const LONG_PTR plain =
             GetWindowLongPtrW(window_, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
@@ -231,8 +232,8 @@ void Control::SetColors(COLORREF back, COLORREF fore) {
     RepaintIfVisible(window_);
 }
 
-// The platform puts the text of a one-line box at its upper edge, however high the box is. It gets
-// no higher than a combo box makes itself, which has its text in the middle.
+// A one-line EDIT control puts its text at its upper edge, however high it is. So it gets no higher
+// than a combo box of its font, which centres its text.
 void Control::FitToLine() {
     constexpr int kAroundText = 8;
     if (kind_ != ControlKind::TextBoxW || (flags_ & kMultiLine) || !fontHandle_)
@@ -245,7 +246,7 @@ void Control::FitToLine() {
     }
     ReleaseDC(window_, dc);
     mostPixels_ = metrics.tmHeight + kAroundText;
-    Move(place_);
+    Move(rect_);
 }
 
 void Control::FitToText() {

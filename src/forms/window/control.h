@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The controls of the forms: one class over the platform's control windows, with the properties
-// that the forms use. Texts are Unicode here; places and sizes are twips.
+// The controls of the forms: one class over the control windows of Windows, with the properties
+// that the forms use. Texts are Unicode here; rectangles and sizes are twips.
 #pragma once
 
 #include <windows.h>
@@ -42,12 +42,12 @@ public:
     // False for controls that have no font.
     bool SetFont(const FontSpec& font);
 
-    const TwipsRect& Place() const { return place_; }
-    double Left() const { return place_.left; }
-    double Top() const { return place_.top; }
-    double Width() const { return place_.width; }
-    double Height() const { return place_.height; }
-    void Move(const TwipsRect& place);
+    const TwipsRect& Rect() const { return rect_; }
+    double Left() const { return rect_.left; }
+    double Top() const { return rect_.top; }
+    double Width() const { return rect_.width; }
+    double Height() const { return rect_.height; }
+    void Move(const TwipsRect& rect);
     void SetLeft(double left) { Move({left, Top(), Width(), Height()}); }
     void SetTop(double top) { Move({Left(), top, Width(), Height()}); }
     void SetWidth(double width) { Move({Left(), Top(), width, Height()}); }
@@ -98,7 +98,7 @@ private:
     std::wstring name_;
     ControlKind kind_;
     unsigned flags_;
-    TwipsRect place_;
+    TwipsRect rect_;
     RECT box_ = {}; // the same in pixels, as the window was last given it
     double leastWidth_;
     double leastHeight_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a form is laid out from: its table of controls, a row each, and the form itself. Texts are
-// TCVN3 unless the form says that it converts none; places and sizes are twips.
+// TCVN3 unless the form says that it converts none; rectangles and sizes are twips.
 #pragma once
 
 #include <span>
@@ -52,7 +52,7 @@ struct ControlSpec {
     ControlKind kind;
     const wchar_t* name;
     const wchar_t* caption;
-    TwipsRect place;
+    TwipsRect rect;
     unsigned flags = 0;
     const wchar_t* toolTip = nullptr;
     const wchar_t* fontName = L"VK Sans Serif";
@@ -63,62 +63,62 @@ struct ControlSpec {
 
 // --- Rows by the kind of control ---
 
-constexpr ControlSpec Label(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+constexpr ControlSpec Label(const wchar_t* name, const wchar_t* caption, TwipsRect rect,
                             unsigned flags = 0) {
-    return {ControlKind::LabelW, name, caption, place, flags};
+    return {ControlKind::LabelW, name, caption, rect, flags};
 }
 
-constexpr ControlSpec TextBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::TextBoxW, name, L"", place, flags};
+constexpr ControlSpec TextBox(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::TextBoxW, name, L"", rect, flags};
 }
 
 // The height is that of the open list.
-constexpr ControlSpec DropDownList(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::ComboBoxW, name, L"", place, flags};
+constexpr ControlSpec DropDownList(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::ComboBoxW, name, L"", rect, flags};
 }
 
-constexpr ControlSpec Button(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+constexpr ControlSpec Button(const wchar_t* name, const wchar_t* caption, TwipsRect rect,
                              unsigned flags = 0, const wchar_t* toolTip = nullptr) {
-    return {ControlKind::CommandButtonW, name, caption, place, flags, toolTip};
+    return {ControlKind::CommandButtonW, name, caption, rect, flags, toolTip};
 }
 
-constexpr ControlSpec CheckBox(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+constexpr ControlSpec CheckBox(const wchar_t* name, const wchar_t* caption, TwipsRect rect,
                                unsigned flags = 0) {
-    return {ControlKind::CheckBoxW, name, caption, place, flags};
+    return {ControlKind::CheckBoxW, name, caption, rect, flags};
 }
 
-constexpr ControlSpec OptionButton(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+constexpr ControlSpec OptionButton(const wchar_t* name, const wchar_t* caption, TwipsRect rect,
                                    unsigned flags = 0) {
-    return {ControlKind::OptionButtonW, name, caption, place, flags};
+    return {ControlKind::OptionButtonW, name, caption, rect, flags};
 }
 
-constexpr ControlSpec Image(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::Image, name, L"", place, flags};
+constexpr ControlSpec Image(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::Image, name, L"", rect, flags};
 }
 
-constexpr ControlSpec ListBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::ListBoxW, name, L"", place, flags};
+constexpr ControlSpec ListBox(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::ListBoxW, name, L"", rect, flags};
 }
 
-constexpr ControlSpec CheckListBox(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::CheckListW, name, L"", place, flags};
+constexpr ControlSpec CheckListBox(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::CheckListW, name, L"", rect, flags};
 }
 
-constexpr ControlSpec ListView(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return {ControlKind::ListView, name, L"", place, flags};
+constexpr ControlSpec ListView(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return {ControlKind::ListView, name, L"", rect, flags};
 }
 
-constexpr ControlSpec Frame(const wchar_t* name, const wchar_t* caption, TwipsRect place,
+constexpr ControlSpec Frame(const wchar_t* name, const wchar_t* caption, TwipsRect rect,
                             unsigned flags = 0) {
-    return {ControlKind::Frame, name, caption, place, flags};
+    return {ControlKind::Frame, name, caption, rect, flags};
 }
 
-constexpr ControlSpec CustomControl(const wchar_t* windowClass, const wchar_t* name,
-                                    TwipsRect place, unsigned flags = 0) {
+constexpr ControlSpec CustomControl(const wchar_t* windowClass, const wchar_t* name, TwipsRect rect,
+                                    unsigned flags = 0) {
     return {.kind = ControlKind::Custom,
             .name = name,
             .caption = L"",
-            .place = place,
+            .rect = rect,
             .flags = flags,
             .windowClass = windowClass};
 }

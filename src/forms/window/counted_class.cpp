@@ -22,7 +22,8 @@ void Register(const ClassDesign& design) {
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.hbrBackground = design.background;
     description.lpszClassName = design.name;
-    // A class that still had windows when its last user went has stayed, and serves again.
+    // UnregisterClass fails while windows of the class exist: then it is still there, and is used
+    // again.
     if (!RegisterClassExW(&description) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
         throw ComError(HRESULT_FROM_WIN32(GetLastError()));
 }

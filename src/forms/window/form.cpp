@@ -17,7 +17,7 @@ namespace vndesk {
 
 namespace {
 
-// Clear of the platform's IDOK, IDCANCEL and their like.
+// Above IDOK, IDCANCEL and their like.
 constexpr int kFirstControlId = 100;
 
 constexpr wchar_t kEnter = 13;
@@ -82,7 +82,7 @@ void Form::Load() {
     OnLoad();
     PrepareForm(*this);
     OnPrepared();
-    // The window had its size before it had controls to lay out.
+    // WM_SIZE came before the controls existed.
     OnResize();
 }
 
@@ -100,7 +100,7 @@ void Form::CreateFormWindow() {
     RECT frame = {0, 0, ToPixels(spec_.client.width, dpi_), ToPixels(spec_.client.height, dpi_)};
     AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
     least_ = {frame.right - frame.left, frame.bottom - frame.top};
-    place_ = {}; // a form may be loaded again
+    rect_ = {}; // a form may be loaded again
     Centre(ToTwips(least_.cx, dpi_), ToTwips(least_.cy, dpi_));
 }
 
@@ -131,7 +131,7 @@ void Form::RunLoop() {
     while (window_ && !unloading_) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0) {
-            // The host is ending: the form goes, and its caller's loop hears of it too.
+            // Re-post WM_QUIT for the outer loop.
             if (got == 0)
                 PostQuitMessage(static_cast<int>(message.wParam));
             return;
@@ -148,13 +148,13 @@ bool Form::PreviewKey(const MSG& message) {
         return false;
     const auto code = static_cast<wchar_t>(message.wParam);
     bool handled = false;
-    // F10 comes as a key of the menu.
+    // F10 comes as WM_SYSKEYDOWN.
     if (message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && code == VK_F10))
         if (const Control* control = FromWindow(message.hwnd))
             Fire([&] { handled = OnKeyDown(*control, message.wParam); });
     if (handled || MoveFromButton(message))
         return true;
-    // The dialog keeps Enter and Escape for itself before they become characters.
+    // IsDialogMessage handles Enter and Escape before they become WM_CHAR.
     if (message.message == WM_KEYDOWN && (code == VK_RETURN || code == VK_ESCAPE))
         Fire([&] { handled = OnKeyPress(code == VK_RETURN ? kEnter : kEscape); });
     else if (message.message == WM_CHAR && code != kEnter && code != kEscape)
@@ -162,8 +162,8 @@ bool Form::PreviewKey(const MSG& message) {
     return handled;
 }
 
-// Arrows lead from a button where Tab does. The dialog would take them to the next window whatever
-// it is, and a label with the keyboard leaves the user without one.
+// Arrow keys leave a button as Tab does. IsDialogMessage would give the focus to the next window of
+// any kind; on a label the keyboard would be lost.
 bool Form::MoveFromButton(const MSG& message) {
     const bool forward = message.wParam == VK_RIGHT || message.wParam == VK_DOWN;
     const bool back = message.wParam == VK_LEFT || message.wParam == VK_UP;
@@ -179,7 +179,7 @@ bool Form::MoveFromButton(const MSG& message) {
 void Form::Unload() {
     unloading_ = true;
     if (modal_)
-        // A press that another program sends does not wake the loop.
+        // A sent BM_CLICK does not wake GetMessage.
         PostMessageW(window_, WM_NULL, 0, 0);
     else
         Destroy();
@@ -200,10 +200,10 @@ Control& Form::At(size_t index) {
     return *controls_[index];
 }
 
-void Form::Move(const TwipsRect& place) {
-    place_ = place;
-    SetWindowPos(window_, nullptr, ToPixels(place.left, dpi_), ToPixels(place.top, dpi_),
-                 ToPixels(place.width, dpi_), ToPixels(place.height, dpi_),
+void Form::Move(const TwipsRect& rect) {
+    rect_ = rect;
+    SetWindowPos(window_, nullptr, ToPixels(rect.left, dpi_), ToPixels(rect.top, dpi_),
+                 ToPixels(rect.width, dpi_), ToPixels(rect.height, dpi_),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -212,11 +212,11 @@ void Form::Centre(double width, double height) {
         const int screen = GetSystemMetrics(metric);
         return std::lround(ToTwips(screen, dpi_) - size) / 2;
     };
-    const TwipsRect place = {static_cast<double>(middle(SM_CXSCREEN, width)),
-                             static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
-    // A form that has kept its size while it loaded is there already.
-    if (place != place_)
-        Move(place);
+    const TwipsRect rect = {static_cast<double>(middle(SM_CXSCREEN, width)),
+                            static_cast<double>(middle(SM_CYSCREEN, height)), width, height};
+    // A form whose size has not changed since Load is centred already.
+    if (rect != rect_)
+        Move(rect);
 }
 
 void Form::SetRightToLeft(bool rightToLeft) {
@@ -230,12 +230,12 @@ void Form::SetRightToLeft(bool rightToLeft) {
 void Form::SetFrameEnabled(Control& frame, bool enabled) {
     frame.SetEnabled(enabled);
     for (const auto& control : controls_)
-        if (control.get() != &frame && frame.Place().Contains(control->Place()))
+        if (control.get() != &frame && frame.Rect().Contains(control->Rect()))
             control->SetEnabled(enabled);
 }
 
 void Form::Repaint() {
-    // Without a window the call would repaint the whole desktop.
+    // InvalidateRect of a null window repaints the whole desktop.
     if (window_ && IsWindowVisible(window_))
         InvalidateRect(window_, nullptr, TRUE);
 }
@@ -246,7 +246,7 @@ void Form::AddToolTip(HWND control, const wchar_t* text) {
             CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0,
                             0, 0, window_, nullptr, ModuleInstance(), nullptr);
     TOOLINFOW tool = {};
-    // The size without the last member is what every version of the common controls accepts.
+    // The size without the last member, which every version of the common controls accepts.
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = window_;
@@ -320,7 +320,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Form::OnCommand(int id, int notification) {
-    // Escape reaches a dialog as this command, from a control that need not exist.
+    // Escape comes as this command, whether or not there is a control with this identifier.
     if (id == IDCANCEL) {
         if (const Control* cancel = CancelButton(); cancel && cancel->Enabled())
             Fire(cancel->onClick);
@@ -350,7 +350,7 @@ void Form::OnCommand(int id, int notification) {
             Fire(control.onLostFocus);
         break;
     default:
-        // Enter presses the default button through its identifier even while it is disabled.
+        // Enter sends the default button's command even while the button is disabled.
         if (notification == BN_CLICKED && control.Enabled())
             Fire(control.onClick);
         break;
@@ -373,13 +373,13 @@ void Form::FollowEdges() {
     const double higher = ToTwips(client.bottom, dpi_) - spec_.client.height;
     for (size_t i = 0; i < controls_.size(); ++i) {
         const unsigned flags = controls_[i]->Flags();
-        TwipsRect place = spec_.controls[i].place;
-        place.left += flags & kMoveRight ? wider : 0;
-        place.top += flags & kMoveDown ? higher : 0;
-        place.width += flags & kGrowRight ? wider : 0;
-        place.height += flags & kGrowDown ? higher : 0;
+        TwipsRect rect = spec_.controls[i].rect;
+        rect.left += flags & kMoveRight ? wider : 0;
+        rect.top += flags & kMoveDown ? higher : 0;
+        rect.width += flags & kGrowRight ? wider : 0;
+        rect.height += flags & kGrowDown ? higher : 0;
         if (flags & (kMoveRight | kMoveDown | kGrowRight | kGrowDown))
-            controls_[i]->Move(place);
+            controls_[i]->Move(rect);
     }
 }
 

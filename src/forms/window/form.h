@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A modal form: a window laid out from a table, whose behaviour is a handful of handlers. The
-// window is a dialog of the platform, which moves the focus, finds the letters behind Alt and keeps
-// the default button.
+// window is a Windows dialog (DefDlgProc), which moves the focus, handles Alt and a letter and
+// keeps the default button.
 #pragma once
 
 #include <windows.h>
@@ -44,11 +44,10 @@ public:
     // By its place in the table; FormOf knows the places by name.
     Control& At(size_t index);
 
-    // Outer size and place.
-    double Width() const { return place_.width; }
-    double Height() const { return place_.height; }
-    const TwipsRect& Place() const { return place_; }
-    void Move(const TwipsRect& place);
+    // Outer size.
+    double Width() const { return rect_.width; }
+    double Height() const { return rect_.height; }
+    void Move(const TwipsRect& rect);
     void Centre() { Centre(Width(), Height()); }
     // Takes the size at once.
     void Centre(double width, double height);
@@ -76,7 +75,7 @@ protected:
     virtual bool OnKeyDown(const Control&, WPARAM) { return false; }
     virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // Ends the form with the error now being handled: ShowModal raises it to the form's opener.
+    // Ends the form with the error now being handled: ShowModal throws it to the form's opener.
     void Fail();
 
 private:
@@ -107,7 +106,7 @@ private:
     HWND toolTips_ = nullptr;
     int dpi_ = USER_DEFAULT_SCREEN_DPI;
     std::wstring caption_;
-    TwipsRect place_;
+    TwipsRect rect_;
     std::vector<std::unique_ptr<Control>> controls_;
     // The designed outer size, below which a sizable form does not go.
     SIZE least_ = {};

@@ -10,7 +10,7 @@ namespace {
 
 int formUsers_;
 
-// A dialog template without controls, naming the class in place of the platform's.
+// A DLGTEMPLATE without controls that names our window class.
 struct EmptyTemplate {
     DLGTEMPLATE header;
     WORD menu;

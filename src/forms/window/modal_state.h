@@ -12,7 +12,8 @@ namespace vndesk {
 class ModalState {
 public:
     explicit ModalState(HWND form);
-    // Before the form's window goes, or the platform activates a window of another program.
+    // To be destroyed before the form's window: with all others disabled, Windows would activate
+    // another program.
     ~ModalState();
     ModalState(const ModalState&) = delete;
     ModalState& operator=(const ModalState&) = delete;

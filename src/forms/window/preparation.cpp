@@ -25,7 +25,7 @@ void ConvertControl(Control& control) {
         if (!Contains(type, captioned))
             continue;
         const std::wstring design = control.Caption();
-        std::wstring caption = ToUncText(design, 0);
+        std::wstring caption = ToUncText(design, kToUnicode);
         const std::wstring& font = control.FontOf().name;
         if (font.ends_with(L'H') || (Contains(name, L"TITLE") && type == L"LABELW"))
             caption = UpperCase(caption);
@@ -48,6 +48,8 @@ void SetHouseFont(Control& control) {
 
 void PrepareForm(Form& form) {
     form.Centre();
+    if (DefaultFontName().empty())
+        SetDefaultFontName(kHouseFont);
     // The house font is applied whatever default the host has set; that default is only remembered.
     for (const auto& control : form.Controls())
         Trap([&] { SetHouseFont(*control); });
@@ -62,12 +64,11 @@ void ConvertFormControls(Form& form) {
 }
 
 void ConvertFormCaption(Form& form) {
-    Trap([&] { SetWindowTextUnicode(form.Window(), ToUncText(form.Caption(), 0)); });
+    Trap([&] { SetWindowTextUnicode(form.Window(), ToUncText(form.Caption(), kToUnicode)); });
 }
 
 void SetWindowTextUnicode(HWND window, const std::wstring& text) {
-    // Straight to the default procedure: a window made by an ANSI host would lose the letters on
-    // the way.
+    // DefWindowProcW, not SetWindowText: the window procedure of an ANSI host would lose letters.
     DefWindowProcW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 

@@ -18,12 +18,12 @@ namespace vndesk {
 namespace {
 
 constexpr wchar_t kRoutine[] = L" ConvertMenu";
-// Menus in menus; each of them takes room on the stack.
+// How deep submenus are followed; each level takes room on the stack.
 constexpr int kDeepest = 32;
-// How many items are remembered that their hosts took out of their menus.
-constexpr std::size_t kMostRemoved = 100;
+// How many items that hosts have taken out of their menus are remembered.
+constexpr std::size_t kMaxRemoved = 100;
 
-// What a host may change of an item's type after its conversion.
+// Type flags that a conversion sets. The others are the host's, also after it.
 constexpr UINT kOurTypes = MFT_OWNERDRAW | MFT_SEPARATOR;
 
 // The type that the host gave the item or changed it to.
@@ -32,20 +32,21 @@ UINT HostType(const CMyItemData& data, const MenuItem& item) {
                              : item.type;
 }
 
-// What the host has in an item, or wrote over our number. Where it carried a number from another
-// item over, it means the data that it keeps there.
+// The host's own data of an item. Our number stands for the data that the host had there, also
+// where the host has copied the number from another item; anything else is the host's.
 ULONG_PTR HostData(const MenuItem& item) {
     const CMyItemData* from = CurrentMenuModule()->items.Item(item.data);
     return from ? from->original.data : item.data;
 }
 
-// Whether the item's caption is not the one that it got at its conversion. Some versions of
-// Windows do not tell the captions of owner-drawn items.
+// Whether the caption has changed since the conversion. Some versions of Windows return no captions
+// of owner-drawn items.
 bool HasNewCaption(const CMyItemData& data, const MenuItem& item) {
     return item.caption != data.sMenuText && !(item.OwnerDrawn() && item.caption.empty());
 }
 
-// Pictures are the platform's, such as the buttons of a maximised child.
+// Items with a bitmap for a caption stay with Windows, such as the buttons of a maximised MDI
+// child.
 bool IsPicture(const CMyItemData* data, const MenuItem& item) {
     return (item.type & MFT_BITMAP) != 0 ||
            (item.bitmap && item.caption.empty() && !item.Separator() &&
@@ -86,7 +87,7 @@ CMyItemData& NewItem(HMENU menu, UINT position, const MenuItem& item, const CMyI
 }
 
 void Restore(const CMyItemData& data, const MenuItem& item) {
-    // What the host wrote meanwhile stays.
+    // A caption that the host wrote meanwhile stays.
     if (!HasNewCaption(data, item) && data.sMenuText != data.original.caption)
         WriteItemCaption(data.menu, data.position, data.original.caption);
     const UINT type = HostType(data, item);
@@ -94,7 +95,7 @@ void Restore(const CMyItemData& data, const MenuItem& item) {
         WriteItemData(data.menu, data.position, HostData(item));
     else
         WriteItemType(data.menu, data.position, type, HostData(item));
-    // The platform disables what becomes a separator.
+    // SetMenuItemInfo disables an item that becomes a separator.
     if (data.captionedSeparator && !(type & MFT_SEPARATOR))
         WriteItemState(data.menu, data.position, data.original.state);
 }
@@ -135,14 +136,14 @@ CMyItemData* ConvertItem(HMENU menu, UINT position, const MenuItem& item, bool m
             items.Remove(data->number);
         return nullptr;
     }
-    // Screen readers read the item's own caption: without the marks.
+    // Screen readers read the item's own caption, so it goes without the marks.
     if (!item.caption.empty() && item.caption != data->sMenuText)
         WriteItemCaption(menu, position, data->sMenuText);
     return data;
 }
 
-// Items that are not in their menu any more are kept for a while: hosts hide items by taking them
-// out, and put them elsewhere.
+// Items that have left their menu are remembered for a while: hosts take items out to hide them, or
+// to put them elsewhere.
 void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen,
                  const std::vector<MenuItem>& now) {
     std::vector<ULONG_PTR> present;
@@ -161,7 +162,7 @@ void NoteMissing(MenuModule& module, HMENU menu, const SeenMenu& seen,
 }
 
 void ForgetOldest(MenuModule& module) {
-    for (; module.removed.size() > kMostRemoved; module.removed.pop_front()) {
+    for (; module.removed.size() > kMaxRemoved; module.removed.pop_front()) {
         const CMyItemData* oldest = module.items.Item(module.removed.front());
         if (oldest && oldest->gone)
             module.items.Remove(oldest->number);
@@ -179,7 +180,7 @@ void ForgetDeadMenus(MenuModule& module, WndCoolMenu& window) {
     });
 }
 
-// The platform keeps the size of an item until its type is written.
+// Windows keeps the size of an item until SetMenuItemInfo writes its type.
 void Touch(HMENU menu) {
     for (int i = GetMenuItemCount(menu) - 1; i >= 0; --i) {
         MenuItem item;

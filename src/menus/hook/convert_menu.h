@@ -14,7 +14,7 @@ namespace vndesk {
 // came, went or changed meanwhile.
 void ConvertMenu(WndCoolMenu& window, HMENU menu, bool menuBar);
 
-// Makes the platform measure every item of a window anew.
+// Makes Windows send WM_MEASUREITEM anew for every item of a window.
 void TouchMenus(WndCoolMenu& window);
 
 // Gives the items of one menu, or of all menus of a window, back the type, data and caption that

@@ -27,7 +27,7 @@ bool InstallMenus(HWND window, MenuHelp help, ImageSource images) {
         return false;
     MenuModule& module = EnsureMenuModule();
     const auto entry = std::make_shared<WndCoolMenu>(window);
-    // The hook finds the first entry of a window that is installed twice.
+    // If the window is installed already, the hook goes on with the first entry.
     entry->Hook = MenuWindowProc;
     entry->PrevProc = PutHook(window);
     entry->SetSystemSelection(GetSysColor(COLOR_HIGHLIGHT));

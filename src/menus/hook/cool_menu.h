@@ -9,14 +9,14 @@
 
 namespace vndesk {
 
-// False for a handle that is no window of this process. A window that is installed already raises
-// the duplicate-key error.
+// False for a handle that is no window of the calling thread. Throws the duplicate-key error for a
+// window that is installed already.
 bool InstallMenus(HWND window, MenuHelp help, ImageSource images);
 
 // Gives the window back as it was. A window that is not installed is left alone.
 void UninstallMenus(HWND window);
 
-// An MDI child came with a menu of its own: its frame is told to look.
+// For an MDI child with a menu of its own: converts the menu that its frame has now.
 void WatchChildMenu(HWND child);
 
 // After a change of fonts: every item is measured anew.

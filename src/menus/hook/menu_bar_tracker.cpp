@@ -22,8 +22,8 @@ int ItemUnderMouse(const WndCoolMenu& window, HMENU bar) {
     return MenuItemFromPoint(window.hWnd, bar, mouse);
 }
 
-// The item's place in the window's own device context.
-Box PlaceInWindow(HWND window, const RECT& item) {
+// The item's box in the window's own device context.
+Box BoxInWindow(HWND window, const RECT& item) {
     RECT outer;
     GetWindowRect(window, &outer);
     const bool mirrored = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
@@ -33,8 +33,8 @@ Box PlaceInWindow(HWND window, const RECT& item) {
 
 void PaintBarItem(WndCoolMenu& window, HMENU bar, int index, bool hovered) {
     const CMyItemData* data = OurDrawnItem(bar, static_cast<UINT>(index));
-    RECT place;
-    if (!data || !GetMenuItemRect(window.hWnd, bar, static_cast<UINT>(index), &place))
+    RECT rect;
+    if (!data || !GetMenuItemRect(window.hWnd, bar, static_cast<UINT>(index), &rect))
         return;
     const UINT menuState = GetMenuState(bar, static_cast<UINT>(index), MF_BYPOSITION);
     ItemState state;
@@ -44,7 +44,7 @@ void PaintBarItem(WndCoolMenu& window, HMENU bar, int index, bool hovered) {
     state.disabled = (menuState & (MF_GRAYED | MF_DISABLED)) != 0;
     state.hideMnemonics = (SendMessageW(window.hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0;
     const HDC dc = GetWindowDC(window.hWnd);
-    PaintItem(dc, PlaceInWindow(window.hWnd, place), window, *data, state);
+    PaintItem(dc, BoxInWindow(window.hWnd, rect), window, *data, state);
     ReleaseDC(window.hWnd, dc);
 }
 

@@ -8,7 +8,7 @@
 
 namespace vndesk {
 
-// For a mouse message that is no message: the mouse was only looked for.
+// In place of a mouse message when there is none: only the position counts.
 constexpr UINT kNoMouseMessage = static_cast<UINT>(-1);
 
 void TrackMenuBar(WndCoolMenu& window, UINT mouseMessage);

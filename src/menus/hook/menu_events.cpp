@@ -29,8 +29,7 @@ ItemState StateOf(const CMyItemData& data, UINT state) {
     return result;
 }
 
-// The item that WM_MENUSELECT means: popups by position, others by command, which another menu may
-// have too.
+// The item that WM_MENUSELECT means: it names popups by position, others by command.
 const CMyItemData* SelectedItem(HMENU menu, UINT item, bool popup) {
     if (popup)
         return OurDrawnItem(menu, item);
@@ -93,7 +92,7 @@ bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn) {
     if (!data)
         return false;
     PaintItem(drawn.hDC, ToBox(drawn.rcItem), window, *data, StateOf(*data, drawn.itemState));
-    // The platform would draw its own submenu arrow over ours.
+    // Outside the clip region, Windows cannot draw its own submenu arrow over ours.
     ExcludeClipRect(drawn.hDC, drawn.rcItem.left, drawn.rcItem.top, drawn.rcItem.right,
                     drawn.rcItem.bottom);
     return true;
@@ -132,10 +131,10 @@ void OnMenuSelect(WndCoolMenu& window, UINT item, UINT flags, HMENU menu) {
     const CMyItemData* data = SelectedItem(menu, item, (flags & MF_POPUP) != 0);
     if (!data || !window.HelpObj)
         return;
-    // Copies: the host may uninstall the window while it is told.
+    // Copies: the host may uninstall the window during the call.
     const std::wstring text = data->sMenuText, help = data->sMenuHelp;
-    const MenuHelp tell = window.HelpObj;
-    tell(text, help, !(flags & (MF_GRAYED | MF_DISABLED)));
+    const MenuHelp fire = window.HelpObj;
+    fire(text, help, !(flags & (MF_GRAYED | MF_DISABLED)));
 }
 
 LRESULT OnMenuChar(wchar_t letter, HMENU menu) {
@@ -153,7 +152,7 @@ void OnPositionChanged(WndCoolMenu& window) {
     window.SCMainMenu = reinterpret_cast<LONG_PTR>(menu);
     const bool isNew = !window.HasMenuHead(menu);
     ConvertMenu(window, menu, true);
-    // The bar has been laid out before its items were ours.
+    // Windows laid the bar out before its items were ours.
     if (isNew)
         DrawMenuBar(window.hWnd);
 }

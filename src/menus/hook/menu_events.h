@@ -8,7 +8,7 @@
 
 namespace vndesk {
 
-// Both tell whether the item is one of ours.
+// Both return whether the item is one of ours.
 bool OnMeasureItem(WndCoolMenu& window, MEASUREITEMSTRUCT& measured);
 bool OnDrawItem(WndCoolMenu& window, const DRAWITEMSTRUCT& drawn);
 

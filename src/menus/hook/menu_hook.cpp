@@ -23,7 +23,7 @@ struct Message {
 
 constexpr wchar_t kRoutine[] = L" WindowProc";
 
-// Windows of the ANSI kind are told letters of the code page.
+// ANSI windows get letters of the code page.
 wchar_t LetterOf(HWND window, WPARAM wParam) {
     if (IsWindowUnicode(window))
         return LOWORD(wParam);
@@ -56,7 +56,7 @@ bool Handle(WndCoolMenu& entry, const Message& message, LRESULT& answer) {
     case WM_NCMOUSELEAVE:
         LeaveMenuBar(entry);
         return false;
-    case WM_NCACTIVATE: // the platform draws the whole bar
+    case WM_NCACTIVATE: // Windows draws the whole bar
         entry.hoveredItem = WndCoolMenu::kNoItem;
         return false;
     case WM_DRAWITEM:

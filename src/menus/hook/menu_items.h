@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading and writing the items of a platform menu.
+// Reading and writing menu items (GetMenuItemInfo, SetMenuItemInfo).
 #pragma once
 
 #include <windows.h>

@@ -63,7 +63,7 @@ bool IsInItsMenu(CMyItemData& data) {
 CMyItemData* ByNumber(HMENU menu, UINT position, const MenuItem& item, CMyItemData& data) {
     if (!data.gone && data.menu == menu) {
         const bool here = data.position == position, sameCommand = data.id == item.id;
-        // Elsewhere it is where others have been put before it since.
+        // It has moved if other items have been put before it.
         if (here ? sameCommand || HasCaptionOf(data, menu, position)
                  : sameCommand && HasCaptionOf(data, menu, position) && !StandsThere(data)) {
             SeenAt(data, menu, position, item.id);
@@ -96,7 +96,7 @@ CMyItemData* ByLikeness(MenuModule& module, HMENU menu, UINT position, const Men
         if (*caption != data->sMenuText ||
             (caption->empty() && !(separators && data->position == position)) || IsInItsMenu(*data))
             continue;
-        // It is still gone by its number, until that stands in it again.
+        // `gone` stays: the item has no number of ours until the next conversion.
         data->position = position;
         return data;
     }
@@ -115,7 +115,7 @@ CMyItemData* FindIn(HMENU menu, UINT id, ULONG_PTR data) {
     return nullptr;
 }
 
-// In the menus of a window where the number alone does not tell it.
+// Searches the menus of a window where the number alone does not decide.
 CMyItemData* Search(const WndCoolMenu& window, HMENU bar, UINT id, ULONG_PTR number, bool known) {
     if (CMyItemData* found = FindIn(bar, id, number))
         return found;

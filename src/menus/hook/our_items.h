@@ -22,8 +22,8 @@ CMyItemData* OurItem(HMENU menu, UINT position, const MenuItem& item);
 // since.
 CMyItemData* OurDrawnItem(HMENU menu, UINT position);
 
-// For messages, which tell the command and the data of an item but not its position; WM_MEASUREITEM
-// does not tell the menu either, and is given none.
+// For messages, which have the command and the data of an item but not its position. WM_MEASUREITEM
+// does not name the menu either: `menu` is null there.
 CMyItemData* OurDrawnItem(const WndCoolMenu& window, HMENU menu, UINT id, ULONG_PTR data);
 
 // Whether the host made the item after one of ours, with all that it read from it.

@@ -11,11 +11,11 @@ namespace vndesk {
 
 namespace {
 
-// Kept with the window itself, because it may outlive everything else that is known of it.
+// Window properties, because they must outlive everything else that is known of the window.
 constexpr wchar_t kPrevious[] = L"VnDesk menu procedure";
 constexpr wchar_t kHold[] = L"VnDesk menu hold";
 
-// Its address marks the question, which is a message that nobody minds.
+// Its address marks the question "are you called?", sent as WM_NULL, which no window handles.
 const char probe = 0;
 
 WPARAM ProbeMark() {

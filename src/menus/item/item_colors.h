@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which colours a menu item is drawn in. Colours are the platform's 0x00BBGGRR numbers.
+// Which colours a menu item is drawn in. Colours are COLORREF numbers, 0x00BBGGRR.
 #pragma once
 
 #include <cstdint>
@@ -55,7 +55,7 @@ struct EmbossColors {
 };
 EmbossColors SeparatorColors(const SystemColors& system);
 
-// A colour between two, for pictures that are there but not to be used.
+// The colour between two, for disabled pictures.
 Color Blend(Color one, Color other);
 
 } // namespace vndesk

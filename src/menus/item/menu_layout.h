@@ -27,7 +27,7 @@ struct MenuMetrics {
     int imageSize = 16; // of the picture beside an item
     int dpi = 96;       // gaps are given for 96 and grow with it
     int minimumHeight = 0;
-    int checkWidth = 0; // what the platform adds to every popup item
+    int checkWidth = 0; // what Windows adds to every popup item
     int extraWidth = 0;
 };
 

@@ -6,7 +6,8 @@
 
 #include <string_view>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
+#include "forms/look/device_context.h"
 #include "menus/item/item_colors.h"
 #include "menus/item/menu_layout.h"
 

@@ -136,8 +136,8 @@ void PaintImageColumn(const Painting& paint) {
                  paint.fonts);
 }
 
-// The menu bar has the platform's height, whatever its font: a font that is too high is made to
-// fit.
+// Windows gives the menu bar its height (SM_CYMENU), whatever the font: a font that is too high is
+// made smaller.
 UniqueFont FittedFont(HDC dc, int height) {
     TEXTMETRICW metrics;
     LOGFONTW font;

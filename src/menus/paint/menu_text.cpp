@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "forms/look/device_context.h"
 #include "menus/state/menu_module.h"
 
 namespace vndesk {
@@ -37,8 +38,8 @@ bool IsDefaultItem(const CMyItemData& data) {
 HFONT FontOf(WndCoolMenu& window, const CMyItemData& data, bool isDefault) {
     const MenuFonts& fonts = window.Fonts();
     if (data.fType & MFT_SEPARATOR)
-        return fonts.separator.get();
-    return isDefault ? fonts.defaultItem.get() : fonts.item.get();
+        return window.MenuFontSep();
+    return isDefault ? fonts.defaultItem.get() : window.MenuFont();
 }
 
 Extent CaptionExtent(WndCoolMenu& window, const CMyItemData& data) {

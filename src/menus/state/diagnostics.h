@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The hook suppresses its errors; whoever debugs a host sees them.
+// The hook suppresses its errors and writes them to the debugger.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 namespace vndesk {
 
-// The system's message for an error and the name of the routine, on the debugger's output.
+// Writes the system's message for an error and the routine's name to the debugger.
 inline void Diagnose(const ErrorState& error, const wchar_t* routine) {
     Trap([&] { OutputDebugStringW((error.description + routine + L"\n").c_str()); });
 }

@@ -15,7 +15,7 @@ namespace vndesk {
 class ImageSource {
 public:
     ImageSource() = default;
-    // An object with the property hImageList, a number, or nothing. Raises a type mismatch for
+    // An object with the property hImageList, a number, or nothing. Throws a type mismatch for
     // anything else.
     explicit ImageSource(const VARIANT& value);
 

@@ -46,15 +46,15 @@ class CMyItemDatas {
 public:
     using Map = std::unordered_map<ULONG_PTR, std::unique_ptr<CMyItemData>>;
 
-    // A key that is there already raises the duplicate-key error.
+    // Throws the duplicate-key error for a key that is there already.
     CMyItemData& Add(ULONG_PTR key);
     // Null when there is none.
     CMyItemData* Item(ULONG_PTR key) const;
     long Count() const { return static_cast<long>(items_.size()); }
     void Remove(ULONG_PTR key) { items_.erase(key); }
 
-    // Given once in the life of the process, and far from the counters that hosts keep in their
-    // items: WM_MEASUREITEM tells nothing else of an item but its command.
+    // Each number is given once in the life of the process. They begin far above the counters that
+    // hosts keep in their items: WM_MEASUREITEM has only the data and the command of an item.
     static ULONG_PTR NextNumber();
 
     Map::const_iterator begin() const { return items_.begin(); }

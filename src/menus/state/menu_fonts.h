@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 
 namespace vndesk {
 
@@ -15,8 +15,8 @@ struct MenuFonts {
     UniqueFont defaultItem; // the same in bold
     UniqueFont separator;   // captions of separators: a little smaller
     int dpi = 0;
-    // The platform's sizes at that resolution. It makes a font to tell the second, which takes as
-    // long as drawing ten items.
+    // SM_CYMENU and SM_CXMENUCHECK at that resolution. GetSystemMetricsForDpi makes a font for the
+    // second, which takes as long as drawing ten items.
     int barHeight = 0;
     int checkWidth = 0;
 };

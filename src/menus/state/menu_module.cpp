@@ -11,14 +11,14 @@ namespace vndesk {
 
 namespace {
 
-// The slot in which each thread has its own; taken while there is one. The platform calls when a
-// thread ends that has something in it.
+// The fibre-local slot with the module of each thread, allocated while there is a module. Windows
+// calls ReleaseAtThreadEnd when a thread ends that has one.
 SRWLOCK lock_ = SRWLOCK_INIT;
 DWORD slot_ = FLS_OUT_OF_INDEXES;
 long modules_ = 0;
 
-// A process may end with windows installed, and nothing may run for them then: what their hosts
-// gave may be gone.
+// A process may end with windows installed. Nothing may run for them then: the objects that their
+// hosts gave may be gone.
 bool ProcessEnds() {
     const auto ask = reinterpret_cast<BOOLEAN(WINAPI*)()>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress")));
@@ -30,11 +30,11 @@ void WINAPI ReleaseAtThreadEnd(void* value) {
         return;
     const std::unique_ptr<MenuModule> module(static_cast<MenuModule*>(value));
     {
-        // The slot stays, because the platform may be at it now; the next thread finds it.
+        // The slot stays for the next thread: Windows may be working on it now.
         const Writing writing(lock_);
         --modules_;
     }
-    // Nobody but the platform can still send to its windows.
+    // Only Windows itself still sends messages to these windows.
     for (const auto& [window, entry] : module->windows)
         if (WindowProcedureOf(window) == entry->Hook)
             SetWindowProcedure(window, entry->PrevProc);
@@ -77,7 +77,7 @@ void ReleaseUnusedMenuModule() {
         if (--modules_ == 0)
             unusedSlot = std::exchange(slot_, FLS_OUT_OF_INDEXES);
     }
-    // Outside the lock: the platform may wait for a thread that is about to take it.
+    // Outside the lock: FlsFree may wait for a callback that is about to take it.
     if (unusedSlot != FLS_OUT_OF_INDEXES)
         FlsFree(unusedSlot);
 }

@@ -25,7 +25,7 @@ struct SeenMenu {
         UINT id;
     };
     std::vector<Item> items;    // those that are ours
-    HWND measuredFor = nullptr; // the platform keeps the sizes of items
+    HWND measuredFor = nullptr; // Windows keeps the sizes of items
 };
 
 struct MenuModule {

@@ -5,7 +5,7 @@ namespace vndesk {
 
 namespace {
 
-// Functions that Windows 7 does not have yet.
+// For functions that Windows 7 lacks.
 template <class Function> Function* UserFunction(const char* name) {
     return reinterpret_cast<Function*>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));

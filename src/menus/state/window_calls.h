@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Small questions to the platform about a window: its procedure in the window's own character set,
-// its resolution, system metrics at that resolution.
+// Small calls about a window: its procedure in the window's own character set, its resolution,
+// system metrics at that resolution.
 #pragma once
 
 #include <windows.h>
 
 namespace vndesk {
 
-// Windows that were registered with the ANSI functions are spoken to with these, so that nobody
-// converts the texts in their messages.
+// They use the A functions for windows of an ANSI class, so that the texts in their messages are
+// not converted.
 WNDPROC WindowProcedureOf(HWND window);
 void SetWindowProcedure(HWND window, WNDPROC procedure);
 LRESULT Forward(HWND window, WNDPROC procedure, UINT message, WPARAM wParam, LPARAM lParam);

@@ -3,7 +3,7 @@
 
 #include <iterator>
 
-#include "text/fixed_texts.h"
+#include "msgbox/text/captions.h"
 
 namespace vndesk {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "msgbox/text/return_codes.h"
 
-#include "text/fixed_texts.h"
+#include "msgbox/text/captions.h"
 
 namespace vndesk {
 

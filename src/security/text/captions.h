@@ -1,40 +1,65 @@
 // SPDX-License-Identifier: MIT
-// Captions of the administration forms, in TCVN3; what they read on the screen stands beside them.
+// Captions and messages of the administration forms.
 #pragma once
+
+#include "text/tcvn3_literal.h"
 
 namespace vndesk::texts {
 
-inline constexpr wchar_t kUserEditorTitle[] =
-    L"Th«ng tin ng\u00ADêi sö dông"; // Thông tin người sử dụng
-inline constexpr wchar_t kUserEditorName[] = L"&Tªn ng\u00ADêi sö dông"; // &Tên người sử dụng
-inline constexpr wchar_t kUserEditorDescription[] = L"&DiÔn gi¶i";       // &Diễn giải
-inline constexpr wchar_t kUserEditorGroup[] = L"&Bé phËn";               // &Bộ phận
-inline constexpr wchar_t kUserEditorPassword[] = L"&MËt khÈu";           // &Mật khẩu
-inline constexpr wchar_t kUserEditorConfirm[] = L"&NhËp l¹i mËt khÈu"; // &Nhập lại mật khẩu
-inline constexpr wchar_t kUserEditorOk[] = L"§ån&g ý";                 // Đồn&g ý
-inline constexpr wchar_t kUserEditorCancel[] = L"Bá &qua";             // Bỏ &qua
-inline constexpr wchar_t kGroupManagerTitle[] = L"Nhãm ng\u00ADêi sö dông"; // Nhóm người sử dụng
-inline constexpr wchar_t kGroupManagerGroups[] = L"Danh &s¸ch nhãm";        // Danh &sách nhóm
-inline constexpr wchar_t kGroupManagerDetail[] = L"Chi tiÕt";               // Chi tiết
-inline constexpr wchar_t kGroupManagerName[] = L"&Tªn nhãm";                // &Tên nhóm
-inline constexpr wchar_t kGroupManagerDescription[] = L"&DiÔn gi¶i";        // &Diễn giải
-inline constexpr wchar_t kGroupManagerUsers[] =
-    L"&Ng\u00ADêi sö dông trong nhãm";                         // &Người sử dụng trong nhóm
-inline constexpr wchar_t kGroupManagerWrite[] = L"&Ghi";       // &Ghi
-inline constexpr wchar_t kGroupManagerDelete[] = L"&Xo¸";      // &Xoá
-inline constexpr wchar_t kGroupManagerRights[] = L"&QuyÒn..."; // &Quyền...
-inline constexpr wchar_t kGroupManagerExit[] = L"Th&o¸t";      // Th&oát
-inline constexpr wchar_t kPermissionFormTitle[] = L"Ph©n quyÒn"; // Phân quyền
-inline constexpr wchar_t kPermissionBars[] = L"&Thùc ®¬n";       // &Thực đơn
-inline constexpr wchar_t kPermissionCommands[] =
-    L"&Chøc n¨ng ®\u00ADîc phÐp";                          // &Chức năng được phép
-inline constexpr wchar_t kPermissionOk[] = L"§ån&g ý";     // Đồn&g ý
-inline constexpr wchar_t kPermissionCancel[] = L"Bá &qua"; // Bỏ &qua
-inline constexpr wchar_t kUserListTitle[] =
-    L"Danh s¸ch ng\u00ADêi sö dông";                   // Danh sách người sử dụng
-inline constexpr wchar_t kUserListAdd[] = L"T&hªm..."; // T&hêm...
-inline constexpr wchar_t kUserListEdit[] = L"&Söa..."; // &Sửa...
-inline constexpr wchar_t kUserListDelete[] = L"&Xo¸";  // &Xoá
-inline constexpr wchar_t kUserListExit[] = L"Th&o¸t";  // Th&oát
+// User editor.
+inline constexpr auto kUserEditorTitle = L"Thông tin người sử dụng"_tcvn3;
+inline constexpr auto kUserEditorName = L"&Tên người sử dụng"_tcvn3;
+inline constexpr auto kUserEditorDescription = L"&Diễn giải"_tcvn3;
+inline constexpr auto kUserEditorGroup = L"&Bộ phận"_tcvn3;
+inline constexpr auto kUserEditorPassword = L"&Mật khẩu"_tcvn3;
+inline constexpr auto kUserEditorConfirm = L"&Nhập lại mật khẩu"_tcvn3;
+inline constexpr auto kUserEditorOk = L"Đồn&g ý"_tcvn3;
+inline constexpr auto kUserEditorCancel = L"Bỏ &qua"_tcvn3;
+inline constexpr auto kUserNoGroup = L"Bạn chưa chọn bộ phận."_tcvn3;
+inline constexpr auto kUserExists = L"Người sử dụng đã tồn tại"_tcvn3;
+inline constexpr auto kUserBadPassword = L"Mật khẩu không hợp lệ"_tcvn3;
+inline constexpr auto kUserNotWritten =
+    L"Không ghi hay xoá được: tên hoặc diễn giải có dấu nháy đơn (')."_tcvn3;
+
+// Group manager.
+inline constexpr auto kGroupManagerTitle = L"Nhóm người sử dụng"_tcvn3;
+inline constexpr auto kGroupManagerGroups = L"Danh &sách nhóm"_tcvn3;
+inline constexpr auto kGroupManagerDetail = L"Chi tiết"_tcvn3;
+inline constexpr auto kGroupManagerName = L"&Tên nhóm"_tcvn3;
+inline constexpr auto kGroupManagerDescription = L"&Diễn giải"_tcvn3;
+inline constexpr auto kGroupManagerUsers = L"&Người sử dụng trong nhóm"_tcvn3;
+inline constexpr auto kGroupManagerWrite = L"&Ghi"_tcvn3;
+inline constexpr auto kGroupManagerDelete = L"&Xoá"_tcvn3;
+inline constexpr auto kGroupManagerRights = L"&Quyền..."_tcvn3;
+inline constexpr auto kGroupManagerExit = L"Th&oát"_tcvn3;
+inline constexpr auto kGroupCancelAdding = L"&Huỷ thêm"_tcvn3;
+inline constexpr auto kGroupAdd = L"T&hêm"_tcvn3;
+inline constexpr auto kGroupNotAdded = L"Không thể thêm dữ liệu vào bảng"_tcvn3;
+inline constexpr auto kGroupNotWritten = L"Không thể ghi dữ liệu vào bảng"_tcvn3;
+inline constexpr auto kGroupConfirmDelete = L"Bạn có chắc chắn xoá các nhóm đã chọn không?"_tcvn3;
+inline constexpr auto kGroupsDeleted = L" danh mục đã bị xoá"_tcvn3;
+
+// Permission form.
+inline constexpr auto kPermissionFormTitle = L"Phân quyền"_tcvn3;
+inline constexpr auto kPermissionBars = L"&Thực đơn"_tcvn3;
+inline constexpr auto kPermissionCommands = L"&Chức năng được phép"_tcvn3;
+inline constexpr auto kPermissionOk = L"Đồn&g ý"_tcvn3;
+inline constexpr auto kPermissionCancel = L"Bỏ &qua"_tcvn3;
+inline constexpr auto kPermissionGroupIs = L"Tên nhóm là:"_tcvn3;
+
+// User list.
+inline constexpr auto kUserListTitle = L"Danh sách người sử dụng"_tcvn3;
+inline constexpr auto kUserListAdd = L"T&hêm..."_tcvn3;
+inline constexpr auto kUserListEdit = L"&Sửa..."_tcvn3;
+inline constexpr auto kUserListDelete = L"&Xoá"_tcvn3;
+inline constexpr auto kUserListExit = L"Th&oát"_tcvn3;
+inline constexpr auto kUserListName = L"Tên"_tcvn3;
+inline constexpr auto kUserListDescription = L"Diễn giải"_tcvn3;
+inline constexpr auto kUserListCode = L"Mã số"_tcvn3;
+inline constexpr auto kUserListNoDelete =
+    L"Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."_tcvn3;
+inline constexpr auto kUserListConfirmDelete = L"Bạn chắc chắn xoá người sử dụng này"_tcvn3;
+inline constexpr auto kUserListLastUser =
+    L"Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"_tcvn3;
 
 } // namespace vndesk::texts

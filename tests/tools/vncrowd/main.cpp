@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "reliability/dice.h"
-#include "reliability/walker.h"
+#include "support/dice.h"
+#include "support/forms/walker.h"
 #include "support/text.h"
 
 namespace {
@@ -92,7 +92,7 @@ private:
     static bool Confirm(Walker& walker, HWND editor) {
         const bool closed = walker.Closes(editor, L"CmdOk");
         const Lines told = walker.TakeTold();
-        EXPECT_EQ(told, closed ? Lines() : Lines{L"Người sử dụng đã tồn tại"});
+        EXPECT_EQ(closed ? Lines() : Lines{L"Người sử dụng đã tồn tại"}, told);
         if (!closed)
             walker.Leave(editor, L"CMDCAN");
         return closed;
@@ -146,7 +146,7 @@ private:
             SelectRow(list, L"Lv", RowWith(list, L"Lv", 0, ownUser_));
             const ULONGLONG begin = GetTickCount64();
             walker.Do(list, L"CmdDel");
-            EXPECT_EQ(walker.TakeTold(), Lines{L"Bạn chắc chắn xoá người sử dụng này"});
+            EXPECT_EQ(Lines{L"Bạn chắc chắn xoá người sử dụng này"}, walker.TakeTold());
             Log(begin, L"delete user", ownUser_, L"");
             walker.Leave(list, L"CmdExit");
             ownUser_.clear();
@@ -160,7 +160,7 @@ private:
             SetBox(groups, L"TxtDesc", mark.c_str());
             const ULONGLONG begin = GetTickCount64();
             walker.Do(groups, L"CmdWrite");
-            EXPECT_EQ(walker.TakeTold(), Lines());
+            EXPECT_EQ(Lines(), walker.TakeTold());
             Log(begin, L"add group", mark, mark);
             walker.Leave(groups, L"CmdExit");
             ownGroup_ = mark;
@@ -187,7 +187,7 @@ private:
             SetBox(groups, L"TxtDesc", mark.c_str());
             const ULONGLONG begin = GetTickCount64();
             walker.Do(groups, L"CmdWrite");
-            EXPECT_EQ(walker.TakeTold(), Lines());
+            EXPECT_EQ(Lines(), walker.TakeTold());
             Log(begin, L"edit group", ownGroup_, mark);
             walker.Leave(groups, L"CmdExit");
         });
@@ -209,7 +209,7 @@ private:
             }
             const ULONGLONG begin = GetTickCount64();
             walker.Leave(rights, L"CmdOk");
-            EXPECT_EQ(walker.TakeTold(), Lines());
+            EXPECT_EQ(Lines(), walker.TakeTold());
             Log(begin, L"rights", std::to_wstring(code), masks);
             walker.Leave(groups, L"CmdExit");
         });

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// vnquit FORM WAY CONNECTION: opens a form of the library (ui/each_form.h) and ends the process in
-// the middle of it, with the exit code 42: "inside" a handler, from another "thread", or by "exit"
-// of the C run-time. Whatever comes back from the form instead ends with 1.
+// vnquit FORM WAY CONNECTION: opens a form of the library (support/forms/each_form.h) and ends the
+// process in the middle of it, with the exit code 42: "inside" a handler, from another "thread", or
+// by "exit" of the C run-time. Whatever comes back from the form instead ends with 1.
 #include <cstdlib>
 #include <thread>
 
 #include "support/text.h"
-#include "ui/each_form.h"
+#include "support/forms/each_form.h"
 
 namespace {
 

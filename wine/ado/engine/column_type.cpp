@@ -11,13 +11,13 @@ namespace vndesk::ado {
 
 namespace {
 
-constexpr LONGLONG kMemoSize = 536870910; // what Jet tells for a memo column
+constexpr LONGLONG kMemoSize = 536870910; // the size that Jet reports for a memo column
 
 struct TypeRow {
     SQLSMALLINT odbc;
     ColumnKind kind;
     DataTypeEnum ado;
-    LONGLONG size; // 0: the driver's
+    LONGLONG size; // 0: as the driver says
 };
 
 // Values of all whole-number types are handed out as 32-bit integers, those of all others as

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a column of a driver is to a host.
+// How a driver's column type looks to a host.
 #pragma once
 
 #include "ado/engine/odbc.h"

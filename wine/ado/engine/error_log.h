@@ -21,7 +21,7 @@ public:
     const std::vector<ErrorEntry>& Entries() const { return entries_; }
     void Clear() { entries_.clear(); }
 
-    // Runs the body; the errors of a failing one replace the old ones and are raised again.
+    // Runs the body; the errors of a failing one replace the old ones and are thrown again.
     template <class Body> auto Record(const std::wstring& source, Body&& body) {
         try {
             return body();

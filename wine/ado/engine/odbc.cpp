@@ -31,26 +31,26 @@ std::wstring UpToEnd(const char* text, std::size_t most) {
 }
 
 std::vector<Diagnostic> ReadDiagnostics(SQLSMALLINT type, SQLHANDLE handle, OdbcText text) {
-    constexpr SQLSMALLINT kMost = 2048;
+    constexpr SQLSMALLINT kMaxMessage = 2048;
     std::vector<Diagnostic> diagnostics;
     for (SQLSMALLINT number = 1; number <= 16; ++number) {
         SQLINTEGER native = 0;
         SQLSMALLINT length = 0;
         Diagnostic diagnostic = {};
         if (text == OdbcText::Utf8) {
-            char state[8] = "", message[kMost] = "";
+            char state[8] = "", message[kMaxMessage] = "";
             if (!SQL_SUCCEEDED(SQLGetDiagRec(type, handle, number, Bytes(state), &native,
-                                             Bytes(message), kMost, &length)))
+                                             Bytes(message), kMaxMessage, &length)))
                 break;
             diagnostic.sqlState = UpToEnd(state, 5);
-            diagnostic.description = UpToEnd(message, kMost);
+            diagnostic.description = UpToEnd(message, kMaxMessage);
         } else {
-            wchar_t state[8] = L"", message[kMost] = L"";
+            wchar_t state[8] = L"", message[kMaxMessage] = L"";
             if (!SQL_SUCCEEDED(SQLGetDiagRecW(type, handle, number, Wide(state), &native,
-                                              Wide(message), kMost, &length)))
+                                              Wide(message), kMaxMessage, &length)))
                 break;
             diagnostic.sqlState = UpToEnd(state, 5);
-            diagnostic.description = UpToEnd(message, kMost);
+            diagnostic.description = UpToEnd(message, kMaxMessage);
         }
         diagnostic.nativeError = native;
         diagnostic.code = ErrorCodeOf(diagnostic.sqlState, diagnostic.description);
@@ -98,7 +98,7 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
     engine_ = Info(SQL_DBMS_NAME);
     const std::wstring quote = Info(SQL_IDENTIFIER_QUOTE_CHAR);
     quote_ = quote.empty() ? L'\0' : quote.front();
-    // A data source may name a driver that only now tells what it is.
+    // The driver of a data source is known only after connecting.
     if (engine_.find(L"SQLite") != std::wstring::npos)
         text_ = OdbcText::Utf8;
 }
@@ -154,24 +154,24 @@ int OdbcStatement::ColumnCount() const {
 }
 
 OdbcColumn OdbcStatement::Column(int number) const {
-    constexpr SQLSMALLINT kMost = 512;
+    constexpr SQLSMALLINT kMaxName = 512;
     const auto index = static_cast<SQLUSMALLINT>(number);
     OdbcColumn column = {};
     SQLSMALLINT length = 0, digits = 0, nullable = 0;
     SQLLEN ignored = 0;
     if (text_ == OdbcText::Utf8) {
-        char name[kMost] = "", type[128] = "";
-        Check(SQLDescribeCol(Handle(), index, Bytes(name), kMost, &length, &column.type,
+        char name[kMaxName] = "", type[128] = "";
+        Check(SQLDescribeCol(Handle(), index, Bytes(name), kMaxName, &length, &column.type,
                              &column.size, &digits, &nullable));
         SQLColAttribute(Handle(), index, SQL_DESC_TYPE_NAME, type, sizeof type, &length, &ignored);
-        column.name = UpToEnd(name, kMost);
+        column.name = UpToEnd(name, kMaxName);
         column.typeName = UpToEnd(type, sizeof type);
     } else {
-        wchar_t name[kMost] = L"", type[128] = L"";
-        Check(SQLDescribeColW(Handle(), index, Wide(name), kMost, &length, &column.type,
+        wchar_t name[kMaxName] = L"", type[128] = L"";
+        Check(SQLDescribeColW(Handle(), index, Wide(name), kMaxName, &length, &column.type,
                               &column.size, &digits, &nullable));
         SQLColAttributeW(Handle(), index, SQL_DESC_TYPE_NAME, type, sizeof type, &length, &ignored);
-        column.name = UpToEnd(name, kMost);
+        column.name = UpToEnd(name, kMaxName);
         column.typeName = UpToEnd(type, 128);
     }
     return column;

@@ -32,7 +32,7 @@ struct Diagnostic {
     long nativeError;
 };
 
-// A failed driver call, with all that the driver had to say. The first diagnostic is the error.
+// A failed driver call, with all its diagnostics. The first diagnostic is the error.
 class DriverError : public ComError {
 public:
     explicit DriverError(std::vector<Diagnostic> diagnostics);

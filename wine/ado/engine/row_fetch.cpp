@@ -37,7 +37,7 @@ private:
     // Wine 10 mixes up the lengths of a block's rows in 32-bit programs: it takes them for 64-bit
     // numbers. There each row is a block of its own.
     static constexpr std::size_t kBlock = sizeof(void*) == 8 ? RowSet::kBlockRows : 1;
-    static constexpr SQLULEN kMostBoundText = 255;
+    static constexpr SQLULEN kMaxBoundText = 255;
 
     struct Bound {
         std::size_t width; // bytes of one cell
@@ -53,7 +53,7 @@ private:
             columns.push_back(DescribeColumn(column));
             hasBinary_ = hasBinary_ || columns.back().kind == ColumnKind::Binary;
             const bool text = columns.back().kind == ColumnKind::Text;
-            const SQLULEN size = std::clamp<SQLULEN>(column.size, 32, kMostBoundText);
+            const SQLULEN size = std::clamp<SQLULEN>(column.size, 32, kMaxBoundText);
             widths_.push_back((text ? size * (unit_ == 1 ? 3 : unit_) : 48 * unit_) + unit_);
         }
         rows_ = std::make_shared<RowSet>(std::move(columns));
@@ -61,12 +61,40 @@ private:
 
     std::size_t ColumnCount() const { return widths_.size(); }
 
+    // Many rows at a time; in the end one at a time, while the columns are still bound: Wine 10
+    // holds a length for each row of each column, and frees those of the first column alone.
+    class RowArray {
+    public:
+        RowArray(Fetcher& fetcher, SQLULEN rows) : statement_(fetcher.statement_.Handle()) {
+            fetcher.SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, rows);
+        }
+        ~RowArray() {
+            SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);
+        }
+        RowArray(const RowArray&) = delete;
+        RowArray& operator=(const RowArray&) = delete;
+
+    private:
+        const SQLHSTMT statement_;
+    };
+
     void FetchBlocks() {
         std::vector<Bound> bound(ColumnCount());
-        SQLULEN fetched = 0;
-        SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, kBlock);
+        if (StoreBlocks(bound))
+            return;
+        SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, 1); // in case it has failed
+        // One by one: Wine 10 keeps pointers of its own over SQLFreeStmt(SQL_UNBIND).
+        for (std::size_t i = 0; i < bound.size(); ++i)
+            SQLBindCol(statement_.Handle(), static_cast<SQLUSMALLINT>(i + 1), textType_, nullptr, 0,
+                       nullptr);
+        FetchSingly(SQL_FETCH_ABSOLUTE, static_cast<SQLLEN>(rows_->RowCount() + 1));
+    }
+
+    // False when a cell had no room: its block is not stored, and all columns are still bound.
+    bool StoreBlocks(std::vector<Bound>& bound) {
+        const RowArray array(*this, kBlock);
         statement_.Check(
-            SQLSetStmtAttr(statement_.Handle(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
+            SQLSetStmtAttr(statement_.Handle(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
         for (std::size_t i = 0; i < bound.size(); ++i) {
             bound[i].width = widths_[i];
             bound[i].cells.resize(widths_[i] * kBlock);
@@ -75,20 +103,12 @@ private:
                                         textType_, bound[i].cells.data(),
                                         static_cast<SQLLEN>(widths_[i]), bound[i].lengths.data()));
         }
-        bool complete = true;
-        while (complete && statement_.Fetch(SQL_FETCH_NEXT, 0) && fetched > 0) {
-            complete = AreComplete(bound, fetched);
-            if (complete)
-                StoreBlock(bound, fetched);
+        while (statement_.Fetch(SQL_FETCH_NEXT, 0) && fetched_ > 0) {
+            if (!AreComplete(bound, fetched_))
+                return false;
+            StoreBlock(bound, fetched_);
         }
-        if (complete)
-            return;
-        // One by one: Wine 10 keeps pointers of its own over SQLFreeStmt(SQL_UNBIND).
-        for (std::size_t i = 0; i < bound.size(); ++i)
-            SQLBindCol(statement_.Handle(), static_cast<SQLUSMALLINT>(i + 1), textType_, nullptr, 0,
-                       nullptr);
-        SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, 1);
-        FetchSingly(SQL_FETCH_ABSOLUTE, static_cast<SQLLEN>(rows_->RowCount() + 1));
+        return true;
     }
 
     void SetAttribute(SQLINTEGER attribute, SQLULEN value) {
@@ -256,6 +276,7 @@ private:
     const SQLSMALLINT textType_;
     std::shared_ptr<RowSet> rows_;
     std::vector<std::size_t> widths_;
+    SQLULEN fetched_ = 0; // rows of the last block; the driver writes it
     bool hasBinary_ = false;
 };
 

@@ -33,7 +33,7 @@ public:
     bool IsOpen() const { return connection_.has_value(); }
     void Close();
 
-    // SQLite takes any file at first and finds out when it reads. Throws what it has to say.
+    // SQLite opens any file and notices only when it reads. Throws the driver's error.
     void ReadFileHeader() { RunPlain(L"PRAGMA schema_version"); }
 
     Outcome Execute(std::wstring_view statement, CommandKind kind);

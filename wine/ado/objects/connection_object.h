@@ -7,13 +7,11 @@
 
 #include "ado/engine/error_log.h"
 #include "ado/engine/session.h"
-#include "ado/objects/ado_object.h"
-#include "ado/objects/session_source.h"
+#include "ado/objects/connection_refused.h"
 
 namespace vndesk::ado {
 
-class ConnectionObject final : public AdoObject<ConnectionObject, _Connection,
-                                                InterfaceList<Connection15, _ADO>, ISessionSource> {
+class ConnectionObject final : public ConnectionRefused<ConnectionObject> {
 public:
     static constexpr const wchar_t* kProgId = L"ADODB.Connection";
 
@@ -38,25 +36,6 @@ public:
     STDMETHODIMP BeginTrans(LONG* level) override;
     STDMETHODIMP CommitTrans() override;
     STDMETHODIMP RollbackTrans() override;
-
-    ADO_REFUSED(get_Properties, Properties**)
-    ADO_REFUSED(get_CommandTimeout, LONG*)
-    ADO_REFUSED(put_CommandTimeout, LONG)
-    ADO_REFUSED(get_ConnectionTimeout, LONG*)
-    ADO_REFUSED(put_ConnectionTimeout, LONG)
-    ADO_REFUSED(get_Version, BSTR*)
-    ADO_REFUSED(get_DefaultDatabase, BSTR*)
-    ADO_REFUSED(put_DefaultDatabase, BSTR)
-    ADO_REFUSED(get_IsolationLevel, IsolationLevelEnum*)
-    ADO_REFUSED(put_IsolationLevel, IsolationLevelEnum)
-    ADO_REFUSED(get_Attributes, LONG*)
-    ADO_REFUSED(put_Attributes, LONG)
-    ADO_REFUSED(get_CursorLocation, CursorLocationEnum*)
-    ADO_REFUSED(put_CursorLocation, CursorLocationEnum)
-    ADO_REFUSED(get_Mode, ConnectModeEnum*)
-    ADO_REFUSED(put_Mode, ConnectModeEnum)
-    ADO_REFUSED(OpenSchema, SchemaEnum, VARIANT, VARIANT, _Recordset**)
-    ADO_REFUSED(Cancel)
 
 private:
     Session& RequireSession() const;

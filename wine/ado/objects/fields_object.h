@@ -4,16 +4,15 @@
 
 #include <memory>
 
-#include "ado/objects/ado_object.h"
 #include "ado/objects/cursor.h"
+#include "ado/objects/fields_refused.h"
 
 namespace vndesk::ado {
 
 // The column that a host names by number or by name, in any case. Throws ADO's error 3265.
 std::size_t FindColumn(const RowSet& rows, const VARIANT& index);
 
-class FieldsObject final
-    : public AdoObject<FieldsObject, Fields, InterfaceList<Fields20, Fields15, _Collection>> {
+class FieldsObject final : public FieldsRefused<FieldsObject> {
 public:
     static constexpr const wchar_t* kProgId = L"ADODB.Fields";
 
@@ -23,13 +22,6 @@ public:
     STDMETHODIMP _NewEnum(IUnknown** enumerator) override;
     STDMETHODIMP Refresh() override { return S_OK; }
     STDMETHODIMP get_Item(VARIANT index, Field** field) override;
-
-    ADO_REFUSED(_Append, BSTR, DataTypeEnum, ADO_LONGPTR, FieldAttributeEnum)
-    ADO_REFUSED(Delete, VARIANT)
-    ADO_REFUSED(Append, BSTR, DataTypeEnum, ADO_LONGPTR, FieldAttributeEnum, VARIANT)
-    ADO_REFUSED(Update)
-    ADO_REFUSED(Resync, ResyncEnum)
-    ADO_REFUSED(CancelUpdate)
 
 private:
     const std::shared_ptr<const Cursor> cursor_;

@@ -65,7 +65,7 @@ public:
         }
     }
 
-    // `digits` tells how many there were.
+    // `digits` is how many there were.
     bool Number(int& value, int& digits) {
         value = digits = 0;
         while (Next() >= '0' && Next() <= '9' && digits < 6) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Dates as statements and drivers write them, and as hosts count them (days since 30 December
-// 1899).
+// Dates as statements and drivers write them, and as DATE values (days since 30 December 1899).
 #pragma once
 
 #include <optional>

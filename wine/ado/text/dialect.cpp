@@ -79,7 +79,7 @@ std::optional<std::wstring> Translate(const Token& token, const Dialect& dialect
                                     : std::optional(std::wstring(token.text.substr(1)));
     case TokenKind::Date:
         return TranslateDate(token.text, dialect.dates);
-    case TokenKind::Unclosed: // the engine says best what is wrong with it
+    case TokenKind::Unclosed: // the engine reports what is wrong
     default:
         return std::nullopt;
     }

@@ -37,7 +37,7 @@ long ComboBox::Insert(long index, const std::wstring& text) {
     return static_cast<long>(place);
 }
 
-// The platform has no message for it.
+// No CB_ message changes an item's text: insert it anew, then delete the old item.
 void ComboBox::Replace(long index, const std::wstring& text) {
     const long selected = Index();
     Insert(index, text);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A drop-down list of the platform, reached by its window: items count from 0, -1 is none.
+// A drop-down list (CBS_DROPDOWNLIST), reached by its window: items count from 0, -1 is none.
 #pragma once
 
 #include <windows.h>

@@ -18,6 +18,6 @@ struct ComboPicture {
     bool themed; // as far as there is a theme
 };
 
-void DrawCombo(HDC dc, RECT place, const ComboPicture& picture);
+void DrawCombo(HDC dc, RECT rect, const ComboPicture& picture);
 
 } // namespace vndesk

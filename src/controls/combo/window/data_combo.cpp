@@ -36,7 +36,7 @@ void CheckColor(OLE_COLOR color) {
 
 // A handler may replace itself or end the window that holds it; its errors end with it.
 template <class... Parameters, class... Arguments>
-void Raise(std::function<void(Parameters...)> handler, Arguments&&... arguments) {
+void Fire(std::function<void(Parameters...)> handler, Arguments&&... arguments) {
     if (handler)
         Trap([&] { handler(std::forward<Arguments>(arguments)...); });
 }
@@ -114,7 +114,7 @@ int DataCombo::Height() const {
     return box.bottom - box.top;
 }
 
-// The list fills the width; the height is the list's.
+// The list takes the window's width; the window takes the list's height.
 void DataCombo::Layout() {
     RECT inside;
     if (layingOut_ || !GetClientRect(window_, &inside))
@@ -144,7 +144,7 @@ LRESULT DataCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFONT:
         SetFont(reinterpret_cast<HFONT>(wParam));
         return 0;
-    // What the list shows is the text of the whole.
+    // The visible list answers for the whole control.
     case WM_GETFONT:
     case WM_GETTEXT:
     case WM_GETTEXTLENGTH:
@@ -161,7 +161,7 @@ LRESULT DataCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLORLISTBOX:
         return reinterpret_cast<LRESULT>(OnListColor(reinterpret_cast<HDC>(wParam)));
     case WM_DESTROY:
-        Raise(onDestroy);
+        Fire(onDestroy);
         for (const HWND window : {list, hidden_.Window()})
             ClearWindowName(window);
         return 0;
@@ -173,15 +173,15 @@ LRESULT DataCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void DataCombo::OnCommand(int notification) {
     switch (notification) {
     case CBN_CLOSEUP:
-        // Escape gives back the item from before the list was opened. Whether the change is told
-        // by a notification shows only after this one.
+        // Escape selects the item from before the list was opened. Whether CBN_SELCHANGE comes for
+        // that is known only after this notification.
         PostMessageW(window_, kListClosed, 0, 0);
         if (GetKeyState(VK_LBUTTON) < 0 && IsSecondClick())
-            RaiseDoubleClick();
+            FireDoubleClick();
         break;
     case CBN_SELCHANGE:
         told_ = ListIndex();
-        Raise(onClick);
+        Fire(onClick);
         break;
     default:
         break;
@@ -201,9 +201,9 @@ bool DataCombo::IsSecondClick() const {
            !apart(GET_Y_LPARAM(place), GET_Y_LPARAM(firstClick_->place), SM_CYDOUBLECLK);
 }
 
-void DataCombo::RaiseDoubleClick() {
+void DataCombo::FireDoubleClick() {
     firstClick_.reset();
-    Raise(onDoubleClick);
+    Fire(onDoubleClick);
 }
 
 LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
@@ -224,7 +224,7 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
     case WM_KILLFOCUS: {
         const LRESULT result = Controls6().DefSubclassProc(window, message, wParam, lParam);
         if (IsWindow(window))
-            Raise(self.onFocus, message == WM_SETFOCUS);
+            Fire(self.onFocus, message == WM_SETFOCUS);
         return result;
     }
     case WM_LBUTTONDOWN:
@@ -233,7 +233,7 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
     case WM_LBUTTONDBLCLK: {
         const LRESULT result = Controls6().DefSubclassProc(window, message, wParam, lParam);
         if (IsWindow(window) && self.firstClick_)
-            self.RaiseDoubleClick();
+            self.FireDoubleClick();
         return result;
     }
     case WM_NCDESTROY:
@@ -249,7 +249,7 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
 bool DataCombo::OnListKey(UINT message, WPARAM& wParam) {
     auto key = static_cast<short>(wParam);
     if (message == WM_CHAR) {
-        Raise(onKeyPress, key);
+        Fire(onKeyPress, key);
     } else {
         short shift = ShiftState();
         const bool down = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
@@ -258,7 +258,7 @@ bool DataCombo::OnListKey(UINT message, WPARAM& wParam) {
             SetListIndex(-1);
         if (!IsWindow(window))
             return false;
-        Raise(down ? onKeyDown : onKeyUp, key, shift);
+        Fire(down ? onKeyDown : onKeyUp, key, shift);
     }
     wParam = static_cast<unsigned short>(key);
     return key != 0;
@@ -320,7 +320,7 @@ void DataCombo::SetListIndex(long index) {
         return;
     shown_.Select(index);
     told_ = index;
-    Raise(onClick);
+    Fire(onClick);
 }
 
 void DataCombo::SetListIndex1(long index) {
@@ -333,7 +333,7 @@ void DataCombo::AddItem(const std::wstring& text, std::optional<long> index) {
     const long place = index.value_or(ListCount());
     if (place < 0 || place > ListCount())
         throw ComError(CTL_E_ILLEGALFUNCTIONCALL, L"Invalid procedure call or argument");
-    if (ListCount() == kMostItems)
+    if (ListCount() == kMaxItems)
         throw ComError(CTL_E_OVERFLOW, L"Overflow");
     shown_.Insert(place, text);
     try {

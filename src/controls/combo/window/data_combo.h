@@ -13,7 +13,7 @@
 #include <string>
 
 #include "controls/combo/window/combo_box.h"
-#include "forms/look/handles.h"
+#include "comkit/base/handles.h"
 #include "forms/window/control.h"
 #include "forms/window/counted_class.h"
 
@@ -27,18 +27,18 @@ public:
     DataComboClass();
 };
 
-// A row of a form's layout table. The height is the list's own, whatever the place says.
-constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect place, unsigned flags = 0) {
-    return CustomControl(kDataComboClass, name, place, flags);
+// A row of a form's layout table. The height is the list's own, whatever the rectangle says.
+constexpr ControlSpec DataComboSpec(const wchar_t* name, TwipsRect rect, unsigned flags = 0) {
+    return CustomControl(kDataComboClass, name, rect, flags);
 }
 
-// Errors are raised as ComError with Visual Basic's numbers. Indexes count from 0; -1 is none.
+// Errors are thrown as ComError with Visual Basic's numbers. Indexes count from 0; -1 is none.
 class DataCombo {
 public:
     static constexpr OLE_COLOR kBackColor = 0x80000005; // the colours of windows and their text
     static constexpr OLE_COLOR kForeColor = 0x80000008;
-    // Indexes have 16 bits for the hosts.
-    static constexpr long kMostItems = 32767;
+    // Hosts see 16-bit indexes.
+    static constexpr long kMaxItems = 32767;
 
     // The object behind a window of the class; it goes with the window.
     static DataCombo& Of(HWND window);
@@ -62,7 +62,7 @@ public:
     void SetFont(HFONT font);
     void Refresh();
     bool ListIsOpen() const;
-    // Drawn by the theme, where there is one.
+    // Drawn in the style of the theme, if there is one.
     bool Themed() const { return backColor_ == kBackColor && foreColor_ == kForeColor; }
 
     long ListIndex() const { return shown_.Index(); }
@@ -120,7 +120,7 @@ private:
     void Layout();
     void OnCommand(int notification);
     bool IsSecondClick() const;
-    void RaiseDoubleClick();
+    void FireDoubleClick();
     bool OnListKey(UINT message, WPARAM& wParam);
     HBRUSH OnListColor(HDC dc);
     void ApplyColors();
@@ -130,7 +130,7 @@ private:
     ComboBox shown_;
     ComboBox hidden_;
     long newIndex_ = -1;
-    // What the last Click told of.
+    // The selection at the last Click event.
     long told_ = -1;
     bool layingOut_ = false;
     struct ClickMoment {

@@ -31,7 +31,7 @@ void NameSearch::Index() {
     const auto byName = [this](std::uint32_t left, std::uint32_t right) {
         return Name(left) < Name(right);
     };
-    // Lists come from statements that order them, more often than not.
+    // Most statements already order their rows.
     if (!std::is_sorted(leaves, sorted_.end(), byName))
         std::sort(leaves, sorted_.end(), byName);
     for (std::size_t node = count; node-- > 1;)

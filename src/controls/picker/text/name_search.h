@@ -16,9 +16,8 @@ public:
     void Clear();
     void Add(std::wstring_view name);
 
-    // Sorts the names. Before, Find looks at one after the other: some milliseconds for 100,000.
-    // Afterwards it takes microseconds, but sorting takes a blink, so it is for the time when the
-    // list is on the screen.
+    // Sorts the names. Before, Find takes some milliseconds for 100,000 names; afterwards
+    // microseconds. Sorting itself takes longer: do it when the list is on the screen.
     void Index();
 
     // The position of the first name with this beginning, or -1.
