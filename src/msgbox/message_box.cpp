@@ -132,8 +132,7 @@ protected:
     void OnPaint(HDC dc) override {
         const double w = Width();
         const double h = Height();
-        // Right and bottom up to the edges: at a high resolution more than a pixel lies beyond
-        // their beginnings.
+        // 15 and 20 twips wide, up to the edge: at a high resolution that is more than a pixel.
         for (const TwipsRect& line : {TwipsRect{0, 0, w, 0}, TwipsRect{0, 0, 0, h},
                                       TwipsRect{w - 15, 0, 15, h}, TwipsRect{0, h - 20, w, 20}}) {
             RECT bar = ToPixels(line, Dpi());
