@@ -9,7 +9,7 @@
 #include "security/group_manager.h"
 #include "security/user_editor.h"
 #include "security/user_list.h"
-#include "text/fixed_texts.h"
+#include "msgbox/text/captions.h"
 
 namespace vndesk {
 
