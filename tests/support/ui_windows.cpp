@@ -5,7 +5,6 @@
 #include <commctrl.h>
 #include <cwchar>
 #include <map>
-#include <utility>
 
 #include "support/text.h"
 
@@ -160,9 +159,14 @@ void WaitForClose(HWND window, DWORD milliseconds) {
 }
 
 HWND FindControl(HWND form, std::wstring_view name) {
-    // Each look at a window is a call to Wine's server: where the name was last is tried first.
-    thread_local std::map<std::pair<HWND, std::wstring>, HWND> last;
-    HWND& found = last[{form, std::wstring(name)}];
+    // Each look at a window is a call to Wine's server: where the name was last is tried first. Of
+    // one form only, or the tests would take themselves for a leak.
+    thread_local HWND lastForm = nullptr;
+    thread_local std::map<std::wstring, HWND> last;
+    if (form != lastForm)
+        last.clear();
+    lastForm = form;
+    HWND& found = last[std::wstring(name)];
     if (found && IsChild(form, found) && WindowName(found) == name)
         return found;
     found = nullptr;
