@@ -6,6 +6,7 @@
 #include "text/tcvn3_tables.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace vndesk::tcvn3 {
 
@@ -39,7 +40,7 @@ template <EncodedText Text> constexpr bool HasAllCodes() {
 namespace vndesk {
 
 template <tcvn3::EncodedText Text>
-constexpr const wchar_t* operator""_tcvn3() requires(tcvn3::HasAllCodes<Text>()) {
+constexpr auto operator""_tcvn3() -> std::enable_if_t<tcvn3::HasAllCodes<Text>(), const wchar_t*> {
     return Text.units;
 }
 

@@ -10,10 +10,11 @@ using namespace vndesk;
 
 namespace {
 
+// The versions of clang-format take the operator's name apart in different ways.
+// clang-format off
 template <tcvn3::EncodedText Text>
-concept Compiles = requires {
-    operator""_tcvn3<Text>();
-};
+concept Compiles = requires { operator""_tcvn3<Text>(); };
+// clang-format on
 
 constexpr std::wstring_view kBare = L"ăâêôơưđ ĂÂÊÔƠƯĐ"_tcvn3;
 constexpr std::wstring_view kToned = L"Mỗi ngày 5 chữ, \"ỹ\"\n"_tcvn3;
