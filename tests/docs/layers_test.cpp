@@ -52,8 +52,7 @@ const std::string& Layers() {
 const std::vector<Row>& Table() {
     static const std::vector<Row> table = [] {
         std::vector<Row> rows;
-        std::istringstream lines(Layers());
-        for (std::string line; std::getline(lines, line);) {
+        for (const std::string& line : docs::Lines(Layers())) {
             if (line.rfind("| `", 0) != 0)
                 continue;
             Names cells;
@@ -86,9 +85,8 @@ const std::map<std::string, Names>& Sources() {
                 if (!kinds.count(entry.path().extension().string()))
                     continue;
                 Names& names = found[fs::relative(entry.path(), docs::Root()).generic_string()];
-                std::istringstream lines(docs::ReadFile(entry.path()));
                 std::smatch match;
-                for (std::string line; std::getline(lines, line);)
+                for (const std::string& line : docs::Lines(docs::ReadFile(entry.path())))
                     if (line.find('#') != line.npos && std::regex_match(line, match, include))
                         names.push_back(match[1]);
             }
