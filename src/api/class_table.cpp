@@ -10,6 +10,7 @@
 #include "api/classes/cls_logon.h"
 #include "api/classes/cls_registry.h"
 #include "api/classes/cls_search.h"
+#include "api/classes/cls_settings.h"
 #include "api/classes/cls_varnok.h"
 #include "api/classes/help_call_back.h"
 #include "comkit/base/module.h"
@@ -37,6 +38,8 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<DataCombo1>, &kDataCombo},
     {&__uuidof(cSelItem), SelItem::kProgId, L"VnDesk selection boxes", CreateInstanceOf<SelItem>},
     {&__uuidof(clsSearch), Search::kProgId, L"VnDesk search", CreateInstanceOf<Search>},
+    {&__uuidof(clsSettings), SettingsObject::kProgId, L"VnDesk settings",
+     CreateInstanceOf<SettingsObject>},
     {&__uuidof(clsCoolMenu), CoolMenu::kProgId, L"VnDesk menus", CreateInstanceOf<CoolMenu>},
     {&__uuidof(::HelpCallBack), HelpCallBack::kProgId, L"VnDesk menu help",
      CreateInstanceOf<HelpCallBack>},

@@ -8,7 +8,7 @@
 
 namespace vndesk {
 
-FieldInfo ReadFieldInfo(const Database& database, const std::wstring& statement,
+FieldInfo ReadFieldInfo(const Database& database, const Statement& statement,
                         const std::wstring& orderColumn) {
     FieldInfo fields;
     Trap([&] {

@@ -17,7 +17,7 @@ struct FieldInfo {
 
 // Reads the columns "Type" and "Relation" of a statement's rows. Never fails: what cannot be read
 // is 0 or empty.
-FieldInfo ReadFieldInfo(const Database& database, const std::wstring& statement,
+FieldInfo ReadFieldInfo(const Database& database, const Statement& statement,
                         const std::wstring& orderColumn);
 
 } // namespace vndesk

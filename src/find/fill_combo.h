@@ -25,7 +25,7 @@ template <class Combo> void SetItemDataFrom(Combo& combo, long index, const VARI
 // `Combo` has the members of LateBoundList. When the statement fails the combo keeps its items and
 // its selection.
 template <class Combo>
-void FillCombo(const Database& database, Combo& combo, const std::wstring& statement,
+void FillCombo(const Database& database, Combo& combo, const Statement& statement,
                const std::wstring& orderColumn) {
     Trap([&] {
         Recordset rows;

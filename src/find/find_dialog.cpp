@@ -105,7 +105,7 @@ protected:
 
     void OnPrepared() override {
         ReadData();
-        info_ = ReadFieldInfo(database_, FieldInfoStatement(table_), kCatalogueOrder);
+        info_ = ReadFieldInfo(database_, FieldInfoStatement(table_, database_.Style()), kCatalogueOrder);
         for (long i = kFirst; i < kLines; ++i)
             Listen(i);
         result.clear();
@@ -156,7 +156,7 @@ private:
 
     void ReadData() {
         DataCombo& fields = Fields(kFirst);
-        FillCombo(database_, fields, FieldListStatement(table_), kCatalogueOrder);
+        FillCombo(database_, fields, FieldListStatement(table_, database_.Style()), kCatalogueOrder);
         for (long i = kFirst + 1; i < kLines; ++i) {
             AddValue(Joins(i), Shown(texts::kFindAnd), L"and");
             AddValue(Joins(i), Shown(texts::kFindOr), L"or");
@@ -229,7 +229,7 @@ private:
         const long field = Fields(line).ListIndex();
         ShowCue(line, field);
         if (field >= 0)
-            FillCombo(database_, Predicates(line), OperatorListStatement(FieldType(field)), L"");
+            FillCombo(database_, Predicates(line), OperatorListStatement(FieldType(field), database_.Style()), L"");
     }
 
     const wchar_t* CueFor(long field) {
@@ -268,7 +268,7 @@ private:
             return;
         Control& box = ValueBox(line);
         const std::wstring picked =
-            PickItem(database_, LookUpStatement(relation, box.Text(), database_.kind), box.Text());
+            PickItem(database_, LookUpStatement(relation, box.Text(), database_.Style()), box.Text());
         if (picked.empty())
             return;
         box.SetText(picked);

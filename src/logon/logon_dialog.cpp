@@ -1,17 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "logon/logon_dialog.h"
 
+#include "accounts/credentials.h"
+#include "accounts/local_time.h"
+#include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
-#include "data/settings/ansi_text.h"
+#include "data/stores/ansi_text.h"
 #include "forms/keys/keys.h"
+#include "forms/look/hourglass.h"
 #include "forms/look/images.h"
 #include "forms/window/form_of.h"
-#include "logon/password.h"
+#include "logon/unknown_names.h"
 #include "logon/text/captions.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
+#include "passwords/password.h"
 #include "text/ascii_text.h"
+#include "text/tcvn3.h"
 
 namespace vndesk {
 
@@ -36,11 +42,13 @@ constexpr FormSpec kForm = {
     .controls = kControls,
 };
 
+constexpr UINT_PTR kDelayTimer = 1;
+
 class LogonForm final : public FormOf<kForm> {
 public:
     explicit LogonForm(const Database& database) : database_(database) {}
 
-    long result = 0;
+    LoggedOn result;
 
 protected:
     void OnLoad() override {
@@ -57,23 +65,114 @@ protected:
     // Enter moves on like Tab; it never presses the button.
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_TIMER && wParam == kDelayTimer) {
+            WaitOn();
+            return 0;
+        }
+        return Form::OnMessage(message, wParam, lParam);
+    }
+
 private:
     void UserChanged() { Get(L"CmdOk").SetEnabled(!TrimBlanks(Get(L"TxtUser").Text()).empty()); }
 
     void LogOn() {
+        if (NeedsAccounts())
+            LogOnByAccount();
+        else
+            LogOnByNumber();
+    }
+
+    void LogOnByNumber() {
         const std::wstring userText = Get(L"TxtUser").Text();
         const std::wstring passwordText = Get(L"TxtPass").Text();
         const double code = PasswordCodeOf(TrimBlanks(passwordText));
         Recordset users;
         if (LookUp(users, TrimBlanks(userText), code)) {
-            result = ToInteger(users.Value(0L));
+            result.userCode = ToInteger(users.Value(0L));
             Unload();
             return;
         }
-        ShowMsg(texts::kLogonFailed, kOkOnly, L"Login");
+        Refuse(texts::kLogonFailed);
+    }
+
+    void Refuse(const std::wstring& message) {
+        ShowMsg(message, kOkOnly, L"Login");
         Control& user = Get(L"TxtUser");
         user.Focus();
         user.Select(0, static_cast<int>(user.Text().size()));
+    }
+
+    // --- With hashes, locks or records ---
+
+    bool NeedsAccounts() const {
+        return database_.settings.KeepsAccounts() || database_.settings.Audit;
+    }
+
+    void LogOnByAccount() {
+        const std::wstring name(TrimBlanks(Get(L"TxtUser").Text()));
+        LogonAnswer answer;
+        const ErrorState error = Trap([&] {
+            const Hourglass waiting;
+            answer = CheckCredentials(database_, name, Get(L"TxtPass").Text());
+        });
+        if (error) {
+            PlainMessage(error.description);
+            return;
+        }
+        switch (answer.verdict) {
+        case LogonAnswer::Accepted:
+            result = {answer.userCode, answer.userName, answer.mustChange};
+            Unload();
+            return;
+        case LogonAnswer::Delayed:
+            Wait(answer.waitSeconds);
+            return;
+        default:
+            Refuse(RefusalText(unknownNames_.AsIfKnown(answer, name, database_.settings)));
+        }
+    }
+
+    static std::wstring RefusalText(const LogonAnswer& answer) {
+        if (answer.closedUntil)
+            return texts::kLogonLockedUntil + LocalTimeText(*answer.closedUntil) +
+                   texts::kLogonLockedBecause;
+        if (!answer.triesLeft)
+            return texts::kLogonFailed;
+        return std::wstring(texts::kLogonFailed) + L"\r\n" + texts::kLogonTriesLeft +
+               std::to_wstring(*answer.triesLeft) + texts::kLogonTries;
+    }
+
+    // The try begins when the seconds are over, unless the dialog is closed before.
+    void Wait(long seconds) {
+        waitSeconds_ = seconds;
+        SetWaiting(true);
+        SetTimer(Window(), kDelayTimer, 1000, nullptr);
+    }
+
+    void WaitOn() {
+        if (--waitSeconds_ > 0) {
+            ShowSeconds();
+            return;
+        }
+        KillTimer(Window(), kDelayTimer);
+        SetWaiting(false);
+        LogOn();
+    }
+
+    void SetWaiting(bool waiting) {
+        for (const Name name : {Name(L"TxtUser"), Name(L"TxtPass"), Name(L"CmdOk")})
+            Get(name).SetEnabled(!waiting);
+        ShowSeconds();
+        if (waiting)
+            Get(L"CMDCAN").Focus();
+    }
+
+    void ShowSeconds() {
+        std::wstring caption = ToUncText(texts::kLogonOk, kToUnicode);
+        if (waitSeconds_ > 0)
+            caption += L" (" + std::to_wstring(waitSeconds_) + L")";
+        Get(L"CmdOk").SetCaption(caption);
     }
 
     // Rows found for a name with an apostrophe match a condition that was typed into the name, so
@@ -82,23 +181,26 @@ private:
     bool LookUp(Recordset& users, std::wstring_view name, double code) {
         // What a driver reads that takes statements in the ANSI code page.
         const std::wstring inCodePage = WithAnsiApostrophes(name);
-        if (!MayMeanMore({name}) && !MayMeanMore({inCodePage}))
-            OpenRecordset(database_, users, LogonStatement(name, code, database_.kind));
-        return !EndsLiteral(inCodePage) && CountRecords(users) > 0;
+        const ValueStyle style = database_.Style();
+        if (!MayMeanMore(style, {name}) && !MayMeanMore(style, {inCodePage}))
+            OpenRecordset(database_, users, LogonStatement(name, code, style));
+        return !EndsLiteral(style, inCodePage) && CountRecords(users) > 0;
     }
 
     void Cancel() {
-        result = 0;
+        result = {};
         Unload();
     }
 
     const Database& database_;
     UniqueIcon picture_;
+    UnknownNames unknownNames_;
+    long waitSeconds_ = 0;
 };
 
 } // namespace
 
-long ShowLogonDialog(const Database& database) {
+LoggedOn ShowLogonDialog(const Database& database) {
     LogonForm form(database);
     form.ShowModal();
     return form.result;

@@ -2,12 +2,19 @@
 // The logon dialog.
 #pragma once
 
-#include "data/connect/database.h"
+#include "accounts/operation.h"
 
 namespace vndesk {
 
-// Asks for name and password until they fit a user or the dialog is closed. The result is the
-// user's Code, or 0.
-long ShowLogonDialog(const Database& database);
+struct LoggedOn {
+    long userCode = 0; // 0 where the dialog was closed
+    // As the database has it; read where the settings need more than the code.
+    std::wstring userName = {};
+    // A new password has to be chosen before anything else.
+    bool mustChange = false;
+};
+
+// Asks for name and password until they fit a user or the dialog is closed.
+LoggedOn ShowLogonDialog(const Database& database);
 
 } // namespace vndesk

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "forms/keys/upper_case.h"
+#include "comkit/base/upper_case.h"
 #include "logon/text/password_code.h"
 
 namespace vndesk {

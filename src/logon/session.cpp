@@ -26,8 +26,8 @@ const Database& CurrentDatabase() {
     return none;
 }
 
-SessionConnection::SessionConnection(std::wstring_view connectionString)
-    : SessionConnection(OpenConnection(connectionString), true) {}
+SessionConnection::SessionConnection(std::wstring_view connectionString, const Settings& settings)
+    : SessionConnection(OpenConnection(connectionString, settings), true) {}
 
 SessionConnection::SessionConnection(Database opened)
     : SessionConnection(std::move(opened), false) {}

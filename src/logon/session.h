@@ -21,7 +21,7 @@ const Database& CurrentDatabase();
 class SessionConnection {
 public:
     // Opens a connection, and closes it at the end.
-    explicit SessionConnection(std::wstring_view connectionString);
+    explicit SessionConnection(std::wstring_view connectionString, const Settings& settings = {});
     // Uses one that is open already, and leaves it open.
     explicit SessionConnection(Database opened);
     ~SessionConnection();

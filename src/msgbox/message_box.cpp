@@ -72,8 +72,8 @@ public:
 
     void SetTexts(const std::wstring& message, const std::wstring& title) {
         FitInto(WorkArea());
-        Get(L"Message").SetCaption(ToUncText(message, kToUnicode));
-        Get(L"label4").SetCaption(ToUncText(title, kToUnicode));
+        Get(L"Message").SetCaption(message);
+        Get(L"label4").SetCaption(title);
         // Tools and screen readers ask the window for the title that the label shows.
         SetWindowTextW(Window(), Get(L"label4").Caption().c_str());
     }
@@ -226,6 +226,12 @@ private:
 
 Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title, long icon,
                 bool rightToLeft) {
+    return ShowUnicodeMsg(ToUncText(message, kToUnicode), buttons, ToUncText(title, kToUnicode),
+                          icon, rightToLeft);
+}
+
+Pressed ShowUnicodeMsg(const std::wstring& message, long buttons, const std::wstring& title,
+                       long icon, bool rightToLeft) {
     MessageForm form;
     form.Load();
     form.SetTexts(message, title);

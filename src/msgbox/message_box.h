@@ -42,4 +42,8 @@ enum class Pressed : long {
 Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title,
                 long icon = kNoIcon, bool rightToLeft = false);
 
+// The same for texts that are Unicode already.
+Pressed ShowUnicodeMsg(const std::wstring& message, long buttons, const std::wstring& title,
+                       long icon = kNoIcon, bool rightToLeft = false);
+
 } // namespace vndesk

@@ -117,7 +117,7 @@ private:
             const ItemList::Filling filling(*members_);
             members_->Clear();
             Recordset rows;
-            if (OpenRecordset(database_, rows, GroupMembersStatement(code)) != 0)
+            if (OpenRecordset(database_, rows, GroupMembersStatement(code, database_.Style())) != 0)
                 return;
             for (; !rows.Eof(); rows.MoveNext())
                 members_->AddItem(NullToText(rows.Value(L"Name")));
@@ -128,7 +128,7 @@ private:
         std::wstring name, description;
         Trap([&] {
             Recordset group;
-            OpenRecordset(database_, group, GroupStatement(tableName_, code));
+            OpenRecordset(database_, group, GroupStatement(tableName_, code, database_.Style()));
             name = NullToText(group.Value(L"Name"));
             description = NullToText(group.Value(L"Des"));
         });
@@ -171,14 +171,14 @@ private:
 
     // The error of the statement; none on success.
     ErrorState WriteData(long code, const std::wstring& name, const std::wstring& description) {
-        const DatabaseKind kind = database_.kind;
+        const ValueStyle style = database_.Style();
         return Trap([&] {
             // Sent as it is, the statement could change other groups, or all of them.
-            if (MayMeanMore({WithoutPairs(name)}, DoubleQuotes(description)))
+            if (MayMeanMore(style, {WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
             Execute(database_,
-                    code == 0 ? InsertGroupStatement(tableName_, name, description, kind)
-                              : UpdateGroupStatement(tableName_, code, name, description, kind));
+                    code == 0 ? InsertGroupStatement(tableName_, name, description, style)
+                              : UpdateGroupStatement(tableName_, code, name, description, style));
         });
     }
 
@@ -219,9 +219,12 @@ private:
         curCode_ = groups_->ItemData(0);
     }
 
-    // An engine that refuses the doubled brackets gives 0; the code comes when the form opens
-    // again. The group has been added, so the error is not shown.
-    long NewCode() { return LastValue(database_, tableName_, L"Code", Failure::Ignored); }
+    // Most engines refuse the doubled brackets of the statement as it always was, which gives 0: the
+    // code then comes when the form opens again. The group has been added, so the error is not shown.
+    long NewCode() {
+        const std::wstring_view table = database_.Style().bound ? L"Groups" : tableName_;
+        return LastValue(database_, table, L"Code", Failure::Ignored);
+    }
 
     void Delete() {
         if (ShowMsg(texts::kGroupConfirmDelete, kYesNo, kDeleteTitle) != Pressed::Yes)
@@ -240,7 +243,7 @@ private:
         (left > 0 ? Get(L"Lv1") : Get(L"txtName")).Focus();
         if (codes.empty())
             return;
-        Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes)); });
+        Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes, database_.Style())); });
         ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 

@@ -85,7 +85,7 @@ private:
             PlainMessage(error.description);
     }
 
-    template <class AddItem> void ReadInf(const std::wstring& source, AddItem addItem) {
+    template <class AddItem> void ReadInf(const Statement& source, AddItem addItem) {
         Recordset rows;
         if (OpenRecordset(database_, rows, source) != 0)
             return;
@@ -96,7 +96,7 @@ private:
     // False when the rights cannot be read; the user has seen the error.
     bool ReadPms() {
         Recordset group;
-        if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_)) != 0)
+        if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_, database_.Style())) != 0)
             return false;
         // A group that is gone has no rights, and none are written.
         if (group.Eof())
@@ -130,7 +130,7 @@ private:
     // All of a bar's commands or none: each tick makes the bar's mask anew from the commands shown.
     void ReadCommands(short barId) {
         try {
-            ReadInf(MenuCommandsStatement(barId), [this](const std::wstring& text, long code) {
+            ReadInf(MenuCommandsStatement(barId, database_.Style()), [this](const std::wstring& text, long code) {
                 commands_->AddItem(text, code);
             });
         } catch (...) {
@@ -158,7 +158,7 @@ private:
             std::vector<std::wstring> columns;
             for (long k = 0; k < bars_->ListCount(); ++k)
                 columns.push_back(groups.FieldName(kFirstMaskColumn + k));
-            Execute(database_, WriteRightsStatement(columns, pms_, groupCode_));
+            Execute(database_, WriteRightsStatement(columns, pms_, groupCode_, database_.Style()));
             Unload();
         } catch (...) {
             Fail();

@@ -6,7 +6,7 @@
 #include "data/connect/values.h"
 #include "data/lists/list_box.h"
 #include "forms/keys/keys.h"
-#include "forms/keys/upper_case.h"
+#include "comkit/base/upper_case.h"
 #include "forms/lists/item_list.h"
 #include "forms/window/form_of.h"
 #include "logon/password.h"
@@ -114,10 +114,11 @@ private:
     void LoadUser() {
         Recordset user;
         const std::wstring& name = options_.OldName;
-        if (!MayMeanMore({name}))
-            OpenRecordset(database_, user, LoadUserStatement(name, database_.kind));
+        const ValueStyle style = database_.Style();
+        if (!MayMeanMore(style, {name}))
+            OpenRecordset(database_, user, LoadUserStatement(name, style));
         // Rows found for a name with an apostrophe belong to other users.
-        if (EndsLiteral(name) || CountRecords(user) == 0)
+        if (EndsLiteral(style, name) || CountRecords(user) == 0)
             return;
         Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
         Get(L"TxtDes").SetText(NullToText(user.Value(L"Dec")));
@@ -152,18 +153,18 @@ private:
     void Save(const std::wstring& name) {
         // Sent as it is, the statement could change other users, or all of them.
         const std::wstring description = Get(L"TxtDes").Text();
-        if (MayMeanMore({WithoutPairs(name), WithoutPairs(description), options_.OldName}))
+        const ValueStyle style = database_.Style();
+        if (MayMeanMore(style, {WithoutPairs(name), WithoutPairs(description), options_.OldName}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
-        const DatabaseKind kind = database_.kind;
         const wchar_t* title = options_.EditMode ? kEditTitle : kAddTitle;
         Recordset edited, taken;
         // Its rows are not needed: a failure to read the user is shown before the check.
         if (options_.EditMode)
-            OpenRecordset(database_, edited, LoadUserStatement(options_.OldName, kind));
+            OpenRecordset(database_, edited, LoadUserStatement(options_.OldName, style));
         const long error =
             OpenRecordset(database_, taken,
-                          options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, kind)
-                                            : UserNamedStatement(name, kind));
+                          options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, style)
+                                            : UserNamedStatement(name, style));
         bool done = false;
         // A record set that opens but cannot be read ends the form: the name may be taken.
         if (error == 0 && !taken.Eof()) {
@@ -171,7 +172,7 @@ private:
         } else if (!CheckPass()) {
             ShowMsg(texts::kUserBadPassword, kOkOnly, title);
         } else {
-            Write(name, kind);
+            Write(name, style);
             done = true;
         }
         SelectFirstBox();
@@ -179,16 +180,16 @@ private:
             Unload();
     }
 
-    void Write(const std::wstring& name, DatabaseKind kind) {
+    void Write(const std::wstring& name, ValueStyle style) {
         ItemList groups(Get(L"TxtIdGroup"));
         const UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0)};
         const auto password = [this] { return PasswordCodeOf(Get(L"TxtPass").Text()); };
         if (!options_.EditMode) {
-            Execute(database_, InsertUserStatement(user, password(), kind));
+            Execute(database_, InsertUserStatement(user, password(), style));
             return;
         }
         const auto newPassword = passChanged_ ? std::optional(password()) : std::nullopt;
-        Execute(database_, UpdateUserStatement(user, newPassword, options_.OldName, kind));
+        Execute(database_, UpdateUserStatement(user, newPassword, options_.OldName, style));
     }
 
     // The name, or the password where that is all that the user may change.

@@ -92,7 +92,7 @@ protected:
     }
 
 private:
-    void Append(const std::wstring& statement) {
+    void Append(const Statement& statement) {
         Recordset rows;
         if (OpenRecordset(database_, rows, statement) != 0)
             return;
@@ -102,7 +102,7 @@ private:
 
     // Adds the rows that are not shown yet. The statement may return shown ones: the last code
     // counts as 0 when it cannot be read.
-    void AppendNew(const std::wstring& statement) {
+    void AppendNew(const Statement& statement) {
         auto& rows = users_->Rows();
         const auto shown = static_cast<std::ptrdiff_t>(rows.size());
         // Rows before a failure stay.
@@ -131,7 +131,7 @@ private:
         ShowUserEditor(database_, {.AllowChange = true, .EditMode = false, .OldName = {}});
         const long after = LastValue(database_, L"User", L"Code");
         if (after > before) {
-            AppendNew(UsersAfterStatement(before));
+            AppendNew(UsersAfterStatement(before, database_.Style()));
             users_->Refresh();
             users_->Select(static_cast<long>(users_->Rows().size()) - 1);
         }
@@ -145,7 +145,7 @@ private:
         ShowUserEditor(database_,
                        {.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
         Recordset user;
-        OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode]));
+        OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode], database_.Style()));
         if (CountRecords(user) > 0)
             if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);
@@ -189,9 +189,9 @@ private:
 
     void DeleteUser(const std::wstring& name) {
         // Sent as it is, the statement could delete other users, or all of them.
-        if (MayMeanMore({name}))
+        if (MayMeanMore(database_.Style(), {name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
-        Execute(database_, DeleteUserStatement(name, database_.kind));
+        Execute(database_, DeleteUserStatement(name, database_.Style()));
     }
 
     const Database& database_;

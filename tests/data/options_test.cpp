@@ -2,7 +2,7 @@
 // Named settings in the Options table, written and read on real databases.
 #include "data/data_fixture.h"
 
-#include "data/settings/options.h"
+#include "data/stores/options.h"
 #include "support/check_hr.h"
 #include "support/env.h"
 #include "support/temp_dir.h"

@@ -2,7 +2,7 @@
 #include "faults/uses.h"
 
 #include "comkit/base/com_error.h"
-#include "data/settings/options.h"
+#include "data/stores/options.h"
 #include "support/new_object.h"
 #include "support/text.h"
 #include "support/forms/lookup_host.h"

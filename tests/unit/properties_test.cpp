@@ -167,11 +167,11 @@ TEST(Properties, NumbersAreTheSameInEveryLocale) {
         numbers.push_back(RandomNumber(random));
     std::vector<std::wstring> texts;
     for (const double number : numbers)
-        texts.push_back(LogonStatement(L"An", number, DatabaseKind::Jet) + DoubleToText(number));
+        texts.push_back(LogonStatement(L"An", number, DatabaseKind::Jet).text + DoubleToText(number));
     const VietnameseNumbers locale;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::wstring text = DoubleToText(numbers[i]);
-        ASSERT_EQ(texts[i], LogonStatement(L"An", numbers[i], DatabaseKind::Jet) + text);
+        ASSERT_EQ(texts[i], LogonStatement(L"An", numbers[i], DatabaseKind::Jet).text + text);
         ASSERT_EQ(std::wstring::npos, text.find(L','));
         ASSERT_EQ(text, Literal(text, L"N", DatabaseKind::Jet));
         ASSERT_NEAR(numbers[i], ParseNumber(text).value(), std::fabs(numbers[i]) * 1e-14);

@@ -15,11 +15,14 @@ namespace {
 constexpr DISPID kChange = 1;
 
 // A look-up opens the connection that the host has named, else runs on the session's.
-void OnDatabase(const std::wstring& connectionString,
+void OnDatabase(const std::wstring& connectionString, const Settings& settings,
                 const std::function<void(const Database&)>& lookUp) {
-    if (connectionString.empty())
-        return lookUp(CurrentDatabase());
-    const SessionConnection own(connectionString);
+    if (connectionString.empty()) {
+        Database database = CurrentDatabase();
+        database.settings = settings;
+        return lookUp(database);
+    }
+    const SessionConnection own(connectionString, settings);
     lookUp(*own);
 }
 
@@ -27,12 +30,14 @@ void OnDatabase(const std::wstring& connectionString,
 
 SelItem::SelItem() : boxes_(SelectionBoxes::Make(OnDatabase)) {
     boxes_->Change = [this] { Fire(kChange); };
+    boxes_->settings = [this] { return CurrentSettings(); };
 }
 
 // The boxes may be in the middle of a look-up that outlives this object: they go on alone.
 SelItem::~SelItem() {
     boxes_->Unbind();
     boxes_->Change = nullptr;
+    boxes_->settings = [last = CurrentSettings()] { return last; };
 }
 
 STDMETHODIMP SelItem::SetTextSel(long window) {

@@ -4,13 +4,15 @@
 
 #include <memory>
 
+#include "api/classes/governed.h"
 #include "comkit/object/connection_points.h"
 #include "controls/picker/selection_boxes.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
 
-class SelItem final : public EventObject<SelItem, cSelItem, ISelItem, DSelItemEvents> {
+class SelItem final
+    : public Governed<EventObject<SelItem, cSelItem, ISelItem2, DSelItemEvents>, ISelItem> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.cSelItem";
 

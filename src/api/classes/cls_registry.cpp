@@ -2,8 +2,8 @@
 #include "api/classes/cls_registry.h"
 
 #include "comkit/base/bstr.h"
-#include "data/settings/data_source.h"
-#include "data/settings/registry.h"
+#include "data/stores/data_source.h"
+#include "data/stores/registry.h"
 
 namespace vndesk {
 

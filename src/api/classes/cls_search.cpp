@@ -116,10 +116,12 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
         // Without a connection of its own the search runs on the session's.
         std::optional<SessionConnection> own;
         if (state & adStateOpen)
-            own.emplace(Database{connection_, KindOf(given), given});
+            own.emplace(Database{connection_, KindOf(given), given, CurrentSettings()});
         else if (!given.empty())
-            own.emplace(given);
-        result_ = ShowFindDialog(own ? **own : CurrentDatabase(), table_, owner);
+            own.emplace(given, CurrentSettings());
+        Database database = own ? **own : CurrentDatabase();
+        database.settings = CurrentSettings();
+        result_ = ShowFindDialog(database, table_, owner);
     });
 }
 

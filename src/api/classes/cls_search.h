@@ -4,13 +4,14 @@
 
 #include <string>
 
+#include "api/classes/governed.h"
 #include "comkit/object/dispatch.h"
 #include "data/connect/ado.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
 
-class Search final : public ClassObject<Search, clsSearch, ISearch> {
+class Search final : public Governed<ClassObject<Search, clsSearch, ISearch2>, ISearch> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.clsSearch";
 
@@ -20,6 +21,10 @@ public:
     STDMETHODIMP put_TableSearch(BSTR value) override;
     STDMETHODIMP get_Result(BSTR* value) override;
     STDMETHODIMP Show(long* modal, VARIANT ownerForm) override;
+    STDMETHODIMP get_ParameterizedResult(BSTR* value) override;
+    STDMETHODIMP get_Parameters(VARIANT* value) override;
+    STDMETHODIMP get_ParameterTypes(VARIANT* value) override;
+    STDMETHODIMP CreateCommand(BSTR selectText, VARIANT connection, IDispatch** command) override;
 
 private:
     _Connection& Connection();

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "comkit/base/com_error.h"
-#include "forms/keys/upper_case.h"
+#include "comkit/base/upper_case.h"
 
 namespace vndesk {
 

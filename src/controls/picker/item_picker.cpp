@@ -9,7 +9,7 @@
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "forms/keys/keys.h"
-#include "forms/keys/upper_case.h"
+#include "comkit/base/upper_case.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "text/tcvn3.h"
@@ -49,7 +49,7 @@ class ItemPicker final : public FormOf<kForm> {
 public:
     explicit ItemPicker(const Database& database) : database_(database) {}
 
-    std::wstring SqlText;
+    Statement SqlText;
     std::wstring SelValue;
     std::wstring searchText;
 
@@ -107,7 +107,7 @@ protected:
     }
 
 private:
-    long ReadInfo(const std::wstring& statement) {
+    long ReadInfo(const Statement& statement) {
         long count = 0;
         Trap([&] {
             const Hourglass waiting;
@@ -165,7 +165,7 @@ private:
 
 } // namespace
 
-std::wstring PickItem(const Database& database, const std::wstring& sqlText,
+std::wstring PickItem(const Database& database, const Statement& sqlText,
                       const std::wstring& searchText) {
     ItemPicker picker(database);
     picker.SqlText = sqlText;

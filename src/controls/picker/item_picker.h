@@ -11,7 +11,7 @@ namespace vndesk {
 
 // Lists a statement's rows (code in the first column, name in the second); the code chosen, empty
 // after a cancel. The search box starts with `searchText`.
-std::wstring PickItem(const Database& database, const std::wstring& sqlText,
+std::wstring PickItem(const Database& database, const Statement& sqlText,
                       const std::wstring& searchText);
 
 } // namespace vndesk

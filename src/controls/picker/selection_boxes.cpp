@@ -199,13 +199,13 @@ void SelectionBoxes::PickByName() {
         return;
     const Busy busy(busy_);
     previousID_ = selID_;
-    onDatabase_(connectionString, [this](const Database& database) { PickByName(database); });
+    onDatabase_(connectionString, settings(), [this](const Database& database) { PickByName(database); });
 }
 
 void SelectionBoxes::PickByName(const Database& database) {
     const std::wstring typed = nameBox_.Text();
     const std::wstring code =
-        PickItem(database, NamesBeginningStatement(SqlName, typed, database.kind),
+        PickItem(database, NamesBeginningStatement(SqlName, typed, database.Style()),
                  searchText.empty() ? typed : searchText);
     // Messages may have come between, and not every form gives its focus back by itself.
     GiveFocus(nameBox_.window);
@@ -236,7 +236,7 @@ void SelectionBoxes::ValidateCode() {
     if (code != selID_) {
         previousID_ = selID_;
         std::optional<Entry> entry;
-        onDatabase_(connectionString, [&](const Database& database) {
+        onDatabase_(connectionString, settings(), [&](const Database& database) {
             std::wstring error;
             entry = LookUp(database, code, error);
         });
@@ -272,7 +272,7 @@ std::optional<SelectionBoxes::Entry> SelectionBoxes::LookUp(const Database& data
     std::optional<Entry> entry;
     Trap([&] {
         Recordset rows;
-        if (OpenRecordset(database, rows, CodeStatement(SqlID, code, database.kind), &error) != 0)
+        if (OpenRecordset(database, rows, CodeStatement(SqlID, code, database.Style()), &error) != 0)
             return;
         if (CountRecords(rows) > 0)
             entry = {NullToText(rows.Value(0L)), NullToText(rows.Value(1L))};

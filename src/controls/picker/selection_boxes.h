@@ -18,8 +18,8 @@ namespace vndesk {
 
 class SelectionBoxes : public std::enable_shared_from_this<SelectionBoxes> {
 public:
-    // Runs one look-up on the database that a connection string names.
-    using OnDatabase = void (*)(const std::wstring& connectionString,
+    // Runs one look-up on the database that a connection string names, as the settings ask.
+    using OnDatabase = void (*)(const std::wstring& connectionString, const Settings& settings,
                                 const std::function<void(const Database&)>& lookUp);
 
     // Shared, because a handler of the host may let the last reference go while a box is being
@@ -47,6 +47,8 @@ public:
     std::wstring searchText;
     // Names the database of each look-up.
     std::wstring connectionString;
+    // What the next look-up is asked for.
+    std::function<Settings()> settings = [] { return Settings(); };
 
     // Another code was chosen. Clearing is not choosing.
     std::function<void()> Change;

@@ -4,7 +4,9 @@
 #include <comutil.h>
 
 #include "comkit/base/com_error.h"
+#include "data/connect/command.h"
 #include "data/connect/plain_message.h"
+#include "data/connect/values.h"
 #include "text/ascii_text.h"
 
 namespace vndesk {
@@ -12,6 +14,38 @@ namespace vndesk {
 namespace {
 
 constexpr wchar_t kJetProvider[] = L"Microsoft.Jet.OLEDB.4.0;";
+
+Database Unopened(std::wstring_view connectionString, const Settings& settings) {
+    Database database;
+    database.connectionString = connectionString;
+    database.kind = KindOf(connectionString);
+    database.settings = settings;
+    return database;
+}
+
+// What went wrong, step by step.
+struct Opening {
+    ErrorState named; // the provider
+    ErrorState opened;
+};
+
+Opening Open(Database& database) {
+    Opening result;
+    result.opened = Trap([&] { database.connection = NewConnection(); });
+    if (result.opened)
+        return result;
+    _Connection& connection = *database.connection.Get();
+    // put_Provider fails where the provider is missing; the one that the string names may still
+    // open it.
+    if (database.kind == DatabaseKind::Jet)
+        result.named = Trap([&] { CheckHr(connection.put_Provider(_bstr_t(kJetProvider))); });
+    result.opened = Trap([&] {
+        CheckCall(connection.Open(_bstr_t(database.connectionString.c_str()), _bstr_t(L""),
+                                  _bstr_t(L""), kAdoUnspecified),
+                  &connection, __uuidof(_Connection));
+    });
+    return result;
+}
 
 } // namespace
 
@@ -28,40 +62,41 @@ DatabaseKind KindOf(std::wstring_view connectionString) {
     return jet ? DatabaseKind::Jet : DatabaseKind::SqlServer;
 }
 
-Database OpenConnection(std::wstring_view connectionString) {
-    Database database;
-    database.connectionString = connectionString;
-    database.kind = KindOf(connectionString);
-    bool failed = false;
-    const auto step = [&](auto call) {
-        if (Trap([&] { CheckHr(call()); }))
-            failed = true;
-    };
-    step([&] {
-        database.connection = NewConnection();
-        return S_OK;
-    });
-    // put_Provider fails where the provider is missing; the one that the string names may still
-    // open it.
-    if (database.connection && database.kind == DatabaseKind::Jet)
-        step([&] { return database.connection->put_Provider(_bstr_t(kJetProvider)); });
-    if (database.connection)
-        step([&] {
-            return database.connection->Open(_bstr_t(database.connectionString.c_str()),
-                                             _bstr_t(L""), _bstr_t(L""), kAdoUnspecified);
-        });
-    if (failed)
+Database OpenConnection(std::wstring_view connectionString, const Settings& settings) {
+    Database database = Unopened(connectionString, settings);
+    const Opening opening = Open(database);
+    if (opening.named || opening.opened)
         PlainMessage(database.connectionString, L"");
     return database;
 }
 
-void Execute(const Database& database, const std::wstring& statement) {
+OpenedDatabase::OpenedDatabase(std::wstring_view connectionString, const Settings& settings)
+    : database_(Unopened(connectionString, settings)) {
+    if (const ErrorState error = Open(database_).opened)
+        throw ComError(error.code, error.description);
+}
+
+OpenedDatabase::~OpenedDatabase() {
+    CloseConnection(database_);
+}
+
+bool IsOpen(const Database& database) {
+    long state = adStateClosed;
+    return database.connection && SUCCEEDED(database.connection->get_State(&state)) &&
+           (state & adStateOpen);
+}
+
+long Execute(const Database& database, const Statement& statement) {
     if (!database.connection)
         throw ComError(E_UNEXPECTED);
+    if (!statement.values.empty())
+        return ExecuteCommand(database.connection, statement);
     AdoRecordset none;
-    CheckCall(
-        database.connection->Execute(_bstr_t(statement.c_str()), nullptr, kAdoUnspecified, &none),
-        database.connection.Get(), __uuidof(_Connection));
+    _variant_t affected;
+    CheckCall(database.connection->Execute(_bstr_t(statement.text.c_str()), &affected,
+                                           kAdoUnspecified, &none),
+              database.connection.Get(), __uuidof(_Connection));
+    return NullToInteger(affected);
 }
 
 void CloseConnection(Database& database) {

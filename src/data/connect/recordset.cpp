@@ -2,6 +2,7 @@
 #include "data/connect/recordset.h"
 
 #include "comkit/base/com_error.h"
+#include "data/connect/command.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/values.h"
 #include "data/text/statements.h"
@@ -33,10 +34,16 @@ void Recordset::Create(const Database& database) {
     recordset_.Reset();
     CheckHr(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&recordset_)));
     Check(recordset_->putref_ActiveConnection(database.connection.Get()));
+    connection_ = database.connection;
 }
 
-void Recordset::Open(const std::wstring& statement) {
-    Check(Ado().Open(_variant_t(statement.c_str()), Missing(),
+void Recordset::Open(const Statement& statement) {
+    if (!statement.values.empty()) {
+        // A command brings a record set of its own: one that has a connection cannot take it over.
+        recordset_ = RunCommand(connection_, statement);
+        return;
+    }
+    Check(Ado().Open(_variant_t(statement.text.c_str()), Missing(),
                      static_cast<CursorTypeEnum>(kAdoUnspecified),
                      static_cast<LockTypeEnum>(kAdoUnspecified), kAdoUnspecified));
 }
@@ -117,7 +124,7 @@ long Recordset::FieldCount() {
     return count;
 }
 
-long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement,
+long OpenRecordset(const Database& database, Recordset& recordset, const Statement& statement,
                    std::wstring* description) {
     const ErrorState error = Trap([&] {
         recordset.Create(database);

@@ -23,7 +23,7 @@ public:
 
     // Replaces the record set by a new, unopened one on the database.
     void Create(const Database& database);
-    void Open(const std::wstring& statement);
+    void Open(const Statement& statement);
     void Close();
 
     bool Eof();
@@ -44,6 +44,7 @@ private:
     _variant_t Value(Field& field);
     void ForgetFields();
 
+    AdoConnection connection_;
     AdoRecordset recordset_;
     // Asked for once: every value goes through them, and a column's field follows the current row.
     ComPtr<Fields> fields_;
@@ -54,7 +55,7 @@ private:
 // Opens a new record set on a statement. A failure is shown in a plain message with the provider's
 // description, and its error number is returned; 0 is success. Callers that say more about a
 // failure get the description too.
-long OpenRecordset(const Database& database, Recordset& recordset, const std::wstring& statement,
+long OpenRecordset(const Database& database, Recordset& recordset, const Statement& statement,
                    std::wstring* description = nullptr);
 
 // Counts the rows by walking them, for providers that do not know, and leaves the first one

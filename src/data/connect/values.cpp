@@ -4,6 +4,8 @@
 #include <comutil.h>
 #include <oleauto.h>
 
+#include <algorithm>
+
 #include "comkit/base/bstr.h"
 #include "comkit/base/com_error.h"
 #include "comkit/base/variant.h"
@@ -42,6 +44,20 @@ long NullToInteger(const VARIANT& value) {
 double NullToDouble(const VARIANT& value) {
     _variant_t number;
     return Convert(value, VT_R8, number) ? V_R8(&number) : 0;
+}
+
+std::optional<Moment> NullToMoment(const VARIANT& value) {
+    if (V_VT(&value) == VT_DATE)
+        return Moment{V_DATE(&value)};
+    if (V_VT(&value) != VT_BSTR)
+        return std::nullopt;
+    // Fractions of a second would not be read.
+    std::wstring text = FromBstr(V_BSTR(&value));
+    text.resize(std::min(text.find(L'.'), text.size()));
+    Moment moment;
+    if (FAILED(VarDateFromStr(text.c_str(), LOCALE_INVARIANT, 0, &moment.days)))
+        return std::nullopt;
+    return moment;
 }
 
 long ToInteger(const VARIANT& value) {

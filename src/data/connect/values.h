@@ -6,7 +6,10 @@
 
 #include <oaidl.h>
 
+#include <optional>
 #include <string>
+
+#include "data/text/statement.h"
 
 namespace vndesk {
 
@@ -15,6 +18,10 @@ namespace vndesk {
 std::wstring NullToText(const VARIANT& value);
 long NullToInteger(const VARIANT& value);
 double NullToDouble(const VARIANT& value);
+
+// A time as the provider gives it: a date, or a text such as 2026-11-22 10:35:00. Nothing for Null
+// and for what is no time.
+std::optional<Moment> NullToMoment(const VARIANT& value);
 
 // Throws a type mismatch for anything but a 32-bit number, null included.
 long ToInteger(const VARIANT& value);

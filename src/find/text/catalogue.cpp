@@ -8,32 +8,32 @@ namespace vndesk {
 
 namespace {
 
-std::wstring FieldsOf(std::wstring_view columns, std::wstring_view table) {
-    return L"Select " + std::wstring(columns) + L" From LstFld Where [InTable]='" +
-           std::wstring(table) + L"'";
+Statement FieldsOf(std::wstring_view columns, std::wstring_view table, ValueStyle style) {
+    return StatementWriter(style) << L"Select " << columns << L" From LstFld Where [InTable]="
+                                  << QuotedBare{table};
 }
 
 } // namespace
 
-std::wstring FieldListStatement(std::wstring_view table) {
-    return FieldsOf(L"[Name],[Desc]", table);
+Statement FieldListStatement(std::wstring_view table, ValueStyle style) {
+    return FieldsOf(L"[Name],[Desc]", table, style);
 }
 
-std::wstring FieldInfoStatement(std::wstring_view table) {
-    return FieldsOf(L"*", table);
+Statement FieldInfoStatement(std::wstring_view table, ValueStyle style) {
+    return FieldsOf(L"*", table, style);
 }
 
-std::wstring OperatorListStatement(long fieldType) {
-    return L"Select Name,Des from Operator Where Type=" + std::to_wstring(fieldType) +
-           L"  Order By Code";
+Statement OperatorListStatement(long fieldType, ValueStyle style) {
+    return StatementWriter(style) << L"Select Name,Des from Operator Where Type=" << fieldType
+                                  << L"  Order By Code";
 }
 
-std::wstring LookUpStatement(std::wstring_view relation, std::wstring_view value,
-                             DatabaseKind dbKind) {
+Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style) {
     const bool select = FindIgnoringCase(relation, L"SELECT") != std::wstring_view::npos;
     const std::wstring source(relation);
-    return (select ? source : L"Select * From " + source + L" Where Name ") + L"  Like " +
-           Literal(value, L"LR", dbKind);
+    return StatementWriter(style)
+           << (select ? source : L"Select * From " + source + L" Where Name ") << L"  Like "
+           << Beginning{value};
 }
 
 } // namespace vndesk

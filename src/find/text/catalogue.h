@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
@@ -13,15 +13,14 @@ namespace vndesk {
 inline constexpr wchar_t kCatalogueOrder[] = L"[code]";
 
 // Names and captions of a table's fields; the table's name is put in as it stands.
-std::wstring FieldListStatement(std::wstring_view table);
+Statement FieldListStatement(std::wstring_view table, ValueStyle style = {});
 // Types and look-up sources of the same fields.
-std::wstring FieldInfoStatement(std::wstring_view table);
+Statement FieldInfoStatement(std::wstring_view table, ValueStyle style = {});
 // Names and captions of the operators for a field type, in their order.
-std::wstring OperatorListStatement(long fieldType);
+Statement OperatorListStatement(long fieldType, ValueStyle style = {});
 
 // What the picker offers for a value typed so far. `relation` is a table's name, or a SELECT that
 // ends where a pattern can follow.
-std::wstring LookUpStatement(std::wstring_view relation, std::wstring_view value,
-                             DatabaseKind dbKind);
+Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style);
 
 } // namespace vndesk

@@ -4,10 +4,14 @@
 
 #include <string>
 
+#include "data/text/statement.h"
+
 namespace vndesk {
 
-inline std::wstring Ordered(const std::wstring& statement, const std::wstring& orderColumn) {
-    return orderColumn.empty() ? statement : statement + L" Order By " + orderColumn;
+inline Statement Ordered(Statement statement, const std::wstring& orderColumn) {
+    if (!orderColumn.empty())
+        statement.text += L" Order By " + orderColumn;
+    return statement;
 }
 
 } // namespace vndesk

@@ -3,7 +3,9 @@
 // TCVN3 unless the form says that it converts none; rectangles and sizes are twips.
 #pragma once
 
+#include <array>
 #include <span>
+#include <string_view>
 
 #include "forms/look/twips.h"
 
@@ -121,6 +123,29 @@ constexpr ControlSpec CustomControl(const wchar_t* windowClass, const wchar_t* n
             .rect = rect,
             .flags = flags,
             .windowClass = windowClass};
+}
+
+// A table with further controls in front of the named one, which moves down by `height` with all
+// that follows.
+template <size_t kCount, size_t kMore>
+consteval std::array<ControlSpec, kCount + kMore>
+WithRow(const std::array<ControlSpec, kCount>& table, std::wstring_view before, double height,
+        const std::array<ControlSpec, kMore>& row) {
+    std::array<ControlSpec, kCount + kMore> all = {};
+    size_t next = 0;
+    double shift = 0;
+    for (ControlSpec control : table) {
+        if (control.name == before) {
+            for (const ControlSpec& added : row)
+                all[next++] = added;
+            shift = height;
+        }
+        control.rect.top += shift;
+        all[next++] = control;
+    }
+    if (next != all.size())
+        throw "the table has no control of this name";
+    return all;
 }
 
 // --- The form ---

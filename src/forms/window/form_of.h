@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // A form that knows its table while it is compiled: the name of a control that the table does not
-// have does not compile.
+// have does not compile. A form with further controls on demand has one table of all, which the
+// compiler checks, and variants of it, of which it is made with one.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "forms/window/form.h"
 
@@ -19,8 +22,16 @@ public:
     };
 
     FormOf() : Form(kDesign) {}
+    explicit FormOf(const FormSpec& variant) : Form(variant) {
+        for (const ControlSpec& control : kDesign.controls)
+            places_.push_back(static_cast<size_t>(
+                std::ranges::find(variant.controls, std::wstring_view(control.name),
+                                  &ControlSpec::name) -
+                variant.controls.begin()));
+    }
 
-    Control& Get(Name name) { return At(name.index); }
+    // A control that the variant does not have is beyond its last one, which At refuses.
+    Control& Get(Name name) { return At(places_.empty() ? name.index : places_[name.index]); }
 
 protected:
     template <class Derived> struct Click {
@@ -43,6 +54,8 @@ private:
                 return i;
         throw "the form has no control of this name";
     }
+
+    std::vector<size_t> places_; // of the design's controls in the variant; empty without one
 };
 
 } // namespace vndesk

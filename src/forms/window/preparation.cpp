@@ -2,7 +2,7 @@
 #include "forms/window/preparation.h"
 
 #include "comkit/base/com_error.h"
-#include "forms/keys/upper_case.h"
+#include "comkit/base/upper_case.h"
 #include "forms/window/form.h"
 #include "text/tcvn3.h"
 

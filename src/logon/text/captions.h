@@ -13,4 +13,11 @@ inline constexpr auto kLogonExit = L"Thoát"_tcvn3;
 inline constexpr auto kLogonHelp = L"Hướng dẫn"_tcvn3;
 inline constexpr auto kLogonFailed = L"Mật khẩu hoặc người sử dụng không hợp lệ "_tcvn3;
 
+// A user who is locked out: the time, perhaps the day, stands between.
+inline constexpr auto kLogonLockedUntil = L"Tài khoản bị khoá đến "_tcvn3;
+inline constexpr auto kLogonLockedBecause = L" do nhập sai mật khẩu nhiều lần."_tcvn3;
+// How many tries are left stands between.
+inline constexpr auto kLogonTriesLeft = L"Còn "_tcvn3;
+inline constexpr auto kLogonTries = L" lần thử."_tcvn3;
+
 } // namespace vndesk::texts

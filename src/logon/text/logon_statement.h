@@ -2,13 +2,12 @@
 // The statement that looks for the user who logs on.
 #pragma once
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
-#include <string>
 #include <string_view>
 
 namespace vndesk {
 
-std::wstring LogonStatement(std::wstring_view name, double passwordCode, DatabaseKind dbKind);
+Statement LogonStatement(std::wstring_view name, double passwordCode, ValueStyle style);
 
 } // namespace vndesk

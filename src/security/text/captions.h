@@ -21,6 +21,14 @@ inline constexpr auto kUserBadPassword = L"Mật khẩu không hợp lệ"_tcvn3
 inline constexpr auto kUserNotWritten =
     L"Không ghi hay xoá được: tên hoặc diễn giải có dấu nháy đơn (')."_tcvn3;
 
+inline constexpr auto kUserEditorCurrent = L"Mật khẩu &hiện tại"_tcvn3;
+inline constexpr auto kUserEditorNewPassword = L"&Mật khẩu mới"_tcvn3;
+inline constexpr auto kUserEditorMustChange = L"&Phải đổi khi đăng nhập lần tới"_tcvn3;
+inline constexpr auto kUserWrongPassword = L"Mật khẩu hiện tại không đúng."_tcvn3;
+inline constexpr auto kUserPasswordsDiffer = L"Hai lần nhập mật khẩu không giống nhau."_tcvn3;
+inline constexpr auto kUserPasswordMissing = L"Bạn chưa nhập mật khẩu mới."_tcvn3;
+inline constexpr auto kUserMustChange = L"Bạn phải đổi mật khẩu trước khi dùng chương trình."_tcvn3;
+
 // Group manager.
 inline constexpr auto kGroupManagerTitle = L"Nhóm người sử dụng"_tcvn3;
 inline constexpr auto kGroupManagerGroups = L"Danh &sách nhóm"_tcvn3;
@@ -45,6 +53,8 @@ inline constexpr auto kPermissionBars = L"&Thực đơn"_tcvn3;
 inline constexpr auto kPermissionCommands = L"&Chức năng được phép"_tcvn3;
 inline constexpr auto kPermissionOk = L"Đồn&g ý"_tcvn3;
 inline constexpr auto kPermissionCancel = L"Bỏ &qua"_tcvn3;
+inline constexpr auto kPermissionChanged =
+    L"Quyền của nhóm này đã được sửa ở máy khác. Bạn có chắc chắn ghi đè không?"_tcvn3;
 inline constexpr auto kPermissionGroupIs = L"Tên nhóm là:"_tcvn3;
 
 // User list.
@@ -56,6 +66,10 @@ inline constexpr auto kUserListExit = L"Th&oát"_tcvn3;
 inline constexpr auto kUserListName = L"Tên"_tcvn3;
 inline constexpr auto kUserListDescription = L"Diễn giải"_tcvn3;
 inline constexpr auto kUserListCode = L"Mã số"_tcvn3;
+inline constexpr auto kUserListState = L"Tình trạng"_tcvn3;
+inline constexpr auto kUserListUnlock = L"Mở &khoá"_tcvn3;
+// The time, perhaps the day, follows.
+inline constexpr auto kUserListLockedUntil = L"Bị khoá đến "_tcvn3;
 inline constexpr auto kUserListNoDelete =
     L"Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."_tcvn3;
 inline constexpr auto kUserListConfirmDelete = L"Bạn chắc chắn xoá người sử dụng này"_tcvn3;

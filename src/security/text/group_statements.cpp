@@ -5,31 +5,40 @@
 
 namespace vndesk {
 
-std::wstring GroupMembersStatement(long code) {
-    return L"SELECT * FROM [USER] WHERE IdGroup=" + std::to_wstring(code);
+Statement GroupMembersStatement(long code, ValueStyle style) {
+    return StatementWriter(style) << L"SELECT * FROM [USER] WHERE IdGroup=" << code;
 }
 
-std::wstring GroupStatement(std::wstring_view table, long code) {
-    return L"Select * From " + std::wstring(table) + L" Where Code=" + std::to_wstring(code);
+Statement GroupStatement(std::wstring_view table, long code, ValueStyle style) {
+    return StatementWriter(style) << L"Select * From " << table << L" Where Code=" << code;
 }
 
-std::wstring InsertGroupStatement(std::wstring_view table, std::wstring_view name,
-                                  std::wstring_view description, DatabaseKind kind) {
+Statement InsertGroupStatement(std::wstring_view table, std::wstring_view name,
+                               std::wstring_view description, ValueStyle style) {
+    if (style.bound)
+        return StatementWriter(style) << L"Insert Into " << table << L"([Name],[Des]) Values("
+                                      << QuotedBare{name} << L"," << QuotedBare{description}
+                                      << L")";
     const std::wstring insert =
         L"Insert Into " + std::wstring(table) + L"([Name]) Values('" + std::wstring(name) + L"')";
-    return AddInsertColumn(insert, L"[Des]", description, kind);
+    return AddInsertColumn(insert, L"[Des]", description, style.kind);
 }
 
-std::wstring UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
-                                  std::wstring_view description, DatabaseKind kind) {
+Statement UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
+                               std::wstring_view description, ValueStyle style) {
+    if (style.bound)
+        return StatementWriter(style) << L"Update " << table << L" Set [Des]="
+                                      << QuotedBare{description} << L",[Name]=" << QuotedBare{name}
+                                      << L" Where [Code]=" << code;
     const std::wstring update = L"Update " + std::wstring(table) + L" Set [Name]='" +
                                 std::wstring(name) + L"' Where [Code]=" + std::to_wstring(code);
-    return AddUpdateAssignment(update, L"[Des]", description, kind);
+    return AddUpdateAssignment(update, L"[Des]", description, style.kind);
 }
 
-std::wstring DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes) {
-    return L"Delete From " + std::wstring(table) + L" Where Code In (" + std::wstring(codes) +
-           L") and (Code Not In (1,8))";
+Statement DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes,
+                                ValueStyle style) {
+    return StatementWriter(style) << L"Delete From " << table << L" Where Code In ("
+                                  << Numbers{codes} << L") and (Code Not In (1,8))";
 }
 
 } // namespace vndesk

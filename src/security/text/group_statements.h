@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The statements of the group manager. Names and descriptions go in as they are typed.
+// The statements of the group manager. Names and descriptions go in as they are typed; as literals,
+// descriptions are written with their quotes doubled and a trailing blank, as older rows are.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
-std::wstring GroupMembersStatement(long code);
-std::wstring GroupStatement(std::wstring_view table, long code);
-std::wstring InsertGroupStatement(std::wstring_view table, std::wstring_view name,
-                                  std::wstring_view description, DatabaseKind kind);
-std::wstring UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
-                                  std::wstring_view description, DatabaseKind kind);
+Statement GroupMembersStatement(long code, ValueStyle style = {});
+Statement GroupStatement(std::wstring_view table, long code, ValueStyle style = {});
+Statement InsertGroupStatement(std::wstring_view table, std::wstring_view name,
+                                  std::wstring_view description, ValueStyle style);
+Statement UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
+                                  std::wstring_view description, ValueStyle style);
 // `codes` is separated by commas. Groups 1 and 8 stay, whatever it holds.
-std::wstring DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes);
+Statement DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes, ValueStyle style = {});
 
 } // namespace vndesk

@@ -33,23 +33,25 @@ long MaskOf(const std::vector<bool>& ticked) {
     return mask;
 }
 
-std::wstring MenuCommandsStatement(short barId) {
-    return L"Select * From SubMenu Where IdMenuBar=" + std::to_wstring(barId) + L" Order By ID";
+Statement MenuCommandsStatement(short barId, ValueStyle style) {
+    return StatementWriter(style) << L"Select * From SubMenu Where IdMenuBar=" << long{barId}
+                                  << L" Order By ID";
 }
 
-std::wstring GroupRightsStatement(long groupCode) {
-    return L"Select * From Groups Where Code=" + std::to_wstring(groupCode);
+Statement GroupRightsStatement(long groupCode, ValueStyle style) {
+    return StatementWriter(style) << L"Select * From Groups Where Code=" << groupCode;
 }
 
-std::wstring WriteRightsStatement(const std::vector<std::wstring>& columns,
-                                  const std::vector<long>& masks, long groupCode) {
-    std::wstring pairs;
+Statement WriteRightsStatement(const std::vector<std::wstring>& columns,
+                               const std::vector<long>& masks, long groupCode, ValueStyle style) {
+    StatementWriter statement(style);
+    statement << L"Update Groups Set ";
     for (std::size_t i = 0; i < columns.size() && i < masks.size(); ++i) {
         if (i > 0)
-            pairs += L',';
-        pairs += columns[i] + L"=" + std::to_wstring(masks[i]);
+            statement << L",";
+        statement << (style.bound ? Bracketed(columns[i]) : columns[i]) << L"=" << masks[i];
     }
-    return L"Update Groups Set " + pairs + L" Where Code=" + std::to_wstring(groupCode);
+    return statement << L" Where Code=" << groupCode;
 }
 
 } // namespace vndesk

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "data/text/statement.h"
+
 namespace vndesk {
 
 // Whether the command at a place, counted from 0, is granted. Throws std::overflow_error beyond 31
@@ -16,10 +18,11 @@ bool IsGranted(long mask, std::size_t place);
 // The mask of the ticked places. Throws std::overflow_error when the 32nd is ticked.
 long MaskOf(const std::vector<bool>& ticked);
 
-std::wstring MenuCommandsStatement(short barId);
-std::wstring GroupRightsStatement(long groupCode);
+Statement MenuCommandsStatement(short barId, ValueStyle style = {});
+Statement GroupRightsStatement(long groupCode, ValueStyle style = {});
 // Writes mask k into the column named columns[k].
-std::wstring WriteRightsStatement(const std::vector<std::wstring>& columns,
-                                  const std::vector<long>& masks, long groupCode);
+Statement WriteRightsStatement(const std::vector<std::wstring>& columns,
+                               const std::vector<long>& masks, long groupCode,
+                               ValueStyle style = {});
 
 } // namespace vndesk

@@ -1,50 +1,49 @@
 // SPDX-License-Identifier: MIT
 #include "security/text/user_statements.h"
 
-#include "data/text/number_text.h"
-
 namespace vndesk {
 
-std::wstring UserNamedStatement(std::wstring_view name, DatabaseKind kind) {
-    return L"SELECT * FROM [User] WHERE [Name]=" + SqlQuote(name, kind);
+Statement UserNamedStatement(std::wstring_view name, ValueStyle style) {
+    return StatementWriter(style) << L"SELECT * FROM [User] WHERE [Name]=" << Quoted{name};
 }
 
-std::wstring InsertUserStatement(const UserFields& user, double password, DatabaseKind kind) {
-    return L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" +
-           SqlQuote(user.name, kind) + L"," + SqlQuote(user.description, kind) + L"," +
-           std::to_wstring(user.groupCode) + L"," + DoubleToText(password) + L")";
+Statement InsertUserStatement(const UserFields& user, double password, ValueStyle style) {
+    return StatementWriter(style)
+           << L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" << Quoted{user.name}
+           << L"," << Quoted{user.description} << L"," << user.groupCode << L"," << password
+           << L")";
 }
 
-std::wstring LoadUserStatement(std::wstring_view name, DatabaseKind kind) {
-    return L"SELECT  *  FROM [User]  WHERE [Name]=" + SqlQuote(name, kind);
+Statement LoadUserStatement(std::wstring_view name, ValueStyle style) {
+    return StatementWriter(style) << L"SELECT  *  FROM [User]  WHERE [Name]=" << Quoted{name};
 }
 
-std::wstring OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
-                                     DatabaseKind kind) {
-    return L"Select  * From [User] Where [Name]=" + SqlQuote(name, kind) + L" And [Name] <> " +
-           SqlQuote(oldName, kind);
+Statement OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
+                                  ValueStyle style) {
+    return StatementWriter(style) << L"Select  * From [User] Where [Name]=" << Quoted{name}
+                                  << L" And [Name] <> " << Quoted{oldName};
 }
 
-std::wstring UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
-                                 std::wstring_view oldName, DatabaseKind kind) {
-    std::wstring statement = L"UPDATE [User] Set [Name]=" + SqlQuote(user.name, kind) + L",[Dec]=" +
-                             SqlQuote(user.description, kind) + L",IdGroup=" +
-                             std::to_wstring(user.groupCode);
+Statement UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
+                              std::wstring_view oldName, ValueStyle style) {
+    StatementWriter statement(style);
+    statement << L"UPDATE [User] Set [Name]=" << Quoted{user.name} << L",[Dec]="
+              << Quoted{user.description} << L",IdGroup=" << user.groupCode;
     if (newPassword)
-        statement += L",[Password]=" + DoubleToText(*newPassword);
-    return statement + L" Where [Name]=" + SqlQuote(oldName, kind);
+        statement << L",[Password]=" << *newPassword;
+    return statement << L" Where [Name]=" << Quoted{oldName};
 }
 
-std::wstring UsersAfterStatement(long code) {
-    return L"Select * From [User] Where Code >" + std::to_wstring(code);
+Statement UsersAfterStatement(long code, ValueStyle style) {
+    return StatementWriter(style) << L"Select * From [User] Where Code >" << code;
 }
 
-std::wstring UserWithCodeStatement(std::wstring_view code) {
-    return L"Select * From [User] Where Code=" + std::wstring(code);
+Statement UserWithCodeStatement(std::wstring_view code, ValueStyle style) {
+    return StatementWriter(style) << L"Select * From [User] Where Code=" << Numbers{code};
 }
 
-std::wstring DeleteUserStatement(std::wstring_view name, DatabaseKind kind) {
-    return L"Delete from [user] Where [Name]=" + SqlQuote(name, kind);
+Statement DeleteUserStatement(std::wstring_view name, ValueStyle style) {
+    return StatementWriter(style) << L"Delete from [user] Where [Name]=" << Quoted{name};
 }
 
 } // namespace vndesk

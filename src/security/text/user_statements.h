@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
@@ -17,19 +17,19 @@ struct UserFields {
     long groupCode = 0;
 };
 
-std::wstring UserNamedStatement(std::wstring_view name, DatabaseKind kind);
+Statement UserNamedStatement(std::wstring_view name, ValueStyle style);
 // A new user has a password: without one the code would be 0, which the empty password logs on.
-std::wstring InsertUserStatement(const UserFields& user, double password, DatabaseKind kind);
-std::wstring LoadUserStatement(std::wstring_view name, DatabaseKind kind);
-std::wstring OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
-                                     DatabaseKind kind);
+Statement InsertUserStatement(const UserFields& user, double password, ValueStyle style);
+Statement LoadUserStatement(std::wstring_view name, ValueStyle style);
+Statement OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
+                                     ValueStyle style);
 // Without a new password the stored one stays.
-std::wstring UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
-                                 std::wstring_view oldName, DatabaseKind kind);
+Statement UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
+                                 std::wstring_view oldName, ValueStyle style);
 
 inline constexpr wchar_t kUserListStatement[] = L"Select Code,Name,Dec from [user] Order by Code";
-std::wstring UsersAfterStatement(long code);
-std::wstring UserWithCodeStatement(std::wstring_view code);
-std::wstring DeleteUserStatement(std::wstring_view name, DatabaseKind kind);
+Statement UsersAfterStatement(long code, ValueStyle style = {});
+Statement UserWithCodeStatement(std::wstring_view code, ValueStyle style = {});
+Statement DeleteUserStatement(std::wstring_view name, ValueStyle style);
 
 } // namespace vndesk

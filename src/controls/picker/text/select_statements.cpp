@@ -4,13 +4,13 @@
 
 namespace vndesk {
 
-std::wstring NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
-                                     DatabaseKind dbKind) {
-    return std::wstring(sqlName) + L"  Like " + Literal(text, L"LR", dbKind);
+Statement NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
+                                  ValueStyle style) {
+    return StatementWriter(style) << sqlName << L"  Like " << Beginning{text};
 }
 
-std::wstring CodeStatement(std::wstring_view sqlID, std::wstring_view code, DatabaseKind dbKind) {
-    return std::wstring(sqlID) + L" = " + Literal(code, L"S", dbKind);
+Statement CodeStatement(std::wstring_view sqlID, std::wstring_view code, ValueStyle style) {
+    return StatementWriter(style) << sqlID << L" = " << Escaped{code};
 }
 
 } // namespace vndesk

@@ -6,15 +6,15 @@
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
 // Entries whose name begins with the text.
-std::wstring NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
-                                     DatabaseKind dbKind);
+Statement NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
+                                  ValueStyle style);
 
 // The entry with the code.
-std::wstring CodeStatement(std::wstring_view sqlID, std::wstring_view code, DatabaseKind dbKind);
+Statement CodeStatement(std::wstring_view sqlID, std::wstring_view code, ValueStyle style);
 
 } // namespace vndesk

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "data/settings/registry.h"
+#include "data/stores/registry.h"
 
-#include "data/settings/ansi_text.h"
+#include "data/stores/ansi_text.h"
 #include "data/text/registry_value.h"
 
 namespace vndesk {

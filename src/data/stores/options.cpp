@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/settings/options.h"
+#include "data/stores/options.h"
 
 #include "comkit/base/com_error.h"
 #include "data/connect/plain_message.h"

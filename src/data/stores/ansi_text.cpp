@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/settings/ansi_text.h"
+#include "data/stores/ansi_text.h"
 
 #include <windows.h>
 

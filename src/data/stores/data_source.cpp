@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "data/settings/data_source.h"
+#include "data/stores/data_source.h"
 
 #include <windows.h>
 
 #include <initializer_list>
 #include <string>
 
-#include "data/settings/registry.h"
+#include "data/stores/registry.h"
 
 namespace vndesk {
 

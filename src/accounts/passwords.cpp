@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "accounts/passwords.h"
+
+#include "accounts/audit.h"
+#include "comkit/base/com_error.h"
+#include "data/connect/transaction.h"
+#include "passwords/password.h"
+#include "passwords/password_hash.h"
+#include "passwords/password_text.h"
+#include "text/tcvn3.h"
+
+namespace vndesk {
+
+namespace {
+
+bool HasRules(const Settings& settings) {
+    return settings.Scheme == PasswordScheme::Pbkdf2 || settings.MinPasswordLength > 0;
+}
+
+} // namespace
+
+std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wstring& userName,
+                                      const std::wstring& password) {
+    const Settings& settings = operation.database.settings;
+    if (HasRules(settings)) {
+        const PasswordVerdict verdict =
+            JudgeNewPassword(password, userName, settings.MinPasswordLength);
+        if (verdict != PasswordVerdict::Fine)
+            return ToUncText(TextOfVerdict(verdict, settings.MinPasswordLength), kToUnicode);
+    }
+    return operation.askHost ? operation.askHost(userName, password) : std::nullopt;
+}
+
+void WritePassword(const Database& database, long userCode, const std::wstring& password,
+                   bool mustChange) {
+    if (database.settings.Scheme == PasswordScheme::Code) {
+        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(password)));
+        return;
+    }
+    Execute(database, SetHashStatement(userCode, HashPassword(password), mustChange));
+    Execute(database, SetNumberStatement(userCode, kNoNumber));
+}
+
+void UpgradePassword(const Database& database, const Account& account,
+                     const std::wstring& password) {
+    const std::wstring record = HashPassword(password);
+    if (!account.kept)
+        KeepAccount(database, account.userCode);
+    Transaction transaction(database);
+    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number)) != 1)
+        return;
+    Execute(database, SetHashStatement(account.userCode, record, account.mustChange));
+    transaction.Commit();
+}
+
+void SetPassword(const Operation& operation, long userCode, const std::wstring& password,
+                 bool mustChange) {
+    const Database& database = operation.database;
+    const Account account = RequireAccount(database, userCode);
+    if (const auto refusal = RefusalOf(operation, account.name, password))
+        throw ComError(kPasswordRefused, *refusal);
+    const bool keeps = database.settings.KeepsAccounts();
+    if (keeps && !account.kept)
+        KeepAccount(database, userCode);
+    Transaction transaction(database);
+    WritePassword(database, userCode, password, mustChange);
+    if (keeps)
+        Execute(database, UnlockStatement(userCode));
+    Record(operation, {L"user-password", account.name});
+    transaction.Commit();
+}
+
+void UnlockUser(const Operation& operation, long userCode) {
+    const Account account = RequireAccount(operation.database, userCode);
+    Transaction transaction(operation.database);
+    Execute(operation.database, UnlockStatement(userCode));
+    Record(operation, {L"user-unlock", account.name});
+    transaction.Commit();
+}
+
+} // namespace vndesk

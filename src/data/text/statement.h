@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// A statement and the values of its parameters. One writer makes both forms of each statement: with
+// the values as literals in the text, and with a `?` for each.
+#pragma once
+
+#include "data/text/literals.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace vndesk {
+
+// A moment as COM's DATE: days since 30 December 1899.
+struct Moment {
+    double days = 0;
+    bool operator==(const Moment&) const = default;
+};
+
+// What is bound to a parameter: a value of one of the four types, or the Null of that type.
+using BoundValue = std::variant<std::optional<long>, std::optional<double>,
+                                std::optional<std::wstring>, std::optional<Moment>>;
+
+struct Statement {
+    std::wstring text;
+    std::vector<BoundValue> values; // one for each `?`, in order; empty when none is bound
+
+    Statement() = default;
+    // A text alone is a statement without values.
+    Statement(std::wstring statement) : text(std::move(statement)) {}
+    Statement(const wchar_t* statement) : text(statement) {}
+    Statement(std::wstring statement, std::vector<BoundValue> bound)
+        : text(std::move(statement)), values(std::move(bound)) {}
+
+    bool operator==(const Statement&) const = default;
+};
+
+// How values get into statements: as literals for a kind of engine, or bound.
+struct ValueStyle {
+    // A kind alone means its literals.
+    constexpr ValueStyle(DatabaseKind dbKind = DatabaseKind::SqlServer, bool bindValues = false)
+        : kind(dbKind), bound(bindValues) {}
+
+    DatabaseKind kind;
+    bool bound;
+};
+
+// Values to write. As literals they are: between apostrophes as it stands, with the Unicode prefix
+// or without; with quotes doubled; a pattern for texts beginning so.
+struct Quoted {
+    std::wstring_view text;
+};
+struct QuotedBare {
+    std::wstring_view text;
+};
+struct Escaped {
+    std::wstring_view text;
+};
+struct Beginning {
+    std::wstring_view text;
+};
+// Whole numbers separated by commas.
+struct Numbers {
+    std::wstring_view list;
+};
+
+class StatementWriter {
+public:
+    explicit StatementWriter(ValueStyle style) : style_(style) {}
+
+    StatementWriter& operator<<(std::wstring_view text);
+    StatementWriter& operator<<(const Quoted& value);
+    StatementWriter& operator<<(const QuotedBare& value);
+    StatementWriter& operator<<(const Escaped& value);
+    StatementWriter& operator<<(const Beginning& value);
+    StatementWriter& operator<<(const Numbers& values);
+    StatementWriter& operator<<(long value);
+    StatementWriter& operator<<(double value);
+    // Statements of 1.0 have no such values: these are always bound.
+    StatementWriter& operator<<(std::optional<Moment> value);
+    StatementWriter& operator<<(const BoundValue& value);
+
+    operator Statement() { return std::move(statement_); }
+
+private:
+    StatementWriter& Write(std::wstring literal, BoundValue value);
+
+    const ValueStyle style_;
+    Statement statement_;
+};
+
+// A name in brackets, whatever it holds.
+std::wstring Bracketed(std::wstring_view name);
+
+// Whether an engine could take the statement for another one than was meant (data/text/literals.h).
+// Bound values are data, whatever they hold.
+bool MayMeanMore(ValueStyle style, std::initializer_list<std::wstring_view> asTyped,
+                 std::wstring_view doubled = {});
+bool EndsLiteral(ValueStyle style, std::wstring_view text);
+
+} // namespace vndesk

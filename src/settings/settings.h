@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// What a host asks for beyond version 1.0: the values of one clsSettings, read when an operation
+// starts and handed down with its database. The defaults are 1.0.
+#pragma once
+
+namespace vndesk {
+
+enum class PasswordScheme : long {
+    Code = 0,  // a number in [User].[Password]
+    Pbkdf2 = 1 // a salted hash in VnUser
+};
+
+struct Settings {
+    // Values go to the engine as parameters, not inside the text of statements.
+    bool BindParameters = false;
+
+    PasswordScheme Scheme = PasswordScheme::Code;
+    // A password that fits its number gets its hash at the logon.
+    bool UpgradeOnLogon = true;
+    // In characters; of new passwords.
+    long MinPasswordLength = 0;
+
+    // So many failures within the window lock a user for some minutes; 0 never does.
+    long LockAfter = 0;
+    long LockWindowMinutes = 15;
+    long LockMinutes = 15;
+
+    // Logons and changes of users, groups and rights are recorded in VnAudit.
+    bool Audit = false;
+
+    // Whether the operation needs VnUser.
+    bool KeepsAccounts() const { return Scheme == PasswordScheme::Pbkdf2 || LockAfter > 0; }
+    // Users are found and changed by their names as they are, wherever more than 1.0 hangs on them.
+    bool Binds() const { return BindParameters || KeepsAccounts() || Audit; }
+};
+
+} // namespace vndesk
