@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "logon/text/logon_statement.h"
-#include "logon/text/password_code.h"
+#include "passwords/text/password_code.h"
 #include "msgbox/text/button_sets.h"
 #include "msgbox/text/return_codes.h"
 #include "security/text/permissions.h"

@@ -72,8 +72,8 @@ void WriteHostAudit(const Operation& operation, const std::wstring& action,
                     const std::wstring& subject, const std::wstring& before,
                     const std::wstring& after) {
     if (action.empty() || action.size() > kMaxHostAction)
-        throw ComError(E_INVALIDARG, L"An action has 1 to " + std::to_wstring(kMaxHostAction) +
-                                         L" characters.");
+        throw ComError(E_INVALIDARG,
+                       L"An action has 1 to " + std::to_wstring(kMaxHostAction) + L" characters.");
     Write(operation, {L"host:" + action, subject, before, after});
 }
 

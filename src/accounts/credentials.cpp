@@ -58,8 +58,7 @@ template <class Write> void Aside(Write write) {
     Trap(write);
 }
 
-LogonAnswer Closed(const Database& database, const Account& account, const Gate& gate,
-                   Moment now) {
+LogonAnswer Closed(const Database& database, const Account& account, const Gate& gate, Moment now) {
     LogonAnswer answer{.userCode = account.userCode, .closedUntil = gate.closedUntil};
     if (account.userCode == kMainUser) {
         answer.verdict = LogonAnswer::Delayed;
@@ -84,21 +83,23 @@ LogonAnswer Refuse(const Database& database, const Account& account, Fit fit,
     }
     Aside([&] {
         RecordOf(database, account.userCode, account.name,
-                 {L"logon-failed", account.name, {},
+                 {L"logon-failed",
+                  account.name,
+                  {},
                   fit == Fit::Unreadable ? L"PasswordHash cannot be read" : L""});
     });
     return answer;
 }
 
-LogonAnswer Accept(const Database& database, const Account& account,
-                   const std::wstring& password) {
+LogonAnswer Accept(const Database& database, const Account& account, const std::wstring& password) {
     const Settings& settings = database.settings;
     const bool byNumber = account.hash.empty() || account.number != kNoNumber;
     if (settings.Scheme == PasswordScheme::Pbkdf2 && settings.UpgradeOnLogon && byNumber)
         Aside([&] { UpgradePassword(database, account, password); });
     if (settings.KeepsAccounts())
         Aside([&] {
-            Execute(database, LoggedOnStatement(account.userCode, ClockOf(database), ComputerName()));
+            Execute(database,
+                    LoggedOnStatement(account.userCode, ClockOf(database), ComputerName()));
         });
     Aside([&] { RecordOf(database, account.userCode, account.name, {L"logon", account.name}); });
     return {.verdict = LogonAnswer::Accepted,

@@ -9,8 +9,8 @@
 namespace vndesk {
 
 Lock::Lock(const Database& database, const Account& account)
-    : database_(database), account_(account),
-      rules_(RulesFor(account.userCode, database.settings)), now_(ServerTime(database)) {}
+    : database_(database), account_(account), rules_(RulesFor(account.userCode, database.settings)),
+      now_(ServerTime(database)) {}
 
 Gate Lock::Enter() {
     const long code = account_.userCode;

@@ -11,8 +11,8 @@
 namespace vndesk {
 
 // Asks the host about a new password; the reason why it is refused.
-using AskHost =
-    std::function<std::optional<std::wstring>(const std::wstring& name, const std::wstring& password)>;
+using AskHost = std::function<std::optional<std::wstring>(const std::wstring& name,
+                                                          const std::wstring& password)>;
 
 struct Operation {
     const Database& database;

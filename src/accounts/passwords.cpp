@@ -3,7 +3,10 @@
 
 #include "accounts/audit.h"
 #include "comkit/base/com_error.h"
+#include "data/connect/engine.h"
+#include "data/connect/recordset.h"
 #include "data/connect/transaction.h"
+#include "data/connect/values.h"
 #include "passwords/password.h"
 #include "passwords/password_hash.h"
 #include "passwords/password_text.h"
@@ -76,6 +79,22 @@ void UnlockUser(const Operation& operation, long userCode) {
     Execute(operation.database, UnlockStatement(userCode));
     Record(operation, {L"user-unlock", account.name});
     transaction.Commit();
+}
+
+std::vector<LockedUser> LockedUsers(const Database& database) {
+    std::vector<LockedUser> locked;
+    const Moment now = ServerTime(database);
+    Recordset rows;
+    rows.Create(database);
+    rows.Open(std::wstring(kLockedUsersStatement));
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const long code = NullToInteger(rows.Value(0L));
+        const Gate gate =
+            GateAt({0, now, NullToMoment(rows.Value(1L))}, now, RulesFor(code, database.settings));
+        if (gate.closedUntil && code != kMainUser)
+            locked.push_back({code, *gate.closedUntil});
+    }
+    return locked;
 }
 
 } // namespace vndesk

@@ -14,8 +14,8 @@ namespace vndesk {
 // 0x80040211, as the reference tells hosts.
 inline constexpr HRESULT kPasswordRefused = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x211);
 
-// Why a new password is refused, in Unicode: by the rules of the settings, then by the host. Nothing
-// for a good one.
+// Why a new password is refused, in Unicode: by the rules of the settings, then by the host.
+// Nothing for a good one.
 std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wstring& userName,
                                       const std::wstring& password);
 
@@ -32,5 +32,12 @@ void SetPassword(const Operation& operation, long userCode, const std::wstring& 
                  bool mustChange);
 
 void UnlockUser(const Operation& operation, long userCode);
+
+struct LockedUser {
+    long userCode;
+    Moment until; // UTC
+};
+// Who may not log on at this moment.
+std::vector<LockedUser> LockedUsers(const Database& database);
 
 } // namespace vndesk

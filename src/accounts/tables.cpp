@@ -9,18 +9,17 @@ namespace vndesk {
 
 namespace {
 
-void RequireTable(const Database& database, const std::wstring& table,
-                  const std::wstring& script) {
+void RequireTable(const Database& database, const std::wstring& table, const std::wstring& script) {
     const ErrorState error = Trap([&] {
         Recordset rows;
         rows.Create(database);
         rows.Open(L"Select * From [" + table + L"] Where 1=0");
     });
     if (error)
-        throw ComError(kMissingTable,
-                       L"The table " + table + L" is missing: run schema/upgrade/" + script + L"." +
-                           std::wstring(ScriptName(EngineOf(database))) + L".sql on the database. (" +
-                           error.description + L")");
+        throw ComError(kMissingTable, L"The table " + table + L" is missing: run schema/upgrade/" +
+                                          script + L"." +
+                                          std::wstring(ScriptName(EngineOf(database))) +
+                                          L".sql on the database. (" + error.description + L")");
 }
 
 } // namespace

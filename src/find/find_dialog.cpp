@@ -105,7 +105,8 @@ protected:
 
     void OnPrepared() override {
         ReadData();
-        info_ = ReadFieldInfo(database_, FieldInfoStatement(table_, database_.Style()), kCatalogueOrder);
+        info_ = ReadFieldInfo(database_, FieldInfoStatement(table_, database_.Style()),
+                              kCatalogueOrder);
         for (long i = kFirst; i < kLines; ++i)
             Listen(i);
         result.clear();
@@ -156,7 +157,8 @@ private:
 
     void ReadData() {
         DataCombo& fields = Fields(kFirst);
-        FillCombo(database_, fields, FieldListStatement(table_, database_.Style()), kCatalogueOrder);
+        FillCombo(database_, fields, FieldListStatement(table_, database_.Style()),
+                  kCatalogueOrder);
         for (long i = kFirst + 1; i < kLines; ++i) {
             AddValue(Joins(i), Shown(texts::kFindAnd), L"and");
             AddValue(Joins(i), Shown(texts::kFindOr), L"or");
@@ -229,7 +231,8 @@ private:
         const long field = Fields(line).ListIndex();
         ShowCue(line, field);
         if (field >= 0)
-            FillCombo(database_, Predicates(line), OperatorListStatement(FieldType(field), database_.Style()), L"");
+            FillCombo(database_, Predicates(line),
+                      OperatorListStatement(FieldType(field), database_.Style()), L"");
     }
 
     const wchar_t* CueFor(long field) {
@@ -267,8 +270,8 @@ private:
         if (relation.empty())
             return;
         Control& box = ValueBox(line);
-        const std::wstring picked =
-            PickItem(database_, LookUpStatement(relation, box.Text(), database_.Style()), box.Text());
+        const std::wstring picked = PickItem(
+            database_, LookUpStatement(relation, box.Text(), database_.Style()), box.Text());
         if (picked.empty())
             return;
         box.SetText(picked);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "accounts/credentials.h"
+#include "accounts/text/lock_out.h"
 
 namespace vndesk {
 

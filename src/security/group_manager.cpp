@@ -13,6 +13,7 @@
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
+#include "security/group_changes.h"
 #include "security/permission_form.h"
 #include "security/text/captions.h"
 #include "security/text/group_statements.h"
@@ -54,7 +55,8 @@ constexpr wchar_t kDeleteTitle[] = L"Delete";
 
 class GroupManager final : public FormOf<kForm> {
 public:
-    explicit GroupManager(const Database& database) : database_(database) {}
+    explicit GroupManager(const Operation& operation)
+        : operation_(operation), database_(operation.database) {}
 
 protected:
     void OnLoad() override {
@@ -176,9 +178,10 @@ private:
             // Sent as it is, the statement could change other groups, or all of them.
             if (MayMeanMore(style, {WithoutPairs(name)}, DoubleQuotes(description)))
                 throw ComError(E_INVALIDARG);
-            Execute(database_,
-                    code == 0 ? InsertGroupStatement(tableName_, name, description, style)
-                              : UpdateGroupStatement(tableName_, code, name, description, style));
+            if (code == 0)
+                AddGroup(operation_, tableName_, {name, description});
+            else
+                EditGroup(operation_, tableName_, code, {name, description});
         });
     }
 
@@ -219,8 +222,9 @@ private:
         curCode_ = groups_->ItemData(0);
     }
 
-    // Most engines refuse the doubled brackets of the statement as it always was, which gives 0: the
-    // code then comes when the form opens again. The group has been added, so the error is not shown.
+    // Most engines refuse the doubled brackets of the statement as it always was, which gives 0:
+    // the code then comes when the form opens again. The group has been added, so the error is not
+    // shown.
     long NewCode() {
         const std::wstring_view table = database_.Style().bound ? L"Groups" : tableName_;
         return LastValue(database_, table, L"Code", Failure::Ignored);
@@ -243,17 +247,29 @@ private:
         (left > 0 ? Get(L"Lv1") : Get(L"txtName")).Focus();
         if (codes.empty())
             return;
-        Trap([&] { Execute(database_, DeleteGroupsStatement(tableName_, codes, database_.Style())); });
+        const ErrorState error = Trap([&] { DeleteGroups(operation_, tableName_, codes); });
+        if (error && database_.settings.Audit) {
+            TellNothingDeleted(error);
+            return;
+        }
         ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
+    // Where every change has its record, one that was undone is told.
+    void TellNothingDeleted(const ErrorState& error) {
+        PlainMessage(error.description);
+        Trap([&] { ReadInfo(tableName_); });
+        ViewInit();
+    }
+
     void ShowRights() {
-        if (const ErrorState error = Trap([&] { ShowPermissionForm(database_, curCode_); }))
+        if (const ErrorState error = Trap([&] { ShowPermissionForm(operation_, curCode_); }))
             PlainMessage(error.description);
     }
 
     void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }
 
+    const Operation& operation_;
     const Database& database_;
     const std::wstring tableName_ = L"[Groups]";
     long curCode_ = 0;
@@ -264,8 +280,8 @@ private:
 
 } // namespace
 
-void ShowGroupManager(const Database& database) {
-    GroupManager(database).ShowModal();
+void ShowGroupManager(const Operation& operation) {
+    GroupManager(operation).ShowModal();
 }
 
 } // namespace vndesk

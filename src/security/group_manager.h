@@ -2,10 +2,10 @@
 // The form in which user groups are listed, added, described and deleted, and their rights opened.
 #pragma once
 
-#include "data/connect/database.h"
+#include "accounts/operation.h"
 
 namespace vndesk {
 
-void ShowGroupManager(const Database& database);
+void ShowGroupManager(const Operation& operation);
 
 } // namespace vndesk

@@ -2,6 +2,7 @@
 #include "security/permission_form.h"
 
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "data/connect/plain_message.h"
@@ -12,6 +13,9 @@
 #include "forms/lists/check_list.h"
 #include "forms/lists/item_list.h"
 #include "forms/window/form_of.h"
+#include "msgbox/message_box.h"
+#include "msgbox/text/captions.h"
+#include "security/group_changes.h"
 #include "security/text/captions.h"
 #include "security/text/permissions.h"
 #include "text/tcvn3.h"
@@ -43,8 +47,8 @@ constexpr long kFirstMaskColumn = 3;
 
 class PermissionForm final : public FormOf<kForm> {
 public:
-    PermissionForm(const Database& database, long groupCode)
-        : database_(database), groupCode_(groupCode) {}
+    PermissionForm(const Operation& operation, long groupCode)
+        : operation_(operation), database_(operation.database), groupCode_(groupCode) {}
 
 protected:
     void OnLoad() override {
@@ -65,6 +69,7 @@ protected:
         // Rights that could not be read would be written back as none.
         if (const ErrorState error = Trap([&] { known = ReadPms(); }))
             PlainMessage(error.description);
+        read_ = pms_;
         Get(L"CmdOk").SetEnabled(known);
         // The first bar is selected, so that the keyboard can be used at once.
         bars_->SetListIndex(0);
@@ -96,7 +101,8 @@ private:
     // False when the rights cannot be read; the user has seen the error.
     bool ReadPms() {
         Recordset group;
-        if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_, database_.Style())) != 0)
+        if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_, database_.Style())) !=
+            0)
             return false;
         // A group that is gone has no rights, and none are written.
         if (group.Eof())
@@ -109,6 +115,21 @@ private:
         for (size_t k = 0; k + 1 < pms_.size(); ++k)
             if (const long column = kFirstMaskColumn + static_cast<long>(k); column < columns)
                 pms_[k] = NullToInteger(group.Value(column));
+        return true;
+    }
+
+    // What has been written meanwhile by another program would be lost.
+    bool MayOverwrite() {
+        if (!database_.settings.Audit)
+            return true;
+        const std::vector<long> mine = pms_;
+        ReadPms();
+        const std::vector<long> now = std::exchange(pms_, mine);
+        if (now == read_)
+            return true;
+        if (ShowMsg(texts::kPermissionChanged, kYesNo, texts::kNotice) != Pressed::Yes)
+            return false;
+        read_ = now;
         return true;
     }
 
@@ -130,9 +151,9 @@ private:
     // All of a bar's commands or none: each tick makes the bar's mask anew from the commands shown.
     void ReadCommands(short barId) {
         try {
-            ReadInf(MenuCommandsStatement(barId, database_.Style()), [this](const std::wstring& text, long code) {
-                commands_->AddItem(text, code);
-            });
+            ReadInf(
+                MenuCommandsStatement(barId, database_.Style()),
+                [this](const std::wstring& text, long code) { commands_->AddItem(text, code); });
         } catch (...) {
             commands_->Clear();
             throw;
@@ -155,28 +176,32 @@ private:
         if (OpenRecordset(database_, groups, L"Groups") != 0)
             return;
         try {
+            if (!MayOverwrite())
+                return;
             std::vector<std::wstring> columns;
             for (long k = 0; k < bars_->ListCount(); ++k)
                 columns.push_back(groups.FieldName(kFirstMaskColumn + k));
-            Execute(database_, WriteRightsStatement(columns, pms_, groupCode_, database_.Style()));
+            WriteRights(operation_, groupCode_, {columns, read_}, {columns, pms_});
             Unload();
         } catch (...) {
             Fail();
         }
     }
 
+    const Operation& operation_;
     const Database& database_;
     const long groupCode_;
     // One mask a bar, and a spare one.
     std::vector<long> pms_;
+    std::vector<long> read_; // as the database had them
     std::optional<ItemList> bars_;
     std::optional<CheckList> commands_;
 };
 
 } // namespace
 
-void ShowPermissionForm(const Database& database, long groupCode) {
-    PermissionForm(database, groupCode).ShowModal();
+void ShowPermissionForm(const Operation& operation, long groupCode) {
+    PermissionForm(operation, groupCode).ShowModal();
 }
 
 } // namespace vndesk

@@ -2,11 +2,11 @@
 // The form in which the menu commands of one group are ticked.
 #pragma once
 
-#include "data/connect/database.h"
+#include "accounts/operation.h"
 
 namespace vndesk {
 
 // Throws when a write fails, which also ends the form.
-void ShowPermissionForm(const Database& database, long groupCode);
+void ShowPermissionForm(const Operation& operation, long groupCode);
 
 } // namespace vndesk

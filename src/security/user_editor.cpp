@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "security/user_editor.h"
 
+#include <array>
+
+#include "accounts/credentials.h"
+#include "accounts/passwords.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -8,19 +12,20 @@
 #include "forms/keys/keys.h"
 #include "comkit/base/upper_case.h"
 #include "forms/lists/item_list.h"
+#include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
-#include "logon/password.h"
+#include "passwords/password.h"
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/text/captions.h"
-#include "security/text/user_statements.h"
+#include "security/user_changes.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
 
 namespace {
 
-constexpr ControlSpec kControls[] = {
+constexpr auto kControls = std::to_array<ControlSpec>({
     Label(L"lblUser", texts::kUserEditorName, {210, 270, 1860, 240}, kMnemonic),
     TextBox(L"TxtUser", {2130, 225, 3300, 330}),
     Label(L"lblDes", texts::kUserEditorDescription, {210, 690, 1860, 240}, kMnemonic),
@@ -35,24 +40,50 @@ constexpr ControlSpec kControls[] = {
     Button(L"CMDCAN", texts::kUserEditorCancel, {3840, 2460, 1590, 375}, kCancel),
     // Part of the form's set of controls, without behaviour, so it is not shown.
     Button(L"Command1", L"", {210, 2460, 1200, 375}, kHidden),
-};
+});
 
-constexpr FormSpec kForm = {
-    .name = L"FrmInput",
-    .caption = texts::kUserEditorTitle,
-    .client = {5640, 3060},
-    .border = FormBorder::FixedDialog,
-    .controls = kControls,
-};
+// With hashes, users who change their own password say the present one, and administrators may ask
+// for a change.
+constexpr double kRow = 420;
+constexpr auto kOwnControls =
+    WithRow(kControls, L"lblPass", kRow,
+            std::to_array<ControlSpec>(
+                {Label(L"lblCurrent", texts::kUserEditorCurrent, {210, 1530, 1860, 240}, kMnemonic),
+                 TextBox(L"TxtCurrent", {2130, 1485, 3300, 330}, kPassword)}));
+constexpr auto kMustChangeRow = std::to_array<ControlSpec>(
+    {CheckBox(L"chkMustChange", texts::kUserEditorMustChange, {2130, 2340, 3300, 300})});
+constexpr auto kAdminControls = WithRow(kControls, L"CmdOk", kRow, kMustChangeRow);
+constexpr auto kAllControls = WithRow(kOwnControls, L"CmdOk", kRow, kMustChangeRow);
+
+constexpr FormSpec Design(double rows, std::span<const ControlSpec> controls) {
+    return {.name = L"FrmInput",
+            .caption = texts::kUserEditorTitle,
+            .client = {5640, 3060 + rows * kRow},
+            .border = FormBorder::FixedDialog,
+            .controls = controls};
+}
+constexpr FormSpec kForm = Design(0, kControls);
+constexpr FormSpec kOwnForm = Design(1, kOwnControls);
+constexpr FormSpec kAdminForm = Design(1, kAdminControls);
+constexpr FormSpec kAllForms = Design(2, kAllControls);
+
+const FormSpec& Variant(const Settings& settings, const UserEditorOptions& options) {
+    if (settings.Scheme == PasswordScheme::Code)
+        return kForm;
+    return options.AllowChange ? kAdminForm : kOwnForm;
+}
 
 // The two titles differ in spelling on purpose.
 constexpr wchar_t kAddTitle[] = L"User Infomation";
 constexpr wchar_t kEditTitle[] = L"User Information";
 
-class UserEditor final : public FormOf<kForm> {
+class UserEditor final : public FormOf<kAllForms> {
 public:
-    UserEditor(const Database& database, const UserEditorOptions& options)
-        : database_(database), options_(options) {}
+    UserEditor(const Operation& operation, const UserEditorOptions& options)
+        : FormOf(Variant(operation.database.settings, options)), operation_(operation),
+          database_(operation.database), options_(options) {}
+
+    bool written = false;
 
 protected:
     void OnLoad() override {
@@ -122,18 +153,54 @@ private:
             return;
         Get(L"TxtUser").SetText(NullToText(user.Value(L"Name")));
         Get(L"TxtDes").SetText(NullToText(user.Value(L"Dec")));
-        const std::wstring password = NullToText(user.Value(L"Password"));
-        Get(L"TxtPass").SetText(password);
-        Get(L"txtConfirm").SetText(password);
+        if (!Hashes()) {
+            const std::wstring password = NullToText(user.Value(L"Password"));
+            Get(L"TxtPass").SetText(password);
+            Get(L"txtConfirm").SetText(password);
+        }
+        userCode_ = NullToInteger(user.Value(L"Code"));
         ItemList groups(Get(L"TxtIdGroup"));
         groups.SetListIndex(FindItemByData(groups, NullToInteger(user.Value(L"IdGroup"))));
         user.Close();
     }
 
+    bool Hashes() const { return database_.settings.Scheme == PasswordScheme::Pbkdf2; }
+
     // The two passwords are equal, apart from letter case, and have a code.
-    bool CheckPass() {
+    bool HasCode() {
         const std::wstring password = UpperCase(Get(L"TxtPass").Text());
         return password == UpperCase(Get(L"txtConfirm").Text()) && PasswordCodeOf(password) != 0;
+    }
+
+    // A password to write: always of a new user, of others where one was typed.
+    bool WritesPassword() {
+        if (!options_.EditMode)
+            return true;
+        return passChanged_ &&
+               (!Hashes() || !options_.AllowChange || !Get(L"TxtPass").Text().empty() ||
+                !Get(L"txtConfirm").Text().empty());
+    }
+
+    // Why the passwords are not taken, in Unicode.
+    std::optional<std::wstring> CheckPass(const std::wstring& name) {
+        const auto fixed = [](const wchar_t* text) { return ToUncText(text, kToUnicode); };
+        if (!Hashes() && !HasCode())
+            return fixed(texts::kUserBadPassword);
+        const std::wstring password = Get(L"TxtPass").Text();
+        if (Hashes() && !options_.AllowChange) {
+            const Hourglass waiting;
+            if (!IsPasswordOf(database_, userCode_, Get(L"TxtCurrent").Text()))
+                return fixed(texts::kUserWrongPassword);
+        }
+        if (!WritesPassword())
+            return options_.AllowChange || !Hashes()
+                       ? std::nullopt
+                       : std::optional(fixed(texts::kUserPasswordMissing));
+        if (Hashes() && password != Get(L"txtConfirm").Text())
+            return fixed(texts::kUserPasswordsDiffer);
+        if (Hashes() && password.empty())
+            return fixed(texts::kUserPasswordMissing);
+        return RefusalOf(operation_, name, password);
     }
 
     void Confirm() {
@@ -165,51 +232,61 @@ private:
             OpenRecordset(database_, taken,
                           options_.EditMode ? OtherUserNamedStatement(name, options_.OldName, style)
                                             : UserNamedStatement(name, style));
-        bool done = false;
         // A record set that opens but cannot be read ends the form: the name may be taken.
         if (error == 0 && !taken.Eof()) {
             ShowMsg(texts::kUserExists, kOkOnly, title);
-        } else if (!CheckPass()) {
-            ShowMsg(texts::kUserBadPassword, kOkOnly, title);
+        } else if (const auto refusal = CheckPass(name)) {
+            ShowUnicodeMsg(*refusal, kOkOnly, title);
         } else {
-            Write(name, style);
-            done = true;
+            Write(name);
+            written = true;
         }
         SelectFirstBox();
-        if (done)
+        if (written)
             Unload();
     }
 
-    void Write(const std::wstring& name, ValueStyle style) {
+    void Write(const std::wstring& name) {
+        const Hourglass waiting;
         ItemList groups(Get(L"TxtIdGroup"));
         const UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0)};
-        const auto password = [this] { return PasswordCodeOf(Get(L"TxtPass").Text()); };
-        if (!options_.EditMode) {
-            Execute(database_, InsertUserStatement(user, password(), style));
-            return;
-        }
-        const auto newPassword = passChanged_ ? std::optional(password()) : std::nullopt;
-        Execute(database_, UpdateUserStatement(user, newPassword, options_.OldName, style));
+        std::optional<NewPassword> password;
+        if (WritesPassword())
+            password = {Get(L"TxtPass").Text(), MustChangeIsTicked()};
+        if (options_.EditMode)
+            EditUser(operation_, options_.OldName, user, password);
+        else
+            AddUser(operation_, user, password.value());
+    }
+
+    bool MustChangeIsTicked() {
+        return Hashes() && options_.AllowChange &&
+               SendMessageW(Get(L"chkMustChange").Window(), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
 
     // The name, or the password where that is all that the user may change.
     void SelectFirstBox() {
-        Control& box = options_.AllowChange ? Get(L"TxtUser") : Get(L"TxtPass");
+        Control& box = options_.AllowChange ? Get(L"TxtUser")
+                       : Hashes()           ? Get(L"TxtCurrent")
+                                            : Get(L"TxtPass");
         box.Focus();
         box.Select(0, static_cast<int>(box.Text().size()));
     }
 
+    const Operation& operation_;
     const Database& database_;
     UserEditorOptions options_;
+    long userCode_ = 0;
     bool passChanged_ = false;
 };
 
 } // namespace
 
-void ShowUserEditor(const Database& database, const UserEditorOptions& options) {
-    UserEditor editor(database, options);
+bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options) {
+    UserEditor editor(operation, options);
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
         PlainMessage(error.description);
+    return editor.written;
 }
 
 } // namespace vndesk

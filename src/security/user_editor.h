@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "data/connect/database.h"
+#include "accounts/operation.h"
 
 namespace vndesk {
 
@@ -15,10 +15,12 @@ struct UserEditorOptions {
     // False adds a user, true edits the one named OldName.
     bool EditMode = false;
     std::wstring OldName;
+    // The user must choose another password than the present one.
+    bool MustChange = false;
 };
 
-// Returns nothing: the opener reads the table again. A statement that fails ends the dialog with
-// the provider's message.
-void ShowUserEditor(const Database& database, const UserEditorOptions& options);
+// True when something was written; the opener reads the table again. A statement that fails ends
+// the dialog with the provider's message.
+bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options);
 
 } // namespace vndesk

@@ -2,8 +2,12 @@
 #include "security/user_list.h"
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <optional>
 
+#include "accounts/local_time.h"
+#include "accounts/passwords.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -14,7 +18,7 @@
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/text/captions.h"
-#include "security/text/user_statements.h"
+#include "security/user_changes.h"
 #include "security/user_editor.h"
 #include "text/tcvn3.h"
 
@@ -22,26 +26,33 @@ namespace vndesk {
 
 namespace {
 
-constexpr ControlSpec kControls[] = {
+constexpr auto kControls = std::to_array<ControlSpec>({
     ListView(L"Lv", {180, 180, 6600, 4200}, kGrow),
     Button(L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight),
     Button(L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kMoveRight),
     Button(L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight),
     Button(L"CmdExit", texts::kUserListExit, {6930, 4005, 1290, 375}, kCancel | kMove),
-};
+});
+// Where users may be locked.
+constexpr auto kLockControls =
+    WithRow(kControls, L"CmdExit", 0,
+            std::to_array<ControlSpec>({Button(L"CmdUnlock", texts::kUserListUnlock,
+                                               {6930, 1620, 1290, 375}, kMoveRight)}));
 
-constexpr FormSpec kForm = {
-    .name = L"FrmMenu",
-    .caption = texts::kUserListTitle,
-    .client = {8400, 4560},
-    .border = FormBorder::Sizable,
-    .controls = kControls,
-};
+constexpr FormSpec Design(std::span<const ControlSpec> controls) {
+    return {.name = L"FrmMenu",
+            .caption = texts::kUserListTitle,
+            .client = {8400, 4560},
+            .border = FormBorder::Sizable,
+            .controls = controls};
+}
+constexpr FormSpec kForm = Design(kControls);
+constexpr FormSpec kLockForm = Design(kLockControls);
 
 // The built-in account, which may be renamed but not deleted.
 constexpr double kProtectedUser = 3;
 
-enum Column : size_t { kName, kDescription, kCode };
+enum Column : size_t { kName, kDescription, kCode, kState };
 
 std::wstring KeyOf(const std::wstring& code) {
     return L"T" + code;
@@ -52,9 +63,11 @@ ReportRow RowOf(Recordset& user) {
     return {KeyOf(code), {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")), code}};
 }
 
-class UserList final : public FormOf<kForm> {
+class UserList final : public FormOf<kLockForm> {
 public:
-    explicit UserList(const Database& database) : database_(database) {}
+    explicit UserList(const Operation& operation)
+        : FormOf(operation.database.settings.LockAfter > 0 ? kLockForm : kForm),
+          operation_(operation), database_(operation.database) {}
 
 protected:
     void OnLoad() override {
@@ -62,16 +75,15 @@ protected:
                              {L"CmdEdit", &UserList::Edit},
                              {L"CmdDel", &UserList::Delete},
                              {L"CmdExit", &UserList::Unload}});
+        if (Locks())
+            TieClicks<UserList>({{L"CmdUnlock", &UserList::Unlock}});
     }
 
     void OnPrepared() override {
-        users_.emplace(Get(L"Lv"),
-                       std::vector<ReportColumn>{
-                           {L"cName", ToUncText(texts::kUserListName, kToUnicode), 0.35},
-                           {L"cDes", ToUncText(texts::kUserListDescription, kToUnicode), 0.48},
-                           {L"cCode", ToUncText(texts::kUserListCode, kToUnicode), 0.17}});
+        users_.emplace(Get(L"Lv"), Columns());
         users_->onDoubleClick = [this] { Edit(); };
         Trap([&] { ReadInfo(); });
+        ReadLocks();
         users_->Refresh();
         if (!users_->Rows().empty())
             users_->Select(0);
@@ -92,6 +104,49 @@ protected:
     }
 
 private:
+    bool Locks() const { return database_.settings.LockAfter > 0; }
+
+    std::vector<ReportColumn> Columns() const {
+        const auto shown = [](const wchar_t* caption) { return ToUncText(caption, kToUnicode); };
+        if (!Locks())
+            return {{L"cName", shown(texts::kUserListName), 0.35},
+                    {L"cDes", shown(texts::kUserListDescription), 0.48},
+                    {L"cCode", shown(texts::kUserListCode), 0.17}};
+        return {{L"cName", shown(texts::kUserListName), 0.27},
+                {L"cDes", shown(texts::kUserListDescription), 0.33},
+                {L"cCode", shown(texts::kUserListCode), 0.12},
+                {L"cState", shown(texts::kUserListState), 0.28}};
+    }
+
+    // Who is locked now, into the rows. Nobody is where it cannot be read.
+    void ReadLocks() {
+        if (!Locks())
+            return;
+        std::map<std::wstring, std::wstring> locked;
+        Trap([&] {
+            for (const LockedUser& user : LockedUsers(database_))
+                locked[KeyOf(std::to_wstring(user.userCode))] =
+                    ToUncText(texts::kUserListLockedUntil + LocalTimeText(user.until), kToUnicode);
+        });
+        for (ReportRow& row : users_->Rows()) {
+            row.cells.resize(kState + 1);
+            const auto found = locked.find(row.key);
+            row.cells[kState] = found == locked.end() ? L"" : found->second;
+        }
+    }
+
+    void Unlock() {
+        const std::optional<ReportRow> row = Selected();
+        if (!row)
+            return;
+        const long code = NullToInteger(_variant_t(row->cells[kCode].c_str()));
+        if (const ErrorState error = Trap([&] { UnlockUser(operation_, code); }))
+            PlainMessage(error.description);
+        ReadLocks();
+        users_->Refresh();
+        Get(L"Lv").Focus();
+    }
+
     void Append(const Statement& statement) {
         Recordset rows;
         if (OpenRecordset(database_, rows, statement) != 0)
@@ -128,10 +183,11 @@ private:
 
     void Add() {
         const long before = LastValue(database_, L"User", L"Code");
-        ShowUserEditor(database_, {.AllowChange = true, .EditMode = false, .OldName = {}});
+        ShowUserEditor(operation_, {.AllowChange = true, .EditMode = false, .OldName = {}});
         const long after = LastValue(database_, L"User", L"Code");
         if (after > before) {
             AppendNew(UsersAfterStatement(before, database_.Style()));
+            ReadLocks();
             users_->Refresh();
             users_->Select(static_cast<long>(users_->Rows().size()) - 1);
         }
@@ -142,13 +198,14 @@ private:
         const std::optional<ReportRow> row = Selected();
         if (!row)
             return;
-        ShowUserEditor(database_,
+        ShowUserEditor(operation_,
                        {.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
         Recordset user;
         OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode], database_.Style()));
         if (CountRecords(user) > 0)
             if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);
+        ReadLocks();
         users_->Refresh();
         Get(L"Lv").Focus();
     }
@@ -175,7 +232,7 @@ private:
     }
 
     void DeleteRow(const ReportRow& deleted) {
-        const ErrorState error = Trap([&] { DeleteUser(deleted.cells[kName]); });
+        const ErrorState error = Trap([&] { Delete(deleted.cells[kName]); });
         if (error) {
             PlainMessage(error.description, L"");
             return;
@@ -187,21 +244,22 @@ private:
         users_->Select(std::min(index, static_cast<long>(rows.size()) - 1));
     }
 
-    void DeleteUser(const std::wstring& name) {
+    void Delete(const std::wstring& name) {
         // Sent as it is, the statement could delete other users, or all of them.
         if (MayMeanMore(database_.Style(), {name}))
             throw ComError(E_INVALIDARG, ToUncText(texts::kUserNotWritten, kToUnicode));
-        Execute(database_, DeleteUserStatement(name, database_.Style()));
+        DeleteUser(operation_, name);
     }
 
+    const Operation& operation_;
     const Database& database_;
     std::optional<ReportList> users_;
 };
 
 } // namespace
 
-void ShowUserList(const Database& database) {
-    UserList(database).ShowModal();
+void ShowUserList(const Operation& operation) {
+    UserList(operation).ShowModal();
 }
 
 } // namespace vndesk

@@ -2,10 +2,10 @@
 // The list of all users, from which they are added, edited and deleted.
 #pragma once
 
-#include "data/connect/database.h"
+#include "accounts/operation.h"
 
 namespace vndesk {
 
-void ShowUserList(const Database& database);
+void ShowUserList(const Operation& operation);
 
 } // namespace vndesk

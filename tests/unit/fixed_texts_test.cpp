@@ -6,6 +6,7 @@
 #include "find/text/captions.h"
 #include "logon/text/captions.h"
 #include "msgbox/text/captions.h"
+#include "passwords/text/captions.h"
 #include "security/text/captions.h"
 #include "text/tcvn3.h"
 
@@ -41,6 +42,16 @@ constexpr FixedText kAll[] = {
      L"M\u00CBt kh\u00C8u ho\u00C6c ng\u00AD\u00EAi s\u00F6 d\u00F4ng kh\u00ABng "
      L"h\u00EEp l\u00D6 ",
      L"Mật khẩu hoặc người sử dụng không hợp lệ ", 41},
+    {"PasswordTooShort", texts::kPasswordTooShort,
+     L"M\u00CBt kh\u00C8u ph\u00B6i c\u00E3 \u00DDt nh\u00CAt ", L"Mật khẩu phải có ít nhất ", 25},
+    {"PasswordCharacters", texts::kPasswordCharacters, L" k\u00FD t\u00F9.", L" ký tự.", 7},
+    {"PasswordIsUserName", texts::kPasswordIsUserName,
+     L"M\u00CBt kh\u00C8u kh\u00ABng \u00AE\u00AD\u00EEc tr\u00EFng v\u00EDi t\u00AAn "
+     L"ng\u00AD\u00EAi s\u00F6 d\u00F4ng.",
+     L"Mật khẩu không được trùng với tên người sử dụng.", 48},
+    {"PasswordCommon", texts::kPasswordCommon,
+     L"M\u00CBt kh\u00C8u n\u00B5y qu\u00B8 d\u00D4 \u00AEo\u00B8n.", L"Mật khẩu này quá dễ đoán.",
+     25},
     {"MsgOk", texts::kMsgOk, L"\u00A7\u00E5&ng \u00FD", L"Đồ&ng ý", 7},
     {"MsgCancel", texts::kMsgCancel, L"&B\u00E1 qua", L"&Bỏ qua", 7},
     {"MsgAbort", texts::kMsgAbort, L"B\u00E1 &d\u00EB", L"Bỏ &dở", 6},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The password code. Texts are given in capitals, as the callers do.
-#include "logon/text/password_code.h"
+#include "passwords/text/password_code.h"
 
 #include <gtest/gtest.h>
 

@@ -167,7 +167,8 @@ TEST(Properties, NumbersAreTheSameInEveryLocale) {
         numbers.push_back(RandomNumber(random));
     std::vector<std::wstring> texts;
     for (const double number : numbers)
-        texts.push_back(LogonStatement(L"An", number, DatabaseKind::Jet).text + DoubleToText(number));
+        texts.push_back(LogonStatement(L"An", number, DatabaseKind::Jet).text +
+                        DoubleToText(number));
     const VietnameseNumbers locale;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::wstring text = DoubleToText(numbers[i]);

@@ -3,13 +3,29 @@
 
 namespace vndesk {
 
+namespace {
+
+// As long as the columns of the upgrade scripts: a name is typed by anybody, at any length.
+constexpr std::size_t kMaxUserName = 100;
+constexpr std::size_t kMaxSubject = 255;
+
+std::wstring_view Cut(std::wstring_view text, std::size_t most) {
+    text = text.substr(0, most);
+    // Not between the halves of a surrogate pair.
+    if (text.size() == most && text.back() >= 0xD800 && text.back() <= 0xDBFF)
+        text.remove_suffix(1);
+    return text;
+}
+
+} // namespace
+
 Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now) {
     StatementWriter statement({DatabaseKind::SqlServer, true});
     statement << L"Insert Into [VnAudit]([At],[UserCode],[UserName],[PC],[WinUser],[Action],"
                  L"[Subject],[Before],[After]) Values(";
-    statement << now << L"," << BoundValue(actor.code) << L"," << Quoted{actor.name} << L","
-              << Quoted{actor.computer} << L"," << Quoted{actor.windowsUser} << L","
-              << Quoted{entry.action} << L"," << Quoted{entry.subject} << L","
+    statement << now << L"," << Bind{actor.code} << L"," << Quoted{Cut(actor.name, kMaxUserName)}
+              << L"," << Quoted{actor.computer} << L"," << Quoted{actor.windowsUser} << L","
+              << Quoted{entry.action} << L"," << Quoted{Cut(entry.subject, kMaxSubject)} << L","
               << Quoted{entry.before} << L"," << Quoted{entry.after};
     return statement << L")";
 }

@@ -40,8 +40,8 @@ LockRules RulesFor(long userCode, const Settings& settings) {
 Gate GateAt(const Tries& tries, Moment now, const LockRules& rules) {
     Gate gate;
     if (tries.lockedUntil && IsAfter(*tries.lockedUntil, now)) {
-        const Moment last = rules.delayed ? SecondsAfter(now, kMaxDelay)
-                                          : MinutesAfter(now, rules.lockMinutes);
+        const Moment last =
+            rules.delayed ? SecondsAfter(now, kMaxDelay) : MinutesAfter(now, rules.lockMinutes);
         gate.clockWentBack = IsAfter(*tries.lockedUntil, last);
         gate.closedUntil = gate.clockWentBack ? last : *tries.lockedUntil;
         return gate;
@@ -52,7 +52,8 @@ Gate GateAt(const Tries& tries, Moment now, const LockRules& rules) {
     }
     gate.clockWentBack = IsAfter(*tries.firstAt, now);
     const bool lockIsOver = tries.lockedUntil && !rules.delayed;
-    gate.startsAnew = lockIsOver || IsAfter(MinutesAfter(now, -rules.windowMinutes), *tries.firstAt);
+    gate.startsAnew =
+        lockIsOver || IsAfter(MinutesAfter(now, -rules.windowMinutes), *tries.firstAt);
     return gate;
 }
 

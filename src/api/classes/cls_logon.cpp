@@ -9,11 +9,11 @@
 #include "accounts/tables.h"
 #include "comkit/base/bstr.h"
 #include "forms/look/font.h"
-#include "logon/logon_dialog.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/group_manager.h"
+#include "security/log_on.h"
 #include "security/user_editor.h"
 #include "security/user_list.h"
 
@@ -52,7 +52,7 @@ std::optional<std::wstring> Logon::AskHost(const std::wstring& name, const std::
     V_VT(&reason) = VT_BYREF | VT_BSTR;
     V_BSTRREF(&reason) = &text;
     Fire(kCheckPassword, {_variant_t(name.c_str()), _variant_t(password.c_str()), refused, reason});
-    const _bstr_t given(text, false);
+    _bstr_t given(text, false);
     if (refuse == VARIANT_FALSE)
         return std::nullopt;
     return FromBstr(given.GetBSTR());
@@ -63,7 +63,7 @@ STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
         long& result = ClearedOut(code);
         const SessionConnection session(FromReference(connect), CurrentSettings());
         RequireTables(*session);
-        result = ShowLogonDialog(On(*session));
+        result = LogOn(On(*session));
         if (result != 0)
             userCode_ = result;
     });

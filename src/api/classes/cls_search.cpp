@@ -125,4 +125,20 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
     });
 }
 
+STDMETHODIMP Search::get_ParameterizedResult(BSTR* value) {
+    return Get(value, [&] { return ToBstr(L""); });
+}
+
+STDMETHODIMP Search::get_Parameters(VARIANT*) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP Search::get_ParameterTypes(VARIANT*) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP Search::CreateCommand(BSTR, VARIANT, IDispatch**) {
+    return E_NOTIMPL;
+}
+
 } // namespace vndesk

@@ -199,7 +199,8 @@ void SelectionBoxes::PickByName() {
         return;
     const Busy busy(busy_);
     previousID_ = selID_;
-    onDatabase_(connectionString, settings(), [this](const Database& database) { PickByName(database); });
+    onDatabase_(connectionString, settings(),
+                [this](const Database& database) { PickByName(database); });
 }
 
 void SelectionBoxes::PickByName(const Database& database) {
@@ -272,7 +273,8 @@ std::optional<SelectionBoxes::Entry> SelectionBoxes::LookUp(const Database& data
     std::optional<Entry> entry;
     Trap([&] {
         Recordset rows;
-        if (OpenRecordset(database, rows, CodeStatement(SqlID, code, database.Style()), &error) != 0)
+        if (OpenRecordset(database, rows, CodeStatement(SqlID, code, database.Style()), &error) !=
+            0)
             return;
         if (CountRecords(rows) > 0)
             entry = {NullToText(rows.Value(0L)), NullToText(rows.Value(1L))};

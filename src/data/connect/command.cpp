@@ -99,8 +99,9 @@ long ExecuteCommand(const AdoConnection& connection, const Statement& statement)
     const AdoCommand command = NewCommand(connection, statement);
     AdoRecordset none;
     _variant_t affected;
-    CheckCall(command->Execute(&affected, nullptr, long{adCmdText} | long{adExecuteNoRecords}, &none),
-              command.Get(), __uuidof(_Command));
+    CheckCall(
+        command->Execute(&affected, nullptr, long{adCmdText} | long{adExecuteNoRecords}, &none),
+        command.Get(), __uuidof(_Command));
     return NullToInteger(affected);
 }
 

@@ -55,7 +55,7 @@ std::optional<Moment> NullToMoment(const VARIANT& value) {
     std::wstring text = FromBstr(V_BSTR(&value));
     text.resize(std::min(text.find(L'.'), text.size()));
     Moment moment;
-    if (FAILED(VarDateFromStr(text.c_str(), LOCALE_INVARIANT, 0, &moment.days)))
+    if (FAILED(VarDateFromStr(text.data(), LOCALE_INVARIANT, 0, &moment.days)))
         return std::nullopt;
     return moment;
 }

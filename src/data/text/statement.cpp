@@ -62,14 +62,14 @@ StatementWriter& StatementWriter::operator<<(double value) {
     return Write(DoubleToText(value), std::optional(value));
 }
 
-StatementWriter& StatementWriter::operator<<(std::optional<Moment> value) {
-    return *this << BoundValue(value);
+StatementWriter& StatementWriter::operator<<(const Bind& bound) {
+    statement_.text += L'?';
+    statement_.values.push_back(bound.value);
+    return *this;
 }
 
-StatementWriter& StatementWriter::operator<<(const BoundValue& value) {
-    statement_.text += L'?';
-    statement_.values.push_back(value);
-    return *this;
+StatementWriter& StatementWriter::operator<<(const std::optional<Moment>& value) {
+    return *this << Bind{value};
 }
 
 std::wstring Bracketed(std::wstring_view name) {

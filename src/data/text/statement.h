@@ -62,6 +62,10 @@ struct Escaped {
 struct Beginning {
     std::wstring_view text;
 };
+// A value of any type, Null included.
+struct Bind {
+    BoundValue value;
+};
 // Whole numbers separated by commas.
 struct Numbers {
     std::wstring_view list;
@@ -80,8 +84,8 @@ public:
     StatementWriter& operator<<(long value);
     StatementWriter& operator<<(double value);
     // Statements of 1.0 have no such values: these are always bound.
-    StatementWriter& operator<<(std::optional<Moment> value);
-    StatementWriter& operator<<(const BoundValue& value);
+    StatementWriter& operator<<(const Bind& value);
+    StatementWriter& operator<<(const std::optional<Moment>& value);
 
     operator Statement() { return std::move(statement_); }
 

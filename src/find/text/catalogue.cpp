@@ -31,9 +31,9 @@ Statement OperatorListStatement(long fieldType, ValueStyle style) {
 Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style) {
     const bool select = FindIgnoringCase(relation, L"SELECT") != std::wstring_view::npos;
     const std::wstring source(relation);
-    return StatementWriter(style)
-           << (select ? source : L"Select * From " + source + L" Where Name ") << L"  Like "
-           << Beginning{value};
+    return StatementWriter(style) << (select ? source
+                                             : L"Select * From " + source + L" Where Name ")
+                                  << L"  Like " << Beginning{value};
 }
 
 } // namespace vndesk

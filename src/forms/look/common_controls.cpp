@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/look/common_controls.h"
 
-#include "forms/look/library.h"
+#include "comkit/base/library.h"
 #include "forms/look/theme_scope.h"
 
 namespace vndesk {

@@ -24,10 +24,10 @@ public:
     FormOf() : Form(kDesign) {}
     explicit FormOf(const FormSpec& variant) : Form(variant) {
         for (const ControlSpec& control : kDesign.controls)
-            places_.push_back(static_cast<size_t>(
-                std::ranges::find(variant.controls, std::wstring_view(control.name),
-                                  &ControlSpec::name) -
-                variant.controls.begin()));
+            places_.push_back(static_cast<size_t>(std::ranges::find(variant.controls,
+                                                                    std::wstring_view(control.name),
+                                                                    &ControlSpec::name) -
+                                                  variant.controls.begin()));
     }
 
     // A control that the variant does not have is beyond its last one, which At refuses.

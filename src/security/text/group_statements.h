@@ -13,10 +13,14 @@ namespace vndesk {
 Statement GroupMembersStatement(long code, ValueStyle style = {});
 Statement GroupStatement(std::wstring_view table, long code, ValueStyle style = {});
 Statement InsertGroupStatement(std::wstring_view table, std::wstring_view name,
-                                  std::wstring_view description, ValueStyle style);
+                               std::wstring_view description, ValueStyle style);
 Statement UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
-                                  std::wstring_view description, ValueStyle style);
+                               std::wstring_view description, ValueStyle style);
+// The groups that the statement below deletes.
+Statement DeletedGroupsStatement(std::wstring_view table, std::wstring_view codes,
+                                 ValueStyle style);
 // `codes` is separated by commas. Groups 1 and 8 stay, whatever it holds.
-Statement DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes, ValueStyle style = {});
+Statement DeleteGroupsStatement(std::wstring_view table, std::wstring_view codes,
+                                ValueStyle style = {});
 
 } // namespace vndesk

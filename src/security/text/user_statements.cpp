@@ -8,10 +8,9 @@ Statement UserNamedStatement(std::wstring_view name, ValueStyle style) {
 }
 
 Statement InsertUserStatement(const UserFields& user, double password, ValueStyle style) {
-    return StatementWriter(style)
-           << L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(" << Quoted{user.name}
-           << L"," << Quoted{user.description} << L"," << user.groupCode << L"," << password
-           << L")";
+    return StatementWriter(style) << L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values("
+                                  << Quoted{user.name} << L"," << Quoted{user.description} << L","
+                                  << user.groupCode << L"," << password << L")";
 }
 
 Statement LoadUserStatement(std::wstring_view name, ValueStyle style) {

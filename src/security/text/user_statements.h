@@ -22,10 +22,10 @@ Statement UserNamedStatement(std::wstring_view name, ValueStyle style);
 Statement InsertUserStatement(const UserFields& user, double password, ValueStyle style);
 Statement LoadUserStatement(std::wstring_view name, ValueStyle style);
 Statement OtherUserNamedStatement(std::wstring_view name, std::wstring_view oldName,
-                                     ValueStyle style);
+                                  ValueStyle style);
 // Without a new password the stored one stays.
 Statement UpdateUserStatement(const UserFields& user, std::optional<double> newPassword,
-                                 std::wstring_view oldName, ValueStyle style);
+                              std::wstring_view oldName, ValueStyle style);
 
 inline constexpr wchar_t kUserListStatement[] = L"Select Code,Name,Dec from [user] Order by Code";
 Statement UsersAfterStatement(long code, ValueStyle style = {});

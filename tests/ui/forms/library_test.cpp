@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Libraries of the platform that are not there, or not whole.
-#include "forms/look/library.h"
+#include "comkit/base/library.h"
 
 #include <gtest/gtest.h>
 

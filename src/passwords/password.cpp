@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "logon/password.h"
+#include "passwords/password.h"
 
 #include <windows.h>
 
 #include <string>
 
 #include "comkit/base/upper_case.h"
-#include "logon/text/password_code.h"
+#include "passwords/text/password_code.h"
 
 namespace vndesk {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Sum of the character codes, each weighted by a power of four.
-#include "logon/text/password_code.h"
+#include "passwords/text/password_code.h"
 
 #include <cmath>
 #include <stdexcept>
