@@ -4,6 +4,7 @@
 #include "ado/engine/ado_error.h"
 #include "ado/objects/active_connection.h"
 #include "ado/objects/command_options.h"
+#include "ado/objects/late_create_parameter.h"
 #include "ado/objects/parameter_object.h"
 #include "ado/objects/parameters_object.h"
 #include "ado/objects/recordset_object.h"
@@ -14,6 +15,7 @@ namespace vndesk::ado {
 namespace {
 
 constexpr DISPID kExecute = 0x60030009;
+constexpr DISPID kCreateParameter = 0x6003000a;
 constexpr long kKindBits =
     adCmdText | adCmdTable | adCmdStoredProc | adCmdUnknown | adCmdFile | adCmdTableDirect;
 
@@ -46,6 +48,8 @@ bool IsLeftOut(const VARIANT& value) {
 STDMETHODIMP CommandObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags,
                                    DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                    UINT* badArgument) {
+    if (member == kCreateParameter && iid == IID_NULL && parameters && (flags & DISPATCH_METHOD))
+        return InvokeCreateParameter(*this, *parameters, result, exception);
     if (member == kExecute && parameters && parameters->cArgs >= 1 && parameters->cNamedArgs == 0) {
         VARIANT& affected = parameters->rgvarg[parameters->cArgs - 1];
         if (V_VT(&affected) == (VT_BYREF | VT_VARIANT))
