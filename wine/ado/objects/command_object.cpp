@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ado/objects/command_object.h"
 
+#include <optional>
+
 #include "ado/engine/ado_error.h"
 #include "ado/objects/active_connection.h"
+#include "ado/objects/affected_variable.h"
 #include "ado/objects/command_options.h"
 #include "ado/objects/late_create_parameter.h"
 #include "ado/objects/parameter_object.h"
@@ -44,17 +47,22 @@ bool IsLeftOut(const VARIANT& value) {
 
 } // namespace
 
-// As with Connection.Execute, a script's variable for the records affected may hold anything.
 STDMETHODIMP CommandObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags,
                                    DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                    UINT* badArgument) {
     if (member == kCreateParameter && iid == IID_NULL && parameters && (flags & DISPATCH_METHOD))
         return InvokeCreateParameter(*this, *parameters, result, exception);
-    if (member == kExecute && parameters && parameters->cArgs >= 1 && parameters->cNamedArgs == 0) {
-        VARIANT& affected = parameters->rgvarg[parameters->cArgs - 1];
-        if (V_VT(&affected) == (VT_BYREF | VT_VARIANT))
-            VariantClear(V_VARIANTREF(&affected));
+    if (member == DISPID_VALUE && (flags & DISPATCH_PROPERTYPUT) && parameters &&
+        parameters->cArgs == 2) { // command("name") = value
+        ComPtr<Parameters> list;
+        const HRESULT got = get_Parameters(&list);
+        return FAILED(got) ? got
+                           : list->Invoke(member, iid, lcid, flags, parameters, result, exception,
+                                          badArgument);
     }
+    std::optional<AffectedVariable> affected;
+    if (member == kExecute && parameters && parameters->cArgs >= 1 && parameters->cNamedArgs == 0)
+        affected.emplace(parameters->rgvarg[parameters->cArgs - 1]);
     return AdoObject::Invoke(member, iid, lcid, flags, parameters, result, exception, badArgument);
 }
 

@@ -12,6 +12,24 @@ std::size_t ParametersObject::IndexOf(const VARIANT& index) const {
                     [&](std::size_t i) { return list_->entries[i].state->name; });
 }
 
+STDMETHODIMP ParametersObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags,
+                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                                      UINT* badArgument) {
+    if (member != DISPID_VALUE || !(flags & DISPATCH_PROPERTYPUT) || !parameters ||
+        parameters->cArgs != 2 || parameters->cNamedArgs != 1)
+        return AdoObject::Invoke(member, iid, lcid, flags, parameters, result, exception,
+                                 badArgument);
+    _variant_t item;
+    DISPPARAMS index = {&parameters->rgvarg[1], nullptr, 1, 0};
+    const HRESULT found = AdoObject::Invoke(member, iid, lcid, DISPATCH_PROPERTYGET, &index, &item,
+                                            exception, badArgument);
+    if (FAILED(found))
+        return found;
+    DISPPARAMS value = {parameters->rgvarg, parameters->rgdispidNamedArgs, 1, 1};
+    return V_DISPATCH(&item)->Invoke(DISPID_VALUE, iid, lcid, DISPATCH_PROPERTYPUT, &value, result,
+                                     exception, badArgument);
+}
+
 STDMETHODIMP ParametersObject::get_Count(LONG* count) {
     return Get(count, [&](LONG& out) { out = static_cast<LONG>(list_->entries.size()); });
 }

@@ -16,6 +16,10 @@ public:
 
     explicit ParametersObject(std::shared_ptr<ParameterList> list) : list_(std::move(list)) {}
 
+    // Parameters("name") = value, which scripts shorten so, is a put to the property of the item.
+    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
+
     STDMETHODIMP get_Count(LONG* count) override;
     STDMETHODIMP _NewEnum(IUnknown** enumerator) override;
     ADO_REFUSED(Refresh) // no driver here tells types well enough
