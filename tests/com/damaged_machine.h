@@ -43,7 +43,7 @@ protected:
         return ClassKey(entry) + L"\\InprocServer32";
     }
     std::wstring TypeLibraryKey() const {
-        return Under(typeLibrary_ + L"\\1.0\\0\\win" + std::to_wstring(8 * sizeof(void*)));
+        return Under(typeLibrary_ + L"\\1.1\\0\\win" + std::to_wstring(8 * sizeof(void*)));
     }
 
     // A text that is not the library's own: the old one comes back, or the key goes.
