@@ -65,7 +65,8 @@ void CheckMarkers(const std::wstring& statement) {
                              ? Piece{TokenKind::Quoted, L""}
                              : piece);
     Pieces left;
-    for (const auto& [kind, text] : ado::ReadTokens(ado::BareMarkers(statement))) {
+    const std::wstring bare = ado::BareMarkers(statement);
+    for (const auto& [kind, text] : ado::ReadTokens(bare)) {
         MUST(kind != TokenKind::Space || (text.front() != L'-' && text.front() != L'/'));
         if (kind == TokenKind::Space)
             continue;

@@ -302,6 +302,18 @@ TEST_P(AdoScript, CommandsByHand) {
     const LateBound parameter(command.Call(L"CreateParameter", {L"a", L"3", 1l, 0l, L"7"}));
     EXPECT_EQ(_variant_t(L"7"), parameter.Get(L"Value"));
     EXPECT_EQ(VT_I4, parameter.Get(L"Size").vt) << "scripts know no 64-bit numbers";
+    EXPECT_HR(DISP_E_TYPEMISMATCH, command.TryCall(L"CreateParameter", {L"a", L"x"}).hr);
+    EXPECT_HR(DISP_E_BADPARAMCOUNT,
+              command.TryCall(L"CreateParameter", {L"a", 3l, 1l, 0l, 7l, 8l}).hr);
+    const LateResult bad = command.TryCall(L"CreateParameter", {L"a", 3l, 1l, 0l, L"x"});
+    EXPECT_HR(DISP_E_EXCEPTION, bad.hr);
+    EXPECT_HR(static_cast<HRESULT>(0x800A0D5DL), bad.exceptionCode);
+    _variant_t name(L"Tên");
+    const LateBound named(command.Call(L"CreateParameter", {ByRef(name), Missing(), Missing()}));
+    EXPECT_EQ(name, named.Get(L"Name"));
+    EXPECT_EQ(_variant_t(static_cast<long>(adParamInput)), named.Get(L"Direction"));
+    EXPECT_EQ(_variant_t(0l), named.Get(L"Type"));
+    EXPECT_EQ(_variant_t(0l), named.Get(L"Size"));
     const LateBound parameters(command.Get(L"Parameters"));
     parameters.Call(L"Append", {_variant_t(parameter.Dispatch())});
     _variant_t affected(L"before");
