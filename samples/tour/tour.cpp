@@ -65,10 +65,28 @@ void Tour::ReadUser() {
     view_.showState(window_, *this);
 }
 
+// A database that has not been upgraded is used as version 1.0 does. What else is wrong with it,
+// the logon tells.
+void Tour::ReadSettings() {
+    if (hasSettings_)
+        return;
+    try {
+        HostDatabase database(options_.connect);
+        for (const wchar_t* table : {L"VnUser", L"VnAudit"})
+            database.Read(std::wstring(L"SELECT * FROM ") + table + L" WHERE 1=0");
+    } catch (const HostError&) {
+        return;
+    }
+    vndesk_.UseSettings();
+    hasSettings_ = true;
+    PrintLine(L"Settings=on");
+}
+
 void Tour::LogOn() {
     code_ = 0;
     ReadUser();
     Try([&] {
+        ReadSettings();
         code_ = vndesk_.ShowLogon(options_.connect);
         PrintLine(L"Code=" + std::to_wstring(code_));
     });

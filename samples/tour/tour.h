@@ -51,12 +51,14 @@ public:
 private:
     template <class Steps> void Try(Steps steps);
     void ReadUser();
+    void ReadSettings();
     void ShowRows(const List& list);
     void FindRows(const Search& search);
     void Tell(const wchar_t* text, IconValue icon);
 
     Options options_;
     VnDeskClient vndesk_; // one object serves every call
+    bool hasSettings_ = false;
     HWND window_ = nullptr;
     View view_;
     long code_ = 0;

@@ -24,6 +24,18 @@ VnDeskClient::VnDeskClient() {
     Create(L"VnDesk.clsLogon", logon_.GetAddressOf());
 }
 
+void VnDeskClient::UseSettings() {
+    constexpr long kTries = 5;
+    Microsoft::WRL::ComPtr<ISettings> settings;
+    Create(L"VnDesk.clsSettings", settings.GetAddressOf());
+    Check(settings->UseRecommended());
+    Check(settings->put_PasswordScheme(vnPasswordPbkdf2));
+    Check(settings->put_LockAfter(kTries));
+    Check(settings->put_Audit(VARIANT_TRUE));
+    Check(logon_->putref_Settings(settings.Get()));
+    settings_ = settings;
+}
+
 long VnDeskClient::ShowLogon(const std::wstring& connect) {
     // Texts go by reference, as Visual Basic passes them; a BSTR of our own is what is needed.
     _bstr_t text(connect.c_str());
@@ -49,8 +61,9 @@ void VnDeskClient::ShowGroup(const std::wstring& connect) {
 
 std::wstring VnDeskClient::Search(const std::wstring& connect, const std::wstring& table,
                                   HWND owner) {
-    Microsoft::WRL::ComPtr<ISearch> search;
+    Microsoft::WRL::ComPtr<ISearch2> search;
     Create(L"VnDesk.clsSearch", search.GetAddressOf());
+    Check(search->putref_Settings(settings_.Get()));
     Check(search->put_ActiveConnection(_variant_t(connect.c_str())));
     Check(search->put_TableSearch(_bstr_t(table.c_str())));
     long modal = 1;

@@ -12,6 +12,10 @@ class VnDeskClient {
 public:
     VnDeskClient(); // needs CoInitialize on this thread, apartment-threaded
 
+    // What version 1.1 added, for all calls from now on. Salted passwords, locks and records need
+    // the tables of schema/upgrade.
+    void UseSettings();
+
     // Shows the logon dialog. The Code of the user's row, 0 when nobody has logged on.
     long ShowLogon(const std::wstring& connect);
 
@@ -31,5 +35,6 @@ public:
                        IconValue icon);
 
 private:
-    Microsoft::WRL::ComPtr<ILogon> logon_;
+    Microsoft::WRL::ComPtr<ILogon2> logon_;
+    Microsoft::WRL::ComPtr<ISettings> settings_;
 };

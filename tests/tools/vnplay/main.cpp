@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// vnplay NAME PASSWORD PROGRAM ARGUMENTS...: plays the tour on the keyboard. The user types a wrong
-// password, is refused, types the right one and looks around. Then the administrator logs on, adds
-// a user, gives and takes rights, searches customers and changes his own password, and the first
-// user finds what has changed. Each step is printed and leaves a picture in the out folder. The
-// exit code is the program's; 1 when something did not show up.
+// vnplay [--second] NAME PASSWORD PROGRAM ARGUMENTS...: plays the tour on the keyboard. The user
+// types a wrong password, is refused, types the right one and looks around. Then the administrator
+// logs on, adds a user, gives and takes rights, searches customers and changes his own password,
+// and the first user finds what has changed. --second is what comes after that in a database with
+// the tables of 1.1 (second_act.h). Each step is printed and leaves a picture in the out folder.
+// The exit code is the program's; 1 when something did not show up.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -17,6 +18,7 @@
 #include "support/screenshot.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
+#include "tools/vnplay/second_act.h"
 #include "tools/vnplay/steps.h"
 
 namespace vndesk::test {
@@ -201,11 +203,16 @@ void PrintScreen() {
     fprintf(stderr, "  screen: %s\n", ToUtf8(picture).c_str());
 }
 
-int PlayProgram(const std::vector<std::wstring>& words) {
+int PlayProgram(const std::vector<std::wstring>& words, bool second) {
     ChildProcess program({words.begin() + 2, words.end()});
     WatchProcess(program.Id());
     try {
-        Player(words[0], words[1]).Play();
+        if (second) {
+            Tour tour;
+            PlaySecondAct(tour, {words[0], words[1]}, {kAdministrator, kNewPassword});
+        } else {
+            Player(words[0], words[1]).Play();
+        }
         return static_cast<int>(program.ExitCode(kStart));
     } catch (const std::exception& error) {
         fprintf(stderr, "vnplay: %s\n", error.what());
@@ -221,14 +228,16 @@ int PlayProgram(const std::vector<std::wstring>& words) {
 } // namespace vndesk::test
 
 int wmain(int argc, wchar_t** argv) {
-    if (argc < 4) {
-        fprintf(stderr, "usage: vnplay NAME PASSWORD PROGRAM ARGUMENTS...\n");
+    const bool second = argc > 1 && std::wstring_view(argv[1]) == L"--second";
+    const int first = second ? 2 : 1;
+    if (argc < first + 3) {
+        fprintf(stderr, "usage: vnplay [--second] NAME PASSWORD PROGRAM ARGUMENTS...\n");
         return 2;
     }
     SetConsoleOutputCP(CP_UTF8);
     SetProcessDPIAware(); // pictures of the tour are in its own pixels
     try {
-        return vndesk::test::PlayProgram({argv + 1, argv + argc});
+        return vndesk::test::PlayProgram({argv + first, argv + argc}, second);
     } catch (const std::exception& error) {
         fprintf(stderr, "vnplay: %s\n", error.what());
         return 1;

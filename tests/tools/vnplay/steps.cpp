@@ -120,23 +120,41 @@ void Tour::TypePassword(HWND dialog, const std::wstring& password) {
     TypeInto(dialog, L"TxtPass", password);
 }
 
+void Tour::PressOk(HWND dialog) {
+    EnterMovesTo(dialog, L"CmdOk");
+    PressKey(VK_SPACE);
+}
+
 void Tour::BeRefused(const std::wstring& name, const std::wstring& password) {
     const HWND dialog = LogonDialog();
     Picture(L"logon dialog");
     TypeName(dialog, name);
     TypePassword(dialog, password);
     Picture(L"wrong password");
-    EnterMovesTo(dialog, L"CmdOk");
-    PressKey(VK_SPACE);
-    CloseMessage(kRefusal, L"refused");
+    PressOk(dialog);
+    const HWND box = Message();
+    if (TextOf(box, L"Message") != kRefusal)
+        Fail(L"the message is '" + TextOf(box, L"Message") + L"', not '" + kRefusal + L"'");
+    CloseMessage(box, L"refused");
+}
+
+void Tour::BeTold(const std::wstring& name, const std::wstring& password, const std::wstring& words,
+                  const wchar_t* picture) {
+    const HWND dialog = LogonDialog();
+    TypeName(dialog, name);
+    TypePassword(dialog, password);
+    PressOk(dialog);
+    const HWND box = Message();
+    if (TextOf(box, L"Message").find(words) == std::wstring::npos)
+        Fail(L"the message is '" + TextOf(box, L"Message") + L"', without '" + words + L"'");
+    CloseMessage(box, picture);
 }
 
 void Tour::LogOn(const std::wstring& name, const std::wstring& password) {
     const HWND dialog = LogonDialog();
     TypeName(dialog, name);
     TypePassword(dialog, password);
-    EnterMovesTo(dialog, L"CmdOk");
-    PressKey(VK_SPACE);
+    PressOk(dialog);
     WaitForClose(dialog, kLimit);
     const HWND status = FindWindowExW(window_, nullptr, L"msctls_statusbar32", nullptr);
     Require(status, L"the tour has no status bar");
@@ -170,7 +188,7 @@ bool Tour::MayOpen(WORD key, const wchar_t* form) {
     if (opened)
         CloseForm(opened);
     else
-        CloseMessage(L"", nullptr);
+        CloseMessage(Message(), nullptr);
     return opened != nullptr;
 }
 
@@ -204,7 +222,7 @@ void Tour::Choose(WORD menu, WORD command) {
 void Tour::About() {
     WaitInFront();
     PressKey(VK_F1);
-    CloseMessage(L"", L"about");
+    CloseMessage(Message(), L"about");
 }
 
 void Tour::Quit() {
@@ -228,12 +246,14 @@ void Tour::WaitInFront() {
             L"the program's window does not come to the front");
 }
 
-// The letter that the button has underlined presses it.
-void Tour::CloseMessage(const std::wstring& text, const wchar_t* picture) {
+HWND Tour::Message() {
     const HWND box = WaitForForm(L"MessageBox", kLimit);
     WaitReady(box, L"Cmd1", kLimit);
-    if (!text.empty() && TextOf(box, L"Message") != text)
-        Fail(L"the message is '" + TextOf(box, L"Message") + L"', not '" + text + L"'");
+    return box;
+}
+
+// The letter that the button has underlined presses it.
+void Tour::CloseMessage(HWND box, const wchar_t* picture) {
     if (picture)
         Picture(picture);
     TypeText(L"n");

@@ -40,6 +40,9 @@ public:
     void LogOn(const std::wstring& name, const std::wstring& password);
     // The same with a password that is refused, and the dialog left open for the right one.
     void BeRefused(const std::wstring& name, const std::wstring& password);
+    // With the words that the message must hold, and a picture of it if that has a name.
+    void BeTold(const std::wstring& name, const std::wstring& password, const std::wstring& words,
+                const wchar_t* picture);
 
     // The form behind a command's key, ready for keys on one of its controls.
     HWND OpenByKey(WORD key, const wchar_t* form, const wchar_t* control);
@@ -62,7 +65,9 @@ private:
     void TypePassword(HWND dialog, const std::wstring& password);
     HWND OpenMenu(WORD letter);
     void WaitInFront();
-    void CloseMessage(const std::wstring& text, const wchar_t* picture);
+    void PressOk(HWND dialog);
+    HWND Message();
+    void CloseMessage(HWND box, const wchar_t* picture);
 
     HWND window_ = nullptr;
     bool started_ = false;
