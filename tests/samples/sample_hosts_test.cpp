@@ -25,6 +25,7 @@ void PrintTo(const Sample& sample, std::ostream* stream) {
 
 constexpr Sample kSamples[] = {
     {"Cpp", L"vnhost.exe", L""},
+    {"CppOfVersion1", L"vnhost10.exe", L""},
     {"VBScript", L"vnscript.exe", L"vbscript\\host.vbs"},
     {"JScript", L"vnscript.exe", L"jscript\\host.js"},
     {"Delphi", L"vndelphi.exe", L"", true},
