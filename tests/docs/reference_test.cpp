@@ -56,7 +56,8 @@ TEST(ReferenceTest, ReadsEveryDeclarationOfTheIdl) {
     for (const Type& type : ProductLibrary().types) {
         classes += type.kind == "coclass";
         for (const Member& member : type.members)
-            members += static_cast<int>(member.accessors.size());
+            if (member.interface == type.name)
+                members += static_cast<int>(member.accessors.size());
     }
     EXPECT_EQ(count("[id(") + count(", id("), members);
     EXPECT_EQ(count("    coclass "), classes);
@@ -141,16 +142,29 @@ TEST(IdlReaderTest, InterfaceHasTheMembersOfTheOneItInherits) {
     std::string idl = kSmall;
     idl.insert(
         idl.find("    [uuid(D44B3107"),
+        "    /// Since 1.1.\n"
         "    [object, uuid(285B6855-94FD-4438-994D-74236EF28705), helpstring(\"More things\")]\n"
         "    interface IThing2 : IThing\n    {\n"
-        "        [id(2), helpstring(\"Goes.\")]\n        HRESULT Go();\n    };\n");
-    idl.replace(idl.find("interface IThing; }"), 17, "interface IThing2;");
+        "        [id(2), helpstring(\"Goes. Other: where.\")]\n        HRESULT Go([in] IThing2* "
+        "Other);\n"
+        "    };\n");
+    idl.replace(idl.find("interface IThing; }"), 17, "interface IThing2; interface IThing;");
     const Library library = ReadIdl(idl);
     ASSERT_EQ(3u, library.Find("IThing2")->members.size());
     EXPECT_EQ("Look", library.Find("IThing2")->members[0].name);
     EXPECT_EQ("Go", library.Find("IThing2")->members[2].name);
     EXPECT_EQ(2u, library.Find("IThing")->members.size());
-    EXPECT_THAT(MakePages(library).at("Thing.md"), testing::HasSubstr("HRESULT Go();"));
+    EXPECT_EQ("IThing", library.Find("Thing")->answers.at(0));
+    const std::string page = MakePages(library).at("Thing.md");
+    EXPECT_THAT(page, testing::HasSubstr("HRESULT Go(IThing2* Other);"));
+    EXPECT_THAT(page, testing::HasSubstr("Sub Go(ByVal Other As Thing)"));
+    EXPECT_THAT(page, testing::HasSubstr("| `Other` | [Thing](Thing.md) | by value | where. |"));
+    EXPECT_THAT(page, testing::HasSubstr("| [Look](#look) | method | Looks. |"));
+    EXPECT_THAT(page, testing::HasSubstr("| [Go](#go) | method, since 1.1 | Goes. |"));
+    EXPECT_THAT(page, testing::HasSubstr("Since 1.1: `IThing2`."));
+    EXPECT_THAT(page, testing::HasSubstr("{285B6855-94FD-4438-994D-74236EF28705}`, since 1.1 |"));
+    EXPECT_THAT(page, testing::HasSubstr("| answered too | `IThing`, dual, "
+                                         "`{285B6855-94FD-4438-994D-74236EF28704}` |"));
     idl.replace(idl.find(": IThing\n"), 8, ": INothing");
     EXPECT_THROW(ReadIdl(idl), std::runtime_error);
 }

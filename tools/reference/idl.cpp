@@ -45,6 +45,7 @@ public:
         Accept(";");
         if (Now().kind != Token::Kind::End)
             Fail("the library has ended");
+        NameClasses();
         return std::move(library_);
     }
 
@@ -128,6 +129,7 @@ private:
         const std::string help = attributes.Get("helpstring");
         type.kind = Word();
         type.name = Word();
+        TakeVersion(type);
         Body(type);
         if (named)
             Expect(type.name);
@@ -147,6 +149,33 @@ private:
         if (!found)
             Fail("no interface of that name stands before");
         type.members = found->members;
+        type.base = base;
+    }
+
+    // "Since 1.1." is about each member, not a paragraph of the page.
+    static void TakeVersion(Type& type) {
+        constexpr std::string_view kSince = "Since ";
+        std::string& text = type.remarks.text;
+        if (type.kind == "coclass" || !text.starts_with(kSince))
+            return;
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        type.since = text.substr(kSince.size(), end - kSince.size() - 1);
+        text.erase(0, end);
+        text.erase(0, text.find_first_not_of('\n'));
+    }
+
+    // Visual Basic knows an object by its class.
+    void NameClasses() {
+        std::map<std::string, std::string> classes;
+        for (const Type& type : library_.types)
+            if (type.kind == "coclass")
+                classes[type.defaultInterface] = type.name;
+        for (Type& type : library_.types)
+            for (Member& member : type.members)
+                for (Member::Accessor& accessor : member.accessors)
+                    for (Parameter& parameter : accessor.parameters)
+                        if (const auto found = classes.find(parameter.type); found != classes.end())
+                            parameter.className = found->second;
     }
 
     void Body(Type& type) {
@@ -175,10 +204,16 @@ private:
     }
 
     void Implemented(Type& type) {
-        const Attributes attributes = ReadAttributes();
+        const Attributes attributes = Is("[") ? ReadAttributes() : Attributes{};
         if (!Accept("interface"))
             Expect("dispinterface");
-        (attributes.Has("source") ? type.events : type.defaultInterface) = Word();
+        const std::string name = Word();
+        if (attributes.Has("source"))
+            type.events = name;
+        else if (attributes.Has("default"))
+            type.defaultInterface = name;
+        else
+            type.answers.push_back(name);
         Expect(";");
     }
 
@@ -222,7 +257,9 @@ private:
                                 attributes.Get("id"),
                                 help,
                                 ReadRemarks(attributes.remarks),
-                                {std::move(accessor)}});
+                                {std::move(accessor)},
+                                type.name,
+                                type.since});
     }
 
     Parameter ReadParameter() {

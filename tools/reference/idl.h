@@ -33,8 +33,12 @@ struct Parameter {
     bool result = false; // [out, retval]
     bool optional = false;
     std::string defaultValue;
+    std::string className; // of the class whose default interface the type is, else empty
 
-    bool ByReference() const { return pointers > 0 && type != "IFontDisp"; }
+    bool IsObject() const {
+        return type == "IFontDisp" || type == "IDispatch" || !className.empty();
+    }
+    bool ByReference() const { return pointers > (IsObject() ? 1 : 0); }
 };
 
 // A method, an event, or a property with its accessors.
@@ -48,6 +52,8 @@ struct Member {
     Help help;
     Remarks remarks;
     std::vector<Accessor> accessors;
+    std::string interface; // that declares it
+    std::string since;     // the version that brought it; empty for the first one
 
     bool IsProperty() const { return !accessors.front().kind.empty(); }
     bool Has(std::string_view kind) const;
@@ -70,8 +76,11 @@ struct Type {
     Remarks remarks;
     std::vector<Member> members;
     std::vector<Value> values;
-    std::string defaultInterface; // of a coclass
-    std::string events;           // of a coclass, may be empty
+    std::string base;                 // of an interface that inherits another one of ours
+    std::string since;                // "Since 1.1." above an interface
+    std::string defaultInterface;     // of a coclass
+    std::vector<std::string> answers; // of a coclass: its older interfaces
+    std::string events;               // of a coclass, may be empty
 };
 
 struct Library {

@@ -46,6 +46,8 @@ std::string Paragraph(const std::string& text) {
 
 // Types with a page of their own are links.
 std::string TypeCell(const Library& library, const Parameter& parameter) {
+    if (!parameter.className.empty())
+        return Link(parameter.className, parameter.className + ".md");
     return library.Find(parameter.type) ? Link(parameter.type, kTypesPage + Anchor(parameter.type))
                                         : BasicType(parameter);
 }
@@ -112,6 +114,8 @@ std::string ErrorTable(const Remarks& remarks, bool event) {
 
 std::string MemberText(const Library& library, const Member& member, bool event) {
     std::string text = "### " + member.name + "\n\n" + Paragraph(Sentence(member.help.summary));
+    if (!member.since.empty())
+        text += "Since " + member.since + ": `" + member.interface + "`.\n\n";
     text += "```vb\n" + BasicDeclaration(member, event) + "\n```\n";
     if (!event)
         text += "```cpp\n" + CppDeclaration(member) + "```\n";
@@ -120,9 +124,16 @@ std::string MemberText(const Library& library, const Member& member, bool event)
 }
 
 std::string MemberKind(const Member& member) {
+    const std::string since = member.since.empty() ? "" : ", since " + member.since;
     if (!member.IsProperty())
-        return "method";
-    return member.Has("propput") ? "property" : "property, read only";
+        return "method" + since;
+    return (member.Has("propput") ? "property" : "property, read only") + since;
+}
+
+std::string InterfaceRow(const Library& library, const std::string& what, const std::string& name) {
+    const Type* type = library.Find(name);
+    const std::string since = type->since.empty() ? "" : ", since " + type->since;
+    return "| " + what + " | `" + name + "`, dual, `{" + type->uuid + "}`" + since + " |\n";
 }
 
 std::string Members(const Library& library, const Type& type, bool events) {
@@ -145,10 +156,13 @@ std::string ClassPage(const Library& library, const Type& type) {
     text += Paragraph(type.remarks.text);
     const Type* members = library.Find(type.defaultInterface);
     const Type* events = library.Find(type.events);
-    text += "| | |\n|---|---|\n| ProgID | `" + progId + "` |\n| class | `{" + type.uuid +
-            "}` |\n| interface | `" + members->name + "`, dual, `{" + members->uuid + "}` |\n";
+    text += "| | |\n|---|---|\n| ProgID | `" + progId + "` |\n| class | `{" + type.uuid + "}` |\n" +
+            InterfaceRow(library, "interface", type.defaultInterface);
+    for (const std::string& older : type.answers)
+        text += InterfaceRow(library, "answered too", older);
     if (events)
-        text += "| events | `" + events->name + "` `{" + events->uuid + "}` |\n";
+        text += "| events | `" + events->name + "` `{" + events->uuid + "}`" +
+                (events->since.empty() ? "" : ", since " + events->since) + " |\n";
     text += "\n" + Members(library, *members, false);
     if (events)
         text += Members(library, *events, true);

@@ -27,9 +27,11 @@ std::string BasicParameters(const Member& member) {
 
 std::string BasicType(const Parameter& parameter) {
     static const std::map<std::string, std::string> names = {
-        {"BSTR", "String"},        {"long", "Long"},       {"short", "Integer"},
-        {"double", "Double"},      {"VARIANT", "Variant"}, {"VARIANT_BOOL", "Boolean"},
-        {"IFontDisp", "IFontDisp"}};
+        {"BSTR", "String"},         {"long", "Long"},       {"short", "Integer"},
+        {"double", "Double"},       {"VARIANT", "Variant"}, {"VARIANT_BOOL", "Boolean"},
+        {"IFontDisp", "IFontDisp"}, {"IDispatch", "Object"}};
+    if (!parameter.className.empty())
+        return parameter.className;
     const auto found = names.find(parameter.type);
     return found == names.end() ? parameter.type : found->second;
 }
