@@ -4,7 +4,7 @@
 
 build:
 	@scripts/build
-# The inner loop: builds what has changed and runs the tests that can notice it.
+# The inner loop: the tests that can notice what has changed, and what they take.
 check:
 	@scripts/check
 test:

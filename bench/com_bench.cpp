@@ -188,7 +188,6 @@ void MeasureText(Report& report) {
 }
 
 void MeasurePassword(Report& report) {
-    // A record that the password does not match costs as much as one that it does.
     constexpr const wchar_t* kRecord = L"pbkdf2-sha256$600000$8PHy8/T19vf4+fr7/P3+/w==$"
                                        L"W24LzSARS1mT/HQpqE30eTSimJ8kP+VUY/WLK9qo5JQ=";
     // Without what is loaded by the first one.

@@ -299,8 +299,8 @@ int main(int argc, char** argv) {
         constexpr long kFirstGroup = 1;
         Measure(
             report, "group manager", 1.3, [&] { logon->ShowGroup(&connect.GetBSTR()); },
-            Reads(database, {L"[Groups]", vndesk::GroupStatement(L"[Groups]", kFirstGroup),
-                             vndesk::GroupMembersStatement(kFirstGroup)}));
+            Reads(database, {L"[Groups]", vndesk::GroupStatement(L"[Groups]", kFirstGroup).text,
+                             vndesk::GroupMembersStatement(kFirstGroup).text}));
         for (const long users : {1000L, 10000L, 100000L}) {
             source.Execute(L"DELETE FROM User WHERE Code > 1000");
             source.Execute(

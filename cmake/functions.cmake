@@ -45,8 +45,12 @@ function(unicode_entry target)
     endforeach()
 endfunction()
 
-# precompile_headers(target [from]): what nearly every Windows source includes is read once, for this target or for
-# `from`, whose options must be the same. A source does not rely on it: it names what it uses.
+# What nearly every source includes, and nearly every one for Windows.
+set(COMMON_HEADERS <algorithm> <functional> <memory> <optional> <string> <string_view> <utility> <vector>)
+set(WINDOWS_HEADERS <windows.h> <commctrl.h> <comutil.h> <olectl.h> <wrl/client.h>)
+
+# precompile_headers(target [from]): they are read once, for this target or for `from`, whose options must be the same:
+# the optimisation is that of the headers. A source does not rely on it: it names what it uses.
 function(precompile_headers target)
     # GCC forgets of precompiled headers which warnings libstdc++ has switched off in them.
     target_compile_options(${target} PRIVATE
@@ -54,9 +58,7 @@ function(precompile_headers target)
     if(ARGN)
         target_precompile_headers(${target} REUSE_FROM ${ARGN})
     else()
-        target_precompile_headers(${target} PRIVATE
-            <windows.h> <commctrl.h> <comutil.h> <olectl.h> <wrl/client.h>
-            <algorithm> <functional> <memory> <optional> <string> <string_view> <utility> <vector>)
+        target_precompile_headers(${target} PRIVATE ${WINDOWS_HEADERS} ${COMMON_HEADERS})
     endif()
 endfunction()
 

@@ -37,7 +37,7 @@ function(add_idl target name idl)
         else()
             set(bits --win32)
         endif()
-        set(include -I "${CMAKE_CURRENT_SOURCE_DIR}" -I "${WINE_INCLUDE_DIR}"
+        set(include -I "${CMAKE_CURRENT_SOURCE_DIR}" -I "${folder}" -I "${WINE_INCLUDE_DIR}"
             -L "${STDOLE_DIR}")
         set(compile ${WIDL_PROGRAM} ${bits} -t ${include} -o "${library}" "${idl}")
         set(compile_header ${WIDL_PROGRAM} ${bits} -h ${include} -o "${header}" "${idl}")

@@ -25,6 +25,8 @@ void CheckValue(const ado::DateValue& date) {
     MUST(again && ado::IsoText(*again) == text);
     MUST(ado::ToOleDate(*again) == ado::ToOleDate(date));
     MUST(ado::ToOleDate(date) >= -657435 && ado::ToOleDate(date) < 2958466);
+    const auto counted = ado::FromOleDate(ado::ToOleDate(*again));
+    MUST(counted && ado::ToOleDate(*counted) == ado::ToOleDate(date));
     const auto literal = ado::ParseDateLiteral(text);
     MUST(literal && ado::IsoText(*literal) == text);
 }

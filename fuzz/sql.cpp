@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ado/text/dialect.h"
+#include "ado/text/parameter_markers.h"
 #include "ado/text/sql_lexer.h"
 
 namespace vndesk::fuzz {
@@ -56,6 +57,25 @@ void CheckTranslation(const std::wstring& statement, const ado::Dialect& dialect
 
 } // namespace
 
+// What is left for a driver that looks for markers itself says the same.
+void CheckMarkers(const std::wstring& statement) {
+    Pieces wanted;
+    for (const Piece& piece : WithoutSpace(statement))
+        wanted.push_back(piece.kind == TokenKind::Bracketed || piece.text.front() == L'`'
+                             ? Piece{TokenKind::Quoted, L""}
+                             : piece);
+    Pieces left;
+    for (const auto& [kind, text] : ado::ReadTokens(ado::BareMarkers(statement))) {
+        MUST(kind != TokenKind::Space || (text.front() != L'-' && text.front() != L'/'));
+        if (kind == TokenKind::Space)
+            continue;
+        left.push_back({kind, std::wstring(text)});
+    }
+    MUST(left.size() == wanted.size());
+    for (std::size_t i = 0; i < left.size(); ++i)
+        MUST(wanted[i].text.empty() || left[i] == wanted[i]);
+}
+
 void RunOne(Input& input) {
     const std::wstring statement = input.RestText();
     std::wstring joined;
@@ -64,6 +84,7 @@ void RunOne(Input& input) {
         joined += text;
     }
     MUST(joined == statement);
+    CheckMarkers(statement);
     for (const wchar_t* engine :
          {L"SQLite", L"PostgreSQL", L"Microsoft SQL Server", L"ACCESS", L"MariaDB"}) {
         const ado::Dialect dialect = ado::DialectOf(engine, L'`');

@@ -96,11 +96,15 @@ stop_display() {
 # own_prefix ARCH: the name of the project's prefix, of which each lane of the tests has its own.
 own_prefix() { printf '%s' "$1${VNDESK_LANE:+-$VNDESK_LANE}"; }
 
-# wine_environment ARCH: what every program in a prefix of that architecture is given. VNDESK_PREFIX names
-# another prefix than the project's own, in which nothing gets registered (scripts/setup-prefix).
+# prefix_folder ARCH: VNDESK_PREFIX names another prefix than the project's own, in which nothing gets registered
+# (scripts/setup-prefix).
+prefix_folder() { printf '%s' "$build/prefix-${VNDESK_PREFIX:-$(own_prefix "$1")}"; }
+
+# wine_environment ARCH: what every program in a prefix of that architecture is given.
 wine_environment() {
     arch=$1
-    export WINEPREFIX=$build/prefix-${VNDESK_PREFIX:-$(own_prefix "$arch")}
+    export WINEPREFIX
+    WINEPREFIX=$(prefix_folder "$arch")
     # Hints about the machine (no Bluetooth, no Vulkan) are no one's business here.
     export WINEDEBUG=${WINEDEBUG:-fixme-all,err-winediag,err-ntoskrnl,err-vulkan}
     # No download prompts for .NET and HTML, no menu entries in the user's home.

@@ -123,6 +123,24 @@ ComPtr<ITypeInfo> VtableSide(ITypeInfo* type) {
     return vtable;
 }
 
+// Those of the interfaces that it inherits first, down to IDispatch.
+void ReadMethods(ITypeInfo* vtable, std::vector<Method>& methods) {
+    const auto attributes = AttributesOf(vtable);
+    HREFTYPE reference = 0;
+    ComPtr<ITypeInfo> inherited;
+    if (attributes->guid != IID_IDispatch && attributes->guid != IID_IUnknown &&
+        SUCCEEDED(vtable->GetRefTypeOfImplType(0, &reference)) &&
+        SUCCEEDED(vtable->GetRefTypeInfo(reference, &inherited)) &&
+        AttributesOf(inherited.Get())->guid != IID_IDispatch)
+        ReadMethods(VtableSide(inherited.Get()).Get(), methods);
+    for (UINT f = 0; f < attributes->cFuncs; ++f) {
+        FUNCDESC* function = nullptr;
+        Check(vtable->GetFuncDesc(f, &function), L"GetFuncDesc");
+        methods.push_back(ReadMethod(vtable, *function));
+        vtable->ReleaseFuncDesc(function);
+    }
+}
+
 RegisteredClass ReadClass(ITypeInfo* type) {
     RegisteredClass entry = {};
     const auto attributes = AttributesOf(type);
@@ -151,12 +169,7 @@ RegisteredClass ReadClass(ITypeInfo* type) {
         const ComPtr<ITypeInfo> vtable = VtableSide(implemented.Get());
         const auto interfaceAttributes = AttributesOf(vtable.Get());
         entry.defaultInterface = interfaceAttributes->guid;
-        for (UINT f = 0; f < interfaceAttributes->cFuncs; ++f) {
-            FUNCDESC* function = nullptr;
-            Check(vtable->GetFuncDesc(f, &function), L"GetFuncDesc");
-            entry.methods.push_back(ReadMethod(vtable.Get(), *function));
-            vtable->ReleaseFuncDesc(function);
-        }
+        ReadMethods(vtable.Get(), entry.methods);
     }
     return entry;
 }

@@ -62,7 +62,7 @@ protected:
         progId_ = names_.at(0);
         const std::wstring id = RegistryText(HKEY_LOCAL_MACHINE, Join(clsid_, L"TypeLib"));
         typeLibrary_ = L"TypeLib\\" + id;
-        server_ = Join(typeLibrary_ + L"\\1.0\\0", kPlatform);
+        server_ = Join(typeLibrary_ + L"\\1.1\\0", kPlatform);
         before_ = OwnTree();
         ASSERT_TRUE(KeyExists(HKEY_LOCAL_MACHINE, server_));
     }

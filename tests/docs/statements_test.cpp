@@ -31,7 +31,7 @@ std::string AsDocumented(const std::wstring& statement) {
 TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
     const UserFields user = {L"v", L"v", 7};
     const std::wstring groups = L"[Groups]", order = std::wstring(L" Order By ") + kCatalogueOrder;
-    const std::wstring statements[] = {
+    const Statement statements[] = {
         LogonStatement(L"v", 7, kJet),
         UserNamedStatement(L"v", kJet),
         LoadUserStatement(L"v", kJet),
@@ -59,9 +59,9 @@ TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
         LookUpStatement(L"v", L"v", kJet),
     };
     const std::string page = docs::ReadFile(docs::Root() / "docs/database.md");
-    for (const std::wstring& statement : statements)
-        EXPECT_NE(std::string::npos, page.find("`" + AsDocumented(statement) + "`"))
-            << AsDocumented(statement);
+    for (const Statement& statement : statements)
+        EXPECT_NE(std::string::npos, page.find("`" + AsDocumented(statement.text) + "`"))
+            << AsDocumented(statement.text);
 }
 
 } // namespace

@@ -134,6 +134,22 @@ SQLRETURN SQL_API ExecDirectW(SQLHSTMT statement, SQLWCHAR* text, SQLINTEGER len
                 [&] { return SQLExecDirectW(statement, text, length); });
 }
 
+// Whether the statement that was made ready last writes.
+bool preparedWrites = false;
+
+SQLRETURN SQL_API Prepare(SQLHSTMT statement, SQLCHAR* text, SQLINTEGER length) {
+    preparedWrites = Writes(text);
+    return Pass("SQLPrepare", [&] { return SQLPrepare(statement, text, length); });
+}
+SQLRETURN SQL_API PrepareW(SQLHSTMT statement, SQLWCHAR* text, SQLINTEGER length) {
+    preparedWrites = Writes(text);
+    return Pass("SQLPrepare", [&] { return SQLPrepareW(statement, text, length); });
+}
+SQLRETURN SQL_API ExecutePrepared(SQLHSTMT statement) {
+    return Pass(preparedWrites ? kWritingCall : "SQLExecute",
+                [&] { return SQLExecute(statement); });
+}
+
 SQLRETURN SQL_API GetStmtAttr(SQLHSTMT statement, SQLINTEGER attribute, SQLPOINTER value,
                               SQLINTEGER size, SQLINTEGER* length) {
     return Pass("SQLGetStmtAttr", [&] {
@@ -231,6 +247,11 @@ const Row kRows[] = {
     {"SQLFetchScroll", Own(FetchScroll)},
     {"SQLExecDirect", Own(ExecDirect)},
     {"SQLExecDirectW", Own(ExecDirectW)},
+    {"SQLNumParams", Ordinary<&SQLNumParams>()},
+    {"SQLBindParameter", Ordinary<&SQLBindParameter>()},
+    {"SQLPrepare", Own(Prepare)},
+    {"SQLPrepareW", Own(PrepareW)},
+    {"SQLExecute", Own(ExecutePrepared)},
     {"SQLGetStmtAttr", Own(GetStmtAttr)},
     {"SQLDisconnect", Own(Disconnect)},
     {"SQLGetDiagRec", Own(GetDiagRec)},

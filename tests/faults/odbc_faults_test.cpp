@@ -59,6 +59,47 @@ std::wstring WriteTwice(const SampleDatabase&, const std::wstring& connectionStr
     return written ? L"written" : L"refused";
 }
 
+// The same with values apart from the statements, which are read back.
+std::wstring WriteBound(const SampleDatabase&, const std::wstring& connectionString) {
+    const auto connection = NewObject<_Connection>(L"ADODB.Connection");
+    const auto run = [&](const wchar_t* statement, const wchar_t* text, long& found) {
+        const auto command = NewObject<_Command>(L"ADODB.Command");
+        ComPtr<Parameters> parameters;
+        ComPtr<_Parameter> name, code;
+        ComPtr<_Recordset> rows;
+        _variant_t affected;
+        const bool done = SUCCEEDED(command->putref_ActiveConnection(connection.Get())) &&
+                          SUCCEEDED(command->put_CommandText(_bstr_t(statement))) &&
+                          SUCCEEDED(command->get_Parameters(&parameters)) &&
+                          SUCCEEDED(command->CreateParameter(_bstr_t(), adVarWChar, adParamInput,
+                                                             20, _variant_t(text), &name)) &&
+                          SUCCEEDED(command->CreateParameter(_bstr_t(), adInteger, adParamInput, 0,
+                                                             _variant_t(77l), &code)) &&
+                          SUCCEEDED(parameters->Append(name.Get())) &&
+                          SUCCEEDED(parameters->Append(code.Get())) &&
+                          SUCCEEDED(command->Execute(&affected, nullptr, adCmdText, &rows));
+        found = done ? static_cast<long>(affected) : 0;
+        ADO_LONGPTR count = 0;
+        if (done && found == -1 && SUCCEEDED(rows->get_RecordCount(&count)))
+            found = static_cast<long>(count);
+        return done;
+    };
+    long level = 0, changed = 0, found = 0;
+    const bool opened =
+        SUCCEEDED(connection->Open(_bstr_t(connectionString.c_str()), _bstr_t(), _bstr_t(), -1));
+    const bool begun = opened && SUCCEEDED(connection->BeginTrans(&level));
+    const bool written = begun &&
+                         run(L"insert into groups (name,code) values (?,?)", L"O'Brien", changed) &&
+                         run(L"update groups set [des]=? where code=?", L"hai", changed) &&
+                         run(L"select * from groups where name=? and code=?", L"O'Brien", found) &&
+                         changed == 1 && found == 1 && SUCCEEDED(connection->CommitTrans());
+    if (begun && !written)
+        connection->RollbackTrans();
+    if (opened)
+        connection->Close();
+    return written ? L"written" : L"refused";
+}
+
 bool IsTriedQuickly(std::string_view use) {
     return use == "Logon" || use == "UserAdded" || use == "GroupDeleted" ||
            use == "RightsWritten" || use == "Search";
@@ -76,6 +117,13 @@ std::vector<Use> UsesOfOdbc() {
                     L"refused",
                     L"select count(*) from groups where code=77",
                     L"1"});
+    uses.push_back({"BoundValues",
+                    {},
+                    WriteBound,
+                    L"written",
+                    L"refused",
+                    L"select des from groups where code=77",
+                    L"hai"});
     return uses;
 }
 

@@ -86,7 +86,7 @@ TEST_F(InstallTest, InstallsForOneUserWithoutTouchingTheOthers) {
     for (const char* bits : {"32", "64"}) {
         const auto library =
             std::find_if(installed.begin(), installed.end(), [&](const auto& item) {
-                return item.first.ends_with(std::string("\\1.0\\0\\win") + bits + "|@") &&
+                return item.first.ends_with(std::string("\\1.1\\0\\win") + bits + "|@") &&
                        item.second.find("vndesk.dll") != std::string::npos;
             });
         ASSERT_NE(installed.end(), library) << bits;

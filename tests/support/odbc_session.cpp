@@ -140,20 +140,33 @@ std::wstring OdbcSession::ScalarText(std::wstring_view statement) {
     return rows.empty() || rows[0].empty() ? std::wstring() : rows[0][0].value_or(L"");
 }
 
-void OdbcSession::BindColumns(int count) {
+template <class Bind> void OdbcSession::BindEach(int count, Bind&& bind) {
     SQLHSTMT statement = nullptr;
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement)))
         Fail(Diagnostics(SQL_HANDLE_DBC, connection_));
-    char cell[32] = "";
-    SQLLEN length = 0;
     bool bound = true;
     for (int i = 1; i <= count; ++i)
-        bound = SQL_SUCCEEDED(SQLBindCol(statement, static_cast<SQLUSMALLINT>(i), SQL_C_CHAR, cell,
-                                         sizeof cell, &length)) &&
-                bound;
+        bound = SQL_SUCCEEDED(bind(statement, static_cast<SQLUSMALLINT>(i))) && bound;
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
     if (!bound)
-        Fail(L"a column cannot be bound");
+        Fail(L"a column or parameter cannot be bound");
+}
+
+void OdbcSession::BindColumns(int count) {
+    char cell[32] = "";
+    SQLLEN length = 0;
+    BindEach(count, [&](SQLHSTMT statement, SQLUSMALLINT column) {
+        return SQLBindCol(statement, column, SQL_C_CHAR, cell, sizeof cell, &length);
+    });
+}
+
+void OdbcSession::BindParameters(int count) {
+    char value[32] = "";
+    SQLLEN length = 0;
+    BindEach(count, [&](SQLHSTMT statement, SQLUSMALLINT parameter) {
+        return SQLBindParameter(statement, parameter, SQL_PARAM_INPUT, SQL_C_CHAR, SQL_VARCHAR, 31,
+                                0, value, sizeof value, &length);
+    });
 }
 
 std::wstring DriverPath(const std::wstring& windowsPath) {

@@ -28,10 +28,13 @@ public:
     std::vector<Row> Query(std::wstring_view statement);
     // First column of the first row; empty text for null or no row.
     std::wstring ScalarText(std::wstring_view statement);
-    // Binds the first columns of a new statement, and gives it back.
+    // Bind the first columns or parameters of a new statement, and give it back.
     void BindColumns(int count);
+    void BindParameters(int count);
 
 private:
+    template <class Bind> void BindEach(int count, Bind&& bind);
+
     SQLHENV environment_ = nullptr;
     SQLHDBC connection_ = nullptr;
 };

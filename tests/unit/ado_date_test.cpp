@@ -2,6 +2,8 @@
 // Date texts of the ADO for Wine.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "ado/text/date_value.h"
 
 namespace {
@@ -71,6 +73,30 @@ TEST(AdoDate, CountedAsHostsCount) {
     EXPECT_EQ(-657434, ToOleDate(*ParseIsoDate("0100-01-01")));
     EXPECT_EQ(2958465, ToOleDate(*ParseIsoDate("9999-12-31")));
     EXPECT_EQ(0.5, ToOleDate(*ParseIsoDate("12:00:00")));
+}
+
+TEST(AdoDate, BackFromWhatHostsCount) {
+    const auto text = [](double date) {
+        const auto value = FromOleDate(date);
+        return value ? IsoText(*value) : L"-";
+    };
+    EXPECT_EQ(L"1899-12-30", text(0));
+    EXPECT_EQ(L"1899-12-30 12:00:00", text(0.5));
+    EXPECT_EQ(L"2020-02-29 18:00:00", text(43890.75));
+    EXPECT_EQ(L"1899-12-29 06:00:00", text(-1.25)) << "time counts forward";
+    EXPECT_EQ(L"0100-01-01", text(-657434));
+    EXPECT_EQ(L"0100-01-01 12:00:00", text(-657434.5));
+    EXPECT_EQ(L"9999-12-31 23:59:59", text(2958465 + 86399.0 / 86400));
+    EXPECT_EQ(L"2020-01-02", text(43831 + 0.9999999)) << "rounded to whole seconds";
+    EXPECT_EQ(L"1899-12-30", text(-1.9999999));
+    for (const double none :
+         {-657435.0, 2958466.0, 2958465.9999999, 1e300, -1e300, std::nan(""), HUGE_VAL})
+        EXPECT_EQ(L"-", text(none)) << none;
+    for (int day = -657434; day <= 2958465; ++day) {
+        const auto value = FromOleDate(day);
+        ASSERT_TRUE(value && !value->hasTime) << day;
+        ASSERT_EQ(day, ToOleDate(*value));
+    }
 }
 
 } // namespace

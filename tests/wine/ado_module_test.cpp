@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The bridge as a whole: registration, many rows, the statement trace, and that nothing is left
 // over.
-#include "wine/ado_fixture.h"
+#include "wine/ado_commands.h"
 
 #include <cstdio>
 
 #include "support/bound_columns.h"
 #include "support/leak_probe.h"
+#include "support/new_object.h"
+#include "support/odbc_session.h"
 #include "support/reliability.h"
 #include "support/text.h"
 
@@ -25,6 +27,8 @@ std::wstring ClassServer(const wchar_t* clsid) {
 
 constexpr const wchar_t* kConnection = L"{00000514-0000-0010-8000-00AA006D2EA4}";
 constexpr const wchar_t* kRecordset = L"{00000535-0000-0010-8000-00AA006D2EA4}";
+constexpr const wchar_t* kCommand = L"{00000507-0000-0010-8000-00AA006D2EA4}";
+constexpr const wchar_t* kParameter = L"{0000050B-0000-0010-8000-00AA006D2EA4}";
 
 TEST(AdoModule, RegistrationTakesOverAndGivesBack) {
     EXPECT_EQ(Bridge::Path(), ClassServer(kConnection));
@@ -38,6 +42,49 @@ TEST(AdoModule, RegistrationTakesOverAndGivesBack) {
     ASSERT_SUCCEEDED(Bridge::Call("DllRegisterServer"));
     EXPECT_EQ(Bridge::Path(), ClassServer(kConnection));
     EXPECT_EQ(Bridge::Path(), ClassServer(kRecordset));
+}
+
+TEST(AdoModule, CommandsAndParametersTooAreTakenOverAndGivenBack) {
+    for (const wchar_t* clsid : {kCommand, kParameter})
+        EXPECT_EQ(Bridge::Path(), ClassServer(clsid));
+    ASSERT_SUCCEEDED(Bridge::Call("DllUnregisterServer"));
+    EXPECT_NE(std::wstring::npos, ClassServer(kCommand).find(L"msado15.dll"))
+        << ToUtf8(ClassServer(kCommand));
+    EXPECT_NE(Bridge::Path(), ClassServer(kParameter)) << "of which older Wine versions have none";
+    ASSERT_SUCCEEDED(Bridge::Call("DllRegisterServer"));
+    for (const wchar_t* clsid : {kCommand, kParameter})
+        EXPECT_EQ(Bridge::Path(), ClassServer(clsid));
+}
+
+template <class... Interfaces> void ExpectOneObject(IUnknown* object) {
+    ComPtr<IUnknown> identity;
+    ASSERT_SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&identity)));
+    const auto expectSame = [&](REFIID iid) {
+        ComPtr<IUnknown> asked, back;
+        ASSERT_SUCCEEDED(
+            object->QueryInterface(iid, reinterpret_cast<void**>(asked.GetAddressOf())));
+        ASSERT_SUCCEEDED(asked->QueryInterface(IID_PPV_ARGS(&back)));
+        EXPECT_EQ(identity.Get(), back.Get());
+    };
+    (expectSame(__uuidof(Interfaces)), ...);
+    ComPtr<IPersist> none;
+    EXPECT_EQ(E_NOINTERFACE, object->QueryInterface(IID_PPV_ARGS(&none)));
+    object->AddRef();
+    const ULONG left = object->Release();
+    EXPECT_EQ(2u, left) << "identity and the test";
+}
+
+TEST(AdoModule, CommandsAnswerToAllTheirInterfaces) {
+    const auto command = NewObject<_Command>(L"ADODB.Command");
+    ExpectOneObject<_Command, Command25, Command15, _ADO, IDispatch, ISupportErrorInfo>(
+        command.Get());
+    const auto parameter = NewObject<_Parameter>(L"ADODB.Parameter");
+    ExpectOneObject<_Parameter, _ADO, IDispatch, ISupportErrorInfo>(parameter.Get());
+    ExpectOneObject<Parameters, _DynaCollection, _Collection, IDispatch>(
+        ParametersOf(command.Get()).Get());
+    ComPtr<Properties> properties;
+    ASSERT_SUCCEEDED(NewConnection()->get_Properties(&properties));
+    ExpectOneObject<Properties, _Collection, IDispatch>(properties.Get());
 }
 
 class AdoManyRows : public EachEngineTest {};
@@ -120,6 +167,56 @@ TEST_P(AdoEndurance, NothingIsLeftOver) {
                 platformBlocks, ", ", platformBytes, ")");
     EXPECT_LE(blocks, platformBlocks + kRounds / 2) << "less than one block in two rounds";
     EXPECT_LE(bytes, platformBytes + 16 * 1024);
+}
+
+// The same for commands, whose parameters newer Wine versions remember as they do columns.
+TEST_P(AdoEndurance, NothingIsLeftOverOfCommands) {
+    Execute(Db(), L"Create Table t(a integer, b varchar(20))");
+    const auto round = [&] {
+        const auto connection = Connect();
+        const std::vector<Given> values = {{adInteger, 1l}, {adVarWChar, L"một"}};
+        connection->BeginTrans(nullptr);
+        Written(connection.Get(), L"Insert Into t Values(?,?)", values);
+        TryWrite(connection.Get(), L"Insert Into nosuch Values(?,?)", values);
+        TryWrite(connection.Get(), L"Insert Into t Values(?)", values);
+        const auto command = NewCommand(connection.Get(), L"Select b From t Where a=? And b=?");
+        TryRun(command.Get(), ArrayOf({1l, L"một"}));
+        TryRun(command.Get(), ArrayOf({1l, BytesOf("x")}));
+        const auto parameter = NewParameter(adVarBinary, BytesOf("bytes"), 20);
+        TryAppend(command.Get(), parameter.Get());
+        parameter->put_Value(_variant_t(L"x"));
+        NewRecordset()->Open(_variant_t(static_cast<IDispatch*>(command.Get())), Missing(),
+                             adOpenStatic, adLockReadOnly, -1);
+        ComPtr<Properties> properties;
+        ComPtr<Property> property;
+        connection->get_Properties(&properties);
+        properties->get_Item(_variant_t(L"DBMS Version"), &property);
+        ErrorText();
+        connection->RollbackTrans();
+    };
+    constexpr int kRounds = 50;
+    OdbcSession platform(L"Driver=SQLite3;Database=:memory:");
+    for (int i = 0; i < 5; ++i) {
+        round();
+        platform.BindParameters(2);
+    }
+    const HeapUse before = HeapInUse();
+    for (int i = 0; i < kRounds; ++i)
+        for (int statements = 0; statements < 5; ++statements)
+            platform.BindParameters(2);
+    const HeapUse between = HeapInUse();
+    for (int i = 0; i < kRounds; ++i)
+        round();
+    const HeapUse after = HeapInUse();
+    const auto grown = [](size_t from, size_t to) { return static_cast<long>(to - from); };
+    const long ownBlocks = grown(before.blocks, between.blocks);
+    const long blocks = grown(between.blocks, after.blocks);
+    const long ownBytes = grown(before.bytes, between.bytes);
+    const long bytes = grown(between.bytes, after.bytes);
+    TellFigures(kRounds, " rounds, heap ", blocks, " blocks, ", bytes, " bytes (platform ",
+                ownBlocks, ", ", ownBytes, ")");
+    EXPECT_LE(blocks, ownBlocks + kRounds / 2) << "less than one block in two rounds";
+    EXPECT_LE(bytes, ownBytes + 16 * 1024);
 }
 
 class AdoTrace : public EmbeddedTest {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The ADO for Wine as VBScript and JScript use it: late bound, with default members.
-#include "wine/ado_fixture.h"
+#include "wine/ado_commands.h"
 
 #include "support/late_bound.h"
 #include "support/script_host.h"
@@ -40,6 +40,8 @@ private:
 class AdoScript : public EachEngineTest {
     LastingFactory connections_{L"ADODB.Connection"};
     LastingFactory recordsets_{L"ADODB.Recordset"};
+    LastingFactory commands_{L"ADODB.Command"};
+    LastingFactory parameters_{L"ADODB.Parameter"};
 
 protected:
     std::wstring Opening() const {
@@ -197,6 +199,130 @@ TEST_P(AdoScript, NamesAndNumbersByHand) {
     EXPECT_EQ(_variant_t(2l), field.Get(L"Value"));
     const LateResult failed = rows.TryCall(L"NoSuchMember");
     EXPECT_HR(DISP_E_UNKNOWNNAME, failed.hr);
+}
+
+TEST_P(AdoScript, CommandsWithParameters) {
+    ScriptRunner script;
+    script.RunOk(Opening() + create_ +
+                 L"Set cmd = CreateObject(\"ADODB.Command\")\n"
+                 L"Set cmd.ActiveConnection = cn\n"
+                 L"cmd.CommandText = \"Insert Into [t](code,name) Values(?,?)\"\n"
+                 L"cmd.CommandType = 1\n"
+                 L"cmd.Parameters.Append cmd.CreateParameter(\"Mã\", 3, 1, , 4)\n"
+                 L"Set p = CreateObject(\"ADODB.Parameter\")\n"
+                 L"p.Name = \"Tên\"\n"
+                 L"p.Type = 202\n"
+                 L"p.Size = 30\n"
+                 L"text = \"O'Brien\"\n"
+                 L"p.Value = text\n"
+                 L"cmd.Parameters.Append p\n"
+                 L"n = \"a text before\"\n"
+                 L"cmd.Execute n\n"
+                 L"Echo n & TypeName(n)\n"
+                 L"cmd(\"tên\") = \"Người\"\n"
+                 L"cmd.Parameters(0) = 5\n"
+                 L"cmd.Execute , , 129\n"
+                 L"cmd.Execute n, Array(6, \"Sáu\")\n"
+                 L"values = Array(7, Null)\n"
+                 L"cmd.Execute n, values\n"
+                 L"For Each one In cmd.Parameters\n"
+                 L"  names = names & one.Name & one.Type & one.Size & one.Value & \";\"\n"
+                 L"Next\n"
+                 L"Echo names & cmd.Parameters.Count & cmd.State\n"
+                 L"Set rs = cn.Execute(\"Select * From t Where code>3 Order By code\")\n"
+                 L"Do Until rs.EOF\n"
+                 L"  Echo rs(0) & rs(1)\n"
+                 L"  rs.MoveNext\n"
+                 L"Loop\n");
+    EXPECT_EQ((std::vector<std::wstring>{L"1Long", L"Mã305;Tên20230Người;20", L"4O'Brien",
+                                         L"5Người", L"6Sáu", L"7"}),
+              script.Lines());
+}
+
+TEST_P(AdoScript, CommandsReadRows) {
+    ScriptRunner script;
+    script.RunOk(Opening() + create_ +
+                 L"Set cmd = CreateObject(\"ADODB.Command\")\n"
+                 L"Set cmd.ActiveConnection = cn\n"
+                 L"cmd.CommandText = \"Select name From t Where code=?\"\n"
+                 L"Set one = cmd.Execute(, 2)\n"
+                 L"x = one(0)\n"
+                 L"Echo x\n"
+                 L"Set one = cmd.Execute(n, Array(1))\n"
+                 L"Echo one.RecordCount & n\n"
+                 L"cmd.Parameters.Append cmd.CreateParameter(, 3)\n"
+                 L"cmd.Parameters(0).Value = cn.Execute(\"Select 1\")(0)\n"
+                 L"Set rs = CreateObject(\"ADODB.Recordset\")\n"
+                 L"rs.Open cmd\n"
+                 L"Echo rs(0) & rs.State & (rs.Source = cmd.CommandText)\n"
+                 L"rs.Close\n"
+                 L"Set rs.Source = cmd\n"
+                 L"cmd.Parameters.Delete 0\n"
+                 L"On Error Resume Next\n"
+                 L"rs.Open\n"
+                 L"Echo Hex(Err.Number) & rs.State\n"
+                 L"Err.Clear\n"
+                 L"cmd.Parameters.Append cmd.CreateParameter(\"x\", 200)\n"
+                 L"Echo Err.Number And 65535\n"
+                 L"Err.Clear\n"
+                 L"Set p = cmd.CreateParameter(\"x\", 3, 1, 0, \"chữ\")\n"
+                 L"Echo Err.Number And 65535\n"
+                 L"Err.Clear\n"
+                 L"cmd.Parameters.Refresh\n"
+                 L"Echo Hex(Err.Number)\n");
+    EXPECT_EQ((std::vector<std::wstring>{L"dùng", L"1-1", L"Người1True", L"800040050", L"3708",
+                                         L"3421", L"80004001"}),
+              script.Lines());
+}
+
+TEST_P(AdoScript, PropertiesOfTheConnection) {
+    ScriptRunner script;
+    script.RunOk(Opening() +
+                 L"For Each p In cn.Properties\n"
+                 L"  Echo p.Name & p.Type & p.Attributes & (Len(p.Value) > 0)\n"
+                 L"Next\n"
+                 L"Echo cn.Properties(\"dbms NAME\") & cn.Properties.Count\n"
+                 L"Echo CStr(cn.Properties(1).Value = cn.Properties(\"DBMS Version\").Value)\n"
+                 L"On Error Resume Next\n"
+                 L"x = cn.Properties(\"Password\")\n"
+                 L"Echo Err.Number And 65535\n"
+                 L"Err.Clear\n"
+                 L"cn.Properties(0).Value = \"x\"\n"
+                 L"Echo Hex(Err.Number)\n");
+    EXPECT_EQ((std::vector<std::wstring>{
+                  L"DBMS Name8512True", L"DBMS Version8512True", L"Provider Name8512True",
+                  OnServer() ? L"PostgreSQL3" : L"SQLite3", L"True", L"3265", L"80004001"}),
+              script.Lines());
+}
+
+TEST_P(AdoScript, CommandsByHand) {
+    const LateBound command = LateBound::Create(L"ADODB.Command");
+    command.PutObject(L"ActiveConnection", _variant_t(static_cast<IDispatch*>(Db())));
+    command.Put(L"CommandText", L"Select ?");
+    const LateBound parameter(command.Call(L"CreateParameter", {L"a", L"3", 1l, 0l, L"7"}));
+    EXPECT_EQ(_variant_t(L"7"), parameter.Get(L"Value"));
+    EXPECT_EQ(VT_I4, parameter.Get(L"Size").vt) << "scripts know no 64-bit numbers";
+    const LateBound parameters(command.Get(L"Parameters"));
+    parameters.Call(L"Append", {_variant_t(parameter.Dispatch())});
+    _variant_t affected(L"before");
+    const LateBound rows(command.Call(L"Execute", {ByRef(affected)}));
+    EXPECT_EQ(_variant_t(-1l), affected);
+    long typed = 77;
+    command.Call(L"Execute", {ByRef(typed)});
+    EXPECT_EQ(-1, typed);
+    _variant_t both(7l);
+    command.Call(L"Execute", {ByRef(both), ByRef(both)});
+    EXPECT_EQ(_variant_t(-1l), both);
+    const LateBound field(rows.Get(L"Fields", {0l}));
+    EXPECT_EQ(_variant_t(7l), field.Get(L"Value"));
+    EXPECT_SUCCEEDED(command.TryCall(L"Execute", {Missing(), Missing(), 129l}).hr);
+    EXPECT_SUCCEEDED(command.TryCall(L"Execute", {Missing(), 2l}).hr);
+    EXPECT_SUCCEEDED(command.TryCall(L"Execute", {Missing(), ArrayOf({2l})}).hr);
+    const LateResult wrong = command.TryCall(L"Execute", {Missing(), L"không"});
+    EXPECT_HR(DISP_E_EXCEPTION, wrong.hr);
+    EXPECT_HR(static_cast<HRESULT>(0x800A0D5DL), wrong.exceptionCode);
+    EXPECT_EQ(L"ADODB.Command", wrong.exceptionSource);
+    EXPECT_FALSE(wrong.exceptionText.empty());
 }
 
 } // namespace

@@ -4,7 +4,9 @@
 #include "comkit/base/module.h"
 
 #include "ado/engine/wine_path.h"
+#include "ado/objects/command_object.h"
 #include "ado/objects/connection_object.h"
+#include "ado/objects/parameter_object.h"
 #include "ado/objects/recordset_object.h"
 
 namespace vndesk {
@@ -18,10 +20,17 @@ constexpr CLSID kConnectionClass = {
 constexpr CLSID kRecordsetClass = {
     0x00000535, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
 
+constexpr CLSID kCommandClass = {
+    0x00000507, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+constexpr CLSID kParameterClass = {
+    0x0000050B, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+
 constexpr ClassEntry kClasses[] = {
     {&kConnectionClass, L"ADODB.Connection", L"ADODB.Connection",
      CreateInstanceOf<ConnectionObject>},
-    {&kRecordsetClass, L"ADODB.Recordset", L"ADODB.Recordset", CreateInstanceOf<RecordsetObject>}};
+    {&kRecordsetClass, L"ADODB.Recordset", L"ADODB.Recordset", CreateInstanceOf<RecordsetObject>},
+    {&kCommandClass, L"ADODB.Command", L"ADODB.Command", CreateInstanceOf<CommandObject>},
+    {&kParameterClass, L"ADODB.Parameter", L"ADODB.Parameter", CreateInstanceOf<ParameterObject>}};
 
 // Windows' own ADO must stay.
 bool MayRegister(std::wstring& reason) {

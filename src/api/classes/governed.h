@@ -19,6 +19,9 @@ public:
     STDMETHODIMP put_Settings(ISettings* value) override { return Take(value); }
     STDMETHODIMP putref_Settings(ISettings* value) override { return Take(value); }
 
+    // As hosts of 1.0 know it.
+    static REFIID ErrorInterface() { return __uuidof(Published); }
+
 protected:
     void* Find(REFIID iid) override {
         if (iid == __uuidof(Published))

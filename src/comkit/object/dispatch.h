@@ -89,6 +89,9 @@ public:
         return this->Find(iid) && iid != __uuidof(ISupportErrorInfo) ? S_OK : S_FALSE;
     }
 
+    // What error information names as the interface that failed.
+    static REFIID ErrorInterface() { return __uuidof(Dual); }
+
 protected:
     void* Find(REFIID iid) override {
         if (iid == __uuidof(IDispatch))
@@ -104,7 +107,7 @@ protected:
             body();
             return S_OK;
         } catch (...) {
-            return ReportCurrentError(__uuidof(Dual), Derived::kProgId);
+            return ReportCurrentError(Derived::ErrorInterface(), Derived::kProgId);
         }
     }
 

@@ -4,6 +4,7 @@
 #include <windows.h>
 #include <oleauto.h>
 
+#include <cwchar>
 #include <string>
 #include <utility>
 #include <vector>
@@ -180,6 +181,8 @@ private:
     void RegisterTypeLibrary() const {
         if (!moduleInfo.typeLibrary)
             return;
+        // What an older version of this file has left; a host that asks for it gets the newest one.
+        UnregisterTypeLibrary();
         ComPtr<ITypeLib> library;
         CheckHr(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library));
         std::wstring path = ModulePath();
@@ -192,21 +195,39 @@ private:
         if (!moduleInfo.typeLibrary)
             return;
         const GUID& guid = *moduleInfo.typeLibrary;
-        const std::wstring key = L"TypeLib\\" + GuidText(guid) + L"\\1.0\\0\\" + kPlatform;
-        std::wstring file = Read(key, 0);
+        for (const auto [major, minor] : OurTypeLibraries())
+            CheckHr(hive_ == Hive::Machine
+                        ? UnRegisterTypeLib(guid, major, minor, LOCALE_NEUTRAL, kSystem)
+                        : UnRegisterTypeLibForUser(guid, major, minor, LOCALE_NEUTRAL, kSystem));
+    }
+
+    struct Version {
+        WORD major, minor;
+    };
+
+    // The versions that are registered with this copy of the DLL.
+    std::vector<Version> OurTypeLibraries() const {
+        std::vector<Version> ours = OurTypeLibrariesHere();
         // Wine's RegisterTypeLibForUser registers for all users. An entry there is this user's
         // unless the DLL's classes are registered there too.
-        if (file.empty() && hive_ == Hive::User) {
+        if (ours.empty() && hive_ == Hive::User) {
             const Registrar machine(Hive::Machine);
             if (!machine.Serves(moduleInfo.classes.front()))
-                file = machine.Read(key, 0);
+                ours = machine.OurTypeLibrariesHere();
         }
-        // Missing, or another copy's.
-        if (lstrcmpiW(file.c_str(), ModulePath().c_str()) != 0)
-            return;
-        CheckHr(hive_ == Hive::Machine
-                    ? UnRegisterTypeLib(guid, 1, 0, LOCALE_NEUTRAL, kSystem)
-                    : UnRegisterTypeLibForUser(guid, 1, 0, LOCALE_NEUTRAL, kSystem));
+        return ours;
+    }
+
+    std::vector<Version> OurTypeLibrariesHere() const {
+        std::vector<Version> ours;
+        for (const std::wstring& key : KeysBelow(L"TypeLib\\" + GuidText(*moduleInfo.typeLibrary))) {
+            const std::wstring file = Read(key + L"\\0\\" + kPlatform, 0);
+            unsigned major = 0, minor = 0;
+            if (lstrcmpiW(file.c_str(), ModulePath().c_str()) == 0 &&
+                std::swscanf(FileName(key).c_str(), L"%x.%x", &major, &minor) == 2)
+                ours.push_back({static_cast<WORD>(major), static_cast<WORD>(minor)});
+        }
+        return ours;
     }
 
     Hive hive_;

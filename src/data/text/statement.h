@@ -38,6 +38,12 @@ struct Statement {
     bool operator==(const Statement&) const = default;
 };
 
+// With a text behind it.
+inline Statement operator+(Statement statement, std::wstring_view text) {
+    statement.text += text;
+    return statement;
+}
+
 // How values get into statements: as literals for a kind of engine, or bound.
 struct ValueStyle {
     // A kind alone means its literals.

@@ -8,10 +8,8 @@
 
 namespace vndesk {
 
-inline Statement Ordered(Statement statement, const std::wstring& orderColumn) {
-    if (!orderColumn.empty())
-        statement.text += L" Order By " + orderColumn;
-    return statement;
+inline Statement Ordered(const Statement& statement, const std::wstring& orderColumn) {
+    return orderColumn.empty() ? statement : statement + (L" Order By " + orderColumn);
 }
 
 } // namespace vndesk

@@ -11,10 +11,14 @@ enum class AdoMisuse : long {
     InvalidArgument = 3001,
     NoCurrentRecord = 3021,
     ItemNotFound = 3265,
+    ObjectInCollection = 3367,
     ObjectNotSet = 3420,
+    DataConversion = 3421,
     ObjectClosed = 3704,
     ObjectOpen = 3705,
     ProviderNotFound = 3706,
+    CommandHasConnection = 3707,
+    ParameterUndefined = 3708,
     InvalidConnection = 3709
 };
 

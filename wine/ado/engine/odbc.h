@@ -79,6 +79,8 @@ public:
     const std::wstring& EngineName() const { return engine_; }
     wchar_t NameQuote() const { return quote_; }
 
+    std::wstring Info(SQLUSMALLINT what) const;
+
     void SetAutoCommit(bool on);
     void EndTransaction(bool commit);
 
@@ -86,8 +88,6 @@ private:
     struct Environment : OdbcHandle<SQL_HANDLE_ENV> {
         Environment();
     };
-
-    std::wstring Info(SQLUSMALLINT what) const;
 
     Environment environment_;
     OdbcHandle<SQL_HANDLE_DBC> connection_;

@@ -4,8 +4,10 @@
 #include <algorithm>
 
 #include "ado/engine/ado_error.h"
+#include "ado/engine/bind.h"
 #include "ado/engine/row_fetch.h"
 #include "ado/engine/statement_trace.h"
+#include "ado/text/parameter_markers.h"
 
 namespace vndesk::ado {
 
@@ -29,14 +31,23 @@ void Session::Close() {
     connection_.reset();
 }
 
-Outcome Session::Execute(std::wstring_view statement, CommandKind kind) {
+Outcome Session::Execute(std::wstring_view statement, CommandKind kind,
+                         const std::vector<ParameterValue>& values) {
     if (!IsOpen())
         ThrowMisuse(AdoMisuse::InvalidConnection);
     TraceStatement(statement);
     return log_->Record(source_, [&] {
-        OdbcStatement running(*connection_);
-        running.Execute(kind == CommandKind::Table ? TableStatement(statement, dialect_)
-                                                   : TranslateStatement(statement, dialect_));
+        std::vector<BoundValue> bound = BindableValues(values, connection_->Text());
+        OdbcStatement running(*connection_); // reads what is bound
+        const std::wstring translated = kind == CommandKind::Table
+                                            ? TableStatement(statement, dialect_)
+                                            : TranslateStatement(statement, dialect_);
+        if (bound.empty())
+            running.Execute(translated);
+        else if (connection_->Text() == OdbcText::Utf8)
+            ExecuteBound(running, BareMarkers(translated), bound);
+        else
+            ExecuteBound(running, translated, bound);
         Outcome outcome;
         if (running.ColumnCount() > 0)
             outcome.rows = FetchRows(running);

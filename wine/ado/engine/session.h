@@ -10,6 +10,7 @@
 
 #include "ado/engine/error_log.h"
 #include "ado/engine/odbc.h"
+#include "ado/engine/parameter_value.h"
 #include "ado/engine/row_set.h"
 #include "ado/text/dialect.h"
 
@@ -36,7 +37,13 @@ public:
     // SQLite opens any file and notices only when it reads. Throws the driver's error.
     void ReadFileHeader() { RunPlain(L"PRAGMA schema_version"); }
 
-    Outcome Execute(std::wstring_view statement, CommandKind kind);
+    // `values` stand for the statement's question marks.
+    Outcome Execute(std::wstring_view statement, CommandKind kind,
+                    const std::vector<ParameterValue>& values = {});
+
+    // What the driver says of its engine.
+    const std::wstring& EngineName() const { return connection_->EngineName(); }
+    std::wstring EngineVersion() const { return connection_->Info(SQL_DBMS_VER); }
 
     // The level that was begun, 1 for the outermost. Inner ones are save points.
     long BeginTransaction();

@@ -4,6 +4,7 @@
 #include "ado/engine/ado_error.h"
 #include "ado/objects/command_options.h"
 #include "ado/objects/error_objects.h"
+#include "ado/objects/property_objects.h"
 #include "ado/objects/recordset_object.h"
 #include "ado/text/connection_string.h"
 
@@ -109,6 +110,14 @@ STDMETHODIMP ConnectionObject::get_State(LONG* state) {
 
 STDMETHODIMP ConnectionObject::get_Errors(Errors** errors) {
     return Get(errors, [&](Errors*& out) { out = MakeCom<ErrorsObject>(log_).Detach(); });
+}
+
+STDMETHODIMP ConnectionObject::get_Properties(Properties** properties) {
+    return Get(properties, [&](Properties*& out) {
+        out = MakeCom<PropertiesObject>(session_ ? PropertiesOf(*session_)
+                                                 : std::vector<PropertyValue>())
+                  .Detach();
+    });
 }
 
 STDMETHODIMP ConnectionObject::BeginTrans(LONG* level) {

@@ -33,6 +33,7 @@ public:
                          _Recordset** recordset) override;
     STDMETHODIMP get_State(LONG* state) override;
     STDMETHODIMP get_Errors(Errors** errors) override;
+    STDMETHODIMP get_Properties(Properties** properties) override;
     STDMETHODIMP BeginTrans(LONG* level) override;
     STDMETHODIMP CommitTrans() override;
     STDMETHODIMP RollbackTrans() override;

@@ -11,7 +11,6 @@ template <class Derived>
 class ConnectionRefused
     : public AdoObject<Derived, _Connection, InterfaceList<Connection15, _ADO>, ISessionSource> {
 public:
-    ADO_REFUSED(get_Properties, Properties**)
     ADO_REFUSED(get_CommandTimeout, LONG*)
     ADO_REFUSED(put_CommandTimeout, LONG)
     ADO_REFUSED(get_ConnectionTimeout, LONG*)

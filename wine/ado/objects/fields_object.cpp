@@ -1,34 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ado/objects/fields_object.h"
 
+#include "ado/objects/collection_index.h"
 #include "ado/objects/enum_variant.h"
 #include "ado/objects/field_object.h"
 
 namespace vndesk::ado {
 
-namespace {
-
-bool SameName(const std::wstring& left, const std::wstring& right) {
-    return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
-}
-
-} // namespace
-
 std::size_t FindColumn(const RowSet& rows, const VARIANT& index) {
     const std::vector<ColumnInfo>& columns = rows.Columns();
-    const Argument argument(index);
-    if (argument.IsText()) {
-        const std::wstring name = argument.Text();
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            if (SameName(columns[i].name, name))
-                return i;
-        ThrowMisuse(AdoMisuse::ItemNotFound);
-    }
-    const long number = argument.Number();
-    if (number < 0 || static_cast<std::size_t>(number) >= columns.size())
-        ThrowMisuse(AdoMisuse::ItemNotFound);
-    return static_cast<std::size_t>(number);
+    return FindItem(index, columns.size(), [&](std::size_t i) { return columns[i].name; });
 }
 
 STDMETHODIMP FieldsObject::get_Count(LONG* count) {

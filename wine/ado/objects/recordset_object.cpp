@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ado/objects/recordset_object.h"
 
+#include "ado/objects/active_connection.h"
 #include "ado/objects/command_options.h"
-#include "ado/objects/connection_object.h"
 #include "ado/objects/fields_object.h"
 #include "ado/objects/get_rows.h"
 
@@ -12,13 +12,6 @@ namespace {
 
 VARIANT_BOOL Truth(bool value) {
     return value ? VARIANT_TRUE : VARIANT_FALSE;
-}
-
-std::shared_ptr<Session> SessionOf(IDispatch* connection) {
-    ComPtr<ISessionSource> source;
-    if (!connection || FAILED(connection->QueryInterface(IID_PPV_ARGS(&source))))
-        return nullptr;
-    return source->OpenedSession();
 }
 
 } // namespace
@@ -42,28 +35,38 @@ void RecordsetObject::SetConnection(IUnknown* connection) {
         return;
     }
     RequireClosed();
-    ComPtr<ISessionSource> source;
-    ComPtr<IDispatch> object;
-    if (FAILED(connection->QueryInterface(IID_PPV_ARGS(&source))) ||
-        FAILED(connection->QueryInterface(IID_PPV_ARGS(&object))))
-        ThrowMisuse(AdoMisuse::InvalidArgument);
-    connection_ = std::move(object);
+    if (command_)
+        ThrowMisuse(AdoMisuse::CommandHasConnection);
+    connection_ = ConnectionFrom(connection);
 }
 
 void RecordsetObject::SetConnection(const VARIANT& connection) {
     const Argument given(connection);
-    if (given.IsText()) {
+    if (given.IsText() || given.Object())
         RequireClosed();
-        const ComPtr<ConnectionObject> opened = MakeCom<ConnectionObject>();
-        opened->OpenWith(given.Text(), L"", L"");
-        connection_ = opened;
-    } else if (given.IsMissing() || V_VT(&given.Value()) == VT_NULL) {
-        SetConnection(static_cast<IUnknown*>(nullptr));
-    } else if (V_VT(&given.Value()) == VT_DISPATCH || V_VT(&given.Value()) == VT_UNKNOWN) {
-        SetConnection(given.Object());
-    } else {
+    SetConnection(ConnectionFrom(given).Get());
+}
+
+void RecordsetObject::SetCommand(IUnknown* command) {
+    ComPtr<ICommandSource> ours;
+    if (!command)
         ThrowMisuse(AdoMisuse::InvalidArgument);
-    }
+    if (FAILED(command->QueryInterface(IID_PPV_ARGS(&ours))))
+        throw ComError(E_NOTIMPL,
+                       L"Command objects that are not of this ADO are not available in the ADO for "
+                       L"Wine, nor are other objects that hold rows.");
+    command_ = std::move(ours);
+}
+
+CommandRun RecordsetObject::RunSource(long options) {
+    if (command_)
+        return command_->Run(nullptr, adOptionUnspecified);
+    const std::shared_ptr<Session> session = SessionOf(connection_.Get());
+    if (!session)
+        ThrowMisuse(AdoMisuse::InvalidConnection);
+    if (source_.empty())
+        throw ComError(kNoCommand, L"Command text was not set for the command object.");
+    return {source_, connection_, session, session->Execute(source_, KindOfCommand(options))};
 }
 
 STDMETHODIMP RecordsetObject::putref_ActiveConnection(IDispatch* connection) {
@@ -128,14 +131,18 @@ STDMETHODIMP RecordsetObject::get_RecordCount(ADO_LONGPTR* count) {
     });
 }
 
-STDMETHODIMP RecordsetObject::putref_Source(IDispatch*) {
-    return Refuse(L"Source = command");
+STDMETHODIMP RecordsetObject::putref_Source(IDispatch* source) {
+    return Guard([&] {
+        RequireClosed();
+        SetCommand(source);
+    });
 }
 
 STDMETHODIMP RecordsetObject::put_Source(BSTR source) {
     return Guard([&] {
         RequireClosed();
         source_ = FromBstr(source);
+        command_.Reset();
     });
 }
 
@@ -154,27 +161,26 @@ STDMETHODIMP RecordsetObject::Open(VARIANT source, VARIANT connection, CursorTyp
                                    LockTypeEnum lockType, LONG options) {
     return Guard([&] {
         RequireClosed();
-        const Argument statement(source);
-        if (statement.IsText())
-            source_ = statement.Text();
-        else if (statement.Object())
-            throw ComError(E_NOTIMPL, L"Command objects are not available in the ADO for Wine.");
-        else if (!statement.IsMissing())
+        const Argument given(source);
+        if (given.IsText()) {
+            source_ = given.Text();
+            command_.Reset();
+        } else if (given.Object()) {
+            SetCommand(given.Object());
+        } else if (!given.IsMissing()) {
             ThrowMisuse(AdoMisuse::InvalidArgument);
+        }
         if (!Argument(connection).IsMissing())
             SetConnection(connection);
-        const std::shared_ptr<Session> session = SessionOf(connection_.Get());
-        if (!session)
-            ThrowMisuse(AdoMisuse::InvalidConnection);
-        if (source_.empty())
-            throw ComError(kNoCommand, L"Command text was not set for the command object.");
-        Outcome outcome = session->Execute(source_, KindOfCommand(options));
+        CommandRun run = RunSource(options);
         if (cursorType != adOpenUnspecified)
             cursorType_ = cursorType;
         if (lockType != adLockUnspecified)
             lockType_ = lockType;
-        cursor_->rows = std::move(outcome.rows);
-        cursor_->session = session;
+        source_ = std::move(run.text);
+        connection_ = std::move(run.connection);
+        cursor_->rows = std::move(run.outcome.rows);
+        cursor_->session = std::move(run.session);
         cursor_->position = 0;
     });
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ado/objects/command_source.h"
 #include "ado/objects/cursor.h"
 #include "ado/objects/recordset_refused.h"
 #include "ado/objects/session_source.h"
@@ -48,11 +49,14 @@ public:
 private:
     void SetConnection(const VARIANT& connection);
     void SetConnection(IUnknown* connection);
+    void SetCommand(IUnknown* command);
+    CommandRun RunSource(long options);
     void RequireClosed() const;
 
     const std::shared_ptr<Cursor> cursor_ = std::make_shared<Cursor>();
     ComPtr<IDispatch> connection_;
     std::wstring source_;
+    ComPtr<ICommandSource> command_; // the source, when it is no text
     CursorTypeEnum cursorType_ = adOpenForwardOnly;
     LockTypeEnum lockType_ = adLockReadOnly;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ado/text/date_value.h"
 
+#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -158,6 +159,18 @@ long DayNumber(int year, int month, int day) {
            day - 1;
 }
 
+// The other way round.
+void SetDay(DateValue& date, long number) {
+    const long era = number / 146097; // 400 years
+    const long day = number % 146097;
+    const long yearOfEra = (day - day / 1460 + day / 36524 - day / 146096) / 365;
+    const long dayOfYear = day - (yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100);
+    const long month = (dayOfYear * 5 + 2) / 153; // 0: March
+    date.day = static_cast<int>(dayOfYear - (month * 153 + 2) / 5 + 1);
+    date.month = static_cast<int>(month < 10 ? month + 3 : month - 9);
+    date.year = static_cast<int>(era * 400 + yearOfEra + (date.month < 3 ? 1 : 0));
+}
+
 } // namespace
 
 std::optional<DateValue> ParseDateLiteral(std::wstring_view text) {
@@ -235,6 +248,27 @@ double ToOleDate(const DateValue& date) {
     const long days = DayNumber(date.year, date.month, date.day) - DayNumber(1899, 12, 30);
     // Before the first day the fraction still counts forward from midnight.
     return days < 0 ? static_cast<double>(days) - time : static_cast<double>(days) + time;
+}
+
+std::optional<DateValue> FromOleDate(double date) {
+    constexpr double kBeforeFirst = -657435; // 1 January 100 is the day after
+    constexpr double kAfterLast = 2958466;
+    if (!(date > kBeforeFirst && date < kAfterLast)) // nor is what is no number
+        return std::nullopt;
+    const double whole = std::trunc(date);
+    long day = static_cast<long>(whole);
+    long second = std::lround(std::fabs(date - whole) * kSecondsPerDay);
+    if (second == kSecondsPerDay) {
+        second = 0;
+        ++day;
+    }
+    DateValue value;
+    SetDay(value, day + DayNumber(1899, 12, 30));
+    value.hour = static_cast<int>(second / 3600);
+    value.minute = static_cast<int>(second / 60 % 60);
+    value.second = static_cast<int>(second % 60);
+    value.hasTime = second != 0;
+    return IsDate(value) ? std::optional(value) : std::nullopt;
 }
 
 } // namespace vndesk::ado

@@ -31,4 +31,7 @@ std::wstring IsoText(const DateValue& date);
 
 double ToOleDate(const DateValue& date);
 
+// Rounded to whole seconds; without a time at midnight. Nothing for what is no date of the hosts.
+std::optional<DateValue> FromOleDate(double date);
+
 } // namespace vndesk::ado
