@@ -38,11 +38,19 @@ AdoValue ToAdo(const std::optional<std::wstring>& text) {
     return value;
 }
 
-AdoValue ToAdo(const std::optional<Moment>& moment) {
-    AdoValue value{adDBTimeStamp, 0};
-    if (moment)
-        value.value = _variant_t(moment->days, VT_DATE);
+template <class Time> AdoValue Dated(DataTypeEnum type, const std::optional<Time>& time) {
+    AdoValue value{type, 0};
+    if (time)
+        value.value = _variant_t(time->days, VT_DATE);
     return value;
+}
+
+AdoValue ToAdo(const std::optional<Moment>& moment) {
+    return Dated(adDBTimeStamp, moment);
+}
+
+AdoValue ToAdo(const std::optional<Day>& day) {
+    return Dated(adDBDate, day);
 }
 
 } // namespace

@@ -36,7 +36,11 @@ BoundValue NumberValue(std::wstring_view text) {
 
 BoundValue DateValue(std::wstring_view text) {
     const std::optional<Moment> moment = ReadDate(text);
-    return moment ? BoundValue(moment) : TextValue(text);
+    if (!moment)
+        return TextValue(text);
+    if (moment->days == std::trunc(moment->days))
+        return std::optional(Day{moment->days});
+    return moment;
 }
 
 BoundValue ValueOf(std::wstring_view text, ValueForm form) {
