@@ -47,15 +47,23 @@ Rights ReadRights(const std::wstring& connect, long user) {
 }
 
 void FindCustomers(const _bstr_t& connect) {
-    const auto tools = Create<Varnok, IVarnok>();
+    const auto search = Create<clsSearch, ISearch2>();
+    Check(search->put_ActiveConnection(_variant_t(connect)));
+    Check(search->put_TableSearch(_bstr_t(L"KhachHang")));
+    long modal = 1;
+    Check(search->Show(&modal, vtMissing));
     _bstr_t condition;
-    Check(tools->FindShow(_variant_t(connect), _bstr_t(L"KhachHang"), condition.GetAddress()));
+    Check(search->get_Result(condition.GetAddress()));
     if (!condition.length())
         return Print(L"   cancelled");
     Print(L"   " + Text(condition));
-    const auto rows = HostDatabase(Text(connect))
-                          .Read(L"SELECT MaKH,[Name],CongNo FROM KhachHang WHERE " +
-                                Text(condition) + L" ORDER BY MaKH");
+    ComPtr<IDispatch> made;
+    Check(search->CreateCommand(_bstr_t(L"SELECT MaKH,[Name],CongNo FROM KhachHang"), vtMissing,
+                                &made));
+    LateBound command{_variant_t(made.Get())};
+    command.Put(L"CommandText", _bstr_t(command.Get(L"CommandText")) + L" ORDER BY MaKH");
+    const auto rows = RowsOf(LateBound(command.Call(L"Execute")));
+    const auto tools = Create<Varnok, IVarnok>();
     for (const Row& row : rows) {
         _bstr_t debt;
         Check(tools->CvNStr(row[2], debt.GetAddress()));
