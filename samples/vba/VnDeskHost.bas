@@ -1,7 +1,7 @@
 Attribute VB_Name = "VnDeskHost"
 ' SPDX-License-Identifier: MIT
 ' A whole host in VBA: logon, rights, administration, search, message box. Import this file (File, Import),
-' set a reference to "VnDesk 1.0" and run Main; the lines appear in the Immediate window (Ctrl+G).
+' set a reference to "VnDesk 1.1" and run Main; the lines appear in the Immediate window (Ctrl+G).
 ' The same text serves 32-bit and 64-bit Office.
 Option Explicit
 
