@@ -10,11 +10,13 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <vector>
 
 #include "support/keys.h"
 #include "support/sample_database.h"
+#include "support/security_settings.h"
 #include "support/temp_dir.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
@@ -226,6 +228,9 @@ public:
 
     const bool server;
     const SampleDatabase database;
+    // Without them the host is one of 1.0.
+    std::optional<SecuritySettings> settings;
+    long userCode = 0;
 
 private:
     std::wstring Table(const wchar_t* statement) const {
@@ -240,7 +245,8 @@ private:
 
     template <class Operation>
     void Play(const wchar_t* form, std::function<void(HWND)> script, Operation operation) const {
-        const auto logon = CreateLogon();
+        const Microsoft::WRL::ComPtr<ILogon> logon =
+            settings ? LogonWith(*settings, userCode) : CreateLogon();
         _bstr_t connect(database.ConnectionString().c_str());
         DialogDriver user([&] {
             const HWND window = WaitForForm(form);
