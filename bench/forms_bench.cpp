@@ -320,8 +320,8 @@ int main(int argc, char** argv) {
                              vndesk::GroupMembersStatement(kFirstGroup).text}));
         vndesk::test::Upgrade(source, L"accounts");
         vndesk::test::Upgrade(source, L"audit");
-        const auto settings = vndesk::test::MakeSettings(
-            {.BindParameters = true, .Audit = true, .LockAfter = 5});
+        const auto settings =
+            vndesk::test::MakeSettings({.BindParameters = true, .Audit = true, .LockAfter = 5});
         ComPtr<ILogon2> governed;
         logon.As(&governed);
         MeasureGoverned(report, "logon dialog", governed, settings, [&] {

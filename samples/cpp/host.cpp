@@ -51,15 +51,15 @@ void FindCustomers(const _bstr_t& connect) {
     Check(search->put_ActiveConnection(_variant_t(connect)));
     Check(search->put_TableSearch(_bstr_t(L"KhachHang")));
     long modal = 1;
-    Check(search->Show(&modal, vtMissing));
+    Check(search->Show(&modal, _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR)));
     _bstr_t condition;
     Check(search->get_Result(condition.GetAddress()));
     if (!condition.length())
         return Print(L"   cancelled");
     Print(L"   " + Text(condition));
     ComPtr<IDispatch> made;
-    Check(search->CreateCommand(_bstr_t(L"SELECT MaKH,[Name],CongNo FROM KhachHang"), vtMissing,
-                                &made));
+    Check(search->CreateCommand(_bstr_t(L"SELECT MaKH,[Name],CongNo FROM KhachHang"),
+                                _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR), &made));
     LateBound command{_variant_t(made.Get())};
     command.Put(L"CommandText", _bstr_t(command.Get(L"CommandText")) + L" ORDER BY MaKH");
     const auto rows = RowsOf(LateBound(command.Call(L"Execute")));
