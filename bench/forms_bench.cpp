@@ -8,6 +8,7 @@
 #include "security/text/group_statements.h"
 #include "security/text/user_statements.h"
 #include "support/sample_database.h"
+#include "support/security_settings.h"
 #include "vndesk_idl.h"
 
 #include <windows.h>
@@ -231,6 +232,22 @@ private:
     std::vector<std::wstring> statements_;
 };
 
+// The same form with settings of 1.1 and without.
+void MeasureGoverned(Report& report, const std::string& name, const ComPtr<ILogon2>& logon,
+                     const ComPtr<ISettings>& settings, const std::function<void()>& open) {
+    FormImage image{};
+    const Closer closer(&image);
+    const auto with = [&](const ComPtr<ISettings>& given) {
+        return Each([&, given] {
+            logon->putref_Settings(given.Get());
+            open();
+        });
+    };
+    report.Compare({name + " with values bound, locks and records", "the same without settings",
+                    Target::AtMost, 1.1, with(settings), with(nullptr), 15});
+    logon->putref_Settings(nullptr);
+}
+
 void Measure(Report& report, const std::string& name, double target,
              const std::function<void()>& open, const std::function<void()>& read,
              int rounds = 15) {
@@ -301,6 +318,20 @@ int main(int argc, char** argv) {
             report, "group manager", 1.3, [&] { logon->ShowGroup(&connect.GetBSTR()); },
             Reads(database, {L"[Groups]", vndesk::GroupStatement(L"[Groups]", kFirstGroup).text,
                              vndesk::GroupMembersStatement(kFirstGroup).text}));
+        vndesk::test::Upgrade(source, L"accounts");
+        vndesk::test::Upgrade(source, L"audit");
+        const auto settings =
+            vndesk::test::MakeSettings({.BindParameters = true, .Audit = true, .LockAfter = 5});
+        ComPtr<ILogon2> governed;
+        logon.As(&governed);
+        MeasureGoverned(report, "logon dialog", governed, settings, [&] {
+            long user = 0;
+            logon->ShowLogon(&connect.GetBSTR(), &user);
+        });
+        MeasureGoverned(report, "user list", governed, settings,
+                        [&] { logon->UserManager(&connect.GetBSTR()); });
+        MeasureGoverned(report, "group manager", governed, settings,
+                        [&] { logon->ShowGroup(&connect.GetBSTR()); });
         for (const long users : {1000L, 10000L, 100000L}) {
             source.Execute(L"DELETE FROM User WHERE Code > 1000");
             source.Execute(

@@ -46,7 +46,7 @@ void CheckPassword(const std::wstring& password) {
         for (const wchar_t ch : password)
             plain = plain && PlainCode(ch) >= 32 && PlainCode(ch) < 128;
         MUST(plain == (code > 0));
-        const std::wstring statement = LogonStatement(L"a", code, DatabaseKind::Jet);
+        const std::wstring statement = LogonStatement(L"a", code, DatabaseKind::Jet).text;
         MUST(statement.ends_with(L")") && statement.find(L',') == std::wstring::npos);
     } catch (const std::overflow_error&) {
         MUST(password.size() > 500);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // For each of the four lines a field's name, its type, an operator, a value and a joining word. The
 // brackets of a condition are paired, and what users type into valid lines cannot leave a quote
-// open.
+// open. With parameters it does not reach the text at all.
 #include "support/input.h"
 #include "support/sql_text.h"
 
@@ -10,6 +10,7 @@
 #include "ado/text/date_value.h"
 #include "find/text/condition.h"
 #include "find/text/format_value.h"
+#include "find/text/parameterized_condition.h"
 
 namespace vndesk::fuzz {
 
@@ -24,6 +25,20 @@ void CheckBrackets(const std::wstring& text) {
     MUST(IsPaired(balanced) && balanced.starts_with(text));
     MUST(balanced.size() <= 2 * text.size());
     MUST(GetBrackets(balanced) == balanced);
+}
+
+// What users type is in the values and not in the text.
+void CheckParameterized(ConditionLines lines, Engine engine) {
+    const Statement condition = GetParameterized(lines, engine);
+    for (ConditionLine& line : lines) {
+        line.fieldName = L"F";
+        line.operatorName = L"=";
+        line.joinName = L"and";
+    }
+    const Statement plain = GetParameterized(lines, engine);
+    MUST(plain.text.find_first_not_of(L"(F =?,)and") == std::wstring::npos);
+    MUST(plain.values.size() == static_cast<std::size_t>(CountChar(plain.text, L"?")));
+    MUST(condition.values.size() <= static_cast<std::size_t>(CountChar(condition.text, L"?")));
 }
 
 // Fields whose entries are written as they are typed and not checked.
@@ -66,6 +81,8 @@ void RunOne(Input& input) {
             MUST(LiteralsOf(condition));
     }
     MUST(GetDis(lines).starts_with(GetDisplay(lines[0])));
+    for (const Engine engine : {Engine::Jet, Engine::SqlServer, Engine::PostgreSql})
+        CheckParameterized(lines, engine);
 }
 
 } // namespace vndesk::fuzz

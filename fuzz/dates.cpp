@@ -48,12 +48,17 @@ bool IsUsual(std::wstring_view entry) {
 
 void RunOne(Input& input) {
     const std::wstring entry = input.Text();
+    constexpr double kHalfASecond = 0.5 / 86400;
     const std::wstring american = ToUSDate(entry);
     MUST(american.empty() == !IsDate(entry));
+    if (const auto moment = ReadDate(entry))
+        MUST(moment->days > -657435 && moment->days < 2958466);
     if (IsDate(entry) && IsUsual(entry)) {
         const auto date = ado::ParseDateLiteral(american);
         MUST(date && date->year != 0);
         CheckValue(*date);
+        // With parameters it is the same date.
+        MUST(std::fabs(ado::ToOleDate(*date) - ReadDate(entry)->days) < kHalfASecond);
     }
     if (const auto literal = ado::ParseDateLiteral(entry))
         CheckValue(*literal);

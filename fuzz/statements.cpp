@@ -56,10 +56,10 @@ void RunOne(Input& input) {
         }
         MUST(LiteralsOf(InsertOptionStatement(name, value, description, kind)) == inserted);
         MUST(LiteralsOf(UpdateOptionStatement(name, value, description, kind)) == updated);
-        MUST(LiteralsOf(LookUpStatement(L"KhachHang", value, kind)) == (Values{v + L"%"}));
-        MUST(LiteralsOf(NamesBeginningStatement(L"Select [Name]", value, kind)) ==
+        MUST(LiteralsOf(LookUpStatement(L"KhachHang", value, kind).text) == (Values{v + L"%"}));
+        MUST(LiteralsOf(NamesBeginningStatement(L"Select [Name]", value, kind).text) ==
              (Values{v + L"%"}));
-        MUST(LiteralsOf(CodeStatement(L"Select [Code]", value, kind)) == (Values{v}));
+        MUST(LiteralsOf(CodeStatement(L"Select [Code]", value, kind).text) == (Values{v}));
         CheckPatches(statement, key, value, kind);
     }
 }

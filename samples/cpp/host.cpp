@@ -22,6 +22,8 @@ using Microsoft::WRL::ComPtr;
 // Commands of this program, as the table SubMenu numbers them.
 constexpr long kUsers = 2, kGroups = 3, kCustomers = 5;
 
+const _variant_t kLeftOut(DISP_E_PARAMNOTFOUND, VT_ERROR); // an optional argument
+
 void Print(const std::wstring& line, FILE* stream = stdout) {
     std::string bytes(line.size() * 3, '\0');
     bytes.resize(static_cast<size_t>(
@@ -47,15 +49,23 @@ Rights ReadRights(const std::wstring& connect, long user) {
 }
 
 void FindCustomers(const _bstr_t& connect) {
-    const auto tools = Create<Varnok, IVarnok>();
+    const auto search = Create<clsSearch, ISearch2>();
+    Check(search->put_ActiveConnection(_variant_t(connect)));
+    Check(search->put_TableSearch(_bstr_t(L"KhachHang")));
+    long modal = 1;
+    Check(search->Show(&modal, kLeftOut));
     _bstr_t condition;
-    Check(tools->FindShow(_variant_t(connect), _bstr_t(L"KhachHang"), condition.GetAddress()));
+    Check(search->get_Result(condition.GetAddress()));
     if (!condition.length())
         return Print(L"   cancelled");
     Print(L"   " + Text(condition));
-    const auto rows = HostDatabase(Text(connect))
-                          .Read(L"SELECT MaKH,[Name],CongNo FROM KhachHang WHERE " +
-                                Text(condition) + L" ORDER BY MaKH");
+    ComPtr<IDispatch> made;
+    Check(search->CreateCommand(_bstr_t(L"SELECT MaKH,[Name],CongNo FROM KhachHang"), kLeftOut,
+                                &made));
+    LateBound command{_variant_t(made.Get())};
+    command.Put(L"CommandText", _bstr_t(command.Get(L"CommandText")) + L" ORDER BY MaKH");
+    const auto rows = RowsOf(LateBound(command.Call(L"Execute")));
+    const auto tools = Create<Varnok, IVarnok>();
     for (const Row& row : rows) {
         _bstr_t debt;
         Check(tools->CvNStr(row[2], debt.GetAddress()));

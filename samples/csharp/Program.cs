@@ -107,17 +107,25 @@ static class Program
 
     static void FindCustomers(string connect)
     {
+        using (var search = new ComObject("VnDesk.clsSearch"))
         using (var tools = new ComObject("VnDesk.Varnok"))
         {
-            string condition = tools.Value.FindShow(connect, "KhachHang");
+            search.Value.ActiveConnection = connect;
+            search.Value.TableSearch = "KhachHang";
+            search.Value.Show(1);
+            string condition = search.Value.Result;
             if (string.IsNullOrEmpty(condition))
             {
                 Console.WriteLine("   cancelled");
                 return;
             }
             Console.WriteLine("   " + condition);
-            var rows = Read(connect, "SELECT MaKH,[Name],CongNo FROM KhachHang WHERE " + condition +
-                                     " ORDER BY MaKH");
+            List<object[]> rows;
+            using (var command = new ComObject(search.Value.CreateCommand("SELECT MaKH,[Name],CongNo FROM KhachHang")))
+            {
+                command.Value.CommandText += " ORDER BY MaKH";
+                rows = AllRows(command.Value.Execute());
+            }
             foreach (var row in rows)
                 Console.WriteLine("   " + row[0] + " " + row[1] + " " + tools.Value.CvNStr(row[2]));
             Console.WriteLine("   " + rows.Count + " rows");
@@ -127,24 +135,30 @@ static class Program
     // All rows of a statement, read with ADO as the library itself reads them.
     static List<object[]> Read(string connect, string statement)
     {
-        var rows = new List<object[]>();
         using (var database = new ComObject("ADODB.Connection"))
         {
             database.Value.Open(connect);
-            using (var records = new ComObject(database.Value.Execute(statement)))
+            var rows = AllRows(database.Value.Execute(statement));
+            database.Value.Close();
+            return rows;
+        }
+    }
+
+    static List<object[]> AllRows(object recordset)
+    {
+        var rows = new List<object[]>();
+        using (var records = new ComObject(recordset))
+        {
+            if (!records.Value.EOF) // GetRows refuses to give nothing
             {
-                if (!records.Value.EOF) // GetRows refuses to give nothing
+                object[,] table = records.Value.GetRows(); // columns, rows
+                for (int row = 0; row < table.GetLength(1); ++row)
                 {
-                    object[,] table = records.Value.GetRows(); // columns, rows
-                    for (int row = 0; row < table.GetLength(1); ++row)
-                    {
-                        rows.Add(new object[table.GetLength(0)]);
-                        for (int i = 0; i < table.GetLength(0); ++i)
-                            rows[row][i] = table[i, row];
-                    }
+                    rows.Add(new object[table.GetLength(0)]);
+                    for (int i = 0; i < table.GetLength(0); ++i)
+                        rows[row][i] = table[i, row];
                 }
             }
-            database.Value.Close();
         }
         return rows;
     }

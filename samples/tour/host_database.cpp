@@ -8,7 +8,10 @@ HostDatabase::HostDatabase(const std::wstring& connect) : connection_(L"ADODB.Co
 }
 
 std::vector<Row> HostDatabase::Read(const std::wstring& statement) {
-    LateBound records(connection_.Call(L"Execute", {statement.c_str()}));
+    return RowsOf(LateBound(connection_.Call(L"Execute", {statement.c_str()})));
+}
+
+std::vector<Row> RowsOf(LateBound records) {
     std::vector<Row> rows;
     if (static_cast<bool>(records.Get(L"EOF")))
         return rows; // GetRows refuses to give nothing

@@ -19,6 +19,9 @@ private:
     LateBound connection_; // closes itself when it goes
 };
 
+// All rows of a record set.
+std::vector<Row> RowsOf(LateBound records);
+
 // A column as a whole number, 0 when it is empty; and as text, empty when it is empty.
 long NumberOf(const _variant_t& value);
 std::wstring TextOf(const _variant_t& value);

@@ -25,6 +25,10 @@ _variant_t LateBound::Get(const wchar_t* property, std::initializer_list<_varian
     return Invoke(property, DISPATCH_PROPERTYGET, arguments);
 }
 
+void LateBound::Put(const wchar_t* property, const _variant_t& value) {
+    Invoke(property, DISPATCH_PROPERTYPUT, {value});
+}
+
 _variant_t LateBound::Invoke(const wchar_t* name, WORD kind,
                              std::initializer_list<_variant_t> arguments) {
     DISPID id;
@@ -33,6 +37,11 @@ _variant_t LateBound::Invoke(const wchar_t* name, WORD kind,
     // DISPPARAMS has the last argument first.
     std::vector<VARIANT> reversed(std::rbegin(arguments), std::rend(arguments));
     DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    DISPID put = DISPID_PROPERTYPUT;
+    if (kind == DISPATCH_PROPERTYPUT) {
+        parameters.rgdispidNamedArgs = &put;
+        parameters.cNamedArgs = 1;
+    }
     _variant_t result;
     EXCEPINFO exception = {};
     const HRESULT code = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,

@@ -16,6 +16,7 @@ public:
 
     _variant_t Call(const wchar_t* method, std::initializer_list<_variant_t> arguments = {});
     _variant_t Get(const wchar_t* property, std::initializer_list<_variant_t> arguments = {});
+    void Put(const wchar_t* property, const _variant_t& value);
 
 private:
     _variant_t Invoke(const wchar_t* name, WORD kind, std::initializer_list<_variant_t> arguments);

@@ -112,17 +112,20 @@ Function ReadRights(connect, user)
 End Function
 
 Sub FindCustomers(connect)
-    Dim tools, condition, db, rows, count
-    Set tools = CreateObject("VnDesk.Varnok")
-    condition = tools.FindShow(connect, "KhachHang")
-    If condition = "" Then
+    Dim search, command, tools, rows, count
+    Set search = CreateObject("VnDesk.clsSearch")
+    search.ActiveConnection = connect
+    search.TableSearch = "KhachHang"
+    search.Show 1
+    If search.Result = "" Then
         WScript.Echo "   cancelled"
         Exit Sub
     End If
-    WScript.Echo "   " & condition
-    Set db = CreateObject("ADODB.Connection")
-    db.Open connect
-    Set rows = db.Execute("SELECT MaKH,[Name],CongNo FROM KhachHang WHERE " & condition & " ORDER BY MaKH")
+    WScript.Echo "   " & search.Result
+    Set command = search.CreateCommand("SELECT MaKH,[Name],CongNo FROM KhachHang")
+    command.CommandText = command.CommandText & " ORDER BY MaKH"
+    Set rows = command.Execute
+    Set tools = CreateObject("VnDesk.Varnok")
     count = 0
     Do Until rows.EOF
         WScript.Echo "   " & rows.Fields("MaKH").Value & " " & rows.Fields("Name").Value & " " & _
@@ -130,6 +133,6 @@ Sub FindCustomers(connect)
         count = count + 1
         rows.MoveNext
     Loop
-    db.Close
+    search.ActiveConnection.Close
     WScript.Echo "   " & count & " rows"
 End Sub

@@ -10,6 +10,7 @@
 #include "passwords/password.h"
 #include "passwords/password_hash.h"
 #include "passwords/password_text.h"
+#include "passwords/text/captions.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -31,7 +32,12 @@ std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wst
         if (verdict != PasswordVerdict::Fine)
             return ToUncText(TextOfVerdict(verdict, settings.MinPasswordLength), kToUnicode);
     }
-    return operation.askHost ? operation.askHost(userName, password) : std::nullopt;
+    std::optional<std::wstring> reason;
+    if (operation.askHost)
+        reason = operation.askHost(userName, password);
+    if (reason && reason->empty())
+        reason = ToUncText(texts::kPasswordRefused, kToUnicode);
+    return reason;
 }
 
 void WritePassword(const Database& database, long userCode, const std::wstring& password,

@@ -7,12 +7,14 @@
 
 #include "controls/combo/window/data_combo.h"
 #include "controls/picker/item_picker.h"
+#include "data/connect/engine.h"
 #include "data/connect/plain_message.h"
 #include "find/field_info.h"
 #include "find/fill_combo.h"
 #include "find/text/captions.h"
 #include "find/text/catalogue.h"
 #include "find/text/condition.h"
+#include "find/text/parameterized_condition.h"
 #include "forms/keys/keys.h"
 #include "forms/keys/tab_stroke.h"
 #include "forms/window/form_of.h"
@@ -94,7 +96,7 @@ public:
     FindForm(const Database& database, const std::wstring& table)
         : database_(database), table_(table) {}
 
-    std::wstring result;
+    SearchCondition condition;
 
 protected:
     void OnLoad() override {
@@ -109,7 +111,7 @@ protected:
                               kCatalogueOrder);
         for (long i = kFirst; i < kLines; ++i)
             Listen(i);
-        result.clear();
+        condition = {};
         Get(L"CmdOk").SetEnabled(true);
         for (long i = kFirst + 1; i < kLines; ++i)
             SetLineEnabled(i, false);
@@ -281,13 +283,15 @@ private:
 
     void Confirm() {
         Reporting([this] {
-            result = GetRes(Lines(), database_.kind);
+            const ConditionLines lines = Lines();
+            condition = {GetRes(lines, database_.kind),
+                         GetParameterized(lines, EngineOf(database_))};
             Unload();
         });
     }
 
     void Cancel() {
-        result.clear();
+        condition = {};
         Unload();
     }
 
@@ -301,12 +305,12 @@ private:
 
 } // namespace
 
-std::wstring ShowFindDialog(const Database& database, const std::wstring& table, HWND owner) {
+SearchCondition ShowFindDialog(const Database& database, const std::wstring& table, HWND owner) {
     const DataComboClass comboClass;
     FindForm form(database, table);
     form.SetOwner(owner);
     form.ShowModal();
-    return form.result;
+    return form.condition;
 }
 
 } // namespace vndesk

@@ -10,8 +10,14 @@
 
 namespace vndesk {
 
-// Returns the condition, to be put behind WHERE, or nothing after Cancel. Reads the database's
-// catalogue. `owner` may be null.
-std::wstring ShowFindDialog(const Database& database, const std::wstring& table, HWND owner);
+// A condition to be put behind WHERE, with its values as literals and with parameters.
+struct SearchCondition {
+    std::wstring text;
+    Statement parameterized;
+};
+
+// Returns the condition, or nothing after Cancel. Reads the database's catalogue. `owner` may be
+// null.
+SearchCondition ShowFindDialog(const Database& database, const std::wstring& table, HWND owner);
 
 } // namespace vndesk

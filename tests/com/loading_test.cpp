@@ -84,7 +84,7 @@ void ExpectKept(Kept kept, int rounds, const std::function<void()>& round) {
     const long opened = UseOf(GetCurrentProcessId()).handles - handles;
     TellFigures(rounds, " rounds, heap ", grown / rounds, " bytes a round, handles ", opened);
     EXPECT_GE(rounds * kept.bytes, grown);
-    // Others in the process open some too, and Wine counts the places of its table.
+    // Others in the process open some too.
     EXPECT_GE(rounds * kept.handles + 256, opened);
 }
 

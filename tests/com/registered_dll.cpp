@@ -164,8 +164,10 @@ RegisteredClass ReadClass(ITypeInfo* type) {
             entry.events = AttributesOf(implemented.Get())->guid;
             continue;
         }
-        if (!(flags & IMPLTYPEFLAG_FDEFAULT))
+        if (!(flags & IMPLTYPEFLAG_FDEFAULT)) {
+            entry.olderInterfaces.push_back(AttributesOf(implemented.Get())->guid);
             continue;
+        }
         const ComPtr<ITypeInfo> vtable = VtableSide(implemented.Get());
         const auto interfaceAttributes = AttributesOf(vtable.Get());
         entry.defaultInterface = interfaceAttributes->guid;

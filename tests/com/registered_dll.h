@@ -50,6 +50,7 @@ struct RegisteredClass {
     std::wstring progId;
     CLSID clsid;
     IID defaultInterface;
+    std::vector<IID> olderInterfaces; // which the default one inherits
     bool hasEvents;
     IID events;
     std::vector<Method> methods;

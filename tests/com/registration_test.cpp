@@ -55,6 +55,8 @@ protected:
             names_.push_back(entry.progId);
             names_.push_back(entry.progId + L".1");
             interfaceKeys_.push_back(L"Interface\\" + GuidText(entry.defaultInterface));
+            for (const IID& older : entry.olderInterfaces)
+                interfaceKeys_.push_back(L"Interface\\" + GuidText(older));
             if (entry.hasEvents)
                 interfaceKeys_.push_back(L"Interface\\" + GuidText(entry.events));
         }

@@ -1,42 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Search conditions run on real databases: which customers they find, and which of them an engine
 // cannot run.
-#include "data/data_fixture.h"
+#include "data/condition_lines.h"
 
-#include <algorithm>
 #include <optional>
-#include <vector>
 
 #include "comkit/base/com_error.h"
-#include "find/text/condition.h"
 
 namespace vndesk::test {
 namespace {
-
-// The numbers in the keys KH001, KH002, ...
-using Keys = std::vector<int>;
-
-constexpr int kCustomers = 31;
-constexpr int kWithoutData = 31; // no province, address and date
-
-Keys AllBut(Keys left) {
-    Keys keys;
-    for (int key = 1; key <= kCustomers; ++key)
-        if (std::find(left.begin(), left.end(), key) == left.end())
-            keys.push_back(key);
-    return keys;
-}
-
-ConditionLine Line(const wchar_t* field, long type, const wchar_t* op, const wchar_t* value) {
-    ConditionLine line;
-    line.fieldIndex = line.operatorIndex = 0;
-    line.fieldName = field;
-    line.fieldType = type;
-    line.operatorName = op;
-    line.value = value;
-    line.joinName = L"and";
-    return line;
-}
 
 class ConditionRows : public DataTest {
 protected:
@@ -47,15 +19,7 @@ protected:
         return GetRes(lines, Kind());
     }
 
-    Keys Rows(const std::wstring& condition) const {
-        Recordset rows;
-        rows.Create(Db());
-        rows.Open(L"Select MaKH From KhachHang Where " + condition + L" Order By MaKH");
-        Keys keys;
-        for (; !rows.Eof(); rows.MoveNext())
-            keys.push_back(_wtoi(static_cast<const wchar_t*>(_bstr_t(rows.Value(0L))) + 2));
-        return keys;
-    }
+    Keys Rows(const std::wstring& condition) const { return CustomersWhere(Db(), condition); }
 
     struct Case {
         const wchar_t* field;

@@ -14,7 +14,7 @@ namespace {
 
 struct Sample {
     const char* name;
-    const wchar_t* program;  // beside the tests, or below dist/; empty for the system's script host
+    const wchar_t* program;  // in the folder above the tests, or below dist/; empty for the system's script host
     const wchar_t* script;   // below samples/; empty for a program
     bool inCodePage = false; // prints letters of the system's code page
 };
@@ -25,6 +25,7 @@ void PrintTo(const Sample& sample, std::ostream* stream) {
 
 constexpr Sample kSamples[] = {
     {"Cpp", L"vnhost.exe", L""},
+    {"CppOfVersion1", L"tests/vnhost10.exe", L""},
     {"VBScript", L"vnscript.exe", L"vbscript\\host.vbs"},
     {"JScript", L"vnscript.exe", L"jscript\\host.js"},
     {"Delphi", L"vndelphi.exe", L"", true},

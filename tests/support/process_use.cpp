@@ -48,22 +48,53 @@ size_t MemoryOf(DWORD process) {
     return counters.WorkingSetSize;
 }
 
-} // namespace
-
-// The list of all processes is the one place where Wine, too, tells how many handles each has.
-ProcessUse UseOf(DWORD process) {
+// What NtQuerySystemInformation answers, however long it is.
+std::vector<BYTE> SystemInformation(int kind) {
     using Query = LONG(WINAPI*)(int, void*, ULONG, ULONG*);
     const auto query = reinterpret_cast<Query>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
     std::vector<BYTE> bytes(1 << 16);
     ULONG needed = 0;
-    while (query(SystemProcessInformation, bytes.data(), static_cast<ULONG>(bytes.size()),
-                 &needed) == kTooShort)
+    while (query(kind, bytes.data(), static_cast<ULONG>(bytes.size()), &needed) == kTooShort)
         bytes.resize(std::max<size_t>(bytes.size() * 2, needed));
+    return bytes;
+}
+
+// Of SystemExtendedHandleInformation, which winternl.h does not declare.
+constexpr int kAllHandles = 64;
+struct OpenHandle {
+    void* object;
+    ULONG_PTR process;
+    ULONG_PTR handle;
+    ULONG access;
+    USHORT creator;
+    USHORT type;
+    ULONG attributes;
+    ULONG reserved;
+};
+struct OpenHandles {
+    ULONG_PTR count;
+    ULONG_PTR reserved;
+    OpenHandle handles[1];
+};
+
+// One by one: the count that Wine tells of a process is that of its table's places.
+long HandlesOf(DWORD process) {
+    const std::vector<BYTE> bytes = SystemInformation(kAllHandles);
+    const auto& all = *reinterpret_cast<const OpenHandles*>(bytes.data());
+    return static_cast<long>(
+        std::count_if(all.handles, all.handles + all.count,
+                      [process](const OpenHandle& one) { return one.process == process; }));
+}
+
+} // namespace
+
+ProcessUse UseOf(DWORD process) {
+    const std::vector<BYTE> bytes = SystemInformation(SystemProcessInformation);
     for (const BYTE* at = bytes.data();;) {
         const auto& entry = *reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(at);
         if (reinterpret_cast<ULONG_PTR>(entry.UniqueProcessId) == process)
-            return {static_cast<long>(entry.HandleCount), static_cast<long>(entry.NumberOfThreads),
+            return {HandlesOf(process), static_cast<long>(entry.NumberOfThreads),
                     WindowsOf(process), MemoryOf(process)};
         if (!entry.NextEntryOffset)
             Fail(L"no process " + std::to_wstring(process));

@@ -110,3 +110,52 @@ TEST(IsDate, RefusesImpossibleTime) {
     EXPECT_FALSE(IsDate(L"5/3/2021 10:"));
     EXPECT_FALSE(IsDate(L"5/3/2021 10:30:15:1"));
 }
+
+namespace {
+
+// Days since 30 December 1899, with the part of the day behind the point; 0 for no date.
+double Days(const wchar_t* text) {
+    const auto moment = ReadDate(text);
+    return moment ? moment->days : 0;
+}
+
+constexpr double kDay = 38001; // 15 January 2004
+
+} // namespace
+
+TEST(ReadDate, DayComesFirst) {
+    EXPECT_EQ(kDay, Days(L"15/1/2004"));
+    EXPECT_EQ(44260, Days(L"5/3/2021"));
+    EXPECT_EQ(1, Days(L"31/12/1899"));
+    EXPECT_EQ(0, Days(L"soon"));
+}
+
+TEST(ReadDate, EveryFormThatCountsIsThatDate) {
+    for (const wchar_t* text : {L"15-1-2004", L"15.1.2004", L" 15 / 01 / 2004 ", L"1/15/2004",
+                                L"2004-01-15", L"2004/1/15", L"2004.15.1", L"15/1/04", L"15/1/4"})
+        EXPECT_EQ(kDay, Days(text)) << text;
+}
+
+TEST(ReadDate, YearsBelow100AreThoseOf1930To2029) {
+    EXPECT_EQ(Days(L"1/1/2029"), Days(L"1/1/29"));
+    EXPECT_EQ(Days(L"1/1/1930"), Days(L"1/1/30"));
+    EXPECT_EQ(Days(L"1/1/1999"), Days(L"1/1/99"));
+    EXPECT_EQ(Days(L"29/2/2000"), Days(L"29/2/00"));
+    EXPECT_EQ(Days(L"29/2/2004"), Days(L"29/2/0004"));
+}
+
+TEST(ReadDate, EndsOfTheCalendar) {
+    EXPECT_EQ(2958465, Days(L"31/12/9999"));
+    EXPECT_EQ(-657434, Days(L"1/1/100"));
+}
+
+TEST(ReadDate, TimeIsThePartOfTheDay) {
+    EXPECT_EQ(kDay + 0.4375, Days(L"15/1/2004 10:30"));
+    EXPECT_EQ(kDay + 0.4375, Days(L"15/1/2004 10:30:00 am"));
+    EXPECT_EQ(kDay + 0.9375, Days(L"15/1/2004 10:30 PM"));
+    EXPECT_EQ(kDay, Days(L"15/1/2004 12am"));
+    EXPECT_EQ(kDay + 0.5, Days(L"15/1/2004 12 PM"));
+    EXPECT_EQ(kDay + 0.5, Days(L"15/1/2004 0 PM"));
+    EXPECT_DOUBLE_EQ(kDay + 86399 / 86400.0, Days(L"15/1/2004 23:59:59"));
+    EXPECT_EQ(-1.25, Days(L"29/12/1899 6:00")) << "counted on from the day before 1900, too";
+}

@@ -4,12 +4,14 @@
 #include <comutil.h>
 
 #include <optional>
+#include <vector>
 
 #include "api/classes/window_handle.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
+#include "data/connect/ado_value.h"
+#include "data/connect/command.h"
 #include "data/connect/database.h"
-#include "find/find_dialog.h"
 #include "logon/session.h"
 
 namespace vndesk {
@@ -56,6 +58,24 @@ HWND OwnerWindow(const VARIANT& ownerForm) {
     }
 }
 
+// An array of Variants from 0, one for each bound value.
+template <class Member>
+void GiveArray(VARIANT* value, const std::vector<BoundValue>& bound, Member member) {
+    if (!value)
+        throw ComError(E_POINTER);
+    VariantInit(value);
+    _variant_t array;
+    V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(bound.size()));
+    if (!V_ARRAY(&array))
+        throw ComError(E_OUTOFMEMORY);
+    V_VT(&array) = VT_ARRAY | VT_VARIANT;
+    for (LONG i = 0; i < static_cast<LONG>(bound.size()); ++i) {
+        _variant_t element = member(ToAdoValue(bound[static_cast<size_t>(i)]));
+        CheckHr(SafeArrayPutElement(V_ARRAY(&array), &i, &element));
+    }
+    *value = array.Detach();
+}
+
 } // namespace
 
 _Connection& Search::Connection() {
@@ -66,6 +86,42 @@ _Connection& Search::Connection() {
 
 void Search::CheckConnection(HRESULT code) {
     CheckCall(code, connection_.Get(), __uuidof(_Connection));
+}
+
+std::wstring Search::ConnectionText() {
+    _bstr_t text;
+    CheckConnection(Connection().get_ConnectionString(text.GetAddress()));
+    return FromBstr(text.GetBSTR());
+}
+
+bool Search::ConnectionIsOpen() {
+    long state = adStateClosed;
+    CheckConnection(Connection().get_State(&state));
+    return (state & adStateOpen) != 0;
+}
+
+AdoConnection Search::ConnectionFor(const VARIANT& given) {
+    const _variant_t connection = Resolved(given);
+    AdoConnection found;
+    switch (V_VT(&connection)) {
+    case VT_ERROR: // left out
+        if (!ConnectionIsOpen())
+            Open(Connection(), ConnectionText());
+        return connection_;
+    case VT_BSTR:
+        found = NewConnection();
+        Open(*found.Get(), FromBstr(V_BSTR(&connection)));
+        return found;
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+        if (V_UNKNOWN(&connection))
+            V_UNKNOWN(&connection)->QueryInterface(IID_PPV_ARGS(&found));
+        break;
+    }
+    if (!found)
+        throw ComError(E_INVALIDARG,
+                       L"The connection is no ADODB.Connection and no connection string.");
+    return found;
 }
 
 STDMETHODIMP Search::get_ActiveConnection(VARIANT* value) {
@@ -95,7 +151,7 @@ STDMETHODIMP Search::put_TableSearch(BSTR value) {
 }
 
 STDMETHODIMP Search::get_Result(BSTR* value) {
-    return Get(value, [&] { return ToBstr(result_); });
+    return Get(value, [&] { return ToBstr(condition_.text); });
 }
 
 // The condition can be read only after the dialog has closed, so every style shows it modally.
@@ -104,41 +160,48 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
         if (!modal)
             throw ComError(E_POINTER);
         // Cleared first: after a failure no earlier condition must pass for this call's.
-        result_.clear();
+        condition_ = {};
         const HWND owner = OwnerWindow(ownerForm);
-        _bstr_t text;
-        long state = adStateClosed;
-        if (connection_) {
-            CheckConnection(connection_->get_ConnectionString(text.GetAddress()));
-            CheckConnection(connection_->get_State(&state));
-        }
-        const std::wstring given = FromBstr(text.GetBSTR());
+        const std::wstring given = connection_ ? ConnectionText() : L"";
         // Without a connection of its own the search runs on the session's.
         std::optional<SessionConnection> own;
-        if (state & adStateOpen)
+        if (connection_ && ConnectionIsOpen())
             own.emplace(Database{connection_, KindOf(given), given, CurrentSettings()});
         else if (!given.empty())
             own.emplace(given, CurrentSettings());
         Database database = own ? **own : CurrentDatabase();
         database.settings = CurrentSettings();
-        result_ = ShowFindDialog(database, table_, owner);
+        condition_ = ShowFindDialog(database, table_, owner);
     });
 }
 
 STDMETHODIMP Search::get_ParameterizedResult(BSTR* value) {
-    return Get(value, [&] { return ToBstr(L""); });
+    return Get(value, [&] { return ToBstr(condition_.parameterized.text); });
 }
 
-STDMETHODIMP Search::get_Parameters(VARIANT*) {
-    return E_NOTIMPL;
+STDMETHODIMP Search::get_Parameters(VARIANT* value) {
+    return Guard([&] {
+        GiveArray(value, condition_.parameterized.values,
+                  [](const AdoValue& parameter) { return parameter.value; });
+    });
 }
 
-STDMETHODIMP Search::get_ParameterTypes(VARIANT*) {
-    return E_NOTIMPL;
+STDMETHODIMP Search::get_ParameterTypes(VARIANT* value) {
+    return Guard([&] {
+        GiveArray(value, condition_.parameterized.values, [](const AdoValue& parameter) {
+            return _variant_t(static_cast<long>(parameter.type));
+        });
+    });
 }
 
-STDMETHODIMP Search::CreateCommand(BSTR, VARIANT, IDispatch**) {
-    return E_NOTIMPL;
+STDMETHODIMP Search::CreateCommand(BSTR selectText, VARIANT connection, IDispatch** command) {
+    return Guard([&] {
+        IDispatch*& result = ClearedOut(command);
+        Statement statement = condition_.parameterized;
+        const std::wstring where = statement.text.empty() ? L"" : L" Where ";
+        statement.text = FromBstr(selectText) + where + statement.text;
+        CheckHr(NewCommand(ConnectionFor(connection), statement).CopyTo(&result));
+    });
 }
 
 } // namespace vndesk

@@ -7,6 +7,7 @@
 #include "api/classes/governed.h"
 #include "comkit/object/dispatch.h"
 #include "data/connect/ado.h"
+#include "find/find_dialog.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -30,10 +31,15 @@ private:
     _Connection& Connection();
     void CheckConnection(HRESULT code);
 
-    // Made when it is first asked for. It holds the connection string; the class never opens it.
+    std::wstring ConnectionText();
+    bool ConnectionIsOpen();
+    // What CreateCommand works on.
+    AdoConnection ConnectionFor(const VARIANT& given);
+
+    // Made when it is first asked for. It holds the connection string; only CreateCommand opens it.
     AdoConnection connection_;
     std::wstring table_;
-    std::wstring result_;
+    SearchCondition condition_; // of the last Show
 };
 
 } // namespace vndesk

@@ -126,7 +126,7 @@ STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {
     return Guard([&] {
         BSTR& result = ClearedOut(condition);
         const SessionConnection session(NullToText(connection));
-        result = ToBstr(ShowFindDialog(*session, FromBstr(table), nullptr));
+        result = ToBstr(ShowFindDialog(*session, FromBstr(table), nullptr).text);
     });
 }
 

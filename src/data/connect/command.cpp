@@ -3,64 +3,16 @@
 
 #include <comutil.h>
 
-#include <algorithm>
-
-#include "comkit/base/bstr.h"
 #include "comkit/base/com_error.h"
+#include "data/connect/ado_value.h"
 #include "data/connect/values.h"
 
 namespace vndesk {
 
 namespace {
 
-// The longest text that every provider takes as adVarWChar.
-constexpr std::size_t kMaxVarWChar = 4000;
-
-// A value as ADO takes it. Null has a type, which providers ask for.
-struct AdoValue {
-    DataTypeEnum type;
-    long size;
-    _variant_t value;
-    AdoValue(DataTypeEnum dataType, long length) : type(dataType), size(length) {
-        V_VT(&value) = VT_NULL;
-    }
-};
-
-AdoValue ToAdo(const std::optional<long>& number) {
-    AdoValue value{adInteger, 0};
-    if (number)
-        value.value = *number;
-    return value;
-}
-
-AdoValue ToAdo(const std::optional<double>& number) {
-    AdoValue value{adDouble, 0};
-    if (number)
-        value.value = *number;
-    return value;
-}
-
-AdoValue ToAdo(const std::optional<std::wstring>& text) {
-    const std::size_t length = text ? text->size() : 0;
-    AdoValue value{length > kMaxVarWChar ? adLongVarWChar : adVarWChar,
-                   static_cast<long>(std::max<std::size_t>(length, 1))};
-    if (text) {
-        value.value.Clear();
-        V_BSTR(&value.value) = ToBstr(*text);
-        V_VT(&value.value) = VT_BSTR;
-    }
-    return value;
-}
-
-AdoValue ToAdo(const std::optional<Moment>& moment) {
-    AdoValue value{adDBTimeStamp, 0};
-    if (moment)
-        value.value = _variant_t(moment->days, VT_DATE);
-    return value;
-}
-
 void Append(_Command& command, const BoundValue& bound) {
-    const AdoValue value = std::visit([](const auto& given) { return ToAdo(given); }, bound);
+    const AdoValue value = ToAdoValue(bound);
     ComPtr<_Parameter> parameter;
     CheckCall(command.CreateParameter(_bstr_t(L""), value.type, adParamInput, value.size,
                                       value.value, &parameter),

@@ -29,22 +29,24 @@ struct Opening {
     ErrorState opened;
 };
 
-Opening Open(Database& database) {
+Opening TryOpen(_Connection& connection, std::wstring_view connectionString) {
     Opening result;
-    result.opened = Trap([&] { database.connection = NewConnection(); });
-    if (result.opened)
-        return result;
-    _Connection& connection = *database.connection.Get();
     // put_Provider fails where the provider is missing; the one that the string names may still
     // open it.
-    if (database.kind == DatabaseKind::Jet)
+    if (KindOf(connectionString) == DatabaseKind::Jet)
         result.named = Trap([&] { CheckHr(connection.put_Provider(_bstr_t(kJetProvider))); });
     result.opened = Trap([&] {
-        CheckCall(connection.Open(_bstr_t(database.connectionString.c_str()), _bstr_t(L""),
+        CheckCall(connection.Open(_bstr_t(std::wstring(connectionString).c_str()), _bstr_t(L""),
                                   _bstr_t(L""), kAdoUnspecified),
                   &connection, __uuidof(_Connection));
     });
     return result;
+}
+
+Opening TryOpen(Database& database) {
+    Opening result;
+    result.opened = Trap([&] { database.connection = NewConnection(); });
+    return result.opened ? result : TryOpen(*database.connection.Get(), database.connectionString);
 }
 
 } // namespace
@@ -57,6 +59,11 @@ AdoConnection NewConnection() {
     return connection;
 }
 
+void Open(_Connection& connection, std::wstring_view connectionString) {
+    if (const ErrorState error = TryOpen(connection, connectionString).opened)
+        throw ComError(error.code, error.description);
+}
+
 DatabaseKind KindOf(std::wstring_view connectionString) {
     const bool jet = FindIgnoringCase(connectionString, L"JET OLEDB") != std::wstring_view::npos;
     return jet ? DatabaseKind::Jet : DatabaseKind::SqlServer;
@@ -64,7 +71,7 @@ DatabaseKind KindOf(std::wstring_view connectionString) {
 
 Database OpenConnection(std::wstring_view connectionString, const Settings& settings) {
     Database database = Unopened(connectionString, settings);
-    const Opening opening = Open(database);
+    const Opening opening = TryOpen(database);
     if (opening.named || opening.opened)
         PlainMessage(database.connectionString, L"");
     return database;
@@ -72,8 +79,8 @@ Database OpenConnection(std::wstring_view connectionString, const Settings& sett
 
 OpenedDatabase::OpenedDatabase(std::wstring_view connectionString, const Settings& settings)
     : database_(Unopened(connectionString, settings)) {
-    if (const ErrorState error = Open(database_).opened)
-        throw ComError(error.code, error.description);
+    database_.connection = NewConnection();
+    Open(*database_.connection.Get(), connectionString);
 }
 
 OpenedDatabase::~OpenedDatabase() {

@@ -27,6 +27,9 @@ DatabaseKind KindOf(std::wstring_view connectionString);
 // An unopened connection object.
 AdoConnection NewConnection();
 
+// Opens it; a string without a provider is opened by that of its kind. Throws the provider's error.
+void Open(_Connection& connection, std::wstring_view connectionString);
+
 // Never fails: what cannot be opened is shown once, and the unopened connection is returned, on
 // which the first statement will fail.
 Database OpenConnection(std::wstring_view connectionString, const Settings& settings = {});

@@ -20,6 +20,8 @@ constexpr double kSecondsOfADay = 86400;
 Engine EngineOf(const Database& database) {
     std::wstring name;
     Trap([&] {
+        if (!database.connection)
+            return;
         ComPtr<Properties> properties;
         ComPtr<Property> property;
         _variant_t value;

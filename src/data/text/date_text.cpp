@@ -4,6 +4,7 @@
 
 #include "text/ascii_text.h"
 
+#include <chrono>
 #include <string>
 
 namespace vndesk {
@@ -57,19 +58,26 @@ private:
     std::wstring_view rest_;
 };
 
-// Years below 100 stand for 1930 to 2029, where every fourth one is a leap year.
-constexpr bool IsLeapYear(int year) {
-    return year % 4 == 0 && (year < 100 || year % 100 != 0 || year % 400 == 0);
+// Years below 100 stand for 1930 to 2029.
+constexpr int FullYear(int year) {
+    if (year >= 100)
+        return year;
+    return year + (year < 30 ? 2000 : 1900);
 }
 
-bool IsRealDate(int year, int month, int day) {
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (month < 1 || month > 12 || day < 1)
-        return false;
-    return day <= kDays[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
+// Days since 30 December 1899; nothing when there is no such day.
+std::optional<int> RealDay(int year, int month, int day) {
+    using namespace std::chrono;
+    constexpr sys_days kZero = 1899y / December / 30;
+    const year_month_day date(std::chrono::year(FullYear(year)),
+                              std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day)));
+    if (!date.ok())
+        return std::nullopt;
+    return static_cast<int>((sys_days(date) - kZero).count());
 }
 
-bool TakeDate(Reader& reader) {
+std::optional<int> TakeDate(Reader& reader) {
     int numbers[3];
     int digits[3];
     std::wstring separator = L"/-.";
@@ -77,49 +85,69 @@ bool TakeDate(Reader& reader) {
         if (i > 0) {
             const wchar_t taken = reader.TakeSeparator(separator);
             if (taken == 0)
-                return false;
+                return std::nullopt;
             separator = taken;
         }
         digits[i] = reader.TakeNumber(4, numbers[i]);
         if (digits[i] == 0)
-            return false;
+            return std::nullopt;
     }
     const int yearPlace = digits[0] > 2 ? 0 : 2;
     const int dayPlace = yearPlace == 0 ? 2 : 0;
     if (digits[dayPlace] > 2 || digits[1] > 2)
-        return false;
+        return std::nullopt;
     const int year = numbers[yearPlace];
-    return IsRealDate(year, numbers[1], numbers[dayPlace]) ||
-           IsRealDate(year, numbers[dayPlace], numbers[1]);
+    const std::optional<int> dayFirst = RealDay(year, numbers[1], numbers[dayPlace]);
+    return dayFirst ? dayFirst : RealDay(year, numbers[dayPlace], numbers[1]);
 }
 
-// hh, hh:mm or hh:mm:ss; the hour alone needs AM or PM.
-bool TakeTime(Reader& reader) {
+// hh, hh:mm or hh:mm:ss in seconds; the hour alone needs AM or PM.
+std::optional<int> TakeTime(Reader& reader) {
+    constexpr int kHour = 3600;
     int hour = 0;
     if (reader.TakeNumber(2, hour) == 0)
-        return false;
-    int colons = 0;
-    while (colons < 2 && reader.TakeSeparator(L":") != 0) {
+        return std::nullopt;
+    int seconds = 0;
+    int unit = kHour;
+    while (unit > 1 && reader.TakeSeparator(L":") != 0) {
         int number = 0;
         if (reader.TakeNumber(2, number) == 0 || number > 59)
-            return false;
-        ++colons;
+            return std::nullopt;
+        unit /= 60;
+        seconds += number * unit;
     }
     reader.SkipBlanks();
-    if (reader.Take(L"APap") == 0)
-        return colons > 0 && hour < 24;
-    return reader.Take(L"Mm") != 0 && hour <= 12;
+    const wchar_t half = reader.Take(L"APap");
+    if (half == 0) {
+        if (unit == kHour || hour > 23)
+            return std::nullopt;
+        return hour * kHour + seconds;
+    }
+    if (reader.Take(L"Mm") == 0 || hour > 12)
+        return std::nullopt;
+    return (hour % 12 + (ToUpperAscii(half) == L'P' ? 12 : 0)) * kHour + seconds;
 }
 
 } // namespace
 
-bool IsDate(std::wstring_view text) {
+std::optional<Moment> ReadDate(std::wstring_view text) {
+    constexpr double kSecondsOfADay = 86400;
     Reader reader(text);
-    if (!TakeDate(reader))
-        return false;
+    const std::optional<int> day = TakeDate(reader);
+    if (!day)
+        return std::nullopt;
     if (reader.AtEnd())
-        return true;
-    return reader.SkipBlanks() && TakeTime(reader) && reader.AtEnd();
+        return Moment{static_cast<double>(*day)};
+    const std::optional<int> time = reader.SkipBlanks() ? TakeTime(reader) : std::nullopt;
+    if (!time || !reader.AtEnd())
+        return std::nullopt;
+    // The part of the day counts on from the day in both directions.
+    const double part = *time / kSecondsOfADay;
+    return Moment{*day < 0 ? *day - part : *day + part};
+}
+
+bool IsDate(std::wstring_view text) {
+    return ReadDate(text).has_value();
 }
 
 } // namespace vndesk

@@ -20,9 +20,16 @@ struct Moment {
     bool operator==(const Moment&) const = default;
 };
 
-// What is bound to a parameter: a value of one of the four types, or the Null of that type.
-using BoundValue = std::variant<std::optional<long>, std::optional<double>,
-                                std::optional<std::wstring>, std::optional<Moment>>;
+// A day without a time, counted alike. An engine that keeps dates as texts tells the two apart.
+struct Day {
+    double days = 0;
+    bool operator==(const Day&) const = default;
+};
+
+// What is bound to a parameter: a value of one of these types, or the Null of that type.
+using BoundValue =
+    std::variant<std::optional<long>, std::optional<double>, std::optional<std::wstring>,
+                 std::optional<Moment>, std::optional<Day>>;
 
 struct Statement {
     std::wstring text;

@@ -6,6 +6,7 @@
 #include "data/text/number_text.h"
 #include "find/text/captions.h"
 #include "find/text/format_value.h"
+#include "find/text/joined.h"
 #include "text/ascii_text.h"
 #include "text/capitals.h"
 #include "text/tcvn3.h"
@@ -20,22 +21,6 @@ bool NeedsNumber(long fieldType) {
 
 bool NeedsDate(long fieldType) {
     return fieldType == kFieldDate;
-}
-
-using TextOfLine = std::wstring ConditionLine::*;
-
-// The first line is always part of the condition, those below only while they are valid.
-template <class LineText>
-std::wstring Joined(const ConditionLines& lines, TextOfLine join, const std::wstring& defaultJoin,
-                    LineText lineText) {
-    std::wstring condition = lineText(lines[0]);
-    for (std::size_t i = 1; i < lines.size(); ++i) {
-        if (!CheckSql(lines[i]))
-            continue;
-        const std::wstring& word = lines[i].*join;
-        condition += (word.empty() ? defaultJoin : word) + lineText(lines[i]);
-    }
-    return condition;
 }
 
 } // namespace

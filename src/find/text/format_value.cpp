@@ -9,24 +9,6 @@ namespace vndesk {
 
 namespace {
 
-enum class ValueForm { None, Number, Date, Text };
-
-ValueForm FormOfType(long typeCode) {
-    switch (typeCode) {
-    case kFieldFlag:
-    case kFieldNumber:
-    case kFieldAmount:
-        return ValueForm::Number;
-    case kFieldDate:
-        return ValueForm::Date;
-    case kFieldText:
-    case kFieldMemo:
-        return ValueForm::Text;
-    default:
-        return ValueForm::None;
-    }
-}
-
 std::wstring FormatText(std::wstring_view value, std::wstring_view op, DatabaseKind dbKind) {
     const std::wstring escaped = DoubleQuotes(value);
     if (op == L"IN")
@@ -46,6 +28,22 @@ std::wstring DayOrMonth(std::wstring_view part) {
 }
 
 } // namespace
+
+ValueForm FormOfType(long typeCode) {
+    switch (typeCode) {
+    case kFieldFlag:
+    case kFieldNumber:
+    case kFieldAmount:
+        return ValueForm::Number;
+    case kFieldDate:
+        return ValueForm::Date;
+    case kFieldText:
+    case kFieldMemo:
+        return ValueForm::Text;
+    default:
+        return ValueForm::None;
+    }
+}
 
 std::wstring FormatValue(std::wstring_view value, long typeCode, std::wstring_view op,
                          DatabaseKind dbKind) {

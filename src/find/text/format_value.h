@@ -10,6 +10,10 @@
 
 namespace vndesk {
 
+// What a field's type asks for. None: fields of the type cannot be searched by value.
+enum class ValueForm { None, Number, Date, Text };
+ValueForm FormOfType(long typeCode);
+
 // `op` is the operator in capitals. Types that cannot be searched by value give "".
 std::wstring FormatValue(std::wstring_view value, long typeCode, std::wstring_view op,
                          DatabaseKind dbKind);

@@ -12,5 +12,7 @@ inline constexpr auto kPasswordCharacters = L" ký tự."_tcvn3;
 inline constexpr auto kPasswordIsUserName =
     L"Mật khẩu không được trùng với tên người sử dụng."_tcvn3;
 inline constexpr auto kPasswordCommon = L"Mật khẩu này quá dễ đoán."_tcvn3;
+// Where the host refuses and does not say why.
+inline constexpr auto kPasswordRefused = L"Mật khẩu này không được chấp nhận."_tcvn3;
 
 } // namespace vndesk::texts

@@ -10,11 +10,13 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <vector>
 
 #include "support/keys.h"
 #include "support/sample_database.h"
+#include "support/security_settings.h"
 #include "support/temp_dir.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
@@ -188,6 +190,13 @@ public:
         : server(server), database(server ? SampleDatabase::Server() : SampleDatabase::Embedded()) {
     }
 
+    // The host's object.
+    Microsoft::WRL::ComPtr<ILogon> Host() const {
+        if (!settings)
+            return CreateLogon();
+        return LogonWith(*settings, userCode);
+    }
+
     // Opens a form while the script plays the user; the host's call must succeed.
     void PlayEditor(const wchar_t* user, std::function<void(HWND)> script) const {
         Play(L"FrmInput", std::move(script), [&](ILogon& logon, BSTR* connect) {
@@ -226,6 +235,9 @@ public:
 
     const bool server;
     const SampleDatabase database;
+    // Without them the host is one of 1.0.
+    std::optional<SecuritySettings> settings;
+    long userCode = 0;
 
 private:
     std::wstring Table(const wchar_t* statement) const {
@@ -240,7 +252,7 @@ private:
 
     template <class Operation>
     void Play(const wchar_t* form, std::function<void(HWND)> script, Operation operation) const {
-        const auto logon = CreateLogon();
+        const auto logon = Host();
         _bstr_t connect(database.ConnectionString().c_str());
         DialogDriver user([&] {
             const HWND window = WaitForForm(form);
