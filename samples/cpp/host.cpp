@@ -77,7 +77,10 @@ void FindCustomers(const _bstr_t& connect) {
 int Run(const wchar_t* connectionString) {
     _bstr_t connect(connectionString); // texts go by reference, as Visual Basic passes them
     Print(L"1. Logon");
-    const auto logon = Create<clsLogon, ILogon>();
+    const auto logon = Create<clsLogon, ILogon2>();
+    const auto settings = Create<clsSettings, ISettings>();
+    Check(settings->UseRecommended());
+    Check(logon->putref_Settings(settings.Get()));
     long user = 0;
     Check(logon->ShowLogon(&connect.GetBSTR(), &user));
     if (!user) {

@@ -37,8 +37,11 @@ static class Program
     static int Run(string connect)
     {
         Console.WriteLine("1. Logon");
+        using (var settings = new ComObject("VnDesk.clsSettings"))
         using (var logon = new ComObject("VnDesk.clsLogon"))
         {
+            settings.Value.UseRecommended();
+            logon.Value.Settings = settings.Value;
             int user = logon.Value.ShowLogon(ref connect); // texts go by reference
             if (user == 0)
             {

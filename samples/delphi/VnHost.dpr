@@ -123,6 +123,8 @@ var
 begin
   WriteLn('1. Logon');
   Logon := CreateOleObject('VnDesk.clsLogon');
+  Logon.Settings := CreateOleObject('VnDesk.clsSettings');
+  Logon.Settings.UseRecommended;
   User := Logon.ShowLogon(Connect);
   if User = 0 then
   begin

@@ -23,6 +23,8 @@ WScript.Quit(exitCode);
 function run(connect) {
     WScript.Echo("1. Logon");
     var logon = new ActiveXObject("VnDesk.clsLogon");
+    logon.Settings = new ActiveXObject("VnDesk.clsSettings");
+    logon.Settings.UseRecommended();
     var user = logon.ShowLogon(connect);
     if (user == 0) {
         WScript.Echo("   nobody has logged on");

@@ -82,6 +82,8 @@ try {
     }
     Write-Host '1. Logon'
     $logon = New-Object -ComObject VnDesk.clsLogon
+    $logon.Settings = New-Object -ComObject VnDesk.clsSettings
+    $logon.Settings.UseRecommended()
     $user = $logon.ShowLogon([ref]$Connect) # texts go by reference
     if ($user -eq 0) {
         Write-Host '   nobody has logged on'

@@ -80,6 +80,8 @@ Private Sub Form_Load()
         Unload Me
         Exit Sub
     End If
+    Set m_logon.Settings = New VnDesk.clsSettings
+    m_logon.Settings.UseRecommended
     Show
     mnuLogon_Click
 End Sub

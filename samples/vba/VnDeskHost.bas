@@ -39,6 +39,8 @@ Public Sub RunHost(ByVal connect As String)
     On Error GoTo Failed
     Debug.Print "1. Logon"
     Set logon = New VnDesk.clsLogon
+    Set logon.Settings = New VnDesk.clsSettings
+    logon.Settings.UseRecommended
     user = logon.ShowLogon(connect)
     If user = 0 Then
         Debug.Print "   nobody has logged on"

@@ -27,6 +27,8 @@ Function Run(ByVal connect)
     Dim logon, user, rights, id
     WScript.Echo "1. Logon"
     Set logon = CreateObject("VnDesk.clsLogon")
+    Set logon.Settings = CreateObject("VnDesk.clsSettings")
+    logon.Settings.UseRecommended
     user = logon.ShowLogon(connect)
     If user = 0 Then
         WScript.Echo "   nobody has logged on"

@@ -2,6 +2,7 @@
 // The sample program takes the rights that the forms write: its commands are enabled by the masks
 // of the group of whoever has logged on.
 #include "support/forms/host_process.h"
+#include "support/security_settings.h"
 
 namespace vndesk::test {
 namespace {
@@ -323,6 +324,51 @@ TEST_P(TourSearch, ToldErrorsLeaveTheProgramRunning) {
     Press(form, L"CmdOk");
     ExpectRows(tour, L"Khách hàng tìm được", 5);
     EXPECT_EQ(0u, tour.Quit());
+}
+
+// --- a database with the tables of 1.1 ---
+
+class TourSettings : public Administration {};
+
+INSTANTIATE_ADMINISTRATION(TourSettings);
+
+TEST_P(TourSettings, AreOnWhereTheTablesAreThere) {
+    Upgrade(Test().database, L"accounts");
+    Upgrade(Test().database, L"audit");
+    TourProgram tour(Test().database);
+    const HWND dialog = tour.Form(L"FrmLogon");
+    SetBox(dialog, L"TxtUser", L"Lê Quốc Việt");
+    SetBox(dialog, L"TxtPass", L"sai");
+    Press(dialog, L"CmdOk");
+    const HWND box = tour.Form(L"MessageBox");
+    EXPECT_TRUE(TextOf(box, L"Message").ends_with(L"Còn 4 lần thử."))
+        << ToUtf8(TextOf(box, L"Message"));
+    Press(box, L"Cmd1");
+    WaitClosed(box);
+    tour.LogOn(L"Lê Quốc Việt", L"KhoHang1");
+    tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Người sử dụng, Nhóm người sử dụng, Thoát, "
+                       L"Tồn kho, Giới thiệu");
+    const HWND list = tour.Open(kUsers, L"FrmMenu");
+    EXPECT_NE(nullptr, Control(list, L"CmdUnlock"));
+    Press(list, L"CmdExit");
+    WaitClosed(list);
+    EXPECT_EQ(0u, tour.Quit());
+    EXPECT_EQ((std::vector<std::wstring>{L"logon-failed|Lê Quốc Việt||", L"logon|Lê Quốc Việt||"}),
+              AuditLines(Test().database));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from vnuser where usercode=4 and passwordhash "
+                                L"like 'pbkdf2-sha256$%'"));
+}
+
+TEST_P(TourSettings, AreOffWhereOneTableIsMissing) {
+    Upgrade(Test().database, L"accounts");
+    TourProgram tour(Test().database);
+    tour.LogOn(L"Lê Quốc Việt", L"KhoHang1");
+    const HWND list = tour.Open(kUsers, L"FrmMenu");
+    EXPECT_EQ(nullptr, FindControl(list, L"CmdUnlock"));
+    Press(list, L"CmdExit");
+    WaitClosed(list);
+    EXPECT_EQ(0u, tour.Quit());
+    EXPECT_EQ(L"0", Test().Read(L"select count(*) from vnuser"));
 }
 
 TEST(TourBackUp, CopiesTheFileBesideIt) {
