@@ -190,6 +190,13 @@ public:
         : server(server), database(server ? SampleDatabase::Server() : SampleDatabase::Embedded()) {
     }
 
+    // The host's object.
+    Microsoft::WRL::ComPtr<ILogon> Host() const {
+        if (!settings)
+            return CreateLogon();
+        return LogonWith(*settings, userCode);
+    }
+
     // Opens a form while the script plays the user; the host's call must succeed.
     void PlayEditor(const wchar_t* user, std::function<void(HWND)> script) const {
         Play(L"FrmInput", std::move(script), [&](ILogon& logon, BSTR* connect) {
@@ -245,8 +252,7 @@ private:
 
     template <class Operation>
     void Play(const wchar_t* form, std::function<void(HWND)> script, Operation operation) const {
-        const Microsoft::WRL::ComPtr<ILogon> logon =
-            settings ? LogonWith(*settings, userCode) : CreateLogon();
+        const auto logon = Host();
         _bstr_t connect(database.ConnectionString().c_str());
         DialogDriver user([&] {
             const HWND window = WaitForForm(form);

@@ -49,15 +49,18 @@ inline std::wstring PlayMessage(const Message& message, std::function<void()> sc
             pressed.length()};
 }
 
-// Shows the logon dialog the same way and returns the code.
-inline long PlayLogon(const std::wstring& connectionString, std::function<void()> script) {
-    const auto logon = CreateLogon();
+// Shows the logon dialog of a host's object the same way and returns the code.
+inline long PlayLogon(ILogon& logon, const std::wstring& connectionString,
+                      std::function<void()> script) {
     _bstr_t connect(connectionString.c_str());
     long code = -1;
     DialogDriver user(std::move(script));
-    EXPECT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
+    EXPECT_SUCCEEDED(logon.ShowLogon(&connect.GetBSTR(), &code));
     user.Finish();
     return code;
+}
+inline long PlayLogon(const std::wstring& connectionString, std::function<void()> script) {
+    return PlayLogon(*CreateLogon().Get(), connectionString, std::move(script));
 }
 
 // Closes the platform's message box, which shows errors, and returns its text.

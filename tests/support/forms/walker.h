@@ -140,4 +140,18 @@ private:
     ULONGLONG answeredAt_ = 0;
 };
 
+// Chooses one group of the group manager, as a click does.
+inline void ChooseGroup(HWND groups, int item) {
+    const HWND list = Control(groups, L"Lv1");
+    SendMessageW(list, LB_SETSEL, FALSE, -1);
+    SendMessageW(list, LB_SETSEL, TRUE, item);
+    SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(item), FALSE);
+    SendMessageW(groups, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+}
+
+inline void TickCommand(HWND rights, int command) {
+    ListView_SetCheckState(Control(rights, L"LstSubMenu"), command, TRUE);
+}
+
 } // namespace vndesk::test
