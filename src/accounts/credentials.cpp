@@ -18,14 +18,14 @@ namespace vndesk {
 namespace {
 
 bool NumberFits(const Account& account, const std::wstring& password) {
-    if (account.number == kNoNumber)
+    if (!account.number || account.number == kNoNumber)
         return false;
     double code = 0;
     // A password too long for a number has none.
     if (Trap([&] { code = PasswordCodeOf(TrimBlanks(password)); }))
         return false;
     // As the statement of 1.0 compares them: with 15 digits.
-    return DoubleToText(code) == DoubleToText(account.number);
+    return DoubleToText(code) == DoubleToText(*account.number);
 }
 
 enum class Fit { No, Yes, Unreadable };

@@ -50,7 +50,7 @@ void UpgradePassword(const Database& database, const Account& account,
     if (!account.kept)
         KeepAccount(database, account.userCode);
     Transaction transaction(database);
-    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number)) != 1)
+    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number.value())) != 1)
         return;
     Execute(database, SetHashStatement(account.userCode, record, account.mustChange));
     transaction.Commit();
