@@ -6,6 +6,8 @@
 
 namespace vndesk::texts {
 
+inline constexpr auto kPasswordInvalid = L"Mật khẩu không hợp lệ"_tcvn3;
+
 // Rules for new passwords; the number stands between the first two.
 inline constexpr auto kPasswordTooShort = L"Mật khẩu phải có ít nhất "_tcvn3;
 inline constexpr auto kPasswordCharacters = L" ký tự."_tcvn3;
