@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "security/user_changes.h"
 
+#include <algorithm>
+
+#include "accounts/account.h"
 #include "accounts/audit.h"
 #include "accounts/passwords.h"
 #include "accounts/together.h"
@@ -42,6 +45,18 @@ std::wstring DescribedUser(const UserFields& user) {
                       {L"IdGroup", std::to_wstring(user.groupCode)}});
 }
 
+std::wstring DescribedChange(bool mustChange) {
+    return Described({{L"MustChange", std::to_wstring(mustChange)}});
+}
+
+// The user who has just been added: of those with the name the last one.
+long NewestCode(const Database& database, const std::wstring& name) {
+    long newest = 0;
+    for (const Account& account : AccountsNamed(database, name))
+        newest = std::max(newest, account.userCode);
+    return newest;
+}
+
 // What stands in [User].[Password] for a password.
 double NumberOf(const Settings& settings, const std::wstring& password) {
     return settings.Scheme == PasswordScheme::Pbkdf2 ? kNoNumber : PasswordCodeOf(password);
@@ -65,9 +80,12 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
     Together(database, [&] {
         Execute(database, InsertUserStatement(user, NumberOf(database.settings, password.text),
                                               database.Style()));
-        if (!hash.empty()) {
-            const long code = Find(database, user.name).value().code;
-            Execute(database, AddAccountStatement(code));
+        if (database.settings.KeepsAccounts()) {
+            const long code = NewestCode(database, user.name);
+            // Of a user who had the code before, whom a host of 1.0 has deleted.
+            Execute(database, DeleteAccountStatement(code));
+            if (!hash.empty())
+                Execute(database, AddAccountStatement(code));
             WriteHash(database, code, hash, password.mustChange);
         }
         Record(operation, {L"user-add", user.name, {}, DescribedUser(user)});
@@ -75,14 +93,14 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
 }
 
 void EditUser(const Operation& operation, const std::wstring& oldName, const UserFields& user,
-              const std::optional<NewPassword>& password) {
+              const std::optional<NewPassword>& password, std::optional<bool> mustChange) {
     const Database& database = operation.database;
     const std::optional<Stored> before = Find(database, oldName);
     const std::wstring hash = password ? HashOf(database.settings, password->text) : L"";
     std::optional<double> number;
     if (password)
         number = NumberOf(database.settings, password->text);
-    if (before && !hash.empty())
+    if (before && (!hash.empty() || mustChange))
         KeepAccount(database, before->code);
     Together(database, [&] {
         Execute(database, UpdateUserStatement(user, number, oldName, database.Style()));
@@ -91,6 +109,10 @@ void EditUser(const Operation& operation, const std::wstring& oldName, const Use
         if (password) {
             WriteHash(database, before->code, hash, password->mustChange);
             Record(operation, {L"user-password", user.name});
+        } else if (mustChange) {
+            Execute(database, SetMustChangeStatement(before->code, *mustChange));
+            Record(operation, {L"user-edit", user.name, DescribedChange(!*mustChange),
+                               DescribedChange(*mustChange)});
         }
         const std::wstring was = DescribedUser(before->fields);
         if (const std::wstring is = DescribedUser(user); is != was)

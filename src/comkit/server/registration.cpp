@@ -220,7 +220,8 @@ private:
 
     std::vector<Version> OurTypeLibrariesHere() const {
         std::vector<Version> ours;
-        for (const std::wstring& key : KeysBelow(L"TypeLib\\" + GuidText(*moduleInfo.typeLibrary))) {
+        for (const std::wstring& key :
+             KeysBelow(L"TypeLib\\" + GuidText(*moduleInfo.typeLibrary))) {
             const std::wstring file = Read(key + L"\\0\\" + kPlatform, 0);
             unsigned major = 0, minor = 0;
             if (lstrcmpiW(file.c_str(), ModulePath().c_str()) == 0 &&
