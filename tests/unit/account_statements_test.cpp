@@ -29,9 +29,9 @@ TEST(AccountStatements, FindUsersByWhatIsBound) {
     EXPECT_EQ(Statement(L"Select [Code],[Name],[Password] From [User] Where [Name]=?",
                         Values{Text(L"x') OR ('1'='1")}),
               UsersNamedStatement(L"x') OR ('1'='1"));
-    EXPECT_EQ(Statement(L"Select [Code],[Name],[Password] From [User] Where [Code]=?",
-                        Values{Number(7)}),
-              UserCodedStatement(7));
+    EXPECT_EQ(
+        Statement(L"Select [Code],[Name],[Password] From [User] Where [Code]=?", Values{Number(7)}),
+        UserCodedStatement(7));
     EXPECT_EQ(Statement(L"Select [PasswordHash],[Failed],[FirstAt],[LockedUntil],[MustChange] "
                         L"From [VnUser] Where [UserCode]=?",
                         Values{Number(7)}),
@@ -71,11 +71,12 @@ TEST(CountTryStatement, CountsAndClosesInOneStatement) {
                               L"Or [LockedUntil]<=?)";
     for (const Engine engine :
          {Engine::Sqlite, Engine::PostgreSql, Engine::SqlServer, Engine::MySql})
-        EXPECT_EQ(Statement(L"Update [VnUser] Set [LockedUntil]=Case When [Failed]+1>=? Then ? Else "
-                            L"[LockedUntil] End" +
-                                rest,
-                            values),
-                  CountTryStatement(7, 1, kNow, kLocked, engine));
+        EXPECT_EQ(
+            Statement(L"Update [VnUser] Set [LockedUntil]=Case When [Failed]+1>=? Then ? Else "
+                      L"[LockedUntil] End" +
+                          rest,
+                      values),
+            CountTryStatement(7, 1, kNow, kLocked, engine));
     EXPECT_EQ(
         Statement(L"Update [VnUser] Set [LockedUntil]=IIf([Failed]+1>=?,?,[LockedUntil])" + rest,
                   values),
@@ -127,6 +128,9 @@ TEST(AccountStatements, WritePasswords) {
     EXPECT_EQ(Statement(L"Update [VnUser] Set [PasswordHash]=?,[MustChange]=? Where [UserCode]=?",
                         Values{Text(L"pbkdf2"), Number(1), Number(7)}),
               SetHashStatement(7, L"pbkdf2", true));
+    EXPECT_EQ(Statement(L"Update [VnUser] Set [MustChange]=? Where [UserCode]=?",
+                        Values{Number(0), Number(7)}),
+              SetMustChangeStatement(7, false));
     EXPECT_EQ(Statement(L"Update [User] Set [Password]=? Where [Code]=?",
                         Values{std::optional(1401.0), Number(7)}),
               SetNumberStatement(7, 1401));

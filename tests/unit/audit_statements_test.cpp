@@ -31,7 +31,7 @@ TEST(AuditStatement, BindsEverythingButTheTimeOfTheServer) {
     const auto text = [](const wchar_t* value) -> BoundValue {
         return std::optional(std::wstring(value));
     };
-    const std::vector<BoundValue> values = {std::optional(7L), text(L"O'Brien"), text(L"PC-1"),
+    const std::vector<BoundValue> values = {std::optional(7L), text(L"O'Brien"),   text(L"PC-1"),
                                             text(L"win"),      text(L"user-edit"), text(L"an"),
                                             text(L"Name=an"),  text(L"Name=An")};
     EXPECT_EQ(Statement(kStart + L"CURRENT_TIMESTAMP,?,?,?,?,?,?,?,?)", values),
@@ -43,9 +43,8 @@ TEST(AuditStatement, BindsEverythingButTheTimeOfTheServer) {
 }
 
 TEST(AuditStatement, HasNullForNobodysCode) {
-    const Statement statement =
-        AuditStatement({std::nullopt, L"x", L"", L""}, {L"logon-failed", L"x"},
-                       {Engine::Sqlite, kNow});
+    const Statement statement = AuditStatement({std::nullopt, L"x", L"", L""},
+                                               {L"logon-failed", L"x"}, {Engine::Sqlite, kNow});
     EXPECT_EQ(BoundValue(std::optional<long>()), statement.values.at(0));
 }
 

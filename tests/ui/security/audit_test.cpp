@@ -140,8 +140,7 @@ TEST_P(Audit, TellsOfLogonsWithoutAWindow) {
     ASSERT_SUCCEEDED(host.As(&logon));
     long code = -1;
     const _bstr_t connection(Test().database.ConnectionString().c_str());
-    EXPECT_SUCCEEDED(
-        logon->VerifyPassword(connection, _bstr_t(L"Khách"), _bstr_t(L"sai"), &code));
+    EXPECT_SUCCEEDED(logon->VerifyPassword(connection, _bstr_t(L"Khách"), _bstr_t(L"sai"), &code));
     EXPECT_EQ(0, code);
     EXPECT_SUCCEEDED(logon->VerifyPassword(connection, _bstr_t(L"Khách"), _bstr_t(L""), &code));
     EXPECT_EQ(7, code);
@@ -262,11 +261,10 @@ TEST_P(Audit, HostsWriteTheirOwnRecordsWhateverTheSettings) {
                                        _bstr_t(L"a; b"), _bstr_t(longText.c_str())));
     EXPECT_SUCCEEDED(logon->WriteAudit(connection, _bstr_t(std::wstring(40, L'x').c_str()),
                                        _bstr_t(longText.c_str()), _bstr_t(), _bstr_t()));
-    EXPECT_HR(E_INVALIDARG, logon->WriteAudit(connection, _bstr_t(L""), _bstr_t(), _bstr_t(),
-                                              _bstr_t()));
     EXPECT_HR(E_INVALIDARG,
-              logon->WriteAudit(connection, _bstr_t(std::wstring(41, L'x').c_str()), _bstr_t(),
-                                _bstr_t(), _bstr_t()));
+              logon->WriteAudit(connection, _bstr_t(L""), _bstr_t(), _bstr_t(), _bstr_t()));
+    EXPECT_HR(E_INVALIDARG, logon->WriteAudit(connection, _bstr_t(std::wstring(41, L'x').c_str()),
+                                              _bstr_t(), _bstr_t(), _bstr_t()));
     EXPECT_EQ((Lines{L"host:in-hoa-don|HĐ'1|a; b|" + longText,
                      L"host:" + std::wstring(40, L'x') + L"|" + longText.substr(0, 255) + L"||"}),
               Records());
@@ -288,10 +286,10 @@ TEST_P(Audit, NoColumnHoldsAPasswordOrItsNumber) {
                     L"code=3");
     EXPECT_EQ(5u, Records().size());
     for (const AuditRecord& record : AuditRecords(Test().database))
-        for (const std::wstring& cell : {record.userName, record.action, record.subject,
-                                         record.before, record.after})
-            for (const std::wstring& secret : {std::wstring(L"matkhau"), std::wstring(L"abc"),
-                                               std::wstring(L"1401"), number})
+        for (const std::wstring& cell :
+             {record.userName, record.action, record.subject, record.before, record.after})
+            for (const std::wstring& secret :
+                 {std::wstring(L"matkhau"), std::wstring(L"abc"), std::wstring(L"1401"), number})
                 EXPECT_EQ(std::wstring::npos, cell.find(secret)) << ToUtf8(cell);
 }
 

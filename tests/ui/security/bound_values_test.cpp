@@ -129,23 +129,22 @@ TEST_P(BoundValues, UsersOfAnyNameAreAddedRenamedAndDeletedAndNobodyElseChanges)
 TEST_P(BoundValues, NamesAndPasswordsThatAreStatementsLogNobodyOn) {
     const std::wstring before = Test().Users() + Test().Groups();
     Walker walker;
-    const long code =
-        PlayLogon(*Test().Host().Get(), Test().database.ConnectionString(), [&] {
-            const HWND form = walker.Form(L"FrmLogon");
-            const auto expectRefusal = [&](const std::wstring& name, const std::wstring& password) {
-                SetBox(form, L"TxtUser", name.c_str());
-                SetBox(form, L"TxtPass", password.c_str());
-                walker.Do(form, L"CmdOk");
-                EXPECT_EQ(Lines{L"Mật khẩu hoặc người sử dụng không hợp lệ "}, walker.TakeTold())
-                    << ToUtf8(name.substr(0, 100));
-            };
-            for (const std::wstring& text : CraftedTexts()) {
-                expectRefusal(text, L"abc");
-                if (text.size() < 100)
-                    expectRefusal(L"Admin", text);
-            }
-            walker.Leave(form, L"CMDCAN");
-        });
+    const long code = PlayLogon(*Test().Host().Get(), Test().database.ConnectionString(), [&] {
+        const HWND form = walker.Form(L"FrmLogon");
+        const auto expectRefusal = [&](const std::wstring& name, const std::wstring& password) {
+            SetBox(form, L"TxtUser", name.c_str());
+            SetBox(form, L"TxtPass", password.c_str());
+            walker.Do(form, L"CmdOk");
+            EXPECT_EQ(Lines{L"Mật khẩu hoặc người sử dụng không hợp lệ "}, walker.TakeTold())
+                << ToUtf8(name.substr(0, 100));
+        };
+        for (const std::wstring& text : CraftedTexts()) {
+            expectRefusal(text, L"abc");
+            if (text.size() < 100)
+                expectRefusal(L"Admin", text);
+        }
+        walker.Leave(form, L"CMDCAN");
+    });
     EXPECT_EQ(0, code);
     EXPECT_EQ(before, Test().Users() + Test().Groups());
 }
@@ -255,9 +254,9 @@ TEST_P(BoundValues, GroupsOfAnyNameAreAddedEditedAndDeletedAtOnce) {
 
             EXPECT_EQ(Lines{}, walker.TakeTold());
             walker.Do(groups, L"CmdDelete");
-            EXPECT_EQ((Lines{L"Bạn có chắc chắn xoá các nhóm đã chọn không?",
-                             L"1 danh mục đã bị xoá"}),
-                      walker.TakeTold());
+            EXPECT_EQ(
+                (Lines{L"Bạn có chắc chắn xoá các nhóm đã chọn không?", L"1 danh mục đã bị xoá"}),
+                walker.TakeTold());
             EXPECT_EQ(before, Test().Groups());
         }
         walker.Leave(groups, L"CmdExit");
@@ -365,9 +364,9 @@ TEST_P(SentStatements, AreTheSameWithAMarkForEachValue) {
     const Lines bound = PlayAll();
     ASSERT_EQ(plain.size(), bound.size());
     for (const auto& [literal, marked] :
-         {std::pair<const wchar_t*, const wchar_t*>{
-              L"SELECT  *  FROM [User] WHERE ([Name]=", L"SELECT  *  FROM [User] WHERE ([Name]=?) "
-                                                        L"And ( [Password]=?)"},
+         {std::pair<const wchar_t*, const wchar_t*>{L"SELECT  *  FROM [User] WHERE ([Name]=",
+                                                    L"SELECT  *  FROM [User] WHERE ([Name]=?) "
+                                                    L"And ( [Password]=?)"},
           {L"Insert Into [User]",
            L"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values(?,?,?,?)"},
           {L"Insert Into [Groups]", L"Insert Into [Groups]([Name],[Des]) Values(?,?)"},
