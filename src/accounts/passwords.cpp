@@ -98,10 +98,13 @@ void UnlockUser(const Operation& operation, long userCode) {
 
 std::vector<LockedUser> LockedUsers(const Database& database) {
     std::vector<LockedUser> locked;
-    const Moment now = ServerTime(database);
     Recordset rows;
     rows.Create(database);
     rows.Open(std::wstring(kLockedUsersStatement));
+    // The time is asked for where somebody has been locked.
+    if (rows.Eof())
+        return locked;
+    const Moment now = ServerTime(database);
     for (; !rows.Eof(); rows.MoveNext()) {
         const long code = NullToInteger(rows.Value(0L));
         const Gate gate =
