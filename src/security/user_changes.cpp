@@ -23,17 +23,19 @@ bool NeedsMore(const Settings& settings) {
     return settings.KeepsAccounts() || settings.Audit;
 }
 
-std::optional<Stored> Find(const Database& database, const std::wstring& name) {
+// All users of a name: the statements below mean all of them.
+std::vector<Stored> Named(const Database& database, const std::wstring& name) {
+    std::vector<Stored> found;
     if (!NeedsMore(database.settings))
-        return std::nullopt;
-    Recordset user;
-    user.Create(database);
-    user.Open(LoadUserStatement(name, database.Style()));
-    if (user.Eof())
-        return std::nullopt;
-    return Stored{ToInteger(user.Value(L"Code")),
-                  {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")),
-                   NullToInteger(user.Value(L"IdGroup"))}};
+        return found;
+    Recordset users;
+    users.Create(database);
+    users.Open(LoadUserStatement(name, database.Style()));
+    for (; !users.Eof(); users.MoveNext())
+        found.push_back({ToInteger(users.Value(L"Code")),
+                         {NullToText(users.Value(L"Name")), NullToText(users.Value(L"Dec")),
+                          NullToInteger(users.Value(L"IdGroup"))}});
+    return found;
 }
 
 std::wstring DescribedUser(const UserFields& user) {
@@ -61,53 +63,58 @@ void WriteHash(const Database& database, long userCode, const std::wstring& hash
 
 void AddUser(const Operation& operation, const UserFields& user, const NewPassword& password) {
     const Database& database = operation.database;
+    const Actor actor = ActorOf(operation);
     const std::wstring hash = HashOf(database.settings, password.text);
     Together(database, [&] {
         Execute(database, InsertUserStatement(user, NumberOf(database.settings, password.text),
                                               database.Style()));
         if (!hash.empty()) {
-            const long code = Find(database, user.name).value().code;
+            const long code = Named(database, user.name).at(0).code;
             Execute(database, AddAccountStatement(code));
             WriteHash(database, code, hash, password.mustChange);
         }
-        Record(operation, {L"user-add", user.name, {}, DescribedUser(user)});
+        Record(database, actor, {L"user-add", user.name, {}, DescribedUser(user)});
     });
 }
 
 void EditUser(const Operation& operation, const std::wstring& oldName, const UserFields& user,
               const std::optional<NewPassword>& password) {
     const Database& database = operation.database;
-    const std::optional<Stored> before = Find(database, oldName);
+    const std::vector<Stored> before = Named(database, oldName);
+    const Actor actor = ActorOf(operation);
     const std::wstring hash = password ? HashOf(database.settings, password->text) : L"";
     std::optional<double> number;
     if (password)
         number = NumberOf(database.settings, password->text);
-    if (before && !hash.empty())
-        KeepAccount(database, before->code);
+    if (!hash.empty())
+        for (const Stored& stored : before)
+            KeepAccount(database, stored.code);
     Together(database, [&] {
         Execute(database, UpdateUserStatement(user, number, oldName, database.Style()));
-        if (!before)
-            return;
-        if (password) {
-            WriteHash(database, before->code, hash, password->mustChange);
-            Record(operation, {L"user-password", user.name});
+        const std::wstring is = DescribedUser(user);
+        for (const Stored& stored : before) {
+            if (password) {
+                WriteHash(database, stored.code, hash, password->mustChange);
+                Record(database, actor, {L"user-password", user.name});
+            }
+            if (const std::wstring was = DescribedUser(stored.fields); is != was)
+                Record(database, actor, {L"user-edit", user.name, was, is});
         }
-        const std::wstring was = DescribedUser(before->fields);
-        if (const std::wstring is = DescribedUser(user); is != was)
-            Record(operation, {L"user-edit", user.name, was, is});
     });
 }
 
 void DeleteUser(const Operation& operation, const std::wstring& name) {
     const Database& database = operation.database;
-    const std::optional<Stored> before = Find(database, name);
+    const std::vector<Stored> before = Named(database, name);
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
         Execute(database, DeleteUserStatement(name, database.Style()));
-        if (!before)
-            return;
-        if (database.settings.KeepsAccounts())
-            Execute(database, DeleteAccountStatement(before->code));
-        Record(operation, {L"user-delete", before->fields.name, DescribedUser(before->fields)});
+        for (const Stored& stored : before) {
+            if (database.settings.KeepsAccounts())
+                Execute(database, DeleteAccountStatement(stored.code));
+            Record(database, actor,
+                   {L"user-delete", stored.fields.name, DescribedUser(stored.fields)});
+        }
     });
 }
 
