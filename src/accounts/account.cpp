@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "accounts/account.h"
 
+#include <comutil.h>
+
 #include "accounts/text/account_statements.h"
 #include "comkit/base/com_error.h"
 #include "data/connect/recordset.h"
@@ -17,10 +19,12 @@ std::vector<Account> Accounts(const Database& database, const Statement& stateme
     Recordset rows;
     rows.Create(database);
     rows.Open(statement);
-    for (; !rows.Eof(); rows.MoveNext())
-        accounts.push_back({.userCode = ToInteger(rows.Value(0L)),
-                            .name = NullToText(rows.Value(1L)),
-                            .number = NullToDouble(rows.Value(2L))});
+    for (; !rows.Eof(); rows.MoveNext()) {
+        accounts.push_back(
+            {.userCode = ToInteger(rows.Value(0L)), .name = NullToText(rows.Value(1L))});
+        if (const _variant_t number = rows.Value(2L); V_VT(&number) != VT_NULL)
+            accounts.back().number = NullToDouble(number);
+    }
     rows.Close();
     if (database.settings.KeepsAccounts())
         for (Account& account : accounts)

@@ -14,8 +14,8 @@ namespace vndesk {
 struct Account {
     long userCode = 0;
     std::wstring name;
-    double number = 0; // [User].[Password]
-    bool kept = false; // VnUser has a row
+    std::optional<double> number = {}; // [User].[Password]; Null is nobody's password
+    bool kept = false;                 // VnUser has a row
     std::wstring hash = {};
     Tries tries = {};
     bool mustChange = false;

@@ -18,14 +18,14 @@ namespace vndesk {
 namespace {
 
 bool NumberFits(const Account& account, const std::wstring& password) {
-    if (account.number == kNoNumber)
+    if (!account.number || account.number == kNoNumber)
         return false;
     double code = 0;
     // A password too long for a number has none.
     if (Trap([&] { code = PasswordCodeOf(TrimBlanks(password)); }))
         return false;
     // As the statement of 1.0 compares them: with 15 digits.
-    return DoubleToText(code) == DoubleToText(account.number);
+    return DoubleToText(code) == DoubleToText(*account.number);
 }
 
 enum class Fit { No, Yes, Unreadable };
@@ -58,7 +58,8 @@ template <class Write> void Aside(Write write) {
     Trap(write);
 }
 
-LogonAnswer Closed(const Database& database, const Account& account, const Gate& gate, Moment now) {
+LogonAnswer Closed(const Database& database, const Account& account, const Gate& gate, Moment now,
+                   const std::wstring& password) {
     LogonAnswer answer{.userCode = account.userCode, .closedUntil = gate.closedUntil};
     if (account.userCode == kMainUser) {
         answer.verdict = LogonAnswer::Delayed;
@@ -66,6 +67,9 @@ LogonAnswer Closed(const Database& database, const Account& account, const Gate&
         return answer;
     }
     answer.verdict = LogonAnswer::Locked;
+    // As long as a name takes that nobody has.
+    if (database.settings.Scheme == PasswordScheme::Pbkdf2)
+        SpendPasswordTime(password);
     Aside([&] {
         RecordOf(database, account.userCode, account.name, {L"logon-locked", account.name});
     });
@@ -124,7 +128,7 @@ LogonAnswer CheckCredentials(const Database& database, const std::wstring& name,
     if (settings.LockAfter > 0) {
         lock.emplace(database, accounts.front());
         if (const Gate gate = lock->Enter(); gate.closedUntil)
-            return Closed(database, accounts.front(), gate, lock->Now());
+            return Closed(database, accounts.front(), gate, lock->Now(), password);
     }
     Fit fit = Fit::No;
     // Of two users with the same name the first one whose password it is.

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "accounts/text/account_statements.h"
+#include "comkit/base/com_error.h"
 #include "data/connect/engine.h"
 
 namespace vndesk {
@@ -13,10 +14,16 @@ Lock::Lock(const Database& database, const Account& account)
       now_(ServerTime(database)) {}
 
 Gate Lock::Enter() {
-    const long code = account_.userCode;
     if (!account_.kept)
-        KeepAccount(database_, code);
+        KeepAccount(database_, account_.userCode);
     Gate gate = GateAt(account_.tries, now_, rules_);
+    // Where nothing can be written, tries are not counted, and what has been read decides.
+    Trap([&] { gate = Count(gate); });
+    return gate;
+}
+
+Gate Lock::Count(Gate gate) {
+    const long code = account_.userCode;
     if (gate.clockWentBack)
         Execute(database_, gate.closedUntil ? PullLockStatement(code, *gate.closedUntil)
                                             : PullWindowStatement(code, now_));
@@ -30,8 +37,11 @@ Gate Lock::Enter() {
     const long failed = account_.tries.failed + 1;
     if (Execute(database_, CountTryStatement(code, failed, now_, rules_, engine)) == 1)
         return gate;
-    // Another program has closed the gate in between.
     ReadKept(database_, account_);
+    // No row could be added.
+    if (!account_.kept)
+        return gate;
+    // Another program has closed the gate in between.
     gate = GateAt(account_.tries, now_, rules_);
     if (!gate.closedUntil)
         gate.closedUntil = SecondsAfter(now_, 1);

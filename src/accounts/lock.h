@@ -14,7 +14,8 @@ public:
     // Reads the server's time.
     Lock(const Database& database, const Account& account);
 
-    // Counts the try. Nothing is counted where the gate that is returned is closed.
+    // Counts the try. Nothing is counted where the gate that is returned is closed, and where
+    // VnUser cannot be written: that never fails a logon.
     Gate Enter();
 
     Moment Now() const { return now_; }
@@ -23,6 +24,8 @@ public:
     std::optional<Moment> ClosedUntil() const { return account_.tries.lockedUntil; }
 
 private:
+    Gate Count(Gate gate);
+
     const Database& database_;
     Account account_;
     const LockRules rules_;

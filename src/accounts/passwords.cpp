@@ -21,23 +21,32 @@ bool HasRules(const Settings& settings) {
     return settings.Scheme == PasswordScheme::Pbkdf2 || settings.MinPasswordLength > 0;
 }
 
+// No password at all, or one that has the number of none, or too long for a number.
+bool IsNone(const Settings& settings, const std::wstring& password) {
+    if (settings.Scheme == PasswordScheme::Pbkdf2)
+        return password.empty();
+    double code = 0;
+    return Trap([&] { code = PasswordCodeOf(password); }) || code == 0;
+}
+
 } // namespace
 
 std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wstring& userName,
                                       const std::wstring& password) {
     const Settings& settings = operation.database.settings;
+    const std::wstring invalid = ToUncText(texts::kPasswordInvalid, kToUnicode);
+    if (IsNone(settings, password))
+        return invalid;
     if (HasRules(settings)) {
         const PasswordVerdict verdict =
             JudgeNewPassword(password, userName, settings.MinPasswordLength);
         if (verdict != PasswordVerdict::Fine)
             return ToUncText(TextOfVerdict(verdict, settings.MinPasswordLength), kToUnicode);
     }
-    std::optional<std::wstring> reason;
-    if (operation.askHost)
-        reason = operation.askHost(userName, password);
-    if (reason && reason->empty())
-        reason = ToUncText(texts::kPasswordRefused, kToUnicode);
-    return reason;
+    if (!operation.askHost)
+        return std::nullopt;
+    const std::optional<std::wstring> reason = operation.askHost(userName, password);
+    return reason && reason->empty() ? invalid : reason;
 }
 
 void WritePassword(const Database& database, long userCode, const std::wstring& password,
@@ -56,7 +65,7 @@ void UpgradePassword(const Database& database, const Account& account,
     if (!account.kept)
         KeepAccount(database, account.userCode);
     Transaction transaction(database);
-    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number)) != 1)
+    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number.value())) != 1)
         return;
     Execute(database, SetHashStatement(account.userCode, record, account.mustChange));
     transaction.Commit();

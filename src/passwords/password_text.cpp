@@ -64,6 +64,10 @@ Wiped<unsigned char> PasswordBytes(std::wstring_view password) {
     return bytes;
 }
 
+bool AreSamePassword(std::wstring_view left, std::wstring_view right) {
+    return View(NormalForm(left)) == View(NormalForm(right));
+}
+
 PasswordVerdict JudgeNewPassword(std::wstring_view password, std::wstring_view userName,
                                  long leastLength) {
     return JudgePassword(View(NormalForm(password)), View(NormalForm(userName)), leastLength);

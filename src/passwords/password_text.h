@@ -21,4 +21,7 @@ Wiped<unsigned char> PasswordBytes(std::wstring_view password);
 PasswordVerdict JudgeNewPassword(std::wstring_view password, std::wstring_view userName,
                                  long leastLength);
 
+// However their letters are composed.
+bool AreSamePassword(std::wstring_view left, std::wstring_view right);
+
 } // namespace vndesk

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "security/user_changes.h"
 
+#include <algorithm>
+
+#include "accounts/account.h"
 #include "accounts/audit.h"
 #include "accounts/passwords.h"
 #include "accounts/together.h"
@@ -44,6 +47,18 @@ std::wstring DescribedUser(const UserFields& user) {
                       {L"IdGroup", std::to_wstring(user.groupCode)}});
 }
 
+std::wstring DescribedChange(bool mustChange) {
+    return Described({{L"MustChange", std::to_wstring(mustChange)}});
+}
+
+// The user who has just been added: of those with the name the last one.
+long NewestCode(const Database& database, const std::wstring& name) {
+    long newest = 0;
+    for (const Account& account : AccountsNamed(database, name))
+        newest = std::max(newest, account.userCode);
+    return newest;
+}
+
 // What stands in [User].[Password] for a password.
 double NumberOf(const Settings& settings, const std::wstring& password) {
     return settings.Scheme == PasswordScheme::Pbkdf2 ? kNoNumber : PasswordCodeOf(password);
@@ -68,9 +83,12 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
     Together(database, [&] {
         Execute(database, InsertUserStatement(user, NumberOf(database.settings, password.text),
                                               database.Style()));
-        if (!hash.empty()) {
-            const long code = Named(database, user.name).at(0).code;
-            Execute(database, AddAccountStatement(code));
+        if (database.settings.KeepsAccounts()) {
+            const long code = NewestCode(database, user.name);
+            // Of a user who had the code before, whom a host of 1.0 has deleted.
+            Execute(database, DeleteAccountStatement(code));
+            if (!hash.empty())
+                Execute(database, AddAccountStatement(code));
             WriteHash(database, code, hash, password.mustChange);
         }
         Record(database, actor, {L"user-add", user.name, {}, DescribedUser(user)});
@@ -78,7 +96,7 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
 }
 
 void EditUser(const Operation& operation, const std::wstring& oldName, const UserFields& user,
-              const std::optional<NewPassword>& password) {
+              const std::optional<NewPassword>& password, std::optional<bool> mustChange) {
     const Database& database = operation.database;
     const std::vector<Stored> before = Named(database, oldName);
     const Actor actor = ActorOf(operation);
@@ -86,7 +104,7 @@ void EditUser(const Operation& operation, const std::wstring& oldName, const Use
     std::optional<double> number;
     if (password)
         number = NumberOf(database.settings, password->text);
-    if (!hash.empty())
+    if (!hash.empty() || mustChange)
         for (const Stored& stored : before)
             KeepAccount(database, stored.code);
     Together(database, [&] {
@@ -96,6 +114,11 @@ void EditUser(const Operation& operation, const std::wstring& oldName, const Use
             if (password) {
                 WriteHash(database, stored.code, hash, password->mustChange);
                 Record(database, actor, {L"user-password", user.name});
+            } else if (mustChange) {
+                Execute(database, SetMustChangeStatement(stored.code, *mustChange));
+                Record(database, actor,
+                       {L"user-edit", user.name, DescribedChange(!*mustChange),
+                        DescribedChange(*mustChange)});
             }
             if (const std::wstring was = DescribedUser(stored.fields); is != was)
                 Record(database, actor, {L"user-edit", user.name, was, is});

@@ -17,9 +17,11 @@ struct NewPassword {
 
 // All of these throw the provider's error, and then nothing has been written.
 void AddUser(const Operation& operation, const UserFields& user, const NewPassword& password);
-// Without a new password the one that is kept stays.
+// Without a new password the one that is kept stays; then `mustChange` says whether the user must
+// choose another one from now on, or not any more.
 void EditUser(const Operation& operation, const std::wstring& oldName, const UserFields& user,
-              const std::optional<NewPassword>& password);
+              const std::optional<NewPassword>& password,
+              std::optional<bool> mustChange = std::nullopt);
 void DeleteUser(const Operation& operation, const std::wstring& name);
 
 } // namespace vndesk

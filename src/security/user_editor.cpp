@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "accounts/account.h"
 #include "accounts/credentials.h"
 #include "accounts/passwords.h"
 #include "data/connect/plain_message.h"
@@ -15,6 +16,7 @@
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "passwords/password.h"
+#include "passwords/password_text.h"
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/text/captions.h"
@@ -45,11 +47,12 @@ constexpr auto kControls = std::to_array<ControlSpec>({
 // With hashes, users who change their own password say the present one, and administrators may ask
 // for a change.
 constexpr double kRow = 420;
-constexpr auto kOwnControls =
+constexpr auto kOwnControls = WithCaption(
     WithRow(kControls, L"lblPass", kRow,
             std::to_array<ControlSpec>(
                 {Label(L"lblCurrent", texts::kUserEditorCurrent, {210, 1530, 1860, 240}, kMnemonic),
-                 TextBox(L"TxtCurrent", {2130, 1485, 3300, 330}, kPassword)}));
+                 TextBox(L"TxtCurrent", {2130, 1485, 3300, 330}, kPassword)})),
+    L"lblPass", texts::kUserEditorNewPassword);
 constexpr auto kMustChangeRow = std::to_array<ControlSpec>(
     {CheckBox(L"chkMustChange", texts::kUserEditorMustChange, {2130, 2340, 3300, 300})});
 constexpr auto kAdminControls = WithRow(kControls, L"CmdOk", kRow, kMustChangeRow);
@@ -161,10 +164,22 @@ private:
             Get(L"txtConfirm").SetText(password);
         }
         userCode_ = NullToInteger(user.Value(L"Code"));
+        LoadMustChange();
         ItemList groups(Get(L"TxtIdGroup"));
         groups.SetListIndex(FindItemByData(groups, NullToInteger(user.Value(L"IdGroup"))));
         user.Close();
     }
+
+    void LoadMustChange() {
+        if (!AsksForChange())
+            return;
+        Trap([&] { mustChange_ = RequireAccount(database_, userCode_).mustChange; });
+        SendMessageW(Get(L"chkMustChange").Window(), BM_SETCHECK,
+                     mustChange_ ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+
+    // Whether administrators may tick that the user must change the password.
+    bool AsksForChange() const { return Hashes() && options_.AllowChange; }
 
     bool Hashes() const { return database_.settings.Scheme == PasswordScheme::Pbkdf2; }
 
@@ -202,6 +217,8 @@ private:
             return fixed(texts::kUserPasswordsDiffer);
         if (Hashes() && password.empty())
             return fixed(texts::kUserPasswordMissing);
+        if (options_.MustChange && AreSamePassword(password, Get(L"TxtCurrent").Text()))
+            return fixed(texts::kUserSamePassword);
         return RefusalOf(operation_, name, password);
     }
 
@@ -255,14 +272,17 @@ private:
         std::optional<NewPassword> password;
         if (WritesPassword())
             password = {Get(L"TxtPass").Text(), MustChangeIsTicked()};
+        std::optional<bool> mustChange;
+        if (AsksForChange() && MustChangeIsTicked() != mustChange_)
+            mustChange = MustChangeIsTicked();
         if (options_.EditMode)
-            EditUser(operation_, options_.OldName, user, password);
+            EditUser(operation_, options_.OldName, user, password, mustChange);
         else
             AddUser(operation_, user, password.value());
     }
 
     bool MustChangeIsTicked() {
-        return Hashes() && options_.AllowChange &&
+        return AsksForChange() &&
                SendMessageW(Get(L"chkMustChange").Window(), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
 
@@ -280,6 +300,7 @@ private:
     UserEditorOptions options_;
     long userCode_ = 0;
     bool passChanged_ = false;
+    bool mustChange_ = false; // as it was loaded
 };
 
 } // namespace

@@ -99,6 +99,11 @@ Statement SetHashStatement(long userCode, std::wstring_view record, bool mustCha
                    << long{mustChange} << L" Where [UserCode]=" << userCode;
 }
 
+Statement SetMustChangeStatement(long userCode, bool mustChange) {
+    return Bound() << L"Update [VnUser] Set [MustChange]=" << long{mustChange}
+                   << L" Where [UserCode]=" << userCode;
+}
+
 Statement GiveUpNumberStatement(long userCode, double number) {
     return Bound() << L"Update [User] Set [Password]=" << kNoNumber << L" Where [Code]=" << userCode
                    << L" And [Password]=" << number;

@@ -40,6 +40,7 @@ Statement UnlockStatement(long userCode);
 
 // The record of a new password. `MustChange` at the next logon.
 Statement SetHashStatement(long userCode, std::wstring_view record, bool mustChange);
+Statement SetMustChangeStatement(long userCode, bool mustChange);
 // Only where the password is still the number that has been compared.
 Statement GiveUpNumberStatement(long userCode, double number);
 Statement SetNumberStatement(long userCode, double number);

@@ -148,6 +148,18 @@ WithRow(const std::array<ControlSpec, kCount>& table, std::wstring_view before, 
     return all;
 }
 
+// The table with another caption on one control.
+template <size_t kCount>
+consteval std::array<ControlSpec, kCount>
+WithCaption(std::array<ControlSpec, kCount> table, std::wstring_view name, const wchar_t* caption) {
+    for (ControlSpec& control : table)
+        if (control.name == name) {
+            control.caption = caption;
+            return table;
+        }
+    throw "the table has no control of this name";
+}
+
 // --- The form ---
 
 enum class FormBorder { None, FixedDialog, Sizable };

@@ -27,6 +27,7 @@ inline constexpr auto kUserEditorMustChange = L"&Phải đổi khi đăng nhập
 inline constexpr auto kUserWrongPassword = L"Mật khẩu hiện tại không đúng."_tcvn3;
 inline constexpr auto kUserPasswordsDiffer = L"Hai lần nhập mật khẩu không giống nhau."_tcvn3;
 inline constexpr auto kUserPasswordMissing = L"Bạn chưa nhập mật khẩu mới."_tcvn3;
+inline constexpr auto kUserSamePassword = L"Mật khẩu mới phải khác mật khẩu hiện tại."_tcvn3;
 inline constexpr auto kUserMustChange = L"Bạn phải đổi mật khẩu trước khi dùng chương trình."_tcvn3;
 
 // Group manager.
