@@ -105,6 +105,7 @@ TEST(DocumentedStatementTest, StatementsOnAccountsAndRecordsAreThoseOfTheLibrary
         LoggedOnStatement(7, kClock, L"v"),
         UnlockStatement(7),
         SetHashStatement(7, L"v", false),
+        SetMustChangeStatement(7, true),
         GiveUpNumberStatement(7, 7),
         SetNumberStatement(7, 7),
         kLockedUsersStatement,
