@@ -30,72 +30,58 @@ std::string AsDocumented(const std::wstring& statement) {
     return std::regex_replace(text, value, "…");
 }
 
-void ExpectOnThePage(std::initializer_list<Statement> statements) {
+void ExpectOnThePage(const std::vector<Statement>& statements) {
     const std::string page = docs::ReadFile(docs::Root() / "docs/database.md");
     for (const Statement& statement : statements)
         EXPECT_NE(std::string::npos, page.find("`" + AsDocumented(statement.text) + "`"))
             << AsDocumented(statement.text);
 }
 
-TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
+// Those with values, but for the one that writes rights.
+std::vector<Statement> StatementsIn(ValueStyle style) {
     const UserFields user = {L"v", L"v", 7};
     const std::wstring groups = L"[Groups]", order = std::wstring(L" Order By ") + kCatalogueOrder;
+    return {
+        LogonStatement(L"v", 7, style),
+        UserNamedStatement(L"v", style),
+        LoadUserStatement(L"v", style),
+        InsertUserStatement(user, 7, style),
+        OtherUserNamedStatement(L"v", L"v", style),
+        UpdateUserStatement(user, 7, L"v", style),
+        UsersAfterStatement(7, style),
+        UserWithCodeStatement(L"7", style),
+        DeleteUserStatement(L"v", style),
+        GroupStatement(groups, 7, style),
+        GroupMembersStatement(7, style),
+        InsertGroupStatement(groups, L"v", L"v", style),
+        UpdateGroupStatement(groups, 7, L"v", L"v", style),
+        DeleteGroupsStatement(groups, L"7", style),
+        GroupRightsStatement(7, style),
+        MenuCommandsStatement(7, style),
+        FieldListStatement(L"v", style) + order,
+        FieldInfoStatement(L"v", style) + order,
+        OperatorListStatement(7, style),
+        LookUpStatement(L"v", L"v", style),
+    };
+}
+
+TEST(DocumentedStatementTest, StatementsAreThoseOfTheLibrary) {
+    ExpectOnThePage(StatementsIn(kJet));
     ExpectOnThePage({
-        LogonStatement(L"v", 7, kJet),
-        UserNamedStatement(L"v", kJet),
-        LoadUserStatement(L"v", kJet),
-        InsertUserStatement(user, 7, kJet),
-        OtherUserNamedStatement(L"v", L"v", kJet),
-        UpdateUserStatement(user, 7, L"v", kJet),
         kUserListStatement,
         LastValueStatement(L"User", L"Code"),
-        UsersAfterStatement(7),
-        UserWithCodeStatement(L"7"),
-        DeleteUserStatement(L"v", kJet),
-        GroupStatement(groups, 7),
-        GroupMembersStatement(7),
         LastValueStatement(L"Groups", L"Name"),
-        InsertGroupStatement(groups, L"v", L"v", kJet),
-        LastValueStatement(groups, L"Code"),
-        UpdateGroupStatement(groups, 7, L"v", L"v", kJet),
-        DeleteGroupsStatement(groups, L"v"),
-        GroupRightsStatement(7),
-        MenuCommandsStatement(7),
-        WriteRightsStatement({L"v", L"v"}, {7, 7}, 7),
-        FieldListStatement(L"v") + order,
-        FieldInfoStatement(L"v") + order,
-        OperatorListStatement(7),
-        LookUpStatement(L"v", L"v", kJet),
+        LastValueStatement(L"[Groups]", L"Code"),
+        WriteRightsStatement({L"v", L"v"}, {7, 7}, 7, kJet),
     });
 }
 
 TEST(DocumentedStatementTest, BoundOnesAreTheSameButForThoseThatThePageNames) {
     constexpr ValueStyle kBound = {kJet, true};
-    const UserFields user = {L"v", L"v", 7};
-    const std::wstring groups = L"[Groups]", order = std::wstring(L" Order By ") + kCatalogueOrder;
+    ExpectOnThePage(StatementsIn(kBound));
     ExpectOnThePage({
-        LogonStatement(L"v", 7, kBound),
-        UserNamedStatement(L"v", kBound),
-        LoadUserStatement(L"v", kBound),
-        InsertUserStatement(user, 7, kBound),
-        OtherUserNamedStatement(L"v", L"v", kBound),
-        UpdateUserStatement(user, 7, L"v", kBound),
-        UsersAfterStatement(7, kBound),
-        UserWithCodeStatement(L"7", kBound),
-        DeleteUserStatement(L"v", kBound),
-        GroupStatement(groups, 7, kBound),
-        GroupMembersStatement(7, kBound),
-        InsertGroupStatement(groups, L"v", L"v", kBound),
         LastValueStatement(L"Groups", L"Code"),
-        UpdateGroupStatement(groups, 7, L"v", L"v", kBound),
-        DeleteGroupsStatement(groups, L"7", kBound),
-        GroupRightsStatement(7, kBound),
-        MenuCommandsStatement(7, kBound),
         WriteRightsStatement({L"P1", L"P2"}, {7, 7}, 7, kBound),
-        FieldListStatement(L"v", kBound) + order,
-        FieldInfoStatement(L"v", kBound) + order,
-        OperatorListStatement(7, kBound),
-        LookUpStatement(L"v", L"v", kBound),
     });
 }
 
@@ -119,6 +105,7 @@ TEST(DocumentedStatementTest, StatementsOnAccountsAndRecordsAreThoseOfTheLibrary
         LoggedOnStatement(7, kClock, L"v"),
         UnlockStatement(7),
         SetHashStatement(7, L"v", false),
+        SetMustChangeStatement(7, true),
         GiveUpNumberStatement(7, 7),
         SetNumberStatement(7, 7),
         kLockedUsersStatement,

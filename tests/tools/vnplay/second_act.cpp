@@ -14,9 +14,8 @@ void LockOut(Tour& tour, const Person& user) {
         tour.BeTold(user.name, kWrongPassword, L"Còn " + std::to_wstring(left) + L" lần thử.",
                     left == kTries - 1 ? L"tries left" : nullptr);
     Say(L"* " + user.name + L" was refused, and told how many tries were left");
-    tour.BeTold(user.name, kWrongPassword, L"Tài khoản bị khoá đến ", L"locked");
-    tour.BeTold(user.name, user.password, L"Tài khoản bị khoá đến ", nullptr);
-    Say(L"* The fifth wrong password locked the user: the right one is refused, too");
+    tour.BeTold(user.name, kWrongPassword, L" do nhập sai mật khẩu nhiều lần.", L"locked");
+    Say(L"* The fifth wrong password locked the user");
 }
 
 void Unlock(Tour& tour) {
