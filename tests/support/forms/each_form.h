@@ -5,6 +5,7 @@
 
 #include "support/forms/lookup_host.h"
 #include "support/forms/search.h"
+#include "support/security_settings.h"
 
 namespace vndesk::test {
 
@@ -23,6 +24,15 @@ inline void PrintTo(const EachForm& form, std::ostream* out) {
 inline const std::vector<EachForm>& EveryForm() {
     static const auto logon = [](auto call) {
         return [call](BSTR* connect) { return call(*CreateLogon().Get(), connect); };
+    };
+    // A host that asks for hashes and locks, on a database with the tables that they need.
+    static const auto kept = [](auto call) {
+        return [call](BSTR* connect) {
+            SecuritySettings settings;
+            settings.PasswordScheme = vnPasswordPbkdf2;
+            settings.LockAfter = 3;
+            return call(*LogonWith(settings).Get(), connect);
+        };
     };
     static const std::vector<EachForm> forms = {
         {"MessageBox", {L"MessageBox"}, logon([](ILogon& object, BSTR*) {
@@ -49,6 +59,22 @@ inline const std::vector<EachForm>& EveryForm() {
         {"QuestionOfTheUserList",
          {L"FrmMenu", L"CmdDel", L"MessageBox"},
          logon([](ILogon& object, BSTR* connect) { return object.UserManager(connect); })},
+        {"LogonWithLocks", {L"FrmLogon"}, kept([](ILogon2& object, BSTR* connect) {
+             long code = -1;
+             const HRESULT hr = object.ShowLogon(connect, &code);
+             EXPECT_EQ(0, code) << "nobody has logged on";
+             return hr;
+         })},
+        {"OwnPassword", {L"FrmInput"}, kept([](ILogon2& object, BSTR* connect) {
+             _bstr_t user(L"Admin");
+             return object.ShowUser(connect, &user.GetBSTR());
+         })},
+        {"UserListWithLocks", {L"FrmMenu"}, kept([](ILogon2& object, BSTR* connect) {
+             return object.UserManager(connect);
+         })},
+        {"EditorWithHashes",
+         {L"FrmMenu", L"CmdEdit", L"FrmInput"},
+         kept([](ILogon2& object, BSTR* connect) { return object.UserManager(connect); })},
         {"GroupManager", {L"FmGrp"}, logon([](ILogon& object, BSTR* connect) {
              return object.ShowGroup(connect);
          })},

@@ -78,6 +78,14 @@ TEST_P(SetPassword, RulesRefuseWithTheirReasons) {
     ExpectRefused(L"THU", L"Mật khẩu không được trùng với tên người sử dụng.");
 }
 
+TEST_P(SetPassword, RulesHoldForNumbersTooWhereALengthIsAskedFor) {
+    settings_ = {};
+    EXPECT_SUCCEEDED(Set(L"abc"));
+    settings_.MinPasswordLength = 6;
+    ExpectRefused(L"ngan", L"Mật khẩu phải có ít nhất 6 ký tự.");
+    ExpectRefused(L"123456", L"Mật khẩu này quá dễ đoán.");
+}
+
 TEST_P(SetPassword, PasswordThatIsNoneIsRefused) {
     ExpectRefused(L"", L"Mật khẩu không hợp lệ");
     settings_ = {};

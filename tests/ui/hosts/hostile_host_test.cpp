@@ -16,6 +16,8 @@ constexpr int kQuitCode = 7;
 
 class HostileHost : public testing::TestWithParam<EachForm> {
 protected:
+    void SetUp() override { Upgrade(database_, L"accounts"); }
+
     // Opens the form and does something to it. What stays open then is closed as a user would.
     void Open(const std::function<void(HWND form)>& action) {
         _bstr_t connect(database_.ConnectionString().c_str());

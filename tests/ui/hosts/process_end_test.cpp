@@ -14,6 +14,8 @@ constexpr DWORD kPrompt = 20000;
 
 class ProcessEnd : public testing::TestWithParam<EachForm> {
 protected:
+    void SetUp() override { Upgrade(database_, L"accounts"); }
+
     void ExpectEnds(const wchar_t* way) {
         const ULONGLONG start = GetTickCount64();
         ChildProcess host({OwnFolder() + L"vnquit.exe", FromUtf8(GetParam().name), way,
