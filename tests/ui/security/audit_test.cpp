@@ -211,6 +211,35 @@ TEST_P(Audit, RecordsHaveTheUserTheMachineAndTheServersTimeInUtc) {
     EXPECT_EQ(L"1", Test().Read(age)) << ToUtf8(records[0].at);
 }
 
+TEST_P(Audit, WhoHasLoggedOnChangesInTheOwnName) {
+    test_->userCode = 0;
+    const auto host = Test().Host();
+    const std::wstring& connection = Test().database.ConnectionString();
+    EXPECT_EQ(7, PlayLogon(*host.Get(), connection, [&] {
+                  const HWND form = walker_.Form(L"FrmLogon");
+                  SetBox(form, L"TxtUser", L"khách");
+                  walker_.Leave(form, L"CmdOk");
+              }));
+    Microsoft::WRL::ComPtr<ILogon2> logon;
+    ASSERT_SUCCEEDED(host.As(&logon));
+    EXPECT_SUCCEEDED(
+        logon->WriteAudit(_bstr_t(connection.c_str()), _bstr_t(L"x"), nullptr, nullptr, nullptr));
+    const auto records = AuditRecords(Test().database);
+    ASSERT_EQ(2u, records.size());
+    EXPECT_EQ(L"7 Khách", records[1].userCode + L" " + records[1].userName);
+}
+
+TEST_P(Audit, PasswordsThatHostsSetHaveARecordOrAreNotSet) {
+    const auto logon = LogonWith(*Test().settings, kAdmin);
+    const _bstr_t connection(Test().database.ConnectionString().c_str());
+    EXPECT_SUCCEEDED(logon->SetPassword(connection, 1, _bstr_t(L"abc"), VARIANT_FALSE));
+    EXPECT_EQ(Lines{L"user-password|Nguyễn Văn Hưng||"}, Records());
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=1 and password=1401"));
+    RefuseRecords(Test().database);
+    EXPECT_FAILED(logon->SetPassword(connection, 1, _bstr_t(L"xyz"), VARIANT_FALSE));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=1 and password=1401"));
+}
+
 TEST_P(Audit, WithoutAUserTheRecordsHaveNoneAndHostsMaySetOne) {
     test_->userCode = 0;
     EditUser(L"Hưng");
