@@ -169,6 +169,7 @@ TEST_P(EmbeddedFailures, LockByAnotherProgramIsToldAndChangesNothing) {
 std::vector<Use> UsesThatWrite() {
     std::vector<Use> uses = AllUses();
     std::erase_if(uses, [](const Use& use) { return !use.probe; });
+    uses.insert(uses.end(), RecordedUses().begin(), RecordedUses().end());
     return uses;
 }
 
@@ -176,6 +177,8 @@ INSTANTIATE_TEST_SUITE_P(Uses, FullDisk, testing::ValuesIn(UsesThatWrite()),
                          [](const auto& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(Uses, EmbeddedFailures, testing::ValuesIn(AllUses()),
+                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(RecordedUses, EmbeddedFailures, testing::ValuesIn(RecordedUses()),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // --- The server ---

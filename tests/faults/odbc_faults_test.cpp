@@ -102,12 +102,16 @@ std::wstring WriteBound(const SampleDatabase&, const std::wstring& connectionStr
 
 bool IsTriedQuickly(std::string_view use) {
     return use == "Logon" || use == "UserAdded" || use == "GroupDeleted" ||
-           use == "RightsWritten" || use == "Search";
+           use == "RightsWritten" || use == "Search" || use == "UserEditedRecorded" ||
+           use == "GroupDeletedRecorded";
 }
 
 std::vector<Use> UsesOfOdbc() {
     std::vector<Use> uses;
     for (const Use& use : AllUses())
+        if (FullRun() || IsTriedQuickly(use.name))
+            uses.push_back(use);
+    for (const Use& use : RecordedUses())
         if (FullRun() || IsTriedQuickly(use.name))
             uses.push_back(use);
     uses.push_back({"Transaction",
@@ -190,7 +194,9 @@ protected:
     }
 
     // The refusal itself is all that is told.
-    bool TellsTheHost() const { return GetParam().raisesTheFirst || GetParam().steps.empty(); }
+    bool TellsTheHost() const {
+        return GetParam().raisesTheFirst || GetParam().steps.empty() || GetParam().recorded;
+    }
 
     // All calls; or the one that writes, the last one that reads, and another one for each fault.
     bool IsTried(size_t call, const KindOfFault& kind) const {

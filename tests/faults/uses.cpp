@@ -349,17 +349,23 @@ std::vector<Use> MakeRecordedUses() {
         return logon.ShowUser(connect, &name.GetBSTR());
     });
     std::vector<Use> uses;
-    for (const auto& [name, call] : {std::pair("UserAdded", users),
-                                     {"UserEdited", users},
-                                     {"UserDeleted", users},
-                                     {"PasswordChanged", own},
-                                     {"GroupAdded", groups},
-                                     {"GroupEdited", groups},
-                                     {"GroupDeleted", groups},
-                                     {"RightsWritten", groups}})
+    struct Row {
+        const char* name;
+        const char* original;
+        const Call& call;
+    };
+    for (const Row& row : {Row{"UserAddedRecorded", "UserAdded", users},
+                           {"UserEditedRecorded", "UserEdited", users},
+                           {"UserDeletedRecorded", "UserDeleted", users},
+                           {"PasswordChangedRecorded", "PasswordChanged", own},
+                           {"GroupAddedRecorded", "GroupAdded", groups},
+                           {"GroupEditedRecorded", "GroupEdited", groups},
+                           {"GroupDeletedRecorded", "GroupDeleted", groups},
+                           {"RightsWrittenRecorded", "RightsWritten", groups}})
         for (Use use : AllUses())
-            if (std::string_view(use.name) == name) {
-                use.call = call;
+            if (std::string_view(use.name) == row.original) {
+                use.name = row.name;
+                use.call = row.call;
                 use.neutral = L"raised";
                 use.recorded = true;
                 use.writes = 2;
@@ -416,10 +422,11 @@ Played Play(const Use& use, const SampleDatabase& database, const std::function<
 void ExpectTold(const Use& use, const Played& well, const Played& played) {
     EXPECT_TRUE(played.answer == use.answer || played.answer == use.neutral)
         << ToUtf8(played.answer);
-    if (use.probe && !use.tellsNoFailedWrite) {
+    const bool raised = use.recorded && played.answer == use.neutral;
+    if (use.probe && !use.tellsNoFailedWrite && !raised) {
         EXPECT_TRUE(played.TellsMoreThan(well));
     }
-    if (played.answer != use.answer) {
+    if (played.answer != use.answer && !use.recorded) {
         EXPECT_TRUE(played.TellsMoreThan(well));
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "accounts/text/audit_statements.h"
 
+#include "text/ascii_text.h"
+
 namespace vndesk {
 
 namespace {
@@ -15,6 +17,12 @@ std::wstring_view Cut(std::wstring_view text, std::size_t most) {
     if (text.size() == most && text.back() >= 0xD800 && text.back() <= 0xDBFF)
         text.remove_suffix(1);
     return text;
+}
+
+std::wstring Unmistakable(const std::wstring& value) {
+    if (value.find(L';') == std::wstring::npos && !value.starts_with(L'"'))
+        return value;
+    return L"\"" + ReplaceEach(value, L'"', L"\"\"") + L"\"";
 }
 
 } // namespace
@@ -35,7 +43,7 @@ std::wstring Described(std::initializer_list<NamedValue> values) {
     for (const auto& [name, value] : values) {
         if (!text.empty())
             text += L"; ";
-        text.append(name).append(L"=").append(value);
+        text.append(name).append(L"=").append(Unmistakable(value));
     }
     return text;
 }

@@ -26,7 +26,8 @@ struct AuditEntry {
 
 Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now);
 
-// How a user or group stands in Before and After: "Name=An; Dec=Thu kho; IdGroup=5".
+// How a user or group stands in Before and After: "Name=An; Dec=Thu kho; IdGroup=5". A value that
+// could be taken for more stands in quotes, with those in it doubled.
 struct NamedValue {
     std::wstring_view name;
     std::wstring value;

@@ -92,6 +92,7 @@ public:
 private:
     void CreateControlWindow(HWND form, const ControlSpec& design, int id);
     void FitToText();
+    void LetWrap(bool wrap);
     void FitToLine();
 
     int dpi_;

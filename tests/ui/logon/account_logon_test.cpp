@@ -151,7 +151,8 @@ TEST_P(AccountLogon, UserListTellsWhoIsLockedAndUnlocks) {
         WaitReady(form, L"Lv");
         const HWND list = Control(form, L"Lv");
         wchar_t caption[40] = L"";
-        LVCOLUMNW column = {.mask = LVCF_TEXT};
+        LVCOLUMNW column = {};
+        column.mask = LVCF_TEXT;
         column.pszText = caption;
         column.cchTextMax = 40;
         SendMessageW(list, LVM_GETCOLUMNW, 3, reinterpret_cast<LPARAM>(&column));

@@ -28,7 +28,7 @@ protected:
             SelectRow(list, L"Lv", row);
             const HWND editor = walker_.Open(list, button, L"FrmInput");
             fill(editor);
-            walker_.Leave(editor, L"CmdOk");
+            Confirm(editor);
             walker_.Leave(list, L"CmdExit");
         });
     }
@@ -51,14 +51,11 @@ protected:
             walker_.Leave(list, L"CmdExit");
         });
     }
-    // What is told comes when the form has gone.
-    void ChangePassword(bool told = false) {
+    void ChangePassword() {
         Test().PlayEditor(L"Admin", [&](HWND editor) {
             SetBox(editor, L"TxtPass", L"matkhau");
             SetBox(editor, L"txtConfirm", L"matkhau");
-            walker_.Leave(editor, L"CmdOk");
-            if (told)
-                walker_.Await([&] { return !walker_.Told().empty(); });
+            Confirm(editor);
         });
     }
     void InGroups(const std::function<void(HWND)>& act) {
@@ -94,8 +91,18 @@ protected:
             ChooseGroup(groups, L"Kế toán");
             const HWND rights = walker_.Open(groups, L"CmdPms", L"FrPms");
             TickCommand(rights, 1);
-            walker_.Leave(rights, L"CmdOk");
+            Confirm(rights);
         });
+    }
+    // What a form tells that cannot write comes when it has gone.
+    void Confirm(HWND form) {
+        walker_.Leave(form, L"CmdOk");
+        if (isRefused_)
+            walker_.Await([&] { return !walker_.Told().empty(); });
+    }
+    void Refuse() {
+        RefuseRecords(Test().database);
+        isRefused_ = true;
     }
     long LogOn(const wchar_t* name, const wchar_t* password) {
         return PlayLogon(*Test().Host().Get(), Test().database.ConnectionString(), [&] {
@@ -108,6 +115,9 @@ protected:
     }
 
     Walker walker_;
+
+private:
+    bool isRefused_ = false;
 };
 
 // With the table.
@@ -209,6 +219,35 @@ TEST_P(Audit, RecordsHaveTheUserTheMachineAndTheServersTimeInUtc) {
                       : L"select abs(julianday('now') - julianday(\"at\")) * 86400 < 60 from "
                         L"vnaudit";
     EXPECT_EQ(L"1", Test().Read(age)) << ToUtf8(records[0].at);
+}
+
+TEST_P(Audit, WhoHasLoggedOnChangesInTheOwnName) {
+    test_->userCode = 0;
+    const auto host = Test().Host();
+    const std::wstring& connection = Test().database.ConnectionString();
+    EXPECT_EQ(7, PlayLogon(*host.Get(), connection, [&] {
+                  const HWND form = walker_.Form(L"FrmLogon");
+                  SetBox(form, L"TxtUser", L"khách");
+                  walker_.Leave(form, L"CmdOk");
+              }));
+    Microsoft::WRL::ComPtr<ILogon2> logon;
+    ASSERT_SUCCEEDED(host.As(&logon));
+    EXPECT_SUCCEEDED(
+        logon->WriteAudit(_bstr_t(connection.c_str()), _bstr_t(L"x"), nullptr, nullptr, nullptr));
+    const auto records = AuditRecords(Test().database);
+    ASSERT_EQ(2u, records.size());
+    EXPECT_EQ(L"7 Khách", records[1].userCode + L" " + records[1].userName);
+}
+
+TEST_P(Audit, PasswordsThatHostsSetHaveARecordOrAreNotSet) {
+    const auto logon = LogonWith(*Test().settings, kAdmin);
+    const _bstr_t connection(Test().database.ConnectionString().c_str());
+    EXPECT_SUCCEEDED(logon->SetPassword(connection, 1, _bstr_t(L"abc"), VARIANT_FALSE));
+    EXPECT_EQ(Lines{L"user-password|Nguyễn Văn Hưng||"}, Records());
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=1 and password=1401"));
+    RefuseRecords(Test().database);
+    EXPECT_FAILED(logon->SetPassword(connection, 1, _bstr_t(L"xyz"), VARIANT_FALSE));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=1 and password=1401"));
 }
 
 TEST_P(Audit, WithoutAUserTheRecordsHaveNoneAndHostsMaySetOne) {
@@ -316,7 +355,7 @@ TEST_P(Audit, NamesOfAnyLengthAreRecordedAsFarAsTheColumnsGo) {
 // --- A record that cannot be written ---
 
 TEST_P(Audit, ChangeOfAUserWhoseRecordIsRefusedIsUndoneAndTold) {
-    RefuseRecords(Test().database);
+    Refuse();
     const std::wstring before = Everything();
     const auto expectTold = [&](const char* what) {
         const Lines told = walker_.TakeTold();
@@ -329,7 +368,7 @@ TEST_P(Audit, ChangeOfAUserWhoseRecordIsRefusedIsUndoneAndTold) {
     expectTold("add");
     EditUser(L"Hưng");
     expectTold("edit");
-    ChangePassword(true);
+    ChangePassword();
     expectTold("password");
     Test().PlayUsers([&](HWND list) {
         SelectRow(list, L"Lv", 0);
@@ -341,7 +380,7 @@ TEST_P(Audit, ChangeOfAUserWhoseRecordIsRefusedIsUndoneAndTold) {
 }
 
 TEST_P(Audit, ChangeOfAGroupWhoseRecordIsRefusedIsUndoneAndTold) {
-    RefuseRecords(Test().database);
+    Refuse();
     const std::wstring before = Everything();
     AddGroup();
     EXPECT_EQ(Lines{L"Không thể thêm dữ liệu vào bảng"}, walker_.TakeTold());
