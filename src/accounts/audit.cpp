@@ -21,9 +21,7 @@ template <class Ask> std::wstring NameFromWindows(Ask ask) {
     return std::wstring(name).substr(0, kMaxName);
 }
 
-void Write(const Database& database, std::optional<long> userCode, const std::wstring& userName,
-           const AuditEntry& entry) {
-    const Actor actor = {userCode, userName, ComputerName(), WindowsUser()};
+void Write(const Database& database, const Actor& actor, const AuditEntry& entry) {
     Execute(database, AuditStatement(actor, entry, ClockOf(database)));
 }
 
@@ -37,10 +35,10 @@ std::wstring UserName(const Operation& operation) {
     return user.Eof() ? std::wstring() : NullToText(user.Value(L"Name"));
 }
 
-void Write(const Operation& operation, const AuditEntry& entry) {
+Actor Found(const Operation& operation) {
     const long code = operation.userCode;
-    Write(operation.database, code == 0 ? std::nullopt : std::optional(code), UserName(operation),
-          entry);
+    return {code == 0 ? std::nullopt : std::optional(code), UserName(operation), ComputerName(),
+            WindowsUser()};
 }
 
 } // namespace
@@ -57,15 +55,22 @@ Clock ClockOf(const Database& database) {
     return {EngineOf(database), MachineTime()};
 }
 
+Actor ActorOf(const Operation& operation) {
+    return operation.database.settings.Audit ? Found(operation) : Actor();
+}
+
+void Record(const Database& database, const Actor& actor, const AuditEntry& entry) {
+    if (database.settings.Audit)
+        Write(database, actor, entry);
+}
+
 void Record(const Operation& operation, const AuditEntry& entry) {
-    if (operation.database.settings.Audit)
-        Write(operation, entry);
+    Record(operation.database, ActorOf(operation), entry);
 }
 
 void RecordOf(const Database& database, std::optional<long> userCode, const std::wstring& userName,
               const AuditEntry& entry) {
-    if (database.settings.Audit)
-        Write(database, userCode, userName, entry);
+    Record(database, {userCode, userName, ComputerName(), WindowsUser()}, entry);
 }
 
 void WriteHostAudit(const Operation& operation, const std::wstring& action,
@@ -74,7 +79,7 @@ void WriteHostAudit(const Operation& operation, const std::wstring& action,
     if (action.empty() || action.size() > kMaxHostAction)
         throw ComError(E_INVALIDARG,
                        L"An action has 1 to " + std::to_wstring(kMaxHostAction) + L" characters.");
-    Write(operation, {L"host:" + action, subject, before, after});
+    Write(operation.database, Found(operation), {L"host:" + action, subject, before, after});
 }
 
 } // namespace vndesk

@@ -15,8 +15,14 @@ std::wstring WindowsUser();
 
 Clock ClockOf(const Database& database);
 
+// In whose name an operation changes something, where the settings ask for records. To be asked
+// before the change, which may be of that user; and before its transaction, which then begins with
+// a write: of two that begin with reading SQLite would refuse one.
+Actor ActorOf(const Operation& operation);
+
 // Writes a record where the settings ask for them. In the transaction of the change that it tells
 // of, so that there are both or none.
+void Record(const Database& database, const Actor& actor, const AuditEntry& entry);
 void Record(const Operation& operation, const AuditEntry& entry);
 // In the name of somebody else than the operation's user: of who logs on.
 void RecordOf(const Database& database, std::optional<long> userCode, const std::wstring& userName,

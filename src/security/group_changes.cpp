@@ -37,55 +37,57 @@ std::vector<GroupFields> Read(const Operation& operation, const Statement& state
     return groups;
 }
 
-std::wstring NameOf(const Operation& operation, long groupCode) {
-    const auto groups =
-        Read(operation, GroupRightsStatement(groupCode, operation.database.Style()));
-    return groups.empty() ? std::to_wstring(groupCode) : groups.front().name;
-}
-
 } // namespace
 
 void AddGroup(const Operation& operation, const std::wstring& table, const GroupFields& group) {
     const Database& database = operation.database;
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
         Execute(database,
                 InsertGroupStatement(table, group.name, group.description, database.Style()));
-        Record(operation, {L"group-add", group.name, {}, DescribedGroup(group)});
+        Record(database, actor, {L"group-add", group.name, {}, DescribedGroup(group)});
     });
 }
 
 void EditGroup(const Operation& operation, const std::wstring& table, long code,
                const GroupFields& group) {
     const Database& database = operation.database;
+    const auto before = Read(operation, GroupStatement(table, code, database.Style()));
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
-        const auto before = Read(operation, GroupStatement(table, code, database.Style()));
         Execute(database,
                 UpdateGroupStatement(table, code, group.name, group.description, database.Style()));
-        Record(operation, {L"group-edit", group.name,
-                           before.empty() ? std::wstring() : DescribedGroup(before.front()),
-                           DescribedGroup(group)});
+        const std::wstring is = DescribedGroup(group);
+        for (const GroupFields& stored : before)
+            if (const std::wstring was = DescribedGroup(stored); is != was)
+                Record(database, actor, {L"group-edit", group.name, was, is});
     });
 }
 
 void DeleteGroups(const Operation& operation, const std::wstring& table,
                   const std::wstring& codes) {
     const Database& database = operation.database;
+    const auto before = Read(operation, DeletedGroupsStatement(table, codes, database.Style()));
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
-        const auto before = Read(operation, DeletedGroupsStatement(table, codes, database.Style()));
         Execute(database, DeleteGroupsStatement(table, codes, database.Style()));
         for (const GroupFields& group : before)
-            Record(operation, {L"group-delete", group.name, DescribedGroup(group)});
+            Record(database, actor, {L"group-delete", group.name, DescribedGroup(group)});
     });
 }
 
 void WriteRights(const Operation& operation, long groupCode, const Rights& before,
                  const Rights& after) {
     const Database& database = operation.database;
+    const auto groups = Read(operation, GroupRightsStatement(groupCode, database.Style()));
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
         Execute(database,
                 WriteRightsStatement(after.columns, after.masks, groupCode, database.Style()));
-        Record(operation, {L"rights", NameOf(operation, groupCode), DescribedRights(before),
-                           DescribedRights(after)});
+        const std::wstring was = DescribedRights(before), is = DescribedRights(after);
+        if (is != was)
+            for (const GroupFields& group : groups)
+                Record(database, actor, {L"rights", group.name, was, is});
     });
 }
 

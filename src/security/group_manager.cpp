@@ -226,7 +226,7 @@ private:
     // the code then comes when the form opens again. The group has been added, so the error is not
     // shown.
     long NewCode() {
-        const std::wstring_view table = database_.Style().bound ? L"Groups" : tableName_;
+        const std::wstring table = database_.Style().bound ? L"Groups" : tableName_;
         return LastValue(database_, table, L"Code", Failure::Ignored);
     }
 

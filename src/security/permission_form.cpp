@@ -2,7 +2,6 @@
 #include "security/permission_form.h"
 
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
 #include "data/connect/plain_message.h"
@@ -67,7 +66,7 @@ protected:
         pms_.assign(static_cast<size_t>(bars_->ListCount()) + 1, 0);
         bool known = false;
         // Rights that could not be read would be written back as none.
-        if (const ErrorState error = Trap([&] { known = ReadPms(); }))
+        if (const ErrorState error = Trap([&] { known = ReadPms(pms_); }))
             PlainMessage(error.description);
         read_ = pms_;
         Get(L"CmdOk").SetEnabled(known);
@@ -99,7 +98,7 @@ private:
     }
 
     // False when the rights cannot be read; the user has seen the error.
-    bool ReadPms() {
+    bool ReadPms(std::vector<long>& masks) {
         Recordset group;
         if (OpenRecordset(database_, group, GroupRightsStatement(groupCode_, database_.Style())) !=
             0)
@@ -112,9 +111,9 @@ private:
                         NullToText(group.Value(L"Name")) + L"-" + NullToText(group.Value(L"Des")));
         // Nothing is granted in a bar without a column.
         const long columns = group.FieldCount();
-        for (size_t k = 0; k + 1 < pms_.size(); ++k)
+        for (size_t k = 0; k + 1 < masks.size(); ++k)
             if (const long column = kFirstMaskColumn + static_cast<long>(k); column < columns)
-                pms_[k] = NullToInteger(group.Value(column));
+                masks[k] = NullToInteger(group.Value(column));
         return true;
     }
 
@@ -122,9 +121,9 @@ private:
     bool MayOverwrite() {
         if (!database_.settings.Audit)
             return true;
-        const std::vector<long> mine = pms_;
-        ReadPms();
-        const std::vector<long> now = std::exchange(pms_, mine);
+        std::vector<long> now(pms_.size(), 0);
+        if (!ReadPms(now))
+            return false;
         if (now == read_)
             return true;
         if (ShowMsg(texts::kPermissionChanged, kYesNo, texts::kNotice) != Pressed::Yes)

@@ -7,6 +7,7 @@
 #include "accounts/audit.h"
 #include "accounts/passwords.h"
 #include "accounts/together.h"
+#include "comkit/base/com_error.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "passwords/password.h"
@@ -26,17 +27,19 @@ bool NeedsMore(const Settings& settings) {
     return settings.KeepsAccounts() || settings.Audit;
 }
 
-std::optional<Stored> Find(const Database& database, const std::wstring& name) {
+// All users of a name: the statements below mean all of them.
+std::vector<Stored> Named(const Database& database, const std::wstring& name) {
+    std::vector<Stored> found;
     if (!NeedsMore(database.settings))
-        return std::nullopt;
-    Recordset user;
-    user.Create(database);
-    user.Open(LoadUserStatement(name, database.Style()));
-    if (user.Eof())
-        return std::nullopt;
-    return Stored{ToInteger(user.Value(L"Code")),
-                  {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")),
-                   NullToInteger(user.Value(L"IdGroup"))}};
+        return found;
+    Recordset users;
+    users.Create(database);
+    users.Open(LoadUserStatement(name, database.Style()));
+    for (; !users.Eof(); users.MoveNext())
+        found.push_back({ToInteger(users.Value(L"Code")),
+                         {NullToText(users.Value(L"Name")), NullToText(users.Value(L"Dec")),
+                          NullToInteger(users.Value(L"IdGroup"))}});
+    return found;
 }
 
 std::wstring DescribedUser(const UserFields& user) {
@@ -51,10 +54,10 @@ std::wstring DescribedChange(bool mustChange) {
 
 // The user who has just been added: of those with the name the last one.
 long NewestCode(const Database& database, const std::wstring& name) {
-    long newest = 0;
-    for (const Account& account : AccountsNamed(database, name))
-        newest = std::max(newest, account.userCode);
-    return newest;
+    const std::vector<Stored> named = Named(database, name);
+    if (named.empty())
+        throw ComError(E_UNEXPECTED);
+    return std::ranges::max(named, {}, &Stored::code).code;
 }
 
 // What stands in [User].[Password] for a password.
@@ -76,6 +79,7 @@ void WriteHash(const Database& database, long userCode, const std::wstring& hash
 
 void AddUser(const Operation& operation, const UserFields& user, const NewPassword& password) {
     const Database& database = operation.database;
+    const Actor actor = ActorOf(operation);
     const std::wstring hash = HashOf(database.settings, password.text);
     Together(database, [&] {
         Execute(database, InsertUserStatement(user, NumberOf(database.settings, password.text),
@@ -88,48 +92,53 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
                 Execute(database, AddAccountStatement(code));
             WriteHash(database, code, hash, password.mustChange);
         }
-        Record(operation, {L"user-add", user.name, {}, DescribedUser(user)});
+        Record(database, actor, {L"user-add", user.name, {}, DescribedUser(user)});
     });
 }
 
 void EditUser(const Operation& operation, const std::wstring& oldName, const UserFields& user,
               const std::optional<NewPassword>& password, std::optional<bool> mustChange) {
     const Database& database = operation.database;
-    const std::optional<Stored> before = Find(database, oldName);
+    const std::vector<Stored> before = Named(database, oldName);
+    const Actor actor = ActorOf(operation);
     const std::wstring hash = password ? HashOf(database.settings, password->text) : L"";
     std::optional<double> number;
     if (password)
         number = NumberOf(database.settings, password->text);
-    if (before && (!hash.empty() || mustChange))
-        KeepAccount(database, before->code);
+    if (!hash.empty() || mustChange)
+        for (const Stored& stored : before)
+            KeepAccount(database, stored.code);
     Together(database, [&] {
         Execute(database, UpdateUserStatement(user, number, oldName, database.Style()));
-        if (!before)
-            return;
-        if (password) {
-            WriteHash(database, before->code, hash, password->mustChange);
-            Record(operation, {L"user-password", user.name});
-        } else if (mustChange) {
-            Execute(database, SetMustChangeStatement(before->code, *mustChange));
-            Record(operation, {L"user-edit", user.name, DescribedChange(!*mustChange),
-                               DescribedChange(*mustChange)});
+        const std::wstring is = DescribedUser(user);
+        for (const Stored& stored : before) {
+            if (password) {
+                WriteHash(database, stored.code, hash, password->mustChange);
+                Record(database, actor, {L"user-password", user.name});
+            } else if (mustChange) {
+                Execute(database, SetMustChangeStatement(stored.code, *mustChange));
+                Record(database, actor,
+                       {L"user-edit", user.name, DescribedChange(!*mustChange),
+                        DescribedChange(*mustChange)});
+            }
+            if (const std::wstring was = DescribedUser(stored.fields); is != was)
+                Record(database, actor, {L"user-edit", user.name, was, is});
         }
-        const std::wstring was = DescribedUser(before->fields);
-        if (const std::wstring is = DescribedUser(user); is != was)
-            Record(operation, {L"user-edit", user.name, was, is});
     });
 }
 
 void DeleteUser(const Operation& operation, const std::wstring& name) {
     const Database& database = operation.database;
-    const std::optional<Stored> before = Find(database, name);
+    const std::vector<Stored> before = Named(database, name);
+    const Actor actor = ActorOf(operation);
     Together(database, [&] {
         Execute(database, DeleteUserStatement(name, database.Style()));
-        if (!before)
-            return;
-        if (database.settings.KeepsAccounts())
-            Execute(database, DeleteAccountStatement(before->code));
-        Record(operation, {L"user-delete", before->fields.name, DescribedUser(before->fields)});
+        for (const Stored& stored : before) {
+            if (database.settings.KeepsAccounts())
+                Execute(database, DeleteAccountStatement(stored.code));
+            Record(database, actor,
+                   {L"user-delete", stored.fields.name, DescribedUser(stored.fields)});
+        }
     });
 }
 

@@ -219,12 +219,21 @@ public:
         });
     }
 
+    STDMETHODIMP BeginTrans(LONG* level) override {
+        return Pass("Connection.BeginTrans", [&] { return inner_->BeginTrans(level); });
+    }
+    STDMETHODIMP CommitTrans() override {
+        return Pass("Connection.CommitTrans", [&] { return inner_->CommitTrans(); });
+    }
+    STDMETHODIMP RollbackTrans() override {
+        return Pass("Connection.RollbackTrans", [&] { return inner_->RollbackTrans(); });
+    }
+    STDMETHODIMP get_Properties(Properties** properties) override {
+        return Pass("Connection.Properties", [&] { return inner_->get_Properties(properties); });
+    }
+
     ADO_REFUSED(get_Provider, BSTR*)
     ADO_REFUSED(get_Errors, Errors**)
-    ADO_REFUSED(BeginTrans, LONG*)
-    ADO_REFUSED(CommitTrans)
-    ADO_REFUSED(RollbackTrans)
-    ADO_REFUSED(get_Properties, Properties**)
     ADO_REFUSED(get_CommandTimeout, LONG*)
     ADO_REFUSED(put_CommandTimeout, LONG)
     ADO_REFUSED(get_ConnectionTimeout, LONG*)
@@ -242,6 +251,90 @@ public:
     ADO_REFUSED(put_Mode, ConnectModeEnum)
     ADO_REFUSED(OpenSchema, SchemaEnum, VARIANT, VARIANT, _Recordset**)
     ADO_REFUSED(Cancel)
+};
+
+class FaultyParameters final
+    : public Faulty<
+          FaultyParameters,
+          AdoObject<FaultyParameters, Parameters, InterfaceList<_DynaCollection, _Collection>>,
+          Parameters> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Parameters";
+    using Faulty::Faulty;
+
+    STDMETHODIMP Append(IDispatch* parameter) override {
+        return Pass("Parameters.Append", [&] { return inner_->Append(parameter); });
+    }
+
+    ADO_REFUSED(get_Count, LONG*)
+    ADO_REFUSED(_NewEnum, IUnknown**)
+    ADO_REFUSED(Refresh)
+    ADO_REFUSED(Delete, VARIANT)
+    ADO_REFUSED(get_Item, VARIANT, _Parameter**)
+};
+
+class FaultyCommand final
+    : public Faulty<FaultyCommand,
+                    AdoObject<FaultyCommand, _Command, InterfaceList<Command25, Command15, _ADO>>,
+                    _Command> {
+public:
+    static constexpr const wchar_t* kProgId = L"ADODB.Command";
+    using Faulty::Faulty;
+
+    STDMETHODIMP putref_ActiveConnection(_Connection* connection) override {
+        return Pass("Command.ActiveConnection",
+                    [&] { return inner_->putref_ActiveConnection(connection); });
+    }
+    STDMETHODIMP put_CommandType(CommandTypeEnum type) override {
+        return Pass("Command.CommandType", [&] { return inner_->put_CommandType(type); });
+    }
+    STDMETHODIMP put_CommandText(BSTR text) override {
+        return Pass("Command.CommandText", [&] { return inner_->put_CommandText(text); });
+    }
+    STDMETHODIMP CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction,
+                                 ADO_LONGPTR size, VARIANT value, _Parameter** parameter) override {
+        return Pass("Command.CreateParameter", [&] {
+            return inner_->CreateParameter(name, type, direction, size, value, parameter);
+        });
+    }
+    STDMETHODIMP get_Parameters(Parameters** parameters) override {
+        return PassPart<FaultyParameters>("Command.Parameters", parameters, [&](Parameters** part) {
+            return inner_->get_Parameters(part);
+        });
+    }
+    // Those that bring no rows are those that write.
+    STDMETHODIMP Execute(VARIANT* affected, VARIANT* values, LONG options,
+                         _Recordset** rows) override {
+        if (options & adExecuteNoRecords)
+            return Pass("Command.Execute", [&] {
+                const HRESULT result = inner_->Execute(affected, values, options, rows);
+                writes += SUCCEEDED(result);
+                return result;
+            });
+        return PassPart<FaultyRecordset>("Command.Open", rows, [&](_Recordset** part) {
+            return inner_->Execute(affected, values, options, part);
+        });
+    }
+
+    ADO_REFUSED(get_ActiveConnection, _Connection**)
+    ADO_REFUSED(put_ActiveConnection, VARIANT)
+    ADO_REFUSED(get_CommandText, BSTR*)
+    ADO_REFUSED(get_CommandTimeout, LONG*)
+    ADO_REFUSED(put_CommandTimeout, LONG)
+    ADO_REFUSED(get_Prepared, VARIANT_BOOL*)
+    ADO_REFUSED(put_Prepared, VARIANT_BOOL)
+    ADO_REFUSED(get_CommandType, CommandTypeEnum*)
+    ADO_REFUSED(get_Name, BSTR*)
+    ADO_REFUSED(put_Name, BSTR)
+    ADO_REFUSED(get_State, LONG*)
+    ADO_REFUSED(get_Properties, Properties**)
+    ADO_REFUSED(Cancel)
+    ADO_REFUSED(putref_CommandStream, IUnknown*)
+    ADO_REFUSED(get_CommandStream, VARIANT*)
+    ADO_REFUSED(put_Dialect, BSTR)
+    ADO_REFUSED(get_Dialect, BSTR*)
+    ADO_REFUSED(put_NamedParameters, VARIANT_BOOL)
+    ADO_REFUSED(get_NamedParameters, VARIANT_BOOL*)
 };
 
 // Makes wrappers around the objects of the class that was registered before.
@@ -281,7 +374,8 @@ template <class Wrapper, class Interface> DWORD Replace(const char* name) {
 
 FaultyAdo::FaultyAdo()
     : cookies_{Replace<FaultyConnection, _Connection>("new Connection"),
-               Replace<FaultyRecordset, _Recordset>("new Recordset")} {
+               Replace<FaultyRecordset, _Recordset>("new Recordset"),
+               Replace<FaultyCommand, _Command>("new Command")} {
     Begin();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The ADO of this process, with calls that fail on demand. While the object lives, every Connection
-// and Recordset that anybody in the process creates is a wrapper around the registered one, by way
-// of class objects of the process' own: the product knows nothing of it.
+// The ADO of this process, with calls that fail on demand. While the object lives, every
+// Connection, Command and Recordset that anybody in the process creates is a wrapper around the
+// registered one, by way of class objects of the process' own: the product knows nothing of it.
 #pragma once
 
 #include <windows.h>
@@ -30,13 +30,13 @@ public:
 
     // What has happened since: the calls by name, the failed ones included.
     const std::vector<std::string>& Calls() const;
-    // Statements that were run by Connection.Execute.
+    // Statements that were run and bring no rows.
     int Writes() const;
-    // Connections, record sets and their parts that are still referenced.
+    // Connections, commands, record sets and their parts that are still referenced.
     long Objects() const;
 
 private:
-    DWORD cookies_[2] = {};
+    DWORD cookies_[3] = {};
 };
 
 } // namespace vndesk::test

@@ -4,6 +4,7 @@
 #include "comkit/base/com_error.h"
 #include "data/stores/options.h"
 #include "support/new_object.h"
+#include "support/security_settings.h"
 #include "support/text.h"
 #include "support/forms/lookup_host.h"
 #include "support/forms/search.h"
@@ -44,6 +45,15 @@ const Call kShowGroup = OnLogon([](ILogon& logon, BSTR* connect) {
     EXPECT_SUCCEEDED(logon.ShowGroup(connect));
     return std::wstring();
 });
+
+// With records. A table that cannot be looked at counts as missing.
+template <class Operation> Call Recorded(Operation operation) {
+    return [operation](const SampleDatabase&, const std::wstring& connection) -> std::wstring {
+        _bstr_t connect(connection.c_str());
+        const auto logon = LogonWith({.Audit = true}, 3);
+        return SUCCEEDED(operation(*logon.Get(), &connect.GetBSTR())) ? L"" : L"raised";
+    };
+}
 
 // The properties of clsSearch may raise what ADO says; the host then has no condition either.
 std::wstring SearchByClass(const SampleDatabase&, const std::wstring& connection) {
@@ -328,7 +338,48 @@ std::vector<Use> MakeUses() {
     };
 }
 
+// The same, with the record in what is read afterwards.
+std::vector<Use> MakeRecordedUses() {
+    const Call users =
+        Recorded([](ILogon& logon, BSTR* connect) { return logon.UserManager(connect); });
+    const Call groups =
+        Recorded([](ILogon& logon, BSTR* connect) { return logon.ShowGroup(connect); });
+    const Call own = Recorded([](ILogon& logon, BSTR* connect) {
+        _bstr_t name(L"Admin");
+        return logon.ShowUser(connect, &name.GetBSTR());
+    });
+    std::vector<Use> uses;
+    for (const auto& [name, call] : {std::pair("UserAdded", users),
+                                     {"UserEdited", users},
+                                     {"UserDeleted", users},
+                                     {"PasswordChanged", own},
+                                     {"GroupAdded", groups},
+                                     {"GroupEdited", groups},
+                                     {"GroupDeleted", groups},
+                                     {"RightsWritten", groups}})
+        for (Use use : AllUses())
+            if (std::string_view(use.name) == name) {
+                use.call = call;
+                use.neutral = L"raised";
+                use.recorded = true;
+                use.writes = 2;
+                // Bound texts get no blank behind them, and a deletion that was undone is told.
+                use.tellsNoFailedWrite = false;
+                if (use.probed == std::wstring_view(L"them "))
+                    use.probed = L"them";
+                else if (use.probed == std::wstring_view(L"Kế toánkhac "))
+                    use.probed = L"Kế toánkhac";
+                uses.push_back(std::move(use));
+            }
+    return uses;
+}
+
 } // namespace
+
+const std::vector<Use>& RecordedUses() {
+    static const std::vector<Use> uses = MakeRecordedUses();
+    return uses;
+}
 
 const std::vector<Use>& AllUses() {
     static const std::vector<Use> uses = MakeUses();
@@ -381,13 +432,15 @@ void MakeSmall(const SampleDatabase& database) {
           L"delete from tinhthanh where code not in ('HN','HP')",
           L"delete from options where keyname<>'SoDongMoiTrang'"})
         database.Execute(statement);
+    Upgrade(database, L"audit");
 }
 
 std::wstring Contents(const SampleDatabase& database) {
     std::wstring text;
-    for (const wchar_t* table : {L"\"user\"", L"groups", L"options"})
-        for (const auto& row :
-             database.Query(std::wstring(L"select * from ") + table + L" order by 1,2")) {
+    for (const wchar_t* rows :
+         {L"* from \"user\"", L"* from groups", L"* from options",
+          L"usercode,username,\"action\",subject,\"before\",\"after\" from vnaudit"})
+        for (const auto& row : database.Query(std::wstring(L"select ") + rows + L" order by 1,2")) {
             for (const auto& cell : row)
                 text += cell.value_or(L"(null)") + L"|";
             text += L"\n";

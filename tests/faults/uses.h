@@ -36,6 +36,11 @@ struct Use {
     bool addsUncounted = false;
     // A look-up that fails leads to the update of a row that is not there.
     bool mayUpdateNothing = false;
+    // The change and its records are one transaction: what has been run may be undone. Before a
+    // form opens the host gets the error of a missing table, which is the neutral answer.
+    bool recorded = false;
+    // How many statements write when all goes well.
+    int writes = 1;
 };
 
 inline void PrintTo(const Use& use, std::ostream* out) {
@@ -43,6 +48,8 @@ inline void PrintTo(const Use& use, std::ostream* out) {
 }
 
 const std::vector<Use>& AllUses();
+// Those that write, of a host whose settings have every change recorded.
+const std::vector<Use>& RecordedUses();
 
 struct Played {
     std::wstring answer;

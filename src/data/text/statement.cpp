@@ -58,8 +58,10 @@ StatementWriter& StatementWriter::operator<<(long value) {
     return Write(std::to_wstring(value), std::optional(value));
 }
 
+// A bound number is the one that the literal means: rows are written by hosts of both kinds.
 StatementWriter& StatementWriter::operator<<(double value) {
-    return Write(DoubleToText(value), std::optional(value));
+    const std::wstring literal = DoubleToText(value);
+    return Write(literal, ParseNumber(literal));
 }
 
 StatementWriter& StatementWriter::operator<<(const Bind& bound) {

@@ -140,9 +140,22 @@ private:
     ULONGLONG answeredAt_ = 0;
 };
 
-// Chooses one group of the group manager, as a click does.
-inline void ChooseGroup(HWND groups, int item) {
+// The item of the group manager that begins with a name: engines list rows in the order that they
+// like.
+inline int ItemOf(HWND groups, const std::wstring& name) {
+    const Lines items = ListTexts(Control(groups, L"Lv1"));
+    const auto found = std::find_if(items.begin(), items.end(), [&](const std::wstring& item) {
+        return item.starts_with(name + L"-");
+    });
+    if (found == items.end())
+        Fail(L"no group " + name.substr(0, 100));
+    return static_cast<int>(found - items.begin());
+}
+
+// Chooses one group, as a click does.
+inline void ChooseGroup(HWND groups, const std::wstring& name) {
     const HWND list = Control(groups, L"Lv1");
+    const int item = ItemOf(groups, name);
     SendMessageW(list, LB_SETSEL, FALSE, -1);
     SendMessageW(list, LB_SETSEL, TRUE, item);
     SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(item), FALSE);

@@ -245,7 +245,7 @@ TEST_P(BoundValues, GroupsOfAnyNameAreAddedEditedAndDeletedAtOnce) {
             const int item = static_cast<int>(ListTexts(list).size()) - 1;
             EXPECT_EQ(Test().Read(L"select code" + newest),
                       std::to_wstring(SendMessageW(list, LB_GETITEMDATA, item, 0)));
-            ChooseGroup(groups, item);
+            ChooseGroup(groups, name);
             EXPECT_EQ(name, TextOf(groups, L"txtName"));
             EXPECT_EQ(name, TextOf(groups, L"TxtDesc"));
             SetBox(groups, L"txtName", (L"'" + name).c_str());
@@ -267,7 +267,7 @@ TEST_P(BoundValues, RightsOfTheGroupAloneAreWritten) {
     const std::wstring before = Test().Groups();
     Walker walker;
     Test().PlayGroups([&](HWND groups) {
-        ChooseGroup(groups, 1);
+        ChooseGroup(groups, L"Kế toán");
         const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
         EXPECT_EQ(L"1010", Ticks(rights, L"LstSubMenu"));
         TickCommand(rights, 1);
@@ -317,13 +317,13 @@ protected:
             SetBox(groups, L"txtName", L"Mới");
             walker.Do(groups, L"CmdWrite");
             walker.Do(groups, L"CmdAdd");
-            ChooseGroup(groups, 1);
+            ChooseGroup(groups, L"Kế toán");
             SetBox(groups, L"TxtDesc", L"khác");
             walker.Do(groups, L"CmdWrite");
             const HWND rights = walker.Open(groups, L"CmdPms", L"FrPms");
             TickCommand(rights, 1);
             walker.Leave(rights, L"CmdOk");
-            ChooseGroup(groups, 4);
+            ChooseGroup(groups, L"Khách");
             walker.Do(groups, L"CmdDelete");
             walker.Leave(groups, L"CmdExit");
         });
