@@ -7,6 +7,7 @@
 #include "accounts/audit.h"
 #include "accounts/passwords.h"
 #include "accounts/together.h"
+#include "comkit/base/com_error.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
 #include "passwords/password.h"
@@ -53,10 +54,10 @@ std::wstring DescribedChange(bool mustChange) {
 
 // The user who has just been added: of those with the name the last one.
 long NewestCode(const Database& database, const std::wstring& name) {
-    long newest = 0;
-    for (const Account& account : AccountsNamed(database, name))
-        newest = std::max(newest, account.userCode);
-    return newest;
+    const std::vector<Stored> named = Named(database, name);
+    if (named.empty())
+        throw ComError(E_UNEXPECTED);
+    return std::ranges::max(named, {}, &Stored::code).code;
 }
 
 // What stands in [User].[Password] for a password.

@@ -166,7 +166,8 @@ private:
         userCode_ = NullToInteger(user.Value(L"Code"));
         LoadMustChange();
         ItemList groups(Get(L"TxtIdGroup"));
-        groups.SetListIndex(FindItemByData(groups, NullToInteger(user.Value(L"IdGroup"))));
+        groupCode_ = NullToInteger(user.Value(L"IdGroup"));
+        groups.SetListIndex(FindItemByData(groups, groupCode_));
         user.Close();
     }
 
@@ -180,6 +181,9 @@ private:
 
     // Whether administrators may tick that the user must change the password.
     bool AsksForChange() const { return Hashes() && options_.AllowChange; }
+
+    // A user who must change the password to get in cannot choose a group, wherever the group is.
+    bool KeepsGroup() const { return Hashes() && !options_.AllowChange; }
 
     bool Hashes() const { return database_.settings.Scheme == PasswordScheme::Pbkdf2; }
 
@@ -223,7 +227,7 @@ private:
     }
 
     void Confirm() {
-        if (ItemList(Get(L"TxtIdGroup")).ListIndex() < 0) {
+        if (!KeepsGroup() && ItemList(Get(L"TxtIdGroup")).ListIndex() < 0) {
             ShowMsg(texts::kUserNoGroup, kOkOnly, texts::kNotice);
             Get(L"TxtIdGroup").Focus();
             return;
@@ -268,7 +272,8 @@ private:
     void Write(const std::wstring& name) {
         const Hourglass waiting;
         ItemList groups(Get(L"TxtIdGroup"));
-        const UserFields user = {name, Get(L"TxtDes").Text(), SelectedItemData(groups).value_or(0)};
+        const long group = KeepsGroup() ? groupCode_ : SelectedItemData(groups).value_or(0);
+        const UserFields user = {name, Get(L"TxtDes").Text(), group};
         std::optional<NewPassword> password;
         if (WritesPassword())
             password = {Get(L"TxtPass").Text(), MustChangeIsTicked()};
@@ -299,6 +304,7 @@ private:
     const Database& database_;
     UserEditorOptions options_;
     long userCode_ = 0;
+    long groupCode_ = 0; // as it was loaded
     bool passChanged_ = false;
     bool mustChange_ = false; // as it was loaded
 };

@@ -137,7 +137,8 @@ TEST(AccountStatements, WritePasswords) {
 }
 
 TEST(GiveUpNumberStatement, ComparesWithTheNumberThatWasRead) {
-    EXPECT_EQ(Statement(L"Update [User] Set [Password]=? Where [Code]=? And [Password]=?",
-                        Values{std::optional(-1.0), Number(7), std::optional(1.5e20)}),
-              GiveUpNumberStatement(7, 1.5e20));
+    EXPECT_EQ(
+        Statement(L"Update [User] Set [Password]=? Where [Code]=? And [Password]=?",
+                  Values{std::optional(-1.0), Number(7), std::optional(26043816245124981625.0)}),
+        GiveUpNumberStatement(7, 26043816245124981625.0));
 }

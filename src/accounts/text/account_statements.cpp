@@ -106,7 +106,7 @@ Statement SetMustChangeStatement(long userCode, bool mustChange) {
 
 Statement GiveUpNumberStatement(long userCode, double number) {
     return Bound() << L"Update [User] Set [Password]=" << kNoNumber << L" Where [Code]=" << userCode
-                   << L" And [Password]=" << number;
+                   << L" And [Password]=" << Bind{std::optional(number)};
 }
 
 Statement SetNumberStatement(long userCode, double number) {
