@@ -249,8 +249,8 @@ void Control::FitToLine() {
     Move(rect_);
 }
 
-// A text that has the room that DrawText has measured for it is not broken again: the static control
-// measures word by word, which may come out wider.
+// A text that has the room that DrawText has measured for it is not broken again: the static
+// control measures word by word, which may come out wider.
 void Control::LetWrap(bool wrap) {
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
     const LONG_PTR type = style & SS_TYPEMASK;

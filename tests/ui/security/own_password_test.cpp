@@ -277,7 +277,7 @@ TEST_P(OwnPassword, NewUserGetsAHashAndNothingOfWhoHadTheCode) {
     database_->Execute(
         L"insert into vnuser(usercode,failed,mustchange,lockeduntil) values(902,9,1," +
         TimeLiteral(600) + L")");
-    PlayUsers([&](HWND list) {
+    PlayUsers([&](HWND) {
         if (OnServer())
             database_->Execute(L"alter table \"user\" alter column code restart with 902");
         const HWND editor = OpenEditor('H');
