@@ -112,6 +112,35 @@ LogonAnswer Accept(const Database& database, const Account& account, const std::
             .mustChange = settings.Scheme == PasswordScheme::Pbkdf2 && account.mustChange};
 }
 
+// One try at the password of the first of these users, whoever of them it fits.
+template <class Accepted>
+LogonAnswer Judge(const Database& database, const std::vector<Account>& accounts,
+                  const std::wstring& password, Accepted accepted) {
+    std::optional<Lock> lock;
+    if (database.settings.LockAfter > 0) {
+        lock.emplace(database, accounts.front());
+        if (const Gate gate = lock->Enter(); gate.closedUntil)
+            return Closed(database, accounts.front(), gate, lock->Now(), password);
+    }
+    Fit fit = Fit::No;
+    for (const Account& account : accounts) {
+        fit = Fits(account, password, database.settings);
+        if (fit == Fit::Yes)
+            return accepted(account);
+    }
+    return Refuse(database, accounts.front(), fit, lock);
+}
+
+// Waits where the user is delayed.
+template <class Check> LogonAnswer InTurn(Check check) {
+    for (;;) {
+        const LogonAnswer answer = check();
+        if (answer.verdict != LogonAnswer::Delayed)
+            return answer;
+        Sleep(static_cast<DWORD>(answer.waitSeconds) * 1000);
+    }
+}
+
 } // namespace
 
 LogonAnswer CheckCredentials(const Database& database, const std::wstring& name,
@@ -124,35 +153,28 @@ LogonAnswer CheckCredentials(const Database& database, const std::wstring& name,
         Aside([&] { RecordOf(database, std::nullopt, name, {L"logon-failed", name}); });
         return {};
     }
-    std::optional<Lock> lock;
-    if (settings.LockAfter > 0) {
-        lock.emplace(database, accounts.front());
-        if (const Gate gate = lock->Enter(); gate.closedUntil)
-            return Closed(database, accounts.front(), gate, lock->Now(), password);
-    }
-    Fit fit = Fit::No;
-    // Of two users with the same name the first one whose password it is.
-    for (const Account& account : accounts) {
-        fit = Fits(account, password, settings);
-        if (fit == Fit::Yes)
-            return Accept(database, account, password);
-    }
-    return Refuse(database, accounts.front(), fit, lock);
+    return Judge(database, accounts, password, [&](const Account& account) {
+        return Accept(database, account, password);
+    });
 }
 
 long VerifiedUser(const Database& database, const std::wstring& name,
                   const std::wstring& password) {
-    for (;;) {
-        const LogonAnswer answer = CheckCredentials(database, name, password);
-        if (answer.verdict != LogonAnswer::Delayed)
-            return answer.verdict == LogonAnswer::Accepted ? answer.userCode : 0;
-        Sleep(static_cast<DWORD>(answer.waitSeconds) * 1000);
-    }
+    const LogonAnswer answer =
+        InTurn([&] { return CheckCredentials(database, std::wstring(TrimBlanks(name)), password); });
+    return answer.verdict == LogonAnswer::Accepted ? answer.userCode : 0;
 }
 
-bool IsPasswordOf(const Database& database, long userCode, const std::wstring& password) {
-    const std::optional<Account> account = AccountCoded(database, userCode);
-    return account && Fits(*account, password, database.settings) == Fit::Yes;
+LogonAnswer CheckPresentPassword(const Database& database, long userCode,
+                                 const std::wstring& password) {
+    return InTurn([&] {
+        const std::vector<Account> accounts = {RequireAccount(database, userCode)};
+        return Judge(database, accounts, password, [&](const Account& account) {
+            if (database.settings.LockAfter > 0)
+                Aside([&] { Execute(database, UnlockStatement(account.userCode)); });
+            return LogonAnswer{.verdict = LogonAnswer::Accepted, .userCode = account.userCode};
+        });
+    });
 }
 
 } // namespace vndesk

@@ -35,7 +35,9 @@ LogonAnswer CheckCredentials(const Database& database, const std::wstring& name,
 // The same, waiting where the user is delayed. The user's Code, or 0.
 long VerifiedUser(const Database& database, const std::wstring& name, const std::wstring& password);
 
-// Whether the password is the user's; nothing is counted or recorded.
-bool IsPasswordOf(const Database& database, long userCode, const std::wstring& password);
+// The same for a user who says the present password before changing it: wrong ones count and are
+// recorded as those of a logon, and the right one is no logon.
+LogonAnswer CheckPresentPassword(const Database& database, long userCode,
+                                 const std::wstring& password);
 
 } // namespace vndesk

@@ -11,6 +11,7 @@
 #include "passwords/password_hash.h"
 #include "passwords/password_text.h"
 #include "passwords/text/captions.h"
+#include "text/ascii_text.h"
 #include "text/tcvn3.h"
 
 namespace vndesk {
@@ -52,7 +53,8 @@ std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wst
 void WritePassword(const Database& database, long userCode, const std::wstring& password,
                    bool mustChange) {
     if (database.settings.Scheme == PasswordScheme::Code) {
-        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(password)));
+        // As the logon reads it.
+        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(TrimBlanks(password))));
         return;
     }
     Execute(database, SetHashStatement(userCode, HashPassword(password), mustChange));

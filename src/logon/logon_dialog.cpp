@@ -2,7 +2,6 @@
 #include "logon/logon_dialog.h"
 
 #include "accounts/credentials.h"
-#include "accounts/local_time.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -12,6 +11,7 @@
 #include "forms/look/images.h"
 #include "forms/window/form_of.h"
 #include "logon/unknown_names.h"
+#include "logon/refusal_text.h"
 #include "logon/text/captions.h"
 #include "logon/text/logon_statement.h"
 #include "msgbox/message_box.h"
@@ -129,18 +129,9 @@ private:
             Wait(answer.waitSeconds);
             return;
         default:
-            Refuse(RefusalText(unknownNames_.AsIfKnown(answer, name, database_.settings)));
+            Refuse(RefusalText(unknownNames_.AsIfKnown(answer, name, database_.settings),
+                               texts::kLogonFailed));
         }
-    }
-
-    static std::wstring RefusalText(const LogonAnswer& answer) {
-        if (answer.closedUntil)
-            return texts::kLogonLockedUntil + LocalTimeText(*answer.closedUntil) +
-                   texts::kLogonLockedBecause;
-        if (!answer.triesLeft)
-            return texts::kLogonFailed;
-        return std::wstring(texts::kLogonFailed) + L"\r\n" + texts::kLogonTriesLeft +
-               std::to_wstring(*answer.triesLeft) + texts::kLogonTries;
     }
 
     // The try begins when the seconds are over, unless the dialog is closed before.

@@ -15,6 +15,7 @@
 #include "forms/lists/item_list.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
+#include "logon/refusal_text.h"
 #include "passwords/password.h"
 #include "passwords/password_text.h"
 #include "msgbox/message_box.h"
@@ -202,6 +203,15 @@ private:
                 !Get(L"txtConfirm").Text().empty());
     }
 
+    std::optional<std::wstring> CheckPresent() {
+        const Hourglass waiting;
+        const LogonAnswer answer =
+            CheckPresentPassword(database_, userCode_, Get(L"TxtCurrent").Text());
+        if (answer.verdict == LogonAnswer::Accepted)
+            return std::nullopt;
+        return ToUncText(RefusalText(answer, texts::kUserWrongPassword), kToUnicode);
+    }
+
     // Why the passwords are not taken, in Unicode.
     std::optional<std::wstring> CheckPass(const std::wstring& name) {
         const auto fixed = [](const wchar_t* text) { return ToUncText(text, kToUnicode); };
@@ -209,9 +219,8 @@ private:
             return fixed(texts::kUserBadPassword);
         const std::wstring password = Get(L"TxtPass").Text();
         if (Hashes() && !options_.AllowChange) {
-            const Hourglass waiting;
-            if (!IsPasswordOf(database_, userCode_, Get(L"TxtCurrent").Text()))
-                return fixed(texts::kUserWrongPassword);
+            if (const auto refusal = CheckPresent())
+                return refusal;
         }
         if (!WritesPassword())
             return options_.AllowChange || !Hashes()
