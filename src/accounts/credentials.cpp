@@ -153,15 +153,14 @@ LogonAnswer CheckCredentials(const Database& database, const std::wstring& name,
         Aside([&] { RecordOf(database, std::nullopt, name, {L"logon-failed", name}); });
         return {};
     }
-    return Judge(database, accounts, password, [&](const Account& account) {
-        return Accept(database, account, password);
-    });
+    return Judge(database, accounts, password,
+                 [&](const Account& account) { return Accept(database, account, password); });
 }
 
 long VerifiedUser(const Database& database, const std::wstring& name,
                   const std::wstring& password) {
-    const LogonAnswer answer =
-        InTurn([&] { return CheckCredentials(database, std::wstring(TrimBlanks(name)), password); });
+    const LogonAnswer answer = InTurn(
+        [&] { return CheckCredentials(database, std::wstring(TrimBlanks(name)), password); });
     return answer.verdict == LogonAnswer::Accepted ? answer.userCode : 0;
 }
 
