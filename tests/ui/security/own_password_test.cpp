@@ -146,6 +146,24 @@ TEST_P(OwnPassword, RefusalsSayWhyAndChangeNothing) {
     EXPECT_EQ(L"-1", Number());
 }
 
+TEST_P(OwnPassword, WrongPresentOnesCountLikeThoseOfALogon) {
+    settings_.LockAfter = 2;
+    PlayOwn([&](HWND editor) {
+        Fill(editor, L"sai", kNew, kNew);
+        ExpectRefusal(editor, L"Mật khẩu hiện tại không đúng.\r\nCòn 1 lần thử.");
+        Ok();
+        const HWND box = WaitForForm(L"MessageBox");
+        EXPECT_THAT(ToUtf8(TextOf(box, L"Message")), testing::StartsWith("Tài khoản bị khoá đến "));
+        WaitForFocus(box, L"Cmd1");
+        PressKey(VK_SPACE);
+        WaitForClose(box);
+        WaitReady(editor, L"TxtCurrent");
+        PressKey(VK_ESCAPE);
+    });
+    EXPECT_EQ(L"2", Kept(L"failed"));
+    EXPECT_TRUE(HasHashOf(kOld));
+}
+
 TEST_P(OwnPassword, NameOfTheUserIsNoPassword) {
     PlayOwn([](HWND editor) {
         Fill(editor, kOld, L"Thu", L"Thu");
