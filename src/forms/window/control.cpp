@@ -249,16 +249,6 @@ void Control::FitToLine() {
     Move(rect_);
 }
 
-// A text that has the room that DrawText has measured for it is not broken again: the static
-// control measures word by word, which may come out wider.
-void Control::LetWrap(bool wrap) {
-    const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
-    const LONG_PTR type = style & SS_TYPEMASK;
-    if (type == SS_LEFT || type == SS_LEFTNOWORDWRAP)
-        SetWindowLongPtrW(window_, GWL_STYLE,
-                          (style & ~LONG_PTR{SS_TYPEMASK}) | (wrap ? SS_LEFT : SS_LEFTNOWORDWRAP));
-}
-
 void Control::FitToText() {
     RECT box = {0, 0, mostWidth_ > 0 ? ToPixels(mostWidth_, dpi_) : 0, 0};
     if (const std::wstring text = Text(); !text.empty()) {
@@ -272,7 +262,6 @@ void Control::FitToText() {
         }
         ReleaseDC(window_, dc);
     }
-    LetWrap(mostWidth_ > 0 && box.right >= ToPixels(mostWidth_, dpi_));
     double height = std::max(leastHeight_, ToTwips(box.bottom, dpi_));
     if (mostHeight_ > 0)
         height = std::min(height, mostHeight_);

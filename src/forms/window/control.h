@@ -92,7 +92,6 @@ public:
 private:
     void CreateControlWindow(HWND form, const ControlSpec& design, int id);
     void FitToText();
-    void LetWrap(bool wrap);
     void FitToLine();
 
     int dpi_;

@@ -153,7 +153,7 @@ TEST_P(OwnPassword, WrongPresentOnesCountLikeThoseOfALogon) {
         ExpectRefusal(editor, L"Mật khẩu hiện tại không đúng.\r\nCòn 1 lần thử.");
         Ok();
         const HWND box = WaitForForm(L"MessageBox");
-        EXPECT_THAT(ToUtf8(TextOf(box, L"Message")), testing::StartsWith("Tài khoản bị khoá đến "));
+        EXPECT_TRUE(TextOf(box, L"Message").starts_with(L"Tài khoản bị khoá đến "));
         WaitForFocus(box, L"Cmd1");
         PressKey(VK_SPACE);
         WaitForClose(box);
