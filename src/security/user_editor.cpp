@@ -95,8 +95,6 @@ protected:
         for (const Name box : {Name(L"TxtPass"), Name(L"txtConfirm")})
             Get(box).onChange = [this] { passChanged_ = true; };
         TieClicks<UserEditor>({{L"CmdOk", &UserEditor::Confirm}, {L"CMDCAN", &UserEditor::Unload}});
-        if (Hashes() && !options_.AllowChange)
-            Get(L"lblPass").SetCaption(texts::kUserEditorNewPassword);
     }
 
     void OnPrepared() override {

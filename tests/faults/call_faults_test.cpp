@@ -90,7 +90,8 @@ protected:
             EXPECT_TRUE(use.mayUpdateNothing || use.recorded);
         }
         if (use.recorded && played.answer == use.neutral) {
-            EXPECT_FALSE(written);
+            // Without a form the error may come after a write, which has been taken back.
+            EXPECT_TRUE(!written || use.steps.empty());
             return;
         }
         if (IsTold(name) && !(use.raisesTheFirst && call == 1) &&

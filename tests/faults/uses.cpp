@@ -46,6 +46,9 @@ const Call kShowGroup = OnLogon([](ILogon& logon, BSTR* connect) {
     return std::wstring();
 });
 
+// A user of MakeSmall who has typed wrong passwords.
+constexpr long kLocked = 3;
+
 // With records. A table that cannot be looked at counts as missing.
 template <class Operation> Call Recorded(Operation operation) {
     return [operation](const SampleDatabase&, const std::wstring& connection) -> std::wstring {
@@ -338,6 +341,37 @@ std::vector<Use> MakeUses() {
     };
 }
 
+// What hosts do with accounts without a window: an error is raised, never shown.
+std::vector<Use> MakeWindowlessUses() {
+    std::vector<Use> uses = {
+        {.name = "PasswordSetRecorded",
+         .call = Recorded([](ILogon2& logon, BSTR* connect) {
+             return logon.SetPassword(*connect, 3, _bstr_t(L"ab"), VARIANT_FALSE);
+         }),
+         .probe = L"select password from \"user\" where code=3",
+         .probed = L"329.0",
+         .writes = 2},
+        {.name = "UserUnlockedRecorded",
+         .call = Recorded(
+             [](ILogon2& logon, BSTR* connect) { return logon.UnlockUser(*connect, kLocked); }),
+         .probe = L"select failed from vnuser",
+         .probed = L"0",
+         .writes = 2},
+        {.name = "HostRecorded",
+         .call = Recorded([](ILogon2& logon, BSTR* connect) {
+             return logon.WriteAudit(*connect, _bstr_t(L"import"), _bstr_t(L"KhachHang"),
+                                     _bstr_t(L""), _bstr_t(L"31"));
+         }),
+         .probe = L"select \"action\" from vnaudit",
+         .probed = L"host:import"},
+    };
+    for (Use& use : uses) {
+        use.neutral = L"raised";
+        use.recorded = true;
+    }
+    return uses;
+}
+
 // The same, with the record in what is read afterwards.
 std::vector<Use> MakeRecordedUses() {
     const Call users =
@@ -377,6 +411,8 @@ std::vector<Use> MakeRecordedUses() {
                     use.probed = L"Kế toánkhac";
                 uses.push_back(std::move(use));
             }
+    for (Use& use : MakeWindowlessUses())
+        uses.push_back(std::move(use));
     return uses;
 }
 
@@ -440,12 +476,15 @@ void MakeSmall(const SampleDatabase& database) {
           L"delete from options where keyname<>'SoDongMoiTrang'"})
         database.Execute(statement);
     Upgrade(database, L"audit");
+    Upgrade(database, L"accounts");
+    database.Execute(L"insert into vnuser(usercode,failed,mustchange) values(" +
+                     std::to_wstring(kLocked) + L",5,0)");
 }
 
 std::wstring Contents(const SampleDatabase& database) {
     std::wstring text;
     for (const wchar_t* rows :
-         {L"* from \"user\"", L"* from groups", L"* from options",
+         {L"* from \"user\"", L"* from groups", L"* from options", L"usercode,failed from vnuser",
           L"usercode,username,\"action\",subject,\"before\",\"after\" from vnaudit"})
         for (const auto& row : database.Query(std::wstring(L"select ") + rows + L" order by 1,2")) {
             for (const auto& cell : row)

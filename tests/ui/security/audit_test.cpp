@@ -495,7 +495,7 @@ TEST_P(MissingAudit, RaisesAnErrorThatNamesTableAndScriptBeforeAFormOpens) {
                                                       : L"schema/upgrade/audit.sqlite.sql"));
     };
     // A form that opened all the same would be closed, and fail the test.
-    DialogDriver user([] {}, 1000);
+    DialogDriver user([] {}, 20000);
     expectMissing(logon->ShowLogon(&connect.GetBSTR(), &code));
     EXPECT_EQ(0, code);
     expectMissing(logon->ShowUser(&connect.GetBSTR(), &name.GetBSTR()));
