@@ -112,7 +112,8 @@ TEST_P(Credentials, NumberWrittenDuringTheUpgradeStays) {
         // Compared already, and the hash is being made.
         EXPECT_TRUE(WaitUntil([&] {
             const Lines lines = trace.All();
-            return !lines.empty() && lines.back().find(L"[VnUser]") != std::wstring::npos;
+            return !lines.empty() &&
+                   lines.back().find(L"[VnUser] Where [UserCode]") != std::wstring::npos;
         }));
         database_->Execute(L"update \"user\" set password=77 where code=901");
     });
