@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "accounts/credentials.h"
 
-#include <cmath>
-
 #include "accounts/account.h"
 #include "accounts/audit.h"
 #include "accounts/lock.h"

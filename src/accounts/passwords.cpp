@@ -30,6 +30,18 @@ bool IsNone(const Settings& settings, const std::wstring& password) {
     return Trap([&] { code = PasswordCodeOf(password); }) || code == 0;
 }
 
+// By the scheme. Callers have a transaction open, and an account kept.
+void WritePassword(const Database& database, long userCode, const std::wstring& password,
+                   bool mustChange) {
+    if (database.settings.Scheme == PasswordScheme::Code) {
+        // As the logon reads it.
+        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(TrimBlanks(password))));
+        return;
+    }
+    Execute(database, SetHashStatement(userCode, HashPassword(password), mustChange));
+    Execute(database, SetNumberStatement(userCode, kNoNumber));
+}
+
 } // namespace
 
 std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wstring& userName,
@@ -48,17 +60,6 @@ std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wst
         return std::nullopt;
     const std::optional<std::wstring> reason = operation.askHost(userName, password);
     return reason && reason->empty() ? invalid : reason;
-}
-
-void WritePassword(const Database& database, long userCode, const std::wstring& password,
-                   bool mustChange) {
-    if (database.settings.Scheme == PasswordScheme::Code) {
-        // As the logon reads it.
-        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(TrimBlanks(password))));
-        return;
-    }
-    Execute(database, SetHashStatement(userCode, HashPassword(password), mustChange));
-    Execute(database, SetNumberStatement(userCode, kNoNumber));
 }
 
 void UpgradePassword(const Database& database, const Account& account,

@@ -19,10 +19,6 @@ inline constexpr HRESULT kPasswordRefused = MAKE_HRESULT(SEVERITY_ERROR, FACILIT
 std::optional<std::wstring> RefusalOf(const Operation& operation, const std::wstring& userName,
                                       const std::wstring& password);
 
-// Writes the password by the scheme. Callers have a transaction open, and an account kept.
-void WritePassword(const Database& database, long userCode, const std::wstring& password,
-                   bool mustChange);
-
 // The hash instead of the number, where the number is still the one that was compared.
 void UpgradePassword(const Database& database, const Account& account,
                      const std::wstring& password);

@@ -162,15 +162,16 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
         // Cleared first: after a failure no earlier condition must pass for this call's.
         condition_ = {};
         const HWND owner = OwnerWindow(ownerForm);
+        const Settings settings = CurrentSettings();
         const std::wstring given = connection_ ? ConnectionText() : L"";
         // Without a connection of its own the search runs on the session's.
         std::optional<SessionConnection> own;
         if (connection_ && ConnectionIsOpen())
-            own.emplace(Database{connection_, KindOf(given), given, CurrentSettings()});
+            own.emplace(Database{connection_, KindOf(given), given, settings});
         else if (!given.empty())
-            own.emplace(given, CurrentSettings());
+            own.emplace(given, settings);
         Database database = own ? **own : CurrentDatabase();
-        database.settings = CurrentSettings();
+        database.settings = settings;
         condition_ = ShowFindDialog(database, table_, owner);
     });
 }
