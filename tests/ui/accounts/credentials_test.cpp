@@ -4,6 +4,7 @@
 // of these tests cost little where it is not the cost that is tried.
 #include "support/accounts.h"
 
+#include <algorithm>
 #include <thread>
 
 #include "passwords/password_hash.h"
@@ -237,19 +238,23 @@ TEST_P(Credentials, EveryRefusalCostsOneDerivation) {
     GiveHash(902, HashPassword(L"mật khẩu"));
     AddUser(903, L"khoa", kAbc);
     GiveHash(903, L"", kAbc);
-    SetKept(903, L"failed=9,firstat=" + TimeLiteral(0) + L",lockeduntil=" + TimeLiteral(600));
-    settings_.LockAfter = 9;
-    const auto cost = [&](const wchar_t* name) {
-        const double before = ProcessorSeconds();
-        EXPECT_EQ(0, Verify(name, L"sai"));
-        EXPECT_EQ(0, Verify(name, L"sai"));
-        return ProcessorSeconds() - before;
+    SetKept(903, L"failed=99,firstat=" + TimeLiteral(0) + L",lockeduntil=" + TimeLiteral(600));
+    settings_.LockAfter = 99;
+    // The least of several rounds is what a refusal costs: other programs only ever add to it.
+    const std::vector<std::wstring> names = {L"không có ai", L"hash", L"thu", L"khoa"};
+    std::vector<double> least(names.size(), 1e9);
+    const auto apart = [&] {
+        const auto [low, high] = std::minmax_element(least.begin(), least.end());
+        return *high / *low - 1;
     };
-    const double unknown = cost(L"không có ai");
-    ASSERT_LT(0.2, unknown) << "a derivation costs nothing";
-    EXPECT_NEAR(1, cost(L"hash") / unknown, 0.1);
-    EXPECT_NEAR(1, cost(L"thu") / unknown, 0.1);
-    EXPECT_NEAR(1, cost(L"khoa") / unknown, 0.1);
+    for (int round = 0; round < 8 && (round < 2 || apart() > 0.1); ++round)
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const double before = ProcessorSeconds();
+            EXPECT_EQ(0, Verify(names[i].c_str(), L"sai"));
+            least[i] = std::min(least[i], ProcessorSeconds() - before);
+        }
+    EXPECT_LT(0.1, least[0]) << "a derivation costs nothing";
+    EXPECT_GE(0.1, apart()) << least[0] << ", " << least[1] << ", " << least[2] << ", " << least[3];
 }
 
 // --- A host of version 1.0 on the same database ---
