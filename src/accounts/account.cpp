@@ -20,8 +20,9 @@ std::vector<Account> Accounts(const Database& database, const Statement& stateme
     rows.Create(database);
     rows.Open(statement);
     for (; !rows.Eof(); rows.MoveNext()) {
-        accounts.push_back(
-            {.userCode = ToInteger(rows.Value(0L)), .name = NullToText(rows.Value(1L))});
+        accounts.push_back({.userCode = ToInteger(rows.Value(0L)),
+                            .name = NullToText(rows.Value(1L)),
+                            .groupCode = NullToInteger(rows.Value(3L))});
         if (const _variant_t number = rows.Value(2L); V_VT(&number) != VT_NULL)
             accounts.back().number = NullToDouble(number);
     }

@@ -14,6 +14,7 @@ namespace vndesk {
 struct Account {
     long userCode = 0;
     std::wstring name;
+    long groupCode = 0;
     std::optional<double> number = {}; // [User].[Password]; Null is nobody's password
     bool kept = false;                 // VnUser has a row
     std::wstring hash = {};

@@ -107,6 +107,7 @@ LogonAnswer Accept(const Database& database, const Account& account, const std::
     return {.verdict = LogonAnswer::Accepted,
             .userCode = account.userCode,
             .userName = account.name,
+            .groupCode = account.groupCode,
             .mustChange = settings.Scheme == PasswordScheme::Pbkdf2 && account.mustChange};
 }
 

@@ -21,6 +21,7 @@ struct LogonAnswer {
     Verdict verdict = Refused;
     long userCode = 0;          // whose name it is, whatever the verdict; 0 for nobody's
     std::wstring userName = {}; // as the database has it
+    long groupCode = 0;
     bool mustChange = false;
     std::optional<Moment> closedUntil = {}; // UTC
     long waitSeconds = 0;

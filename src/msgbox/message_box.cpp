@@ -225,14 +225,15 @@ private:
 } // namespace
 
 Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title, long icon,
-                bool rightToLeft) {
+                bool rightToLeft, HWND owner) {
     return ShowUnicodeMsg(ToUncText(message, kToUnicode), buttons, ToUncText(title, kToUnicode),
-                          icon, rightToLeft);
+                          icon, rightToLeft, owner);
 }
 
 Pressed ShowUnicodeMsg(const std::wstring& message, long buttons, const std::wstring& title,
-                       long icon, bool rightToLeft) {
+                       long icon, bool rightToLeft, HWND owner) {
     MessageForm form;
+    form.SetOwner(owner);
     form.Load();
     form.SetTexts(message, title);
     form.SetReadingOrder(rightToLeft);

@@ -2,6 +2,8 @@
 // The library's message box: Vietnamese buttons, an icon, a text that decides the size.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 namespace vndesk {
@@ -38,12 +40,13 @@ enum class Pressed : long {
     No = 7
 };
 
-// Shows the box and waits. Message and title are TCVN3.
+// Shows the box and waits. Message and title are TCVN3. Without an owner it is in front of the
+// window in which the user works.
 Pressed ShowMsg(const std::wstring& message, long buttons, const std::wstring& title,
-                long icon = kNoIcon, bool rightToLeft = false);
+                long icon = kNoIcon, bool rightToLeft = false, HWND owner = nullptr);
 
 // The same for texts that are Unicode already.
 Pressed ShowUnicodeMsg(const std::wstring& message, long buttons, const std::wstring& title,
-                       long icon = kNoIcon, bool rightToLeft = false);
+                       long icon = kNoIcon, bool rightToLeft = false, HWND owner = nullptr);
 
 } // namespace vndesk

@@ -280,8 +280,10 @@ private:
 
 } // namespace
 
-void ShowGroupManager(const Operation& operation) {
-    GroupManager(operation).ShowModal();
+void ShowGroupManager(const Operation& operation, HWND owner) {
+    GroupManager form(operation);
+    form.SetOwner(owner);
+    form.ShowModal();
 }
 
 } // namespace vndesk

@@ -6,6 +6,6 @@
 
 namespace vndesk {
 
-void ShowGroupManager(const Operation& operation);
+void ShowGroupManager(const Operation& operation, HWND owner = nullptr);
 
 } // namespace vndesk

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "security/log_on.h"
 
-#include "logon/logon_dialog.h"
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/text/captions.h"
@@ -9,16 +8,15 @@
 
 namespace vndesk {
 
-long LogOn(const Operation& operation) {
-    const LoggedOn user = ShowLogonDialog(operation.database);
+LoggedOn LogOn(const Operation& operation, const LogonOptions& options, HWND owner) {
+    const LoggedOn user = ShowLogonDialog(operation.database, options, owner);
     if (!user.mustChange)
-        return user.userCode;
+        return user;
     ShowMsg(texts::kUserMustChange, kOkOnly, texts::kNotice);
     const Operation own = {operation.database, user.userCode, operation.askHost};
     const bool changed = ShowUserEditor(
-        own,
-        {.AllowChange = false, .EditMode = true, .OldName = user.userName, .MustChange = true});
-    return changed ? user.userCode : 0;
+        own, {.EditMode = true, .OldName = user.userName, .MustChange = true, .Owner = owner});
+    return changed ? user : LoggedOn();
 }
 
 } // namespace vndesk

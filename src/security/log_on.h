@@ -3,10 +3,11 @@
 #pragma once
 
 #include "accounts/operation.h"
+#include "logon/logon_dialog.h"
 
 namespace vndesk {
 
-// The Code of the user who has logged on, or 0.
-long LogOn(const Operation& operation);
+// Who has logged on; nobody where the dialog was closed or no new password was chosen.
+LoggedOn LogOn(const Operation& operation, const LogonOptions& options, HWND owner);
 
 } // namespace vndesk

@@ -320,6 +320,7 @@ private:
 
 bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options) {
     UserEditor editor(operation, options);
+    editor.SetOwner(options.Owner);
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
         PlainMessage(error.description);
     return editor.written;

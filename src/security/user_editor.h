@@ -14,9 +14,11 @@ struct UserEditorOptions {
     bool AllowChange = false;
     // False adds a user, true edits the one named OldName.
     bool EditMode = false;
-    std::wstring OldName;
+    std::wstring OldName = {};
     // The user must choose another password than the present one.
     bool MustChange = false;
+    // The window in front of which the dialog stays; null: the one in which the user works.
+    HWND Owner = nullptr;
 };
 
 // True when something was written; the opener reads the table again. A statement that fails ends

@@ -258,8 +258,10 @@ private:
 
 } // namespace
 
-void ShowUserList(const Operation& operation) {
-    UserList(operation).ShowModal();
+void ShowUserList(const Operation& operation, HWND owner) {
+    UserList form(operation);
+    form.SetOwner(owner);
+    form.ShowModal();
 }
 
 } // namespace vndesk

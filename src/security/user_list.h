@@ -6,6 +6,6 @@
 
 namespace vndesk {
 
-void ShowUserList(const Operation& operation);
+void ShowUserList(const Operation& operation, HWND owner = nullptr);
 
 } // namespace vndesk

@@ -26,12 +26,12 @@ BoundValue Time(Moment value) {
 } // namespace
 
 TEST(AccountStatements, FindUsersByWhatIsBound) {
-    EXPECT_EQ(Statement(L"Select [Code],[Name],[Password] From [User] Where [Name]=?",
+    EXPECT_EQ(Statement(L"Select [Code],[Name],[Password],[IdGroup] From [User] Where [Name]=?",
                         Values{Text(L"x') OR ('1'='1")}),
               UsersNamedStatement(L"x') OR ('1'='1"));
-    EXPECT_EQ(
-        Statement(L"Select [Code],[Name],[Password] From [User] Where [Code]=?", Values{Number(7)}),
-        UserCodedStatement(7));
+    EXPECT_EQ(Statement(L"Select [Code],[Name],[Password],[IdGroup] From [User] Where [Code]=?",
+                        Values{Number(7)}),
+              UserCodedStatement(7));
     EXPECT_EQ(Statement(L"Select [PasswordHash],[Failed],[FirstAt],[LockedUntil],[MustChange] "
                         L"From [VnUser] Where [UserCode]=?",
                         Values{Number(7)}),

@@ -9,7 +9,8 @@ StatementWriter Bound() {
     return StatementWriter({DatabaseKind::SqlServer, true});
 }
 
-constexpr std::wstring_view kUserColumns = L"Select [Code],[Name],[Password] From [User] Where ";
+constexpr std::wstring_view kUserColumns =
+    L"Select [Code],[Name],[Password],[IdGroup] From [User] Where ";
 constexpr std::wstring_view kGateIsOpen = L" And ([LockedUntil] Is Null Or [LockedUntil]<=";
 
 } // namespace

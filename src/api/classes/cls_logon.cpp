@@ -7,7 +7,9 @@
 #include "accounts/credentials.h"
 #include "accounts/passwords.h"
 #include "accounts/tables.h"
+#include "api/classes/owner_window.h"
 #include "comkit/base/bstr.h"
+#include "comkit/base/variant.h"
 #include "forms/look/font.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
@@ -29,7 +31,7 @@ static_assert(long{vbOKOnly} == kOkOnly && long{vbOKCancel} == kOkCancel &&
 static_assert(long{vbCritical} == kCritical && long{vbQuestion} == kQuestion &&
               long{vbExclamation} == kExclamation && long{vbInformation} == kInformation);
 
-constexpr DISPID kCheckPassword = 1;
+enum LogonEvent : DISPID { kCheckPassword = 1, kLoggedOn, kLogonFailed, kHelp };
 
 // As hosts read it: empty where the box was closed without a button.
 std::wstring NumberText(Pressed button) {
@@ -58,39 +60,64 @@ std::optional<std::wstring> Logon::AskHost(const std::wstring& name, const std::
     return FromBstr(given.GetBSTR());
 }
 
+LogonOptions Logon::OptionsNow() {
+    LogonOptions options = options_;
+    options.helped = [this] {
+        VARIANT_BOOL handled = VARIANT_FALSE;
+        Fire(kHelp, {ByReference(handled)});
+        return handled != VARIANT_FALSE;
+    };
+    options.refused = [this](std::wstring_view name, long refusals) {
+        Fire(kLogonFailed, {_variant_t(std::wstring(name).c_str()), _variant_t(refusals)});
+    };
+    return options;
+}
+
+HWND Logon::OwnerNow() const {
+    return OwnerWindow(owner_);
+}
+
 STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
     return Guard([&] {
         long& result = ClearedOut(code);
+        const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
         RequireTables(*session);
-        result = LogOn(On(*session));
-        if (result != 0)
-            userCode_ = result;
+        const LoggedOn user = LogOn(On(*session), OptionsNow(), owner);
+        result = user.userCode;
+        if (result == 0)
+            return;
+        userCode_ = result;
+        last_ = user;
+        Fire(kLoggedOn, {_variant_t(user.userCode), _variant_t(user.userName.c_str())});
     });
 }
 
 STDMETHODIMP Logon::ShowUser(BSTR* connect, BSTR* userName) {
     return Guard([&] {
         const std::wstring name = FromReference(userName);
+        const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
         RequireTables(*session);
-        ShowUserEditor(On(*session), {.AllowChange = false, .EditMode = true, .OldName = name});
+        ShowUserEditor(On(*session), {.EditMode = true, .OldName = name, .Owner = owner});
     });
 }
 
 STDMETHODIMP Logon::UserManager(BSTR* connect) {
     return Guard([&] {
+        const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
         RequireTables(*session);
-        ShowUserList(On(*session));
+        ShowUserList(On(*session), owner);
     });
 }
 
 STDMETHODIMP Logon::ShowGroup(BSTR* connect) {
     return Guard([&] {
+        const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
         RequireTables(*session);
-        ShowGroupManager(On(*session));
+        ShowGroupManager(On(*session), owner);
     });
 }
 
@@ -101,8 +128,8 @@ STDMETHODIMP Logon::MgBox(BSTR* message, Buttons button, BSTR* title, IconValue 
         const std::wstring given = FromReference(title);
         const std::wstring shown = given.empty() ? texts::kNotice : given;
         // Only the all-ones boolean asks for right-to-left.
-        const Pressed answer =
-            ShowMsg(FromReference(message), button, shown, icon, rightToLeft == VARIANT_TRUE);
+        const Pressed answer = ShowMsg(FromReference(message), button, shown, icon,
+                                       rightToLeft == VARIANT_TRUE, OwnerNow());
         if (given.empty()) {
             const BSTR replaced = ToBstr(shown);
             SysFreeString(*title);
@@ -158,6 +185,111 @@ STDMETHODIMP Logon::WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR 
         WriteHostAudit(On(*opened), FromBstr(action), FromBstr(subject), FromBstr(before),
                        FromBstr(after));
     });
+}
+
+// --- The logon dialog of this object ---
+
+STDMETHODIMP Logon::get_Caption(BSTR* value) {
+    return Get(value, [&] { return ToBstr(options_.caption); });
+}
+
+STDMETHODIMP Logon::put_Caption(BSTR value) {
+    return Guard([&] { options_.caption = FromBstr(value); });
+}
+
+STDMETHODIMP Logon::get_Banner(BSTR* value) {
+    return Get(value, [&] { return ToBstr(options_.banner); });
+}
+
+STDMETHODIMP Logon::put_Banner(BSTR value) {
+    return Guard([&] { options_.banner = FromBstr(value); });
+}
+
+STDMETHODIMP Logon::get_Picture(IPictureDisp** value) {
+    return Guard([&] {
+        IPictureDisp*& result = ClearedOut(value);
+        if (options_.picture)
+            CheckHr(options_.picture->QueryInterface(__uuidof(IPictureDisp),
+                                                     reinterpret_cast<void**>(&result)));
+    });
+}
+
+STDMETHODIMP Logon::put_Picture(IPictureDisp* value) {
+    return putref_Picture(value);
+}
+
+STDMETHODIMP Logon::putref_Picture(IPictureDisp* value) {
+    return Guard([&] {
+        ComPtr<IPicture> picture;
+        if (value && FAILED(value->QueryInterface(IID_PPV_ARGS(&picture))))
+            throw ComError(E_INVALIDARG, L"The picture is no picture object of this process.");
+        options_.picture = picture;
+    });
+}
+
+STDMETHODIMP Logon::get_HelpFile(BSTR* value) {
+    return Get(value, [&] { return ToBstr(options_.helpFile); });
+}
+
+STDMETHODIMP Logon::put_HelpFile(BSTR value) {
+    return Guard([&] { options_.helpFile = FromBstr(value); });
+}
+
+STDMETHODIMP Logon::get_RememberKey(BSTR* value) {
+    return Get(value, [&] { return ToBstr(options_.rememberKey); });
+}
+
+STDMETHODIMP Logon::put_RememberKey(BSTR value) {
+    return Guard([&] { options_.rememberKey = FromBstr(value); });
+}
+
+STDMETHODIMP Logon::get_PickUser(VARIANT_BOOL* value) {
+    return Get(value, [&] { return options_.pickUser ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+STDMETHODIMP Logon::put_PickUser(VARIANT_BOOL value) {
+    return Guard([&] { options_.pickUser = value != VARIANT_FALSE; });
+}
+
+STDMETHODIMP Logon::get_MaxTries(long* value) {
+    return Get(value, [&] { return options_.maxTries; });
+}
+
+STDMETHODIMP Logon::put_MaxTries(long value) {
+    return Guard([&] {
+        if (value < 0)
+            throw ComError(E_INVALIDARG, L"MaxTries is 0 or the number of tries.");
+        options_.maxTries = value;
+    });
+}
+
+STDMETHODIMP Logon::get_Owner(VARIANT* value) {
+    return Guard([&] {
+        if (!value)
+            throw ComError(E_POINTER);
+        VariantInit(value);
+        CheckHr(VariantCopy(value, &owner_));
+    });
+}
+
+STDMETHODIMP Logon::put_Owner(VARIANT value) {
+    return Guard([&] {
+        const _variant_t owner = Resolved(value);
+        OwnerWindow(owner); // what is no window is refused now
+        owner_ = owner;
+    });
+}
+
+STDMETHODIMP Logon::putref_Owner(VARIANT value) {
+    return put_Owner(value);
+}
+
+STDMETHODIMP Logon::get_UserName(BSTR* value) {
+    return Get(value, [&] { return ToBstr(last_.userName); });
+}
+
+STDMETHODIMP Logon::get_GroupCode(long* value) {
+    return Get(value, [&] { return last_.groupCode; });
 }
 
 } // namespace vndesk

@@ -5,9 +5,12 @@
 #include <optional>
 #include <string>
 
+#include <comutil.h>
+
 #include "accounts/operation.h"
 #include "api/classes/governed.h"
 #include "comkit/object/connection_points.h"
+#include "logon/logon_dialog.h"
 #include "vndesk_idl.h"
 
 namespace vndesk {
@@ -32,13 +35,40 @@ public:
     STDMETHODIMP UnlockUser(BSTR connection, long userCode) override;
     STDMETHODIMP WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR before,
                             BSTR after) override;
+    STDMETHODIMP get_Caption(BSTR* value) override;
+    STDMETHODIMP put_Caption(BSTR value) override;
+    STDMETHODIMP get_Banner(BSTR* value) override;
+    STDMETHODIMP put_Banner(BSTR value) override;
+    STDMETHODIMP get_Picture(IPictureDisp** value) override;
+    STDMETHODIMP put_Picture(IPictureDisp* value) override;
+    STDMETHODIMP putref_Picture(IPictureDisp* value) override;
+    STDMETHODIMP get_HelpFile(BSTR* value) override;
+    STDMETHODIMP put_HelpFile(BSTR value) override;
+    STDMETHODIMP get_RememberKey(BSTR* value) override;
+    STDMETHODIMP put_RememberKey(BSTR value) override;
+    STDMETHODIMP get_PickUser(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_PickUser(VARIANT_BOOL value) override;
+    STDMETHODIMP get_MaxTries(long* value) override;
+    STDMETHODIMP put_MaxTries(long value) override;
+    STDMETHODIMP get_Owner(VARIANT* value) override;
+    STDMETHODIMP put_Owner(VARIANT value) override;
+    STDMETHODIMP putref_Owner(VARIANT value) override;
+    STDMETHODIMP get_UserName(BSTR* value) override;
+    STDMETHODIMP get_GroupCode(long* value) override;
 
 private:
     Operation On(const Database& database);
     // The host's answer to a new password; the reason where it refuses.
     std::optional<std::wstring> AskHost(const std::wstring& name, const std::wstring& password);
 
+    // The options as they are now, with this object's events.
+    LogonOptions OptionsNow();
+    HWND OwnerNow() const;
+
     long userCode_ = 0;
+    LogonOptions options_;
+    _variant_t owner_;
+    LoggedOn last_; // the last successful logon
 };
 
 } // namespace vndesk

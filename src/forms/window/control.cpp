@@ -71,6 +71,8 @@ DWORD StyleFor(const ControlSpec& design) {
         style |= ES_READONLY;
     if (design.flags & kDefault)
         style |= BS_DEFPUSHBUTTON;
+    if (design.flags & kEditable)
+        style = (style & ~DWORD{CBS_DROPDOWNLIST}) | CBS_DROPDOWN | CBS_AUTOHSCROLL;
     if (design.flags & kMultiSelect)
         style |= LBS_EXTENDEDSEL;
     if (design.flags & kDisabled)
@@ -191,7 +193,10 @@ void Control::SetLeftMargin(int pixels) {
 }
 
 void Control::Select(int start, int length) {
-    SendMessageW(window_, EM_SETSEL, start, start + length);
+    if (kind_ == ControlKind::ComboBoxW)
+        SendMessageW(window_, CB_SETEDITSEL, 0, MAKELPARAM(start, start + length));
+    else
+        SendMessageW(window_, EM_SETSEL, start, start + length);
 }
 
 void Control::Focus() {

@@ -47,6 +47,7 @@ enum ControlFlags : unsigned {
     kBehind = 8192,     // other controls lie on it
     kMultiLine = 16384, // a text box of several lines, with a scroll bar
     kReadOnly = 32768,
+    kEditable = 65536, // a drop-down list that takes other texts, too
 };
 
 // One row of a form's layout table.
@@ -155,6 +156,20 @@ WithCaption(std::array<ControlSpec, kCount> table, std::wstring_view name, const
     for (ControlSpec& control : table)
         if (control.name == name) {
             control.caption = caption;
+            return table;
+        }
+    throw "the table has no control of this name";
+}
+
+// The table with a box that can be typed into and has a list, instead of the text box of that name.
+template <size_t kCount>
+consteval std::array<ControlSpec, kCount> WithList(std::array<ControlSpec, kCount> table,
+                                                   std::wstring_view name, double openHeight) {
+    for (ControlSpec& control : table)
+        if (control.name == name) {
+            control.kind = ControlKind::ComboBoxW;
+            control.rect.height = openHeight;
+            control.flags |= kEditable;
             return table;
         }
     throw "the table has no control of this name";

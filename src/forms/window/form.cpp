@@ -111,8 +111,11 @@ void Form::ShowModal() {
         modal_ = true;
         ShowWindow(window_, SW_SHOW);
         SetForegroundWindow(window_);
+        const Control* first = FirstControl();
         SendMessageW(window_, WM_NEXTDLGCTL,
-                     reinterpret_cast<WPARAM>(GetNextDlgTabItem(window_, nullptr, FALSE)), TRUE);
+                     reinterpret_cast<WPARAM>(first ? first->Window()
+                                                    : GetNextDlgTabItem(window_, nullptr, FALSE)),
+                     TRUE);
         RunLoop();
         modal_ = false;
     }
@@ -338,6 +341,8 @@ void Form::OnCommand(int id, int notification) {
     case ControlKind::ComboBoxW:
         if (notification == CBN_SELCHANGE)
             Fire(control.onClick);
+        else if (notification == CBN_EDITCHANGE)
+            Fire(control.onChange);
         break;
     case ControlKind::ListBoxW:
         if (notification == LBN_SELCHANGE)

@@ -65,6 +65,8 @@ protected:
     virtual void OnLoad() {}
     // The captions are Unicode and the fonts set: the place to fill the controls.
     virtual void OnPrepared() {}
+    // The control that has the keyboard first; null: the first that can be reached by Tab.
+    virtual const Control* FirstControl() { return nullptr; }
     virtual void OnUnload() {}
     virtual void OnResize() {}
     // What the form draws itself, beside its controls.

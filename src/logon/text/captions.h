@@ -20,4 +20,16 @@ inline constexpr auto kLogonLockedBecause = L" do nhập sai mật khẩu nhiề
 inline constexpr auto kLogonTriesLeft = L"Còn "_tcvn3;
 inline constexpr auto kLogonTries = L" lần thử."_tcvn3;
 
+// --- Unicode, for menus and messages of Windows ---
+
+inline constexpr wchar_t kForgetNames[] = L"Xoá tên đã &lưu";
+inline constexpr wchar_t kEditUndo[] = L"&Hoàn tác";
+inline constexpr wchar_t kEditCut[] = L"&Cắt";
+inline constexpr wchar_t kEditCopy[] = L"&Sao chép";
+inline constexpr wchar_t kEditPaste[] = L"&Dán";
+inline constexpr wchar_t kEditDelete[] = L"&Xoá";
+inline constexpr wchar_t kEditSelectAll[] = L"Chọn &tất cả";
+// The file's name follows.
+inline constexpr wchar_t kHelpNotOpened[] = L"Không mở được tệp hướng dẫn:\n";
+
 } // namespace vndesk::texts
