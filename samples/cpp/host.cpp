@@ -81,6 +81,7 @@ int Run(const wchar_t* connectionString) {
     const auto settings = Create<clsSettings, ISettings>();
     Check(settings->UseRecommended());
     Check(logon->putref_Settings(settings.Get()));
+    Check(logon->put_MaxTries(5));
     long user = 0;
     Check(logon->ShowLogon(&connect.GetBSTR(), &user));
     if (!user) {

@@ -42,6 +42,7 @@ static class Program
         {
             settings.Value.UseRecommended();
             logon.Value.Settings = settings.Value;
+            logon.Value.MaxTries = 5;
             int user = logon.Value.ShowLogon(ref connect); // texts go by reference
             if (user == 0)
             {

@@ -29,6 +29,7 @@ Function Run(ByVal connect)
     Set logon = CreateObject("VnDesk.clsLogon")
     Set logon.Settings = CreateObject("VnDesk.clsSettings")
     logon.Settings.UseRecommended
+    logon.MaxTries = 5
     user = logon.ShowLogon(connect)
     If user = 0 Then
         WScript.Echo "   nobody has logged on"
