@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "logon/logon_dialog.h"
 
-#include <shellapi.h>
-
 #include "accounts/credentials.h"
 #include "comkit/base/com_error.h"
 #include "data/connect/plain_message.h"
@@ -14,6 +12,7 @@
 #include "forms/look/images.h"
 #include "forms/look/picture_icon.h"
 #include "forms/window/form_of.h"
+#include "logon/help_file.h"
 #include "logon/name_box_menu.h"
 #include "logon/refusal_text.h"
 #include "logon/remembered_names.h"
@@ -173,10 +172,7 @@ private:
     void Help() {
         if ((options_.helped && options_.helped()) || options_.helpFile.empty())
             return;
-        const auto opened = reinterpret_cast<INT_PTR>(ShellExecuteW(
-            Window(), nullptr, options_.helpFile.c_str(), nullptr, nullptr, SW_SHOWNORMAL));
-        constexpr INT_PTR kGreatestError = 32;
-        if (opened <= kGreatestError)
+        if (!OpenHelpFile(Window(), options_.helpFile))
             PlainMessage(texts::kHelpNotOpened + options_.helpFile, TitleText().c_str());
     }
 
