@@ -3,6 +3,7 @@
 
 #include "accounts/credentials.h"
 #include "comkit/base/com_error.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -243,7 +244,7 @@ private:
             answer = CheckCredentials(database_, name, Get(L"TxtPass").Text());
         });
         if (error) {
-            PlainMessage(error.description);
+            PlainMessage(ShownText(database_, error.description));
             return;
         }
         switch (answer.verdict) {

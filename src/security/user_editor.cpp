@@ -6,6 +6,7 @@
 #include "accounts/account.h"
 #include "accounts/credentials.h"
 #include "accounts/passwords.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -322,7 +323,7 @@ bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options
     UserEditor editor(operation, options);
     editor.SetOwner(options.Owner);
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
-        PlainMessage(error.description);
+        PlainMessage(ShownText(operation.database, error.description));
     return editor.written;
 }
 

@@ -10,6 +10,7 @@
 #include "api/classes/owner_window.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
+#include "data/connect/failure.h"
 #include "forms/look/font.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
@@ -82,6 +83,8 @@ STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
         long& result = ClearedOut(code);
         const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         const LoggedOn user = LogOn(On(*session), OptionsNow(), owner);
         result = user.userCode;
@@ -98,6 +101,8 @@ STDMETHODIMP Logon::ShowUser(BSTR* connect, BSTR* userName) {
         const std::wstring name = FromReference(userName);
         const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowUserEditor(On(*session), {.EditMode = true, .OldName = name, .Owner = owner});
     });
@@ -107,6 +112,8 @@ STDMETHODIMP Logon::UserManager(BSTR* connect) {
     return Guard([&] {
         const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowUserList(On(*session), owner);
     });
@@ -116,6 +123,8 @@ STDMETHODIMP Logon::ShowGroup(BSTR* connect) {
     return Guard([&] {
         const HWND owner = OwnerNow();
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowGroupManager(On(*session), owner);
     });
@@ -184,6 +193,20 @@ STDMETHODIMP Logon::WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR 
         RequireTables(*opened, Tables::Audit);
         WriteHostAudit(On(*opened), FromBstr(action), FromBstr(subject), FromBstr(before),
                        FromBstr(after));
+    });
+}
+
+STDMETHODIMP Logon::TestConnection(BSTR connection, BSTR* reason, VARIANT_BOOL* opened) {
+    return Guard([&] {
+        VARIANT_BOOL& result = ClearedOut(opened);
+        if (!reason)
+            throw ComError(E_POINTER);
+        OpenedOrNot tried = TryConnection(FromBstr(connection), CurrentSettings());
+        CloseConnection(tried.database);
+        const BSTR text = ToBstr(tried.failure ? WholeFailureText(*tried.failure) : L"");
+        SysFreeString(*reason);
+        *reason = text;
+        result = tried.failure ? VARIANT_FALSE : VARIANT_TRUE;
     });
 }
 

@@ -55,6 +55,7 @@ public:
     STDMETHODIMP putref_Owner(VARIANT value) override;
     STDMETHODIMP get_UserName(BSTR* value) override;
     STDMETHODIMP get_GroupCode(long* value) override;
+    STDMETHODIMP TestConnection(BSTR connection, BSTR* reason, VARIANT_BOOL* opened) override;
 
 private:
     Operation On(const Database& database);
