@@ -8,6 +8,7 @@
 #include "api/classes/c_sel_item.h"
 #include "api/classes/cls_cool_menu.h"
 #include "api/classes/cls_logon.h"
+#include "api/classes/cls_message_box.h"
 #include "api/classes/cls_registry.h"
 #include "api/classes/cls_search.h"
 #include "api/classes/cls_settings.h"
@@ -40,6 +41,8 @@ constexpr ClassEntry kClasses[] = {
     {&__uuidof(clsSearch), Search::kProgId, L"VnDesk search", CreateInstanceOf<Search>},
     {&__uuidof(clsSettings), SettingsObject::kProgId, L"VnDesk settings",
      CreateInstanceOf<SettingsObject>},
+    {&__uuidof(clsMessageBox), MessageBoxObject::kProgId, L"VnDesk message box",
+     CreateInstanceOf<MessageBoxObject>},
     {&__uuidof(clsCoolMenu), CoolMenu::kProgId, L"VnDesk menus", CreateInstanceOf<CoolMenu>},
     {&__uuidof(::HelpCallBack), HelpCallBack::kProgId, L"VnDesk menu help",
      CreateInstanceOf<HelpCallBack>},

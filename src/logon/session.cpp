@@ -5,7 +5,8 @@
 
 #include "comkit/base/lock.h"
 #include "data/connect/failure.h"
-#include "msgbox/details_box.h"
+#include "msgbox/message_box.h"
+#include "msgbox/notice_box.h"
 
 namespace vndesk {
 
@@ -23,8 +24,12 @@ Database OpenAsAsked(std::wstring_view connectionString, const Settings& setting
     OpenedOrNot opened = TryConnection(connectionString, settings);
     if (opened.failure && settings.OnConnectionError == ConnectionErrors::Raise)
         ThrowFailure(*opened.failure);
-    if (opened.failure)
-        ShowDetailsBox(FailureText(*opened.failure), opened.failure->providerText);
+    if (opened.failure) {
+        Notice notice = {.text = FailureText(*opened.failure),
+                         .details = opened.failure->providerText,
+                         .icon = kCritical};
+        ShowNotice(notice);
+    }
     return opened.database;
 }
 

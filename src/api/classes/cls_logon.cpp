@@ -13,6 +13,7 @@
 #include "data/connect/failure.h"
 #include "forms/look/font.h"
 #include "logon/session.h"
+#include "msgbox/ask.h"
 #include "msgbox/message_box.h"
 #include "msgbox/text/captions.h"
 #include "security/group_manager.h"
@@ -207,6 +208,13 @@ STDMETHODIMP Logon::TestConnection(BSTR connection, BSTR* reason, VARIANT_BOOL* 
         SysFreeString(*reason);
         *reason = text;
         result = tried.failure ? VARIANT_FALSE : VARIANT_TRUE;
+    });
+}
+
+STDMETHODIMP Logon::Ask(BSTR text, Buttons buttons, IconValue icon, BSTR title, long* answer) {
+    return Get(answer, [&] {
+        return static_cast<long>(
+            vndesk::Ask(FromBstr(text), buttons, icon, FromBstr(title), OwnerNow()));
     });
 }
 

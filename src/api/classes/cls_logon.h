@@ -35,6 +35,7 @@ public:
     STDMETHODIMP UnlockUser(BSTR connection, long userCode) override;
     STDMETHODIMP WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR before,
                             BSTR after) override;
+    STDMETHODIMP Ask(BSTR text, Buttons buttons, IconValue icon, BSTR title, long* answer) override;
     STDMETHODIMP get_Caption(BSTR* value) override;
     STDMETHODIMP put_Caption(BSTR value) override;
     STDMETHODIMP get_Banner(BSTR* value) override;

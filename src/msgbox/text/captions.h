@@ -18,7 +18,9 @@ inline constexpr auto kMsgYes = L"&Có"_tcvn3;
 inline constexpr auto kMsgNo = L"&Không"_tcvn3;
 
 // Of a message with details.
-inline constexpr auto kMsgDetails = L"&Chi tiết"_tcvn3;
-inline constexpr auto kMsgProviderSays = L"&Thông báo của trình điều khiển:"_tcvn3;
+inline constexpr auto kMsgDetails = L"Chi t&iết"_tcvn3;
+inline constexpr auto kMsgDetailsText = L"Nội dung chi tiết:"_tcvn3;
+// Of the check box of a message that need not come again.
+inline constexpr auto kMsgDontShow = L"Không hiện lại thông báo này"_tcvn3;
 
 } // namespace vndesk::texts
