@@ -288,9 +288,9 @@ private:
 
     void ToggleDetails() {
         detailsShown_ = !detailsShown_;
+        Arrange();
         for (const Name name : {Name(L"LblDetails"), Name(L"TxtDetails")})
             Get(name).SetVisible(detailsShown_);
-        Arrange();
         Repaint();
     }
 

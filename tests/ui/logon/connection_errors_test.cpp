@@ -38,8 +38,8 @@ void ExpectNoSecret(const std::wstring& text) {
 }
 
 HWND Box() {
-    const HWND box = WaitForForm(L"DetailsBox");
-    WaitReady(box, L"CmdOk");
+    const HWND box = WaitForForm(L"NoticeBox");
+    WaitReady(box, L"Cmd1");
     return box;
 }
 
@@ -87,11 +87,11 @@ TEST(ConnectionErrors, TheProvidersWordsAreBehindAButtonWithoutSecrets) {
     EXPECT_EQ(0, PlayLogon(*logon.Get(), kMissingFile, [] {
                   const HWND box = Box();
                   EXPECT_EQ(L"Thông báo", TextOf(box));
-                  EXPECT_EQ(L"&Chi tiết", TextOf(box, L"CmdDetails"));
+                  EXPECT_EQ(L"Chi t&iết", TextOf(box, L"CmdDetails"));
                   EXPECT_FALSE(IsShown(box, L"TxtDetails"));
                   RECT before, after, text;
                   GetWindowRect(box, &before);
-                  PressKey('C', kAlt);
+                  PressKey('I', kAlt);
                   EXPECT_TRUE(WaitUntil([&] { return IsShown(box, L"TxtDetails"); }));
                   GetWindowRect(box, &after);
                   EXPECT_GT(after.bottom - after.top, before.bottom - before.top);
@@ -100,15 +100,16 @@ TEST(ConnectionErrors, TheProvidersWordsAreBehindAButtonWithoutSecrets) {
                   const std::wstring details = TextOf(box, L"TxtDetails");
                   EXPECT_TRUE(Contains(details, L"Could not find file")) << ToUtf8(details);
                   ExpectNoSecret(details);
-                  // What screen readers call the text, and the letter that leads to it.
-                  EXPECT_EQ(L"&Thông báo của trình điều khiển:", TextOf(box, L"LblDetails"));
+                  // What screen readers call the text.
+                  EXPECT_EQ(L"Nội dung chi tiết:", TextOf(box, L"LblDetails"));
                   EXPECT_EQ(Control(box, L"LblDetails"),
                             GetWindow(Control(box, L"TxtDetails"), GW_HWNDPREV));
-                  PressKey('T', kAlt);
+                  WaitForFocus(box, L"CmdDetails");
+                  PressKey(VK_TAB);
                   WaitForFocus(box, L"TxtDetails");
                   PressKey(VK_TAB);
-                  WaitForFocus(box, L"CmdOk");
-                  PressKey('C'); // the letter alone, as in every message
+                  WaitForFocus(box, L"Cmd1");
+                  PressKey('I'); // the letter alone, as in every message
                   EXPECT_TRUE(WaitUntil([&] { return !IsShown(box, L"TxtDetails"); }));
                   PressKey(VK_ESCAPE);
                   WaitForClose(box);
@@ -120,7 +121,7 @@ TEST(ConnectionErrors, APictureOfTheBox) {
     PlayLogon(*logon.Get(), L"Provider=SQLOLEDB;Data Source=srv;User ID=sa;Password=abc", [] {
         const HWND box = Box();
         EXPECT_NE(L"", SaveWindow(box, L"connection-error-closed"));
-        PressKey('C', kAlt);
+        PressKey('I', kAlt);
         EXPECT_TRUE(WaitUntil([&] { return IsShown(box, L"TxtDetails"); }));
         Sleep(300);
         EXPECT_NE(L"", SaveWindow(box, L"connection-error"));
