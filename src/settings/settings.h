@@ -10,6 +10,12 @@ enum class PasswordScheme : long {
     Pbkdf2 = 1 // a salted hash in VnUser
 };
 
+enum class ConnectionErrors : long {
+    ShowString = 0, // the connection string in a Windows box; the form opens all the same
+    ShowReason = 1, // what is wrong in words, without secrets; the form does not open
+    Raise = 2       // the same as an error of the call
+};
+
 struct Settings {
     // Values go to the engine as parameters, not inside the text of statements.
     bool BindParameters = false;
@@ -28,6 +34,11 @@ struct Settings {
     // Logons and changes of users, groups and rights are recorded in VnAudit.
     bool Audit = false;
 
+    // What happens where the database cannot be opened.
+    ConnectionErrors OnConnectionError = ConnectionErrors::ShowString;
+
+    // Connection strings and what providers say are shown without names and passwords.
+    bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Whether the operation needs VnUser.
     bool KeepsAccounts() const { return Scheme == PasswordScheme::Pbkdf2 || LockAfter > 0; }
     // Users are found and changed by their names as they are, wherever more than 1.0 hangs on them.

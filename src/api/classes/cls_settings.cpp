@@ -17,6 +17,9 @@ constexpr long kRecommendedLength = 8;
 
 static_assert(long{vnPasswordCode} == static_cast<long>(PasswordScheme::Code) &&
               long{vnPasswordPbkdf2} == static_cast<long>(PasswordScheme::Pbkdf2));
+static_assert(long{vnErrorsShowString} == static_cast<long>(ConnectionErrors::ShowString) &&
+              long{vnErrorsShowReason} == static_cast<long>(ConnectionErrors::ShowReason) &&
+              long{vnErrorsRaise} == static_cast<long>(ConnectionErrors::Raise));
 
 } // namespace
 
@@ -105,6 +108,18 @@ STDMETHODIMP SettingsObject::UseRecommended() {
     return Guard([&] {
         values_.BindParameters = true;
         values_.MinPasswordLength = kRecommendedLength;
+        values_.OnConnectionError = ConnectionErrors::ShowReason;
+    });
+}
+
+STDMETHODIMP SettingsObject::get_ConnectionErrors(ConnectionErrorModes* value) {
+    return Get(value, [&] { return static_cast<ConnectionErrorModes>(values_.OnConnectionError); });
+}
+STDMETHODIMP SettingsObject::put_ConnectionErrors(ConnectionErrorModes value) {
+    return Guard([&] {
+        if (value < vnErrorsShowString || value > vnErrorsRaise)
+            throw ComError(E_INVALIDARG, L"There is no such way to tell of failed connections.");
+        values_.OnConnectionError = static_cast<ConnectionErrors>(value);
     });
 }
 

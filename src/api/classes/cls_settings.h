@@ -32,6 +32,8 @@ public:
     STDMETHODIMP get_Audit(VARIANT_BOOL* value) override;
     STDMETHODIMP put_Audit(VARIANT_BOOL value) override;
     STDMETHODIMP UseRecommended() override;
+    STDMETHODIMP get_ConnectionErrors(ConnectionErrorModes* value) override;
+    STDMETHODIMP put_ConnectionErrors(ConnectionErrorModes value) override;
 
 private:
     HRESULT GetFlag(bool Settings::*flag, VARIANT_BOOL* value);
