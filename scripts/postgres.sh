@@ -53,6 +53,8 @@ launch() {
             -c log_timezone=UTC -c timezone=UTC "$@" </dev/null >>"$data.log" 2>&1
     ) &
     launched=$!
+    # The shell says nothing when it is killed.
+    disown "$launched"
 }
 
 # end_server DATA SIGNAL: the server removes its file when it has ended.
@@ -84,7 +86,6 @@ launch_anywhere() {
             sleep 0.2
         done
         end_server "$data" INT
-        wait "$launched" 2>/dev/null
     done
     die "PostgreSQL did not start: $(tail -n 1 "$data.log")"
 }
