@@ -8,6 +8,7 @@
 #include "controls/combo/window/data_combo.h"
 #include "controls/picker/item_picker.h"
 #include "data/connect/engine.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "find/field_info.h"
 #include "find/fill_combo.h"
@@ -187,7 +188,7 @@ private:
     // An error ends the step, and the form goes on.
     template <class Step> void Reporting(Step step) {
         if (const ErrorState error = Trap(step))
-            PlainMessage(error.description);
+            PlainMessage(ShownText(database_, error.description));
     }
 
     long FieldType(long field) { return info_.FieldType.at(static_cast<size_t>(field)); }

@@ -2,6 +2,7 @@
 #include "logon/logon_dialog.h"
 
 #include "accounts/credentials.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -117,7 +118,7 @@ private:
             answer = CheckCredentials(database_, name, Get(L"TxtPass").Text());
         });
         if (error) {
-            PlainMessage(error.description);
+            PlainMessage(ShownText(database_, error.description));
             return;
         }
         switch (answer.verdict) {

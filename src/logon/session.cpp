@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "comkit/base/lock.h"
+#include "data/connect/failure.h"
+#include "msgbox/details_box.h"
 
 namespace vndesk {
 
@@ -14,6 +16,17 @@ namespace {
 // goes. Not owned: the process may end during one, and no destructor may run then.
 SRWLOCK lock_ = SRWLOCK_INIT;
 SessionConnection* latest_;
+
+Database OpenAsAsked(std::wstring_view connectionString, const Settings& settings) {
+    if (settings.OnConnectionError == ConnectionErrors::ShowString)
+        return OpenConnection(connectionString, settings);
+    OpenedOrNot opened = TryConnection(connectionString, settings);
+    if (opened.failure && settings.OnConnectionError == ConnectionErrors::Raise)
+        ThrowFailure(*opened.failure);
+    if (opened.failure)
+        ShowDetailsBox(FailureText(*opened.failure), opened.failure->providerText);
+    return opened.database;
+}
 
 } // namespace
 
@@ -27,7 +40,9 @@ const Database& CurrentDatabase() {
 }
 
 SessionConnection::SessionConnection(std::wstring_view connectionString, const Settings& settings)
-    : SessionConnection(OpenConnection(connectionString, settings), true) {}
+    : SessionConnection(OpenAsAsked(connectionString, settings), true) {
+    ended_ = settings.HidesSecrets() && !IsOpen(database_);
+}
 
 SessionConnection::SessionConnection(Database opened)
     : SessionConnection(std::move(opened), false) {}

@@ -20,7 +20,8 @@ const Database& CurrentDatabase();
 // starts from inside the first has its own.
 class SessionConnection {
 public:
-    // Opens a connection, and closes it at the end.
+    // Opens a connection, and closes it at the end. What happens where it cannot be opened, the
+    // settings say.
     explicit SessionConnection(std::wstring_view connectionString, const Settings& settings = {});
     // Uses one that is open already, and leaves it open.
     explicit SessionConnection(Database opened);
@@ -29,6 +30,8 @@ public:
     SessionConnection& operator=(const SessionConnection&) = delete;
 
     const Database& operator*() const { return database_; }
+    // The user has been told that there is no connection, and sees no form.
+    bool Ended() const { return ended_; }
 
 private:
     friend const Database& CurrentDatabase();
@@ -36,6 +39,7 @@ private:
     SessionConnection(Database database, bool close);
 
     Database database_;
+    bool ended_ = false;
     const bool close_;
     const DWORD thread_;
     SessionConnection* earlier_ = nullptr;

@@ -5,9 +5,9 @@
 #include <iterator>
 
 #include "comkit/base/module.h"
-#include "forms/keys/keys.h"
 #include "forms/look/images.h"
 #include "forms/window/form_of.h"
+#include "msgbox/letter_key.h"
 #include "msgbox/text/button_sets.h"
 #include "msgbox/text/captions.h"
 #include "msgbox/text/return_codes.h"
@@ -22,7 +22,6 @@ namespace {
 constexpr TwipsRect kMessageRect = {840, 600, 2760, 360};
 constexpr TwipsRect kIconRect = {180, 480, 480, 480};
 constexpr double kStripHeight = 330;
-constexpr wchar_t kLastKey = 0xFF;
 
 // Controls that lie on top come first. The designed buttons are those of a box whose button number
 // names no set.
@@ -142,16 +141,7 @@ protected:
         }
     }
 
-    // A letter alone presses the button that has it underlined, as Alt and the letter do.
-    bool OnKeyPress(wchar_t character) override {
-        if (character <= L' ')
-            return false;
-        CharUpperBuffW(&character, 1);
-        // Letters of an input method are beyond the virtual-key codes.
-        if (character <= kLastKey)
-            Gui_Phim(character, 3);
-        return true;
-    }
+    bool OnKeyPress(wchar_t character) override { return PressByLetter(character); }
 
 private:
     int IconSize() const { return ToPixels(kIconRect.width, Dpi()); }

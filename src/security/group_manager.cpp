@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/transaction.h"
@@ -261,14 +262,14 @@ private:
 
     // Where every change has its record, or is told to be lost, one that was not made is told.
     void TellNotDeleted(const ErrorState& error) {
-        PlainMessage(error.description);
+        PlainMessage(ShownText(operation_.database, error.description));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();
     }
 
     void ShowRights() {
         if (const ErrorState error = Trap([&] { ShowPermissionForm(operation_, curCode_); }))
-            PlainMessage(error.description);
+            PlainMessage(ShownText(operation_.database, error.description));
     }
 
     void CheckWrite() { Get(L"CmdWrite").SetEnabled(!Get(L"txtName").Text().empty()); }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -67,7 +68,7 @@ protected:
         bool known = false;
         // Rights that could not be read would be written back as none.
         if (const ErrorState error = Trap([&] { known = ReadPms(pms_); }))
-            PlainMessage(error.description);
+            PlainMessage(ShownText(operation_.database, error.description));
         read_ = pms_;
         Get(L"CmdOk").SetEnabled(known);
         // The first bar is selected, so that the keyboard can be used at once.
@@ -86,7 +87,7 @@ private:
     // A bar with too many commands is reported, and the form stays open.
     template <class Step> void Reporting(Step step) {
         if (const ErrorState error = Trap(step))
-            PlainMessage(error.description);
+            PlainMessage(ShownText(operation_.database, error.description));
     }
 
     template <class AddItem> void ReadInf(const Statement& source, AddItem addItem) {

@@ -6,6 +6,7 @@
 #include "accounts/account.h"
 #include "accounts/credentials.h"
 #include "accounts/passwords.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -321,7 +322,7 @@ private:
 bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options) {
     UserEditor editor(operation, options);
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
-        PlainMessage(error.description);
+        PlainMessage(ShownText(operation.database, error.description));
     return editor.written;
 }
 

@@ -8,6 +8,7 @@
 
 #include "accounts/local_time.h"
 #include "accounts/passwords.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -141,7 +142,7 @@ private:
             return;
         const long code = NullToInteger(_variant_t(row->cells[kCode].c_str()));
         if (const ErrorState error = Trap([&] { UnlockUser(operation_, code); }))
-            PlainMessage(error.description);
+            PlainMessage(ShownText(operation_.database, error.description));
         ReadLocks();
         users_->Refresh();
         Get(L"Lv").Focus();
@@ -234,7 +235,7 @@ private:
     void DeleteRow(const ReportRow& deleted) {
         const ErrorState error = Trap([&] { Delete(deleted.cells[kName]); });
         if (error) {
-            PlainMessage(error.description, L"");
+            PlainMessage(ShownText(operation_.database, error.description), L"");
             return;
         }
         auto& rows = users_->Rows();

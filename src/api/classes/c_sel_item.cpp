@@ -15,15 +15,22 @@ namespace {
 constexpr DISPID kChange = 1;
 
 // A look-up opens the connection that the host has named, else runs on the session's.
-void OnDatabase(const std::wstring& connectionString, const Settings& settings,
+bool OnDatabase(const std::wstring& connectionString, Settings settings,
                 const std::function<void(const Database&)>& lookUp) {
+    // The user is at a box: no call of the host waits for an error.
+    if (settings.OnConnectionError == ConnectionErrors::Raise)
+        settings.OnConnectionError = ConnectionErrors::ShowReason;
     if (connectionString.empty()) {
         Database database = CurrentDatabase();
         database.settings = settings;
-        return lookUp(database);
+        lookUp(database);
+        return true;
     }
     const SessionConnection own(connectionString, settings);
+    if (own.Ended())
+        return false;
     lookUp(*own);
+    return true;
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "accounts/passwords.h"
 #include "accounts/tables.h"
 #include "comkit/base/bstr.h"
+#include "data/connect/failure.h"
 #include "forms/look/font.h"
 #include "logon/session.h"
 #include "msgbox/message_box.h"
@@ -62,6 +63,8 @@ STDMETHODIMP Logon::ShowLogon(BSTR* connect, long* code) {
     return Guard([&] {
         long& result = ClearedOut(code);
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         result = LogOn(On(*session));
         if (result != 0)
@@ -73,6 +76,8 @@ STDMETHODIMP Logon::ShowUser(BSTR* connect, BSTR* userName) {
     return Guard([&] {
         const std::wstring name = FromReference(userName);
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowUserEditor(On(*session), {.AllowChange = false, .EditMode = true, .OldName = name});
     });
@@ -81,6 +86,8 @@ STDMETHODIMP Logon::ShowUser(BSTR* connect, BSTR* userName) {
 STDMETHODIMP Logon::UserManager(BSTR* connect) {
     return Guard([&] {
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowUserList(On(*session));
     });
@@ -89,6 +96,8 @@ STDMETHODIMP Logon::UserManager(BSTR* connect) {
 STDMETHODIMP Logon::ShowGroup(BSTR* connect) {
     return Guard([&] {
         const SessionConnection session(FromReference(connect), CurrentSettings());
+        if (session.Ended())
+            return;
         RequireTables(*session);
         ShowGroupManager(On(*session));
     });
@@ -157,6 +166,20 @@ STDMETHODIMP Logon::WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR 
         RequireTables(*opened, Tables::Audit);
         WriteHostAudit(On(*opened), FromBstr(action), FromBstr(subject), FromBstr(before),
                        FromBstr(after));
+    });
+}
+
+STDMETHODIMP Logon::TestConnection(BSTR connection, BSTR* reason, VARIANT_BOOL* opened) {
+    return Guard([&] {
+        VARIANT_BOOL& result = ClearedOut(opened);
+        if (!reason)
+            throw ComError(E_POINTER);
+        OpenedOrNot tried = TryConnection(FromBstr(connection), CurrentSettings());
+        CloseConnection(tried.database);
+        const BSTR text = ToBstr(tried.failure ? WholeFailureText(*tried.failure) : L"");
+        SysFreeString(*reason);
+        *reason = text;
+        result = tried.failure ? VARIANT_FALSE : VARIANT_TRUE;
     });
 }
 

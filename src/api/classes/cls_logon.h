@@ -32,6 +32,7 @@ public:
     STDMETHODIMP UnlockUser(BSTR connection, long userCode) override;
     STDMETHODIMP WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR before,
                             BSTR after) override;
+    STDMETHODIMP TestConnection(BSTR connection, BSTR* reason, VARIANT_BOOL* opened) override;
 
 private:
     Operation On(const Database& database);

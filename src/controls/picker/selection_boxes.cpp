@@ -5,6 +5,7 @@
 #include "controls/picker/item_picker.h"
 #include "controls/picker/text/captions.h"
 #include "controls/picker/text/select_statements.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -199,8 +200,11 @@ void SelectionBoxes::PickByName() {
         return;
     const Busy busy(busy_);
     previousID_ = selID_;
-    onDatabase_(connectionString, settings(),
-                [this](const Database& database) { PickByName(database); });
+    if (onDatabase_(connectionString, settings(),
+                    [this](const Database& database) { PickByName(database); }))
+        return;
+    GiveFocus(nameBox_.window);
+    nameBox_.Show(selName_);
 }
 
 void SelectionBoxes::PickByName(const Database& database) {
@@ -217,7 +221,7 @@ void SelectionBoxes::PickByName(const Database& database) {
     std::wstring error;
     const std::optional<Entry> entry = LookUp(database, code, error);
     if (!entry) {
-        PlainMessage(ToUncText(texts::kSelectNotOpened, kToUnicode) + error);
+        PlainMessage(ToUncText(texts::kSelectNotOpened, kToUnicode) + ShownText(database, error));
         GiveFocus(nameBox_.window);
         return;
     }
@@ -237,12 +241,14 @@ void SelectionBoxes::ValidateCode() {
     if (code != selID_) {
         previousID_ = selID_;
         std::optional<Entry> entry;
-        onDatabase_(connectionString, settings(), [&](const Database& database) {
+        const bool asked = onDatabase_(connectionString, settings(), [&](const Database& database) {
             std::wstring error;
             entry = LookUp(database, code, error);
         });
         GiveFocus(next);
-        if (entry) {
+        if (!asked) {
+            codeBox_.Show(selID_);
+        } else if (entry) {
             Choose(*entry);
             FireChange();
             if (codeBox_.moveOn)

@@ -18,8 +18,9 @@ namespace vndesk {
 
 class SelectionBoxes : public std::enable_shared_from_this<SelectionBoxes> {
 public:
-    // Runs one look-up on the database that a connection string names, as the settings ask.
-    using OnDatabase = void (*)(const std::wstring& connectionString, const Settings& settings,
+    // Runs one look-up on the database that a connection string names, as the settings ask. False
+    // where there is no connection, and the user has been told so.
+    using OnDatabase = bool (*)(const std::wstring& connectionString, Settings settings,
                                 const std::function<void(const Database&)>& lookUp);
 
     // Shared, because a handler of the host may let the last reference go while a box is being

@@ -5,6 +5,7 @@
 
 #include "comkit/base/com_error.h"
 #include "data/connect/command.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/values.h"
 #include "text/ascii_text.h"
@@ -59,9 +60,13 @@ AdoConnection NewConnection() {
     return connection;
 }
 
-void Open(_Connection& connection, std::wstring_view connectionString) {
-    if (const ErrorState error = TryOpen(connection, connectionString).opened)
-        throw ComError(error.code, error.description);
+void Open(_Connection& connection, std::wstring_view connectionString, const Settings& settings) {
+    const Opening opening = TryOpen(connection, connectionString);
+    if (!opening.opened)
+        return;
+    if (settings.HidesSecrets())
+        ThrowFailure(FailureOn(&connection, connectionString, opening.opened));
+    throw ComError(opening.opened.code, opening.opened.description);
 }
 
 DatabaseKind KindOf(std::wstring_view connectionString) {
@@ -77,10 +82,19 @@ Database OpenConnection(std::wstring_view connectionString, const Settings& sett
     return database;
 }
 
+OpenedOrNot TryConnection(std::wstring_view connectionString, const Settings& settings) {
+    OpenedOrNot result = {Unopened(connectionString, settings), std::nullopt};
+    const Opening opening = TryOpen(result.database);
+    if (opening.opened)
+        result.failure =
+            FailureOn(result.database.connection.Get(), connectionString, opening.opened);
+    return result;
+}
+
 OpenedDatabase::OpenedDatabase(std::wstring_view connectionString, const Settings& settings)
     : database_(Unopened(connectionString, settings)) {
     database_.connection = NewConnection();
-    Open(*database_.connection.Get(), connectionString);
+    Open(*database_.connection.Get(), connectionString, settings);
 }
 
 OpenedDatabase::~OpenedDatabase() {

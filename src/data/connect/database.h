@@ -3,10 +3,12 @@
 // what the operation that works on it has been asked for.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/connect/ado.h"
+#include "data/text/connection_failure.h"
 #include "data/text/statement.h"
 #include "settings/settings.h"
 
@@ -27,15 +29,25 @@ DatabaseKind KindOf(std::wstring_view connectionString);
 // An unopened connection object.
 AdoConnection NewConnection();
 
-// Opens it; a string without a provider is opened by that of its kind. Throws the provider's error.
-void Open(_Connection& connection, std::wstring_view connectionString);
+// Opens it; a string without a provider is opened by that of its kind. Throws the provider's error,
+// or the reason where the settings ask for it.
+void Open(_Connection& connection, std::wstring_view connectionString,
+          const Settings& settings = {});
 
 // Never fails: what cannot be opened is shown once, and the unopened connection is returned, on
 // which the first statement will fail.
 Database OpenConnection(std::wstring_view connectionString, const Settings& settings = {});
 
-// One that is opened for a piece of work without a window, and closed at its end. Throws the
-// provider's error where it cannot be opened.
+struct OpenedOrNot {
+    Database database; // not open after a failure
+    std::optional<ConnectionFailure> failure;
+};
+
+// Shows nothing.
+OpenedOrNot TryConnection(std::wstring_view connectionString, const Settings& settings = {});
+
+// One that is opened for a piece of work without a window, and closed at its end. Throws as Open
+// does.
 class OpenedDatabase {
 public:
     OpenedDatabase(std::wstring_view connectionString, const Settings& settings);

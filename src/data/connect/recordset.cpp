@@ -3,6 +3,7 @@
 
 #include "comkit/base/com_error.h"
 #include "data/connect/command.h"
+#include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/values.h"
 #include "data/text/statements.h"
@@ -131,7 +132,7 @@ long OpenRecordset(const Database& database, Recordset& recordset, const Stateme
         recordset.Open(statement);
     });
     if (error)
-        PlainMessage(error.description);
+        PlainMessage(ShownText(database, error.description));
     if (description)
         *description = error.description;
     return error.code;

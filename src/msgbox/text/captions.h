@@ -17,4 +17,8 @@ inline constexpr auto kMsgIgnore = L"&Bác bỏ"_tcvn3;
 inline constexpr auto kMsgYes = L"&Có"_tcvn3;
 inline constexpr auto kMsgNo = L"&Không"_tcvn3;
 
+// Of a message with details.
+inline constexpr auto kMsgDetails = L"&Chi tiết"_tcvn3;
+inline constexpr auto kMsgProviderSays = L"&Thông báo của trình điều khiển:"_tcvn3;
+
 } // namespace vndesk::texts
