@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Two servers, of which one writes and the other follows (scripts/with-standby): the one that
-// writes is killed, and the other takes over. After each test there are two again.
+// writes is killed, and the other takes over. Before each test there are two.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,27 +18,25 @@ protected:
     void SetUp() override {
         if (!ServerControl::HasStandby())
             GTEST_SKIP() << "no server with a standby: VNDESK_PG_STANDBY is not set";
-    }
-    void TearDown() override {
-        if (failedOver_)
+        if (alone_)
             Rejoin();
     }
 
     void FailOver() {
-        failedOver_ = true;
+        alone_ = true;
         servers_.Give("kill");
         servers_.Give("promote");
     }
     void Rejoin() {
         servers_.Give("rejoin");
-        failedOver_ = false;
+        alone_ = false;
     }
     // Commits wait from now on. `arrives` says whether the standby will have them all the same.
     void StopAnswers(bool arrives) { servers_.Give(arrives ? "hold" : "part"); }
 
 private:
     ServerControl servers_;
-    bool failedOver_ = false;
+    static inline bool alone_ = false;
 };
 
 // Where threads wait for each other: the last one to come does what is to be done, then all go on.
