@@ -22,7 +22,6 @@ constexpr wchar_t kLost[] =
     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra.";
 
 enum class Told { Done, Failed, Lost };
-constexpr const char* kToldNames[] = {"done", "failed", "answer lost"};
 
 // How a host writes, what there is of a write at the end, and whether it asks to be told of lost
 // answers: 1.0 cannot tell them from failures.
@@ -39,6 +38,7 @@ constexpr Way kWays[] = {
      L"select name,count(*) from \"user\" group by name"}};
 
 struct Write {
+    int host;
     Kind kind;
     std::wstring mark;
     Told told;
@@ -62,7 +62,7 @@ public:
             L"h" + std::to_wstring(number_) + L"." + std::to_wstring(++count_);
         const ULONGLONG begin = GetTickCount64();
         const Told told = kind_ == Kind::Record ? Record(mark) : InForm(mark);
-        return {kind_, mark, told, begin, GetTickCount64()};
+        return {number_, kind_, mark, told, begin, GetTickCount64()};
     }
 
 private:
@@ -188,21 +188,35 @@ protected:
     }
 
 private:
-    // After some writes more.
+    // At some moment between the writes of every host.
     void Strike(Dice& dice) {
-        const size_t enough = Count() + kHosts + static_cast<size_t>(dice.Roll(2 * kHosts));
-        EXPECT_TRUE(WaitUntil([&] { return Count() >= enough; }, 120000));
+        AwaitEach();
+        Sleep(static_cast<DWORD>(dice.Roll(300)));
         kills_.push_back(GetTickCount64());
         FailOver();
-        // Everybody writes again.
-        const size_t all = Count() + 2 * kHosts;
-        EXPECT_TRUE(WaitUntil([&] { return Count() >= all; }, 120000));
+        AwaitEach();
         if (FullRun())
             Rejoin();
     }
-    size_t Count() {
-        const std::scoped_lock reading(lock_);
-        return writes_.size();
+    // Until each host has been told once more that something is done.
+    void AwaitEach() {
+        const auto counts = [this] {
+            const std::scoped_lock reading(lock_);
+            std::map<int, int> done;
+            for (const Write& write : writes_)
+                done[write.host] += write.told == Told::Done;
+            return done;
+        };
+        std::map<int, int> before = counts();
+        EXPECT_TRUE(WaitUntil(
+            [&] {
+                std::map<int, int> now = counts();
+                for (int host = 0; host < kHosts; ++host)
+                    if (now[host] <= before[host])
+                        return false;
+                return true;
+            },
+            120000));
     }
 
     std::mutex lock_;
