@@ -7,6 +7,7 @@
 
 #include <atomic>
 
+#include "support/forms/font_in_use.h"
 #include "support/sample_database.h"
 #include "support/server_control.h"
 #include "support/ui_windows.h"
@@ -35,6 +36,8 @@ protected:
     void StopAnswers(bool arrives) { servers_.Give(arrives ? "hold" : "part"); }
 
 private:
+    // That of all controls on forms that are prepared.
+    const FontInUse font_{{kHouseFont, 9}};
     ServerControl servers_;
     static inline bool alone_ = false;
 };
