@@ -6,6 +6,7 @@
 #include "cluster/cluster.h"
 #include "data/stores/options.h"
 #include "faults/uses.h"
+#include "support/forms/search.h"
 #include "support/in_threads.h"
 
 namespace vndesk::test {
@@ -88,6 +89,40 @@ TEST_F(OpenForms, TellOfAServerThatWasKilledAndWriteNothing) {
                 EXPECT_EQ(use.probed, database.ScalarText(use.probe));
             }
         }
+}
+
+// A search keeps the connection on which its commands run.
+TEST_F(OpenForms, ASearchWhoseConnectionIsGoneOpensItAgain) {
+    const SampleDatabase database = SampleDatabase::Server();
+    const auto search = NewObject<ISearch2>(L"VnDesk.clsSearch");
+    EXPECT_SUCCEEDED(search->put_ActiveConnection(_variant_t(database.ConnectionString().c_str())));
+    EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(L"KhachHang")));
+    const auto rows = [&] {
+        ComPtr<IDispatch> command;
+        EXPECT_SUCCEEDED(
+            search->CreateCommand(_bstr_t(L"Select Count(*) From KhachHang"), Missing(), &command));
+        ComPtr<_Command> executed;
+        ComPtr<_Recordset> found;
+        EXPECT_SUCCEEDED(command.As(&executed));
+        return executed->Execute(nullptr, nullptr, adCmdText, &found);
+    };
+    EXPECT_SUCCEEDED(rows());
+    FailOver();
+    EXPECT_SUCCEEDED(rows());
+
+    Rejoin();
+    FailOver();
+    const std::vector<Step> steps = {{L"FrmFind", [](HWND form) {
+                                          SendMessageW(ListOf(form, L"CmbPredicate(0)"), WM_KEYDOWN,
+                                                       VK_DOWN, 0);
+                                          SetBox(form, L"MskValue(0)", L"KH001");
+                                          Press(form, L"CmdOk");
+                                      }}};
+    const Player player(steps);
+    long modal = 1;
+    EXPECT_SUCCEEDED(search->Show(&modal, Missing()));
+    EXPECT_EQ(0u, player.Messages().size());
+    EXPECT_NE(L"", ResultOf(*search.Get()));
 }
 
 } // namespace

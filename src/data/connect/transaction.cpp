@@ -40,10 +40,7 @@ bool IsBroken(const AdoConnection& connection) {
         CheckHr(connection->get_Errors(&errors));
         broken = TellsOfBreak(*errors.Get());
     });
-    return broken || Trap([&] {
-               AdoRecordset rows;
-               CheckHr(connection->Execute(_bstr_t(L"Select 1"), nullptr, adCmdText, &rows));
-           });
+    return broken || !Answers(connection);
 }
 
 } // namespace
