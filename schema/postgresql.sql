@@ -39,6 +39,9 @@ CREATE TABLE "user" (
     idgroup integer,
     password double precision
 );
+-- Logons look for names, the group manager for the users of a group.
+CREATE INDEX username ON "user" (name);
+CREATE INDEX useridgroup ON "user" (idgroup);
 INSERT INTO "user" (code, name, dec, idgroup, password) VALUES (1, 'Nguyễn Văn Hưng', 'Kế toán trưởng', 2, 1133116);
 INSERT INTO "user" (code, name, dec, idgroup, password) VALUES (2, 'Trần Thị Mai', 'Nhân viên bán hàng', 3, 0);
 INSERT INTO "user" (code, name, dec, idgroup, password) VALUES (3, 'Admin', 'Quản trị chính của chương trình', 1, 1401);

@@ -14,6 +14,9 @@ CREATE TABLE [User] (
     [IdGroup] INT NULL,
     [Password] FLOAT NULL
 );
+-- Logons look for names, the group manager for the users of a group.
+CREATE INDEX [UserName] ON [User] ([Name]);
+CREATE INDEX [UserIdGroup] ON [User] ([IdGroup]);
 SET IDENTITY_INSERT [User] ON;
 INSERT INTO [User] ([Code], [Name], [Dec], [IdGroup], [Password]) VALUES (1, N'Nguyễn Văn Hưng', N'Kế toán trưởng', 2, 1133116);
 INSERT INTO [User] ([Code], [Name], [Dec], [IdGroup], [Password]) VALUES (2, N'Trần Thị Mai', N'Nhân viên bán hàng', 3, 0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "accounts/audit.h"
 
+#include "accounts/together.h"
 #include "comkit/base/com_error.h"
 #include "data/connect/engine.h"
 #include "data/connect/recordset.h"
@@ -79,7 +80,10 @@ void WriteHostAudit(const Operation& operation, const std::wstring& action,
     if (action.empty() || action.size() > kMaxHostAction)
         throw ComError(E_INVALIDARG,
                        L"An action has 1 to " + std::to_wstring(kMaxHostAction) + L" characters.");
-    Write(operation.database, Found(operation), {L"host:" + action, subject, before, after});
+    const Actor actor = Found(operation);
+    Together(operation.database, [&] {
+        Write(operation.database, actor, {L"host:" + action, subject, before, after});
+    });
 }
 
 } // namespace vndesk

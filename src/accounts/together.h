@@ -6,10 +6,11 @@
 
 namespace vndesk {
 
-// All or nothing, in one transaction. A host that asks for neither accounts nor records gets its
-// one statement as it always was, without one.
+// All or nothing, in one transaction. A host that asks for neither accounts nor records, nor to be
+// told of lost answers, gets its one statement as it always was, without one.
 template <class Writes> void Together(const Database& database, Writes writes) {
-    if (!database.settings.KeepsAccounts() && !database.settings.Audit)
+    const Settings& settings = database.settings;
+    if (!settings.KeepsAccounts() && !settings.Audit && !settings.TellsLostAnswers())
         return writes();
     Transaction transaction(database);
     writes();

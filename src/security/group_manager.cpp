@@ -7,8 +7,10 @@
 #include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
+#include "data/connect/transaction.h"
 #include "data/connect/values.h"
 #include "data/lists/list_box.h"
+#include "data/text/captions.h"
 #include "forms/keys/keys.h"
 #include "forms/lists/item_list.h"
 #include "forms/look/hourglass.h"
@@ -189,9 +191,11 @@ private:
     void Write() {
         const std::wstring name = Get(L"txtName").Text();
         const std::wstring description = Get(L"TxtDesc").Text();
-        if (WriteData(browseMode_ ? curCode_ : 0, name, description))
-            ShowMsg(browseMode_ ? texts::kGroupNotWritten : texts::kGroupNotAdded, kOkOnly,
-                    kSaveErrorTitle);
+        if (const ErrorState error = WriteData(browseMode_ ? curCode_ : 0, name, description))
+            ShowMsg(error.code == kAnswerLost ? texts::kAnswerLost
+                    : browseMode_             ? texts::kGroupNotWritten
+                                              : texts::kGroupNotAdded,
+                    kOkOnly, kSaveErrorTitle);
         else if (!browseMode_)
             Added(name, description);
         else if (groups_->ListCount() == 0)
@@ -249,15 +253,15 @@ private:
         if (codes.empty())
             return;
         const ErrorState error = Trap([&] { DeleteGroups(operation_, tableName_, codes); });
-        if (error && database_.settings.Audit) {
-            TellNothingDeleted(error);
+        if (error && (database_.settings.Audit || database_.settings.TellsLostAnswers())) {
+            TellNotDeleted(error);
             return;
         }
         ShowMsg(std::to_wstring(taken) + texts::kGroupsDeleted, kOkOnly, kDeleteTitle);
     }
 
-    // Where every change has its record, one that was undone is told.
-    void TellNothingDeleted(const ErrorState& error) {
+    // Where every change has its record, or is told to be lost, one that was not made is told.
+    void TellNotDeleted(const ErrorState& error) {
         PlainMessage(ShownText(operation_.database, error.description));
         Trap([&] { ReadInfo(tableName_); });
         ViewInit();

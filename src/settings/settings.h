@@ -39,6 +39,9 @@ struct Settings {
 
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
+    // Every change is a transaction of its own: where its commit is not answered, the user is told
+    // that nobody knows, and any other error means that nothing was written.
+    bool TellsLostAnswers() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Whether the operation needs VnUser.
     bool KeepsAccounts() const { return Scheme == PasswordScheme::Pbkdf2 || LockAfter > 0; }
     // Users are found and changed by their names as they are, wherever more than 1.0 hangs on them.

@@ -9,6 +9,7 @@
 #include "support/child_process.h"
 #include "support/env.h"
 #include "support/reliability.h"
+#include "support/server_control.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 
@@ -187,29 +188,15 @@ INSTANTIATE_TEST_SUITE_P(RecordedUses, EmbeddedFailures, testing::ValuesIn(Recor
 class Server {
 public:
     static void Kill() {
-        Order("kill\n");
+        ServerControl().Give("kill");
         EXPECT_TRUE(WaitUntil([] { return !Answers(); }, 30000));
     }
     static void Start() {
-        Order("start\n");
+        ServerControl().Give("start");
         EXPECT_TRUE(WaitUntil(Answers, 60000));
     }
-    static bool CanBeKilled() { return !Pipe().empty(); }
 
 private:
-    static std::wstring Pipe() { return EnvironmentText(L"VNDESK_PG_CONTROL"); }
-
-    static void Order(const char* order) {
-        std::wstring path = L"Z:" + Pipe();
-        const HANDLE pipe =
-            CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-        ASSERT_NE(INVALID_HANDLE_VALUE, pipe);
-        DWORD written = 0;
-        EXPECT_TRUE(WriteFile(pipe, order, static_cast<DWORD>(strlen(order)), &written, nullptr));
-        CloseHandle(pipe);
-    }
-
     static bool Answers() {
         try {
             OdbcSession session(PostgresConnection());
@@ -223,7 +210,7 @@ private:
 class ServerFailures : public testing::TestWithParam<Use> {
 protected:
     void SetUp() override {
-        if (!SampleDatabase::ServerAvailable() || !Server::CanBeKilled())
+        if (!SampleDatabase::ServerAvailable() || !ServerControl::Available())
             GTEST_SKIP() << "no PostgreSQL server that may be killed: VNDESK_PG_CONTROL is not set";
     }
 };

@@ -9,7 +9,7 @@ namespace {
 
 constexpr ULONGLONG kPatienceWithAUse = 30000;
 
-Player* player = nullptr;
+thread_local Player* player = nullptr;
 
 // A form or a message box that the user can work in.
 BOOL CALLBACK IsInFront(HWND window, LPARAM found) {

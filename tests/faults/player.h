@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Plays the user from inside the modal loops of the calling thread, by messages: nothing waits for
-// keys or for another thread, so a form can be worked some hundred times in a test.
+// keys or for another thread, so a form can be worked some hundred times in a test, and many at
+// once.
 #pragma once
 
 #include <windows.h>

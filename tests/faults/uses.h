@@ -52,6 +52,8 @@ inline void PrintTo(const Use& use, std::ostream* out) {
 const std::vector<Use>& AllUses();
 // Those that write, of a host whose settings have every change recorded.
 const std::vector<Use>& RecordedUses();
+// The same of a host that also wants to be told where an answer is lost.
+const std::vector<Use>& ToldUses();
 
 struct Played {
     std::wstring answer;

@@ -80,6 +80,10 @@ SampleDatabase SampleDatabase::Server() {
     return OnServer(filled.serverName_);
 }
 
+SampleDatabase SampleDatabase::Copy() const {
+    return OnServer(serverName_);
+}
+
 SampleDatabase SampleDatabase::OnServer(const std::wstring& original) {
     SampleDatabase database;
     const std::wstring name = UniqueName();

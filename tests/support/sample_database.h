@@ -18,6 +18,9 @@ public:
     static SampleDatabase Server();
     static bool ServerAvailable();
 
+    // Another database of the server with the same rows; no one may be connected to this one.
+    SampleDatabase Copy() const;
+
     SampleDatabase(SampleDatabase&& other) noexcept;
     ~SampleDatabase();
 

@@ -60,13 +60,24 @@ bool Search::ConnectionIsOpen() {
     return (state & adStateOpen) != 0;
 }
 
+void Search::CloseLostConnection() {
+    if (opened_.empty() || !ConnectionIsOpen() || Answers(connection_))
+        return;
+    connection_->Close();
+    // An opened one may have forgotten the password.
+    CheckConnection(connection_->put_ConnectionString(_bstr_t(opened_.c_str())));
+}
+
 AdoConnection Search::ConnectionFor(const VARIANT& given) {
     const _variant_t connection = Resolved(given);
     AdoConnection found;
     switch (V_VT(&connection)) {
     case VT_ERROR: // left out
-        if (!ConnectionIsOpen())
-            Open(Connection(), ConnectionText(), CurrentSettings());
+        CloseLostConnection();
+        if (!ConnectionIsOpen()) {
+            opened_ = ConnectionText();
+            Open(Connection(), opened_, CurrentSettings());
+        }
         return connection_;
     case VT_BSTR:
         found = NewConnection();
@@ -99,6 +110,7 @@ STDMETHODIMP Search::put_ActiveConnection(VARIANT value) {
         _variant_t text = Resolved(value);
         CheckHr(VariantChangeType(&text, &text, 0, VT_BSTR));
         CheckConnection(Connection().put_ConnectionString(text.bstrVal));
+        opened_.clear();
     });
 }
 
@@ -123,6 +135,7 @@ STDMETHODIMP Search::Show(long* modal, VARIANT ownerForm) {
         condition_ = {};
         const HWND owner = OwnerWindow(ownerForm);
         const Settings settings = CurrentSettings();
+        CloseLostConnection();
         const std::wstring given = connection_ ? ConnectionText() : L"";
         // Without a connection of its own the search runs on the session's.
         std::optional<SessionConnection> own;

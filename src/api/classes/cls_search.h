@@ -33,11 +33,15 @@ private:
 
     std::wstring ConnectionText();
     bool ConnectionIsOpen();
+    // The one that CreateCommand has opened: the server may have gone since. A host's own stays as
+    // it is.
+    void CloseLostConnection();
     // What CreateCommand works on.
     AdoConnection ConnectionFor(const VARIANT& given);
 
     // Made when it is first asked for. It holds the connection string; only CreateCommand opens it.
     AdoConnection connection_;
+    std::wstring opened_; // by CreateCommand: with this string
     std::wstring table_;
     SearchCondition condition_; // of the last Show
 };

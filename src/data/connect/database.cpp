@@ -107,6 +107,12 @@ bool IsOpen(const Database& database) {
            (state & adStateOpen);
 }
 
+bool Answers(const AdoConnection& connection) {
+    AdoRecordset rows;
+    return connection &&
+           SUCCEEDED(connection->Execute(_bstr_t(L"Select 1"), nullptr, adCmdText, &rows));
+}
+
 long Execute(const Database& database, const Statement& statement) {
     if (!database.connection)
         throw ComError(E_UNEXPECTED);

@@ -63,6 +63,10 @@ private:
 
 bool IsOpen(const Database& database);
 
+// Whether the engine still answers. A connection that is gone says that it is open until it is
+// used.
+bool Answers(const AdoConnection& connection);
+
 // Runs a statement that gives no rows; how many it has changed, as the provider says. Throws
 // ComError with the provider's description.
 long Execute(const Database& database, const Statement& statement);

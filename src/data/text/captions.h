@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Messages about the `Options` table and about databases that cannot be opened.
+// Messages about the `Options` table, and about databases that cannot be opened or do not answer.
 #pragma once
 
 #include "text/tcvn3_literal.h"
@@ -8,6 +8,9 @@ namespace vndesk::texts {
 
 inline constexpr auto kOptionsNotSaved = L"Không thể lưu được khoá"_tcvn3;
 inline constexpr auto kOptionsErrorIs = L". Lỗi là "_tcvn3;
+// The connection broke before a commit was answered.
+inline constexpr auto kAnswerLost =
+    L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra."_tcvn3;
 
 inline constexpr auto kNotConnected = L"Không kết nối được cơ sở dữ liệu."_tcvn3;
 inline constexpr auto kFailureServer = L"Không tìm thấy máy chủ, hoặc máy chủ không trả lời."_tcvn3;
