@@ -16,6 +16,16 @@ enum class ConnectionErrors : long {
     Raise = 2       // the same as an error of the call
 };
 
+// The engine whose language statements are written in.
+enum class DialectChoice : long {
+    Auto = 0, // as 1.0, for Jet or SQL Server by the connection string
+    Jet = 1,
+    SqlServer = 2,
+    PostgreSql = 3,
+    Sqlite = 4,
+    MySql = 5
+};
+
 struct Settings {
     // Values go to the engine as parameters, not inside the text of statements.
     bool BindParameters = false;
@@ -33,6 +43,8 @@ struct Settings {
 
     // Logons and changes of users, groups and rights are recorded in VnAudit.
     bool Audit = false;
+
+    DialectChoice Dialect = DialectChoice::Auto;
 
     // What happens where the database cannot be opened.
     ConnectionErrors OnConnectionError = ConnectionErrors::ShowString;

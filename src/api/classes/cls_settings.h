@@ -34,6 +34,8 @@ public:
     STDMETHODIMP UseRecommended() override;
     STDMETHODIMP get_ConnectionErrors(ConnectionErrorModes* value) override;
     STDMETHODIMP put_ConnectionErrors(ConnectionErrorModes value) override;
+    STDMETHODIMP get_Dialect(Dialects* value) override;
+    STDMETHODIMP put_Dialect(Dialects value) override;
 
 private:
     HRESULT GetFlag(bool Settings::*flag, VARIANT_BOOL* value);

@@ -19,8 +19,9 @@ constexpr wchar_t kJetProvider[] = L"Microsoft.Jet.OLEDB.4.0;";
 Database Unopened(std::wstring_view connectionString, const Settings& settings) {
     Database database;
     database.connectionString = connectionString;
-    database.kind = KindOf(connectionString);
     database.settings = settings;
+    const Dialect* dialect = database.Dialect();
+    database.kind = dialect ? KindOf(dialect->engine) : KindOf(connectionString);
     return database;
 }
 
@@ -30,11 +31,11 @@ struct Opening {
     ErrorState opened;
 };
 
-Opening TryOpen(_Connection& connection, std::wstring_view connectionString) {
+Opening TryOpen(_Connection& connection, std::wstring_view connectionString, bool namesProvider) {
     Opening result;
     // put_Provider fails where the provider is missing; the one that the string names may still
     // open it.
-    if (KindOf(connectionString) == DatabaseKind::Jet)
+    if (namesProvider && KindOf(connectionString) == DatabaseKind::Jet)
         result.named = Trap([&] { CheckHr(connection.put_Provider(_bstr_t(kJetProvider))); });
     result.opened = Trap([&] {
         CheckCall(connection.Open(_bstr_t(std::wstring(connectionString).c_str()), _bstr_t(L""),
@@ -47,7 +48,9 @@ Opening TryOpen(_Connection& connection, std::wstring_view connectionString) {
 Opening TryOpen(Database& database) {
     Opening result;
     result.opened = Trap([&] { database.connection = NewConnection(); });
-    return result.opened ? result : TryOpen(*database.connection.Get(), database.connectionString);
+    return result.opened ? result
+                         : TryOpen(*database.connection.Get(), database.connectionString,
+                                   database.Dialect() == nullptr);
 }
 
 } // namespace
@@ -61,7 +64,8 @@ AdoConnection NewConnection() {
 }
 
 void Open(_Connection& connection, std::wstring_view connectionString, const Settings& settings) {
-    const Opening opening = TryOpen(connection, connectionString);
+    const bool namesProvider = settings.Dialect == DialectChoice::Auto;
+    const Opening opening = TryOpen(connection, connectionString, namesProvider);
     if (!opening.opened)
         return;
     if (settings.HidesSecrets())

@@ -9,6 +9,7 @@
 
 #include "data/connect/ado.h"
 #include "data/text/connection_failure.h"
+#include "data/text/dialect.h"
 #include "data/text/statement.h"
 #include "settings/settings.h"
 
@@ -20,7 +21,9 @@ struct Database {
     std::wstring connectionString;
     Settings settings = {};
 
-    ValueStyle Style() const { return {kind, settings.Binds()}; }
+    // The language that the host has named; none where statements are those of 1.0.
+    const vndesk::Dialect* Dialect() const { return DialectOf(settings.Dialect); }
+    ValueStyle Style() const { return {kind, settings.Binds(), Dialect()}; }
 };
 
 // Jet when the connection string names its provider, in any case of letters; else SQL Server.
@@ -29,10 +32,10 @@ DatabaseKind KindOf(std::wstring_view connectionString);
 // An unopened connection object.
 AdoConnection NewConnection();
 
-// Opens it; a string without a provider is opened by that of its kind. Throws the provider's error,
-// or the reason where the settings ask for it.
-void Open(_Connection& connection, std::wstring_view connectionString,
-          const Settings& settings = {});
+// Opens it; a string without a provider is opened by that of its kind, unless a dialect is set,
+// with which the string says all. Throws the provider's error, or the reason where the settings ask
+// for it.
+void Open(_Connection& connection, std::wstring_view connectionString, const Settings& settings);
 
 // Never fails: what cannot be opened is shown once, and the unopened connection is returned, on
 // which the first statement will fail.
