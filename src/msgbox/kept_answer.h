@@ -2,16 +2,15 @@
 // The answer to a message that the Windows user does not want to see again.
 #pragma once
 
-#include <optional>
 #include <string>
 
-#include "msgbox/text/notice_answers.h"
+#include "msgbox/notice_box.h"
 
 namespace vndesk {
 
-// `key` is a path below HKEY_CURRENT_USER. A registry that cannot be read keeps none.
-std::optional<NoticeAnswer> KeptAnswer(const std::wstring& key);
-void KeepAnswer(const std::wstring& key, NoticeAnswer answer);
+// Shows the box, with a check box for it, unless an answer is kept. `key` is a path below
+// HKEY_CURRENT_USER; a registry that cannot be read keeps none.
+NoticeAnswer ShowUnlessAnswered(Notice& notice, const std::wstring& key);
 void ForgetAnswer(const std::wstring& key);
 
 } // namespace vndesk

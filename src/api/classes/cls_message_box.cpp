@@ -4,8 +4,6 @@
 #include "api/classes/owner_window.h"
 #include "comkit/base/bstr.h"
 #include "msgbox/kept_answer.h"
-#include "msgbox/text/captions.h"
-#include "text/tcvn3.h"
 
 namespace vndesk {
 
@@ -137,24 +135,13 @@ STDMETHODIMP MessageBoxObject::put_TimeoutSeconds(long value) {
 STDMETHODIMP MessageBoxObject::Show(VARIANT owner, long* answer) {
     return Guard([&] {
         long& result = ClearedOut(answer);
-        const bool mayBeKept = !dontShowKey_.empty();
-        if (mayBeKept)
-            if (const auto kept = KeptAnswer(dontShowKey_)) {
-                result = static_cast<long>(*kept);
-                return;
-            }
         // The host may change the object while the box is open.
         Notice shown = notice_;
         shown.owner = OwnerWindow(owner);
-        if (mayBeKept && shown.checkText.empty())
-            shown.checkText = ToUncText(texts::kMsgDontShow, kToUnicode);
-        const NoticeAnswer given = ShowNotice(shown);
+        const NoticeAnswer given =
+            dontShowKey_.empty() ? ShowNotice(shown) : ShowUnlessAnswered(shown, dontShowKey_);
         notice_.checked = shown.checked;
         result = static_cast<long>(given);
-        // Who backs out has decided nothing.
-        if (mayBeKept && shown.checked &&
-            (given != NoticeAnswer::Cancel || AnswersOf(shown.buttons).size() == 1))
-            KeepAnswer(dontShowKey_, given);
     });
 }
 
