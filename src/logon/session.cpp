@@ -17,15 +17,15 @@ namespace {
 SRWLOCK lock_ = SRWLOCK_INIT;
 SessionConnection* latest_;
 
-Database OpenAsAsked(std::wstring_view connectionString, const Settings& settings) {
+OpenedOrNot OpenAsAsked(std::wstring_view connectionString, const Settings& settings) {
     if (settings.OnConnectionError == ConnectionErrors::ShowString)
-        return OpenConnection(connectionString, settings);
+        return {OpenConnection(connectionString, settings), std::nullopt};
     OpenedOrNot opened = TryConnection(connectionString, settings);
     if (opened.failure && settings.OnConnectionError == ConnectionErrors::Raise)
         ThrowFailure(*opened.failure);
     if (opened.failure)
         ShowDetailsBox(FailureText(*opened.failure), opened.failure->providerText);
-    return opened.database;
+    return opened;
 }
 
 } // namespace
@@ -40,15 +40,14 @@ const Database& CurrentDatabase() {
 }
 
 SessionConnection::SessionConnection(std::wstring_view connectionString, const Settings& settings)
-    : SessionConnection(OpenAsAsked(connectionString, settings), true) {
-    ended_ = settings.HidesSecrets() && !IsOpen(database_);
-}
+    : SessionConnection(OpenAsAsked(connectionString, settings), true) {}
 
 SessionConnection::SessionConnection(Database opened)
-    : SessionConnection(std::move(opened), false) {}
+    : SessionConnection({std::move(opened), std::nullopt}, false) {}
 
-SessionConnection::SessionConnection(Database database, bool close)
-    : database_(std::move(database)), close_(close), thread_(GetCurrentThreadId()) {
+SessionConnection::SessionConnection(OpenedOrNot opened, bool close)
+    : database_(std::move(opened.database)), ended_(opened.failure), close_(close),
+      thread_(GetCurrentThreadId()) {
     const Writing writing(lock_);
     earlier_ = std::exchange(latest_, this);
 }

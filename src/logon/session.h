@@ -36,10 +36,10 @@ public:
 private:
     friend const Database& CurrentDatabase();
 
-    SessionConnection(Database database, bool close);
+    SessionConnection(OpenedOrNot opened, bool close);
 
     Database database_;
-    bool ended_ = false;
+    const bool ended_;
     const bool close_;
     const DWORD thread_;
     SessionConnection* earlier_ = nullptr;

@@ -2,13 +2,10 @@
 // vndesk-check.exe itself, run on this machine as it is and with one thing wrong at a time.
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <set>
 
+#include "com/check_program.h"
 #include "com/damaged_machine.h"
-#include "support/child_process.h"
 #include "support/env.h"
-#include "support/strict_json.h"
 #include "support/text.h"
 #include "vndesk_version.h"
 
@@ -16,7 +13,6 @@ namespace {
 
 using namespace vndesk::test;
 
-constexpr DWORD kLimit = 60000;
 constexpr wchar_t kForeignClass[] = L"{5D1A1E66-0B5E-4C1C-9D0A-335B8E620177}";
 #ifdef _WIN64
 constexpr REGSAM kOtherView = KEY_WOW64_32KEY;
@@ -25,65 +21,6 @@ constexpr const wchar_t *kBits = L"64", *kOtherBits = L"32";
 constexpr REGSAM kOtherView = KEY_WOW64_64KEY;
 constexpr const wchar_t *kBits = L"32", *kOtherBits = L"64";
 #endif
-
-std::wstring BesideTests(const wchar_t* name) {
-    wchar_t path[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::wstring(path, std::wstring_view(path).rfind(L'\\')) + L"\\..\\" + name;
-}
-
-struct Printed {
-    DWORD code;
-    std::wstring text;
-};
-
-Printed RunCheck(std::vector<std::wstring> words) {
-    const TempDir folder;
-    const std::wstring output = folder.File(L"output.txt");
-    words.insert(words.begin(), BesideTests(L"vndesk-check.exe"));
-    ChildProcess program(words, output, ChildProcess::Errors::ToOurs);
-    const DWORD code = program.ExitCode(kLimit);
-    return {code, ReadUtf8File(output)};
-}
-
-// The findings of one run, by name.
-class Found {
-public:
-    Found() {
-        const Printed printed = RunCheck({L"--json", L"--en"});
-        json_ = JsonReader::Read(printed.text);
-        EXPECT_EQ(static_cast<double>(printed.code), json_[L"exitCode"].number);
-        code = printed.code;
-        for (const Json& finding : json_[L"findings"].list) {
-            byId_.emplace(finding[L"id"].text, finding);
-            if (finding[L"state"].text == L"error" || finding[L"state"].text == L"warning")
-                bad.insert(finding[L"id"].text);
-        }
-    }
-
-    bool Has(const wchar_t* id) const { return byId_.count(id) != 0; }
-    // The values of the first finding of that name.
-    std::vector<std::wstring> Values(const wchar_t* id) const {
-        std::vector<std::wstring> values;
-        const auto at = byId_.find(id);
-        EXPECT_NE(byId_.end(), at) << ToUtf8(id);
-        if (at != byId_.end())
-            for (const Json& value : at->second[L"values"].list)
-                values.push_back(value.text);
-        values.resize(8);
-        return values;
-    }
-    const Json& All() const { return json_; }
-
-    DWORD code;
-    std::set<std::wstring> bad; // names of warnings and errors
-
-private:
-    Json json_;
-    std::multimap<std::wstring, Json> byId_;
-};
-
-using Names = std::set<std::wstring>;
 
 class CheckProgramTest : public DamagedMachineTest {};
 
@@ -108,7 +45,7 @@ TEST_F(CheckProgramTest, FindsNothingWrongWhereTheLibraryIsRegistered) {
     EXPECT_TRUE(found.Has(RunningUnderWine() ? L"ado-bridge" : L"ado-ready"));
 }
 
-TEST(CheckProgramOutputTest, SaysTheSameInBothLanguages) {
+TEST(CheckProgramOutputTest, SaysTheSameInEachLanguage) {
     const Printed english = RunCheck({L"--en"}), vietnamese = RunCheck({L"--vi"});
     EXPECT_EQ(0u, english.code);
     EXPECT_EQ(0u, vietnamese.code);
@@ -116,6 +53,10 @@ TEST(CheckProgramOutputTest, SaysTheSameInBothLanguages) {
     EXPECT_NE(std::wstring::npos, english.text.find(L"\nVnDesk works.\n"));
     EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"[tốt] Tạo được cả 9 lớp.\n"));
     EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"\nVnDesk dùng được.\n"));
+    const Printed french = RunCheck({L"--fr"});
+    EXPECT_EQ(0u, french.code);
+    EXPECT_NE(std::wstring::npos, french.text.find(L"[bien] Les 9 classes peuvent être créées.\n"));
+    EXPECT_NE(std::wstring::npos, french.text.find(L"\nVnDesk fonctionne.\n"));
 }
 
 TEST(CheckProgramOutputTest, TellsItsVersionItsUsageAndWhatItDoesNotUnderstand) {

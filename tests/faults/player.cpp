@@ -73,6 +73,11 @@ void Player::Act() {
         Press(front, L"Cmd1");
         return;
     }
+    if (name == L"DetailsBox") {
+        messages_.push_back(TextOf(front, L"Message"));
+        Press(front, L"CmdOk");
+        return;
+    }
     size_t step = next_;
     while (step < steps_.size() && name != steps_[step].form)
         ++step;

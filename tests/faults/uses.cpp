@@ -32,6 +32,13 @@ const Call kShowLogon = OnLogon([](ILogon& logon, BSTR* connect) {
     EXPECT_SUCCEEDED(logon.ShowLogon(connect, &code));
     return L"user " + std::to_wstring(code);
 });
+const Call kLogonWithReasons = [](const SampleDatabase&, const std::wstring& connection) {
+    _bstr_t connect(connection.c_str());
+    long code = -1;
+    EXPECT_SUCCEEDED(
+        LogonWith({.ConnectionErrors = vnErrorsShowReason})->ShowLogon(&connect.GetBSTR(), &code));
+    return L"user " + std::to_wstring(code);
+};
 const Call kUserManager = OnLogon([](ILogon& logon, BSTR* connect) {
     EXPECT_SUCCEEDED(logon.UserManager(connect));
     return std::wstring();
@@ -153,6 +160,12 @@ std::function<void(HWND)> OnFirstUser(const wchar_t* button) {
     };
 }
 
+void LogOnAsAdmin(HWND form) {
+    SetBox(form, L"TxtUser", L"Admin");
+    SetBox(form, L"TxtPass", L"abc");
+    Press(form, L"CmdOk");
+}
+
 bool HasGroups(HWND groups, size_t count) {
     return ListTexts(FindControl(groups, L"Lv1")).size() == count;
 }
@@ -207,15 +220,16 @@ void ChooseFirstItem(HWND picker) {
 std::vector<Use> MakeUses() {
     return {
         {.name = "Logon",
-         .steps = {{L"FrmLogon",
-                    [](HWND form) {
-                        SetBox(form, L"TxtUser", L"Admin");
-                        SetBox(form, L"TxtPass", L"abc");
-                        Press(form, L"CmdOk");
-                    }}},
+         .steps = {{L"FrmLogon", LogOnAsAdmin}},
          .call = kShowLogon,
          .answer = L"user 3",
          .neutral = L"user 0"},
+        {.name = "LogonWithReasons",
+         .steps = {{L"FrmLogon", LogOnAsAdmin}},
+         .call = kLogonWithReasons,
+         .answer = L"user 3",
+         .neutral = L"user 0",
+         .refusedProviderIsSilent = true},
         {.name = "UserAdded",
          .steps = {{L"FrmMenu", Pressing(L"CmdAdd")},
                    {L"FrmInput",

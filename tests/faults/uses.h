@@ -39,6 +39,8 @@ struct Use {
     // The change and its records are one transaction: what has been run may be undone. Before a
     // form opens the host gets the error of a missing table, which is the neutral answer.
     bool recorded = false;
+    // Where the string names its provider, nobody needs to hear that another one was refused.
+    bool refusedProviderIsSilent = false;
     // How many statements write when all goes well.
     int writes = 1;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What vndesk-check says: kinds of findings, both languages, text, JSON, exit code, command line.
+// What vndesk-check says: kinds of findings, its languages, text, JSON, exit code, command line.
 #include "check/options.h"
 #include "check/report.h"
 
@@ -39,19 +39,22 @@ std::set<wchar_t> Places(const std::wstring& text) {
 
 } // namespace
 
-TEST(CheckTexts, EveryFindingIsExplainedInBothLanguages) {
+TEST(CheckTexts, EveryFindingIsExplainedInEachLanguage) {
     for (const Id id : AllIds()) {
         const Words& english = WordsOf(id, Language::English);
         const Words& vietnamese = WordsOf(id, Language::Vietnamese);
+        const Words& french = WordsOf(id, Language::French);
         EXPECT_STRNE(L"", english.found) << Name(id);
         EXPECT_STRNE(english.found, vietnamese.found) << Name(id);
+        EXPECT_STRNE(english.found, french.found) << Name(id);
         // What is not well says what it means and what to do; what is well does not.
         const bool well = KindOf(id).state == State::Ok;
-        for (const Words* words : {&english, &vietnamese}) {
+        for (const Words* words : {&english, &vietnamese, &french}) {
             EXPECT_EQ(well, *words->means == L'\0') << Name(id);
             EXPECT_EQ(well, *words->todo == L'\0') << Name(id);
         }
         EXPECT_EQ(Places(english.found), Places(vietnamese.found)) << Name(id);
+        EXPECT_EQ(Places(english.found), Places(french.found)) << Name(id);
     }
 }
 
@@ -114,11 +117,11 @@ TEST(CheckJson, EveryFindingIsReadBackAsItWas) {
     Findings findings;
     for (const Id id : AllIds())
         findings.push_back({id, kValues});
-    for (const Language language : {Language::English, Language::Vietnamese}) {
+    for (const Language language : {Language::English, Language::Vietnamese, Language::French}) {
         const Json json = JsonReader::Read(JsonReport(findings, {L"1.0.0.0", 32}, language));
         EXPECT_EQ(L"vndesk-check", json[L"program"].text);
         EXPECT_EQ(L"1.0.0.0", json[L"version"].text);
-        EXPECT_EQ(language == Language::English ? L"en" : L"vi", json[L"language"].text);
+        EXPECT_EQ(NameOf(language), json[L"language"].text);
         EXPECT_EQ(32, json[L"bits"].number);
         EXPECT_EQ(L"errors", json[L"result"].text);
         EXPECT_EQ(2, json[L"exitCode"].number);
@@ -176,4 +179,20 @@ TEST(CheckOptions, AreReadInAnyOrder) {
     EXPECT_EQ(Action::Version, ParseOptions({L"--version"}).action);
     EXPECT_EQ(L"--jsn", ParseOptions({L"--jsn", L"x"}).wrong);
     EXPECT_EQ(L"\"\"", ParseOptions({L""}).wrong);
+    EXPECT_EQ(Language::French, ParseOptions({L"--fr"}).language);
+}
+
+TEST(CheckOptions, TheConnectionStringIsTheWordBehindItsOption) {
+    EXPECT_FALSE(ParseOptions({L"--json"}).connectionString);
+    const Options options = ParseOptions({L"--connect", L"--en", L"--json"});
+    EXPECT_EQ(L"--en", options.connectionString);
+    EXPECT_FALSE(options.language);
+    EXPECT_TRUE(options.json);
+    EXPECT_EQ(L"--connect", ParseOptions({L"--connect"}).wrong);
+}
+
+TEST(CheckOptions, PiecesOfAConnectionStringAreNotRepeated) {
+    EXPECT_EQ(L"ID=...", ParseOptions({L"ID=sa;Password=abc"}).wrong);
+    EXPECT_EQ(L"--connect \"...\"",
+              ParseOptions({L"--connect", L"Provider=x;User", L"abc;d"}).wrong);
 }

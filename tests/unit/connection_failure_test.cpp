@@ -120,6 +120,11 @@ TEST(ConnectionFailure, TextsAreToldOnceWithTheirNumbersAndWithoutSecrets) {
               failure.providerText);
 }
 
+TEST(ConnectionFailure, LinesOfTheProviderEndAsTextBoxesNeedIt) {
+    EXPECT_EQ(L"one\r\n\ttwo\r\nthree (08001, 101)",
+              FailureOf(L"", {{0, 101, L"08001", L"one\n\ttwo\r\nthree\n \n"}}, 64).providerText);
+}
+
 TEST(ConnectionFailure, IsToldInASentence) {
     const auto sentence = [](FailureReason reason) {
         return ToUncText(ReasonSentence({reason, 64}), kToUnicode);

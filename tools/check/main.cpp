@@ -29,11 +29,37 @@ void Print(DWORD stream, const std::wstring& text) {
 }
 
 Language UserLanguage() {
-    return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_VIETNAMESE ? Language::Vietnamese
-                                                                        : Language::English;
+    switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
+    case LANG_VIETNAMESE:
+        return Language::Vietnamese;
+    case LANG_FRENCH:
+        return Language::French;
+    default:
+        return Language::English;
+    }
 }
 
-Findings Check() {
+// The first line of the standard input, in UTF-8, so that no other user of the machine reads it in
+// the list of processes.
+std::wstring ConnectionStringOf(const std::wstring& word) {
+    if (word != L"-")
+        return word;
+    std::string bytes;
+    char byte = 0;
+    DWORD read = 0;
+    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &byte, 1, &read, nullptr) && read == 1 &&
+           byte != '\n' && byte != '\r')
+        bytes += byte;
+    const int length = static_cast<int>(bytes.size());
+    std::wstring text(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0)),
+        L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(),
+                        static_cast<int>(text.size()));
+    return text;
+}
+
+Findings Check(const Options& options) {
     Findings findings;
     const OwnTypeLibrary own = ReadOwnTypeLibrary();
     ProbeSystem(findings);
@@ -43,13 +69,15 @@ Findings Check() {
     ProbeOdbc(findings);
     ProbeControls(findings);
     ProbeFonts(findings);
+    if (options.connectionString)
+        ProbeDatabase(ConnectionStringOf(*options.connectionString), findings);
     return findings;
 }
 
 int Run(const Options& options, Language language) {
     // The library's objects live in a single-threaded apartment.
     vndesk::CheckHr(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    const Findings findings = Check();
+    const Findings findings = Check(options);
     CoUninitialize();
     const auto report = options.json ? JsonReport : TextReport;
     Print(STD_OUTPUT_HANDLE, report(findings, {VNDESK_WIDE_VERSION, kBits}, language));

@@ -17,7 +17,10 @@ struct Options {
     Action action = Action::Check;
     bool json = false;
     std::optional<Language> language; // the user's where none is given
-    std::wstring wrong;               // the first word that is not understood
+    // The host's; "-" stands for the standard input.
+    std::optional<std::wstring> connectionString;
+    // The first word that is not understood, without what may be a secret in it.
+    std::wstring wrong;
 };
 
 Options ParseOptions(const std::vector<std::wstring_view>& words);

@@ -15,5 +15,7 @@ void ProbeAdo(Findings& findings);
 void ProbeOdbc(Findings& findings);
 void ProbeControls(Findings& findings);
 void ProbeFonts(Findings& findings);
+// The host's database; what is found has no secret of the connection string in it.
+void ProbeDatabase(const std::wstring& connectionString, Findings& findings);
 
 } // namespace vndesk::check

@@ -75,9 +75,8 @@ std::wstring JsonReport(const Findings& findings, const About& about, Language l
     for (const Finding& finding : findings)
         objects += (objects.empty() ? L"" : L",\n") + FindingObject(finding, language);
     return L"{" + Member(L"program", L"vndesk-check") + L",\n " +
-           Member(L"version", about.version) + L",\n " +
-           Member(L"language", language == Language::Vietnamese ? L"vi" : L"en") + L",\n " +
-           Quoted(L"bits") + L": " + std::to_wstring(about.bits) + L",\n " +
+           Member(L"version", about.version) + L",\n " + Member(L"language", NameOf(language)) +
+           L",\n " + Quoted(L"bits") + L": " + std::to_wstring(about.bits) + L",\n " +
            Member(L"result", kResultNames[Index(Worst(findings))]) + L",\n " + Quoted(L"exitCode") +
            L": " + std::to_wstring(ExitCode(findings)) + L",\n " + Quoted(L"findings") + L": [\n" +
            objects + L"]}\n";

@@ -5,13 +5,37 @@
 
 namespace vndesk::check {
 
+namespace {
+
+struct LanguageRow {
+    const wchar_t* name;
+    const Words* words;
+    const Frame* frame;
+};
+
+// In the order of Language.
+constexpr LanguageRow kLanguages[] = {
+    {L"en", kEnglish, &kEnglishFrame},
+    {L"vi", kVietnamese, &kVietnameseFrame},
+    {L"fr", kFrench, &kFrenchFrame},
+};
+
+const LanguageRow& RowOf(Language language) {
+    return kLanguages[static_cast<std::size_t>(language)];
+}
+
+} // namespace
+
+const wchar_t* NameOf(Language language) {
+    return RowOf(language).name;
+}
+
 const Words& WordsOf(Id id, Language language) {
-    const auto& table = language == Language::Vietnamese ? kVietnamese : kEnglish;
-    return table[static_cast<std::size_t>(id)];
+    return RowOf(language).words[static_cast<std::size_t>(id)];
 }
 
 const Frame& FrameOf(Language language) {
-    return language == Language::Vietnamese ? kVietnameseFrame : kEnglishFrame;
+    return *RowOf(language).frame;
 }
 
 std::wstring Fill(std::wstring_view text, const std::vector<std::wstring>& values) {

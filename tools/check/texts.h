@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The words of vndesk-check in both languages.
+// The words of vndesk-check in its languages.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,10 @@
 
 namespace vndesk::check {
 
-enum class Language { English, Vietnamese };
+enum class Language { English, Vietnamese, French };
+
+// "en", "vi", "fr".
+const wchar_t* NameOf(Language language);
 
 // What was found, what it means, what to do; the last two are empty where all is well.
 struct Words {

@@ -107,6 +107,74 @@ const Words kEnglish[kIdCount] = {
     {L"Font \"{0}\": drawn with \"{1}\", which lacks {2} of {3} Vietnamese letters: {4}",
      L"Texts show boxes or letters of another font.",
      L"Install a font with Vietnamese letters, e.g. Arial or Liberation Sans 2."},
+    // the database
+    {L"The database can be opened: {0}", L"", L""},
+    {L"The server of the database was not found, or does not answer: {0}",
+     L"No form can reach the database.",
+     L"Check name, instance and port in the connection string, that the server runs, and the "
+     L"firewalls between."},
+    {L"The server refuses the name or the password: {0}", L"No form can reach the database.",
+     L"Check both in the connection string; a password with ; or quotes needs quotes or braces "
+     L"around it."},
+    {L"The provider or driver that the connection string names is missing for {1}-bit programs: "
+     L"{0}",
+     L"No form of a {1}-bit program can reach the database.",
+     L"Install it in this bitness; a data source (DSN) must be made for this bitness too."},
+    {L"The certificate of the server is not trusted: {0}", L"No form can reach the database.",
+     L"Install the certificate of its authority on this machine, and connect by the name that "
+     L"stands in the certificate."},
+    {L"The file of the database was not found: {0}", L"No form can reach the database.",
+     L"Check the path in the connection string, and that this user may read the folder."},
+    {L"The connection string names Jet 4.0, which 64-bit programs do not have: {0}",
+     L"No form of a 64-bit program can reach the database.",
+     L"Use the 32-bit host, or ACE: the Access Database Engine of 64 bits, and its name in the "
+     L"connection string."},
+    {L"The server has no such database, or this login may not open it: {0}",
+     L"No form can reach the database.",
+     L"Check the name of the database in the connection string, and the grants of the login."},
+    {L"The server is busy or not ready: {0}", L"No form can reach the database now.",
+     L"Try again; where it stays so, look at the server: too many connections, or still "
+     L"recovering."},
+    {L"The database cannot be opened: {0}", L"No form can reach it.",
+     L"Follow the message of the provider."},
+    {L"{0} does not understand names in brackets.",
+     L"Statements of a host that sets no Dialect fail.",
+     L"Set Dialect of clsSettings to the engine."},
+    {L"Tables that can be read: {0}", L"", L""},
+    {L"The table {0} cannot be read: {1}", L"Logon and administration do not work without it.",
+     L"Make it by the scripts in schema, or let the login of the connection string read it."},
+    {L"The table {0} cannot be read: {1}", L"The search dialog has nothing to search by.",
+     L"If the host searches: make it by the scripts in schema, or let the login read it."},
+    {L"The table {0} cannot be read: {1}", L"No form uses it.",
+     L"Nothing, unless the host keeps its own settings there."},
+    {L"The table {0} has no column {1}.", L"Statements that name the column fail.",
+     L"Add the column, as the scripts in schema have it."},
+    {L"Column {1} of the table {0} is not in place {2}.",
+     L"The library reads these columns by their place: users get wrong numbers or rights.",
+     L"Make the table anew with the columns in the order of the scripts in schema."},
+    {L"Groups has {0} columns for rights, Menu has {1} rows.",
+     L"Rights of the last menu bars cannot be read or written.",
+     L"Add integer columns at the end of Groups, one for each row of Menu."},
+    {L"The table Menu has no rows.", L"The form for rights has nothing to give.",
+     L"Write a row for each menu bar of the host, if it has rights."},
+    {L"Menu bar {0} has {1} commands in SubMenu, 31 are possible.",
+     L"The form for rights tells an error for this bar.", L"Split the bar into two rows of Menu."},
+    {L"There is no user with the code 3.",
+     L"It is the main administrator, whom nobody can delete and who unlocks others.",
+     L"Add the user with this code, as the scripts in schema do."},
+    {L"There is no group with the code {0}.",
+     L"The library keeps the groups 1 and 8 from being deleted, and hosts count on them.",
+     L"Add the group with this code, as the scripts in schema do."},
+    {L"LstFld has fields of type {0}, Operator has no row for it.",
+     L"Nothing can be compared with these fields in the search dialog.",
+     L"Add rows of this type to Operator."},
+    {L"LstFld has fields of type 8, dates.",
+     L"Result writes them as #03/05/2021#, which SQL Server does not read.",
+     L"Run ParameterizedResult or CreateCommand of clsSearch instead, or set Dialect."},
+    {L"Tables of 1.1 that can be read: {0}", L"", L""},
+    {L"The table {0} of 1.1 is not there.",
+     L"Hosts that ask for what is kept in it get error 0x80040210.",
+     L"If a host asks for it: run schema/upgrade/{1}.sql on the database."},
 };
 
 const Frame kEnglishFrame = {
@@ -114,15 +182,20 @@ const Frame kEnglishFrame = {
     {L"ok", L"note", L"warning", L"error"},
     L"To do: ",
     {L"VnDesk works.", L"VnDesk works.", L"VnDesk works, with warnings.", L"VnDesk does not work."},
-    L"vndesk-check [--json] [--en | --vi] [--help] [--version]\n"
+    L"vndesk-check [--json] [--en | --fr | --vi] [--connect STRING] [--help] [--version]\n"
     L"Tells whether VnDesk can be used by programs of this check's own bitness, and what is "
     L"wrong.\n"
     L"\n"
-    L"  --json     prints JSON in UTF-8 for other programs\n"
-    L"  --en       in English\n"
-    L"  --vi       in Vietnamese; without either in the user's language\n"
-    L"  --help     prints this text\n"
-    L"  --version  prints the version\n"
+    L"  --json            prints JSON in UTF-8 for other programs\n"
+    L"  --en              in English\n"
+    L"  --fr              in French\n"
+    L"  --vi              in Vietnamese; without any of them in the user's language\n"
+    L"  --connect STRING  looks into the host's database too; the connection string stands in "
+    L"quotes,\n"
+    L"                    - reads it from the standard input. Names and passwords are never "
+    L"printed.\n"
+    L"  --help            prints this text\n"
+    L"  --version         prints the version\n"
     L"\n"
     L"Exit code: 0 works, 1 works with warnings, 2 does not work, 3 could not be checked.\n"};
 

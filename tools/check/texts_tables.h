@@ -8,7 +8,9 @@ namespace vndesk::check {
 
 extern const Words kEnglish[kIdCount];
 extern const Words kVietnamese[kIdCount];
+extern const Words kFrench[kIdCount];
 extern const Frame kEnglishFrame;
 extern const Frame kVietnameseFrame;
+extern const Frame kFrenchFrame;
 
 } // namespace vndesk::check

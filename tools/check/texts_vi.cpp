@@ -109,6 +109,74 @@ const Words kVietnamese[kIdCount] = {
     {L"Phông \"{0}\": hiển thị bằng \"{1}\", thiếu {2} trong {3} chữ tiếng Việt: {4}",
      L"Chữ hiện thành ô vuông hoặc bằng phông khác.",
      L"Cài phông có chữ tiếng Việt, ví dụ Arial hoặc Liberation Sans 2."},
+    // the database
+    {L"Mở được cơ sở dữ liệu: {0}", L"", L""},
+    {L"Không tìm thấy máy chủ của cơ sở dữ liệu, hoặc máy chủ không trả lời: {0}",
+     L"Không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Xem lại tên máy, tên instance và cổng trong chuỗi kết nối; xem máy chủ có đang chạy, tường "
+     L"lửa có chặn không."},
+    {L"Máy chủ từ chối tên hoặc mật khẩu: {0}", L"Không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Xem lại tên và mật khẩu trong chuỗi kết nối; mật khẩu có ; hoặc dấu nháy phải được đặt "
+     L"trong dấu nháy hoặc ngoặc nhọn."},
+    {L"Thiếu trình cung cấp hoặc trình điều khiển nêu trong chuỗi kết nối cho các chương trình {1} "
+     L"bit: {0}",
+     L"Không biểu mẫu nào của chương trình {1} bit truy cập được cơ sở dữ liệu.",
+     L"Cài bản cùng kiến trúc; nguồn dữ liệu (DSN) cũng phải được tạo cho kiến trúc này."},
+    {L"Chứng chỉ của máy chủ không được tin cậy: {0}",
+     L"Không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Cài chứng chỉ của nơi cấp vào máy này, và kết nối bằng đúng tên ghi trong chứng chỉ."},
+    {L"Không tìm thấy tệp cơ sở dữ liệu: {0}", L"Không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Xem lại đường dẫn trong chuỗi kết nối, và quyền đọc thư mục của người dùng này."},
+    {L"Chuỗi kết nối nêu Jet 4.0, thứ mà chương trình 64 bit không có: {0}",
+     L"Không biểu mẫu nào của chương trình 64 bit truy cập được cơ sở dữ liệu.",
+     L"Dùng chương trình 32 bit, hoặc dùng ACE: Access Database Engine bản 64 bit, và nêu tên nó "
+     L"trong chuỗi kết nối."},
+    {L"Máy chủ không có cơ sở dữ liệu này, hoặc tài khoản không được mở nó: {0}",
+     L"Không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Xem lại tên cơ sở dữ liệu trong chuỗi kết nối, và quyền của tài khoản."},
+    {L"Máy chủ đang bận hoặc chưa sẵn sàng: {0}",
+     L"Lúc này không biểu mẫu nào truy cập được cơ sở dữ liệu.",
+     L"Thử lại; nếu vẫn vậy thì xem máy chủ: quá nhiều kết nối, hoặc đang phục hồi."},
+    {L"Không mở được cơ sở dữ liệu: {0}", L"Không biểu mẫu nào truy cập được nó.",
+     L"Làm theo thông báo của trình cung cấp."},
+    {L"{0} không hiểu tên đặt trong ngoặc vuông.",
+     L"Câu lệnh của chương trình không đặt Dialect sẽ bị lỗi.",
+     L"Đặt Dialect của clsSettings theo máy chủ."},
+    {L"Các bảng đọc được: {0}", L"", L""},
+    {L"Không đọc được bảng {0}: {1}", L"Thiếu bảng này thì không đăng nhập và không quản trị được.",
+     L"Tạo bảng bằng các tập lệnh trong schema, hoặc cho tài khoản trong chuỗi kết nối quyền đọc."},
+    {L"Không đọc được bảng {0}: {1}", L"Hộp tìm kiếm không có gì để tìm theo.",
+     L"Nếu chương trình có tìm kiếm: tạo bảng bằng các tập lệnh trong schema, hoặc cho tài khoản "
+     L"quyền đọc."},
+    {L"Không đọc được bảng {0}: {1}", L"Không biểu mẫu nào dùng bảng này.",
+     L"Không cần làm gì, trừ khi chương trình giữ thiết lập của mình ở đó."},
+    {L"Bảng {0} không có cột {1}.", L"Các câu lệnh nêu tên cột này sẽ bị lỗi.",
+     L"Thêm cột như trong các tập lệnh ở schema."},
+    {L"Cột {1} của bảng {0} không ở vị trí {2}.",
+     L"Thư viện đọc các cột này theo vị trí: người dùng nhận sai mã số hoặc sai quyền.",
+     L"Tạo lại bảng với các cột theo thứ tự trong các tập lệnh ở schema."},
+    {L"Bảng Groups có {0} cột quyền, bảng Menu có {1} dòng.",
+     L"Không đọc và không ghi được quyền của các thanh menu cuối.",
+     L"Thêm cột số nguyên vào cuối bảng Groups, mỗi dòng của Menu một cột."},
+    {L"Bảng Menu không có dòng nào.", L"Biểu mẫu phân quyền không có gì để phân.",
+     L"Nếu chương trình có phân quyền: ghi cho mỗi thanh menu một dòng."},
+    {L"Thanh menu {0} có {1} lệnh trong SubMenu, nhiều nhất là 31.",
+     L"Biểu mẫu phân quyền sẽ báo lỗi với thanh này.", L"Tách thanh này thành hai dòng của Menu."},
+    {L"Không có người sử dụng mang mã 3.",
+     L"Đó là quản trị chính, người không ai xoá được và mở khoá cho người khác.",
+     L"Thêm người sử dụng mang mã này như các tập lệnh ở schema."},
+    {L"Không có nhóm mang mã {0}.",
+     L"Thư viện không cho xoá nhóm 1 và nhóm 8, và các chương trình dựa vào hai nhóm này.",
+     L"Thêm nhóm mang mã này như các tập lệnh ở schema."},
+    {L"Bảng LstFld có trường kiểu {0}, bảng Operator không có dòng nào cho kiểu này.",
+     L"Trong hộp tìm kiếm không so sánh được với các trường đó.",
+     L"Thêm các dòng của kiểu này vào bảng Operator."},
+    {L"Bảng LstFld có trường kiểu 8, tức ngày.",
+     L"Result ghi ngày dạng #03/05/2021#, SQL Server không hiểu.",
+     L"Dùng ParameterizedResult hoặc CreateCommand của clsSearch, hoặc đặt Dialect."},
+    {L"Các bảng của 1.1 đọc được: {0}", L"", L""},
+    {L"Chưa có bảng {0} của 1.1.", L"Chương trình cần đến nó sẽ gặp lỗi 0x80040210.",
+     L"Nếu chương trình cần: chạy schema/upgrade/{1}.sql trên cơ sở dữ liệu."},
 };
 
 const Frame kVietnameseFrame = {
@@ -117,15 +185,19 @@ const Frame kVietnameseFrame = {
     L"Cần làm: ",
     {L"VnDesk dùng được.", L"VnDesk dùng được.", L"VnDesk dùng được, có cảnh báo.",
      L"VnDesk không dùng được."},
-    L"vndesk-check [--json] [--en | --vi] [--help] [--version]\n"
+    L"vndesk-check [--json] [--en | --fr | --vi] [--connect CHUỖI] [--help] [--version]\n"
     L"Cho biết các chương trình cùng kiến trúc với chương trình kiểm tra này có dùng được VnDesk "
     L"không, và sai ở đâu.\n"
     L"\n"
-    L"  --json     in JSON mã UTF-8 cho chương trình khác\n"
-    L"  --en       bằng tiếng Anh\n"
-    L"  --vi       bằng tiếng Việt; nếu không chọn thì theo ngôn ngữ của người dùng\n"
-    L"  --help     in hướng dẫn này\n"
-    L"  --version  in phiên bản\n"
+    L"  --json           in JSON mã UTF-8 cho chương trình khác\n"
+    L"  --en             bằng tiếng Anh\n"
+    L"  --fr             bằng tiếng Pháp\n"
+    L"  --vi             bằng tiếng Việt; nếu không chọn thì theo ngôn ngữ của người dùng\n"
+    L"  --connect CHUỖI  xem cả cơ sở dữ liệu của chương trình; chuỗi kết nối đặt trong dấu "
+    L"nháy kép,\n"
+    L"                   - đọc chuỗi từ đầu vào chuẩn. Không bao giờ in tên và mật khẩu.\n"
+    L"  --help           in hướng dẫn này\n"
+    L"  --version        in phiên bản\n"
     L"\n"
     L"Mã thoát: 0 dùng được, 1 dùng được nhưng có cảnh báo, 2 không dùng được, 3 không kiểm tra "
     L"được.\n"};

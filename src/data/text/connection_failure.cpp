@@ -116,11 +116,24 @@ bool NamesJet(std::wstring_view connectionString) {
     });
 }
 
+// As a text box shows it: drivers end lines as they like, and some texts with an empty one.
+std::wstring WithLineEnds(std::wstring_view text) {
+    while (!text.empty() && text.back() <= L' ')
+        text.remove_suffix(1);
+    std::wstring result;
+    for (const wchar_t ch : text)
+        if (ch == L'\n')
+            result += L"\r\n";
+        else if (ch != L'\r')
+            result += ch;
+    return result;
+}
+
 // Each text once, with the numbers that a manual explains.
 std::wstring TextOf(const std::vector<ProviderError>& errors, const Secrets& secrets) {
     std::wstring all;
     for (const ProviderError& error : errors) {
-        std::wstring line = secrets.Hide(error.text);
+        std::wstring line = WithLineEnds(secrets.Hide(error.text));
         if (!error.state.empty())
             line += L" (" + error.state + L", " + std::to_wstring(error.native) + L")";
         if (line.empty() || all.find(line) != std::wstring::npos)

@@ -211,7 +211,10 @@ void AddReadings(std::wstring_view value, std::vector<std::wstring>& values) {
     const std::wstring_view bare = WithoutMarks(value);
     const std::size_t space =
         std::find_if(bare.begin(), bare.end(), IsSpace) - bare.begin(); // a list of libpq's
-    for (const std::wstring_view reading : {value, bare, WithoutMarks(bare.substr(0, space))}) {
+    // ODBC knows no quotes, OLE DB no braces.
+    const std::wstring_view item = value.substr(0, value.find(L';'));
+    for (const std::wstring_view reading :
+         {value, item, bare, WithoutMarks(bare.substr(0, space))}) {
         values.emplace_back(reading);
         for (const wchar_t quote : {L'"', L'\'', L'}'})
             values.push_back(Undoubled(reading, quote));

@@ -5,6 +5,7 @@
 
 #include "passwords/password_hash.h"
 #include "support/event_listener.h"
+#include "support/last_error.h"
 #include "support/late_bound.h"
 #include "support/script_host.h"
 #include "support/ui_windows.h"
@@ -14,15 +15,6 @@ namespace {
 
 constexpr HRESULT kMissingTable = 0x80040210, kRefused = 0x80040211, kNoSuchUser = 0x80040212;
 constexpr wchar_t kGood[] = L"Ngựa đúng pin ghim";
-
-// The description of the error that the thread has been left.
-std::wstring LastErrorText() {
-    Microsoft::WRL::ComPtr<IErrorInfo> info;
-    _bstr_t text;
-    if (GetErrorInfo(0, &info) == S_OK)
-        info->GetDescription(text.GetAddress());
-    return {static_cast<const wchar_t*>(text) ? static_cast<const wchar_t*>(text) : L""};
-}
 
 class SetPassword : public Accounts {
 protected:
