@@ -147,8 +147,8 @@ private:
     }
 
     // The details of a new group: its name is the number after the largest name.
-    void AddRecord() {
-        const long long largest = LastValue(database_, L"Groups", L"Name");
+    void AddRecord(Failure failure = Failure::Shown) {
+        const long long largest = LastValue(database_, L"Groups", L"Name", failure);
         Get(L"txtName").SetText(std::to_wstring(largest + 1));
         Get(L"TxtDesc").SetText(L"");
     }
@@ -219,7 +219,7 @@ private:
 
     void Added(const std::wstring& name, const std::wstring& description) {
         AddListItem(*groups_, ItemText(name, description), NewCode());
-        AddRecord();
+        AddRecord(Failure::ShownAfterWrite);
     }
 
     // Written without the add button: where there is no group, the details are those of a new one.

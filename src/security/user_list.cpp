@@ -148,9 +148,9 @@ private:
         Get(L"Lv").Focus();
     }
 
-    void Append(const Statement& statement) {
+    void Append(const Statement& statement, Failure failure = Failure::Shown) {
         Recordset rows;
-        if (OpenRecordset(database_, rows, statement) != 0)
+        if (OpenRecordset(database_, rows, statement, nullptr, failure) != 0)
             return;
         for (; !rows.Eof(); rows.MoveNext())
             users_->Rows().push_back(RowOf(rows));
@@ -158,11 +158,11 @@ private:
 
     // Adds the rows that are not shown yet. The statement may return shown ones: the last code
     // counts as 0 when it cannot be read.
-    void AppendNew(const Statement& statement) {
+    void AppendNew(const Statement& statement, Failure failure) {
         auto& rows = users_->Rows();
         const auto shown = static_cast<std::ptrdiff_t>(rows.size());
         // Rows before a failure stay.
-        Trap([&] { Append(statement); });
+        Trap([&] { Append(statement, failure); });
         const auto isShown = [&](const ReportRow& row) {
             return std::any_of(rows.begin(), rows.begin() + shown,
                                [&](const ReportRow& other) { return other.key == row.key; });
@@ -182,12 +182,17 @@ private:
         return index < rows.size() ? std::optional(rows[index]) : std::nullopt;
     }
 
+    // What is told when the rows cannot be read again.
+    Failure Edit(const UserEditorOptions& options) {
+        return ShowUserEditor(operation_, options) ? Failure::ShownAfterWrite : Failure::Shown;
+    }
+
     void Add() {
         const long before = LastValue(database_, L"User", L"Code");
-        ShowUserEditor(operation_, {.AllowChange = true, .EditMode = false, .OldName = {}});
-        const long after = LastValue(database_, L"User", L"Code");
+        const Failure failure = Edit({.AllowChange = true, .EditMode = false, .OldName = {}});
+        const long after = LastValue(database_, L"User", L"Code", failure);
         if (after > before) {
-            AppendNew(UsersAfterStatement(before, database_.Style()));
+            AppendNew(UsersAfterStatement(before, database_.Style()), failure);
             ReadLocks();
             users_->Refresh();
             users_->Select(static_cast<long>(users_->Rows().size()) - 1);
@@ -199,10 +204,11 @@ private:
         const std::optional<ReportRow> row = Selected();
         if (!row)
             return;
-        ShowUserEditor(operation_,
-                       {.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
+        const Failure failure =
+            Edit({.AllowChange = true, .EditMode = true, .OldName = row->cells[kName]});
         Recordset user;
-        OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode], database_.Style()));
+        OpenRecordset(database_, user, UserWithCodeStatement(row->cells[kCode], database_.Style()),
+                      nullptr, failure);
         if (CountRecords(user) > 0)
             if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);

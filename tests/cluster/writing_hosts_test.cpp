@@ -21,6 +21,9 @@ constexpr DWORD kPatience = 1500000;
 constexpr wchar_t kLost[] =
     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra.";
 
+// The list behind the form could not be read any more.
+constexpr wchar_t kWritten[] = L"Đã ghi, nhưng không đọc lại được.";
+
 enum class Told { Done, Failed, Lost };
 
 // How a host writes, what there is of a write at the end, and whether it asks to be told of lost
@@ -83,6 +86,8 @@ private:
         const auto& messages = player.Messages();
         if (std::ranges::count(messages, kLost))
             return Told::Lost;
+        if (std::ranges::any_of(messages, [](auto& text) { return text.starts_with(kWritten); }))
+            return Told::Done;
         // Where the form did not come so far, nothing was asked to be written.
         return confirmed && messages.empty() ? Told::Done : Told::Failed;
     }

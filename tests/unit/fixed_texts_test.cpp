@@ -68,6 +68,15 @@ constexpr FixedText kAll[] = {
     {"OptionsNotSaved", texts::kOptionsNotSaved,
      L"Kh\u00ABng th\u00D3 l\u00ADu \u00AE\u00AD\u00EEc kho\u00B8", L"Không thể lưu được khoá", 23},
     {"OptionsErrorIs", texts::kOptionsErrorIs, L". L\u00E7i l\u00B5 ", L". Lỗi là ", 9},
+    {"AnswerLost", texts::kAnswerLost,
+     L"M\u00CAt k\u00D5t n\u00E8i khi \u00AEang ghi: kh\u00ABng bi\u00D5t \u00AE\u00B7 ghi "
+     L"\u00AE\u00AD\u00EEc hay ch\u00ADa. "
+     L"H\u00B7y m\u00EB l\u00B9i \u00AE\u00D3 ki\u00D3m tra.",
+     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra.", 82},
+    {"WrittenNotRead", texts::kWrittenNotRead,
+     L"\u00A7\u00B7 ghi, nh\u00ADng kh\u00ABng \u00AE\u00E4c l\u00B9i \u00AE\u00AD\u00EEc. "
+     L"H\u00B7y m\u00EB l\u00B9i \u00AE\u00D3 xem.",
+     L"Đã ghi, nhưng không đọc lại được. Hãy mở lại để xem.", 52},
     {"NotConnected", texts::kNotConnected,
      L"Kh\u00ABng k\u00D5t n\u00E8i \u00AE\u00AD\u00EEc c\u00AC s\u00EB d\u00F7 li\u00D6u.",
      L"Không kết nối được cơ sở dữ liệu.", 33},

@@ -6,7 +6,9 @@
 #include "data/connect/failure.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/values.h"
+#include "data/text/captions.h"
 #include "data/text/statements.h"
+#include "text/tcvn3.h"
 
 namespace vndesk {
 
@@ -14,6 +16,13 @@ namespace {
 
 _variant_t Missing() {
     return _variant_t(DISP_E_PARAMNOTFOUND, VT_ERROR);
+}
+
+std::wstring Told(const Database& database, const ErrorState& error, Failure failure) {
+    const std::wstring shown = ShownText(database, error.description);
+    if (failure != Failure::ShownAfterWrite || !database.settings.TellsLostAnswers())
+        return shown;
+    return ToUncText(texts::kWrittenNotRead, kToUnicode) + L"\r\n" + shown;
 }
 
 } // namespace
@@ -126,13 +135,13 @@ long Recordset::FieldCount() {
 }
 
 long OpenRecordset(const Database& database, Recordset& recordset, const Statement& statement,
-                   std::wstring* description) {
+                   std::wstring* description, Failure failure) {
     const ErrorState error = Trap([&] {
         recordset.Create(database);
         recordset.Open(statement);
     });
-    if (error)
-        PlainMessage(ShownText(database, error.description));
+    if (error && failure != Failure::Ignored)
+        PlainMessage(Told(database, error, failure));
     if (description)
         *description = error.description;
     return error.code;
@@ -155,14 +164,9 @@ long LastValue(const Database& database, std::wstring_view table, std::wstring_v
     Recordset recordset;
     long value = 0;
     Trap([&] {
-        const Statement statement =
-            OwnStatement(LastValueStatement(table, column), database.Style());
-        if (failure == Failure::Shown) {
-            OpenRecordset(database, recordset, statement);
-        } else {
-            recordset.Create(database);
-            recordset.Open(statement);
-        }
+        OpenRecordset(database, recordset,
+                      OwnStatement(LastValueStatement(table, column), database.Style()), nullptr,
+                      failure);
         if (CountRecords(recordset) > 0) {
             recordset.MoveLast();
             value = NullToInteger(recordset.Value(0L));

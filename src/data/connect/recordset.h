@@ -52,17 +52,19 @@ private:
     std::map<std::wstring, ComPtr<Field>, std::less<>> named_;
 };
 
+// What the user is told where nothing can be read. After a write, a host that is told of lost
+// answers is also told that it was made: the provider's words alone may be taken for its failure.
+enum class Failure { Shown, ShownAfterWrite, Ignored };
+
 // Opens a new record set on a statement. A failure is shown in a plain message with the provider's
 // description, and its error number is returned; 0 is success. Callers that say more about a
 // failure get the description too.
 long OpenRecordset(const Database& database, Recordset& recordset, const Statement& statement,
-                   std::wstring* description = nullptr);
+                   std::wstring* description = nullptr, Failure failure = Failure::Shown);
 
 // Counts the rows by walking them, for providers that do not know, and leaves the first one
 // current. If a row cannot be reached, those before it count.
 long CountRecords(Recordset& recordset);
-
-enum class Failure { Shown, Ignored };
 
 // The last value of a column in ascending order, which after an insert is the newest code; 0 when
 // there is none, and after a failure.

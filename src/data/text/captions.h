@@ -8,6 +8,9 @@ namespace vndesk::texts {
 
 inline constexpr auto kOptionsNotSaved = L"Không thể lưu được khoá"_tcvn3;
 inline constexpr auto kOptionsErrorIs = L". Lỗi là "_tcvn3;
+// What was written cannot be shown. The provider's words follow.
+inline constexpr auto kWrittenNotRead =
+    L"Đã ghi, nhưng không đọc lại được. Hãy mở lại để xem."_tcvn3;
 // The connection broke before a commit was answered.
 inline constexpr auto kAnswerLost =
     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra."_tcvn3;
