@@ -35,6 +35,11 @@ inline bool BindsValues() {
     return !InDialect() || CurrentVariant().bound;
 }
 
+// Whether texts are written with the prefix of SQL Server.
+inline bool PrefixesTexts() {
+    return InDialect() ? CurrentVariant().dialect == vnDialectSqlServer : CurrentVariant().server;
+}
+
 // From its making to its end. In the language of SQL Server, which a PostgreSQL server understands
 // with the bridge's help, every statement is also left in OutDir() for a parser of that language.
 class VariantInUse {

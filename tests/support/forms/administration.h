@@ -228,8 +228,7 @@ public:
 
     // The text, with the prefix that the kind of database asks for.
     std::wstring Quoted(const std::wstring& text) const {
-        const bool prefixed = InDialect() ? CurrentVariant().dialect == vnDialectSqlServer : server;
-        return (prefixed ? L"N'" : L"'") + text + L"'";
+        return (PrefixesTexts() ? L"N'" : L"'") + text + L"'";
     }
     // A name of the library's tables as its statements of 1.1 write it.
     std::wstring OwnName(const std::wstring& name) const {

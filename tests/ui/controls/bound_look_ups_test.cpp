@@ -53,8 +53,12 @@ TEST_P(BoundBoxes, CodesAndNamesWithQuotesAreFound) {
     EXPECT_EQ(L"B'1", Host().SelID());
     const Lines sent = trace.All();
     ASSERT_EQ(5u, sent.size());
-    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ma = ?", sent[0]);
-    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ten  Like ?", sent[3]);
+    const auto value = [&](const wchar_t* inside) {
+        return BindsValues() ? L"?"
+                             : (PrefixesTexts() ? L"N'" : L"'") + std::wstring(inside) + L"'";
+    };
+    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ma = " + value(L"B''1"), sent[0]);
+    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ten  Like " + value(L"O''B%"), sent[3]);
 }
 
 TEST_P(BoundBoxes, CodesThatAreStatementsAreFoundNowhere) {
