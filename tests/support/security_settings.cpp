@@ -14,8 +14,8 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-bool IsServer(const SampleDatabase& database) {
-    return database.File().empty();
+bool IsPostgres(const SampleDatabase& database) {
+    return database.Engine() == std::wstring_view(L"postgresql");
 }
 
 VARIANT_BOOL ToBool(bool value) {
@@ -51,9 +51,9 @@ void Govern(IUnknown* object, const ComPtr<ISettings>& settings) {
 }
 
 void Upgrade(const SampleDatabase& database, const wchar_t* script) {
-    const std::wstring engine = IsServer(database) ? L".postgresql.sql" : L".sqlite.sql";
     OdbcSession(database.OdbcString())
-        .ExecuteScript(ReadUtf8File(SourceDir() + L"\\schema\\upgrade\\" + script + engine));
+        .ExecuteScript(ReadUtf8File(SourceDir() + L"\\schema\\upgrade\\" + script + L"." +
+                                    database.Engine() + L".sql"));
 }
 
 std::vector<AuditRecord> AuditRecords(const SampleDatabase& database) {
@@ -77,7 +77,7 @@ std::vector<std::wstring> AuditLines(const SampleDatabase& database) {
 }
 
 void RefuseRecords(const SampleDatabase& database) {
-    if (!IsServer(database)) {
+    if (!IsPostgres(database)) {
         database.Execute(L"create trigger refusal before insert on vnaudit begin select "
                          L"raise(abort, '" +
                          std::wstring(kAuditRefuses) + L"'); end");
