@@ -34,6 +34,7 @@ ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     EXPECT_SUCCEEDED(settings->put_LockAfter(values.LockAfter));
     EXPECT_SUCCEEDED(settings->put_LockWindowMinutes(values.LockWindowMinutes));
     EXPECT_SUCCEEDED(settings->put_LockMinutes(values.LockMinutes));
+    EXPECT_SUCCEEDED(settings->put_Dialect(values.Dialect));
     return settings;
 }
 

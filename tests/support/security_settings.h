@@ -22,6 +22,7 @@ struct SecuritySettings {
     long LockAfter = 0;
     long LockWindowMinutes = 15;
     long LockMinutes = 15;
+    Dialects Dialect = vnDialectAuto;
 };
 
 // A clsSettings of the registered DLL.
