@@ -17,7 +17,7 @@ void CheckLiteral(std::wstring_view literal, const std::wstring& wanted, Databas
     const auto value = ReadLiteral(literal);
     MUST(value && *value == wanted);
     MUST((literal.front() == L'N') == (kind == DatabaseKind::SqlServer));
-    MUST(ado::ReadTokens(literal).size() == 1 && LiteralsOf(literal));
+    MUST(ReadTokens(literal).size() == 1 && LiteralsOf(literal));
 }
 
 void CheckNumber(std::wstring_view literal) {

@@ -7,14 +7,11 @@
 
 #include "ado/text/dialect.h"
 #include "ado/text/parameter_markers.h"
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 
 namespace vndesk::fuzz {
 
 namespace {
-
-using ado::Token;
-using ado::TokenKind;
 
 struct Piece {
     TokenKind kind;
@@ -25,7 +22,7 @@ using Pieces = std::vector<Piece>;
 
 Pieces WithoutSpace(std::wstring_view statement) {
     Pieces pieces;
-    for (const auto& [kind, text] : ado::ReadTokens(statement))
+    for (const auto& [kind, text] : ReadTokens(statement))
         if (kind != TokenKind::Space)
             pieces.push_back({kind, std::wstring(text)});
     return pieces;
@@ -45,7 +42,7 @@ void CheckTranslation(const std::wstring& statement, const ado::Dialect& dialect
     const std::wstring translated = TranslateStatement(statement, dialect);
     MUST(translated.size() <= 9 * statement.size() + 32);
     Pieces wanted;
-    for (const Token& token : ado::ReadTokens(statement))
+    for (const Token& token : ReadTokens(statement))
         if (token.kind != TokenKind::Space)
             for (Piece& piece : Alone(token, dialect))
                 wanted.push_back(std::move(piece));
@@ -66,7 +63,7 @@ void CheckMarkers(const std::wstring& statement) {
                              : piece);
     Pieces left;
     const std::wstring bare = ado::BareMarkers(statement);
-    for (const auto& [kind, text] : ado::ReadTokens(bare)) {
+    for (const auto& [kind, text] : ReadTokens(bare)) {
         MUST(kind != TokenKind::Space || (text.front() != L'-' && text.front() != L'/'));
         if (kind == TokenKind::Space)
             continue;
@@ -80,7 +77,7 @@ void CheckMarkers(const std::wstring& statement) {
 void RunOne(Input& input) {
     const std::wstring statement = input.RestText();
     std::wstring joined;
-    for (const auto& [kind, text] : ado::ReadTokens(statement)) {
+    for (const auto& [kind, text] : ReadTokens(statement)) {
         MUST(!text.empty());
         joined += text;
     }

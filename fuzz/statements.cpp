@@ -47,15 +47,15 @@ void RunOne(Input& input) {
     const OptionName name{section, key};
     const std::wstring s = Stored(section), k = Stored(key), v = Stored(value);
     for (const DatabaseKind kind : {DatabaseKind::Jet, DatabaseKind::SqlServer}) {
-        MUST(LiteralsOf(ReadOptionStatement(name, kind)) == (Values{s, k}));
-        MUST(LiteralsOf(FindOptionStatement(name, kind)) == (Values{s, k}));
+        MUST(LiteralsOf(ReadOptionStatement(name, kind).text) == (Values{s, k}));
+        MUST(LiteralsOf(FindOptionStatement(name, kind).text) == (Values{s, k}));
         Values inserted{s, k, v}, updated{v, s, k};
         if (!description.empty()) {
             inserted.push_back(Stored(description) + L" ");
             updated.insert(updated.begin(), Stored(description) + L" ");
         }
-        MUST(LiteralsOf(InsertOptionStatement(name, value, description, kind)) == inserted);
-        MUST(LiteralsOf(UpdateOptionStatement(name, value, description, kind)) == updated);
+        MUST(LiteralsOf(InsertOptionStatement(name, value, description, kind).text) == inserted);
+        MUST(LiteralsOf(UpdateOptionStatement(name, value, description, kind).text) == updated);
         MUST(LiteralsOf(LookUpStatement(L"KhachHang", value, kind).text) == (Values{v + L"%"}));
         MUST(LiteralsOf(NamesBeginningStatement(L"Select [Name]", value, kind).text) ==
              (Values{v + L"%"}));

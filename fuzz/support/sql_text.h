@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 
 namespace vndesk::fuzz {
 
@@ -38,10 +38,10 @@ inline std::wstring Stored(std::wstring_view text) {
 // The values of a statement's text literals; nothing when a quote is left open.
 inline std::optional<std::vector<std::wstring>> LiteralsOf(std::wstring_view statement) {
     std::vector<std::wstring> values;
-    for (const auto& [kind, text] : ado::ReadTokens(statement)) {
-        if (kind == ado::TokenKind::Unclosed)
+    for (const auto& [kind, text] : ReadTokens(statement)) {
+        if (kind == TokenKind::Unclosed)
             return std::nullopt;
-        if (kind != ado::TokenKind::Text && kind != ado::TokenKind::NationalText)
+        if (kind != TokenKind::Text && kind != TokenKind::NationalText)
             continue;
         const auto value = ReadLiteral(text);
         if (!value)

@@ -35,11 +35,12 @@ std::vector<Account> Accounts(const Database& database, const Statement& stateme
 } // namespace
 
 std::vector<Account> AccountsNamed(const Database& database, const std::wstring& name) {
-    return Accounts(database, UsersNamedStatement(name));
+    return Accounts(database, UsersNamedStatement(name, database.Dialect()));
 }
 
 std::optional<Account> AccountCoded(const Database& database, long userCode) {
-    std::vector<Account> accounts = Accounts(database, UserCodedStatement(userCode));
+    std::vector<Account> accounts =
+        Accounts(database, UserCodedStatement(userCode, database.Dialect()));
     return accounts.empty() ? std::nullopt : std::optional(std::move(accounts.front()));
 }
 
@@ -54,7 +55,7 @@ Account RequireAccount(const Database& database, long userCode) {
 void ReadKept(const Database& database, Account& account) {
     Recordset row;
     row.Create(database);
-    row.Open(AccountStatement(account.userCode));
+    row.Open(AccountStatement(account.userCode, database.Dialect()));
     account.kept = !row.Eof();
     if (!account.kept)
         return;
@@ -66,7 +67,7 @@ void ReadKept(const Database& database, Account& account) {
 
 void KeepAccount(const Database& database, long userCode) {
     // Two at once may both see none: the second is refused by the primary key.
-    Trap([&] { Execute(database, AddAccountStatement(userCode)); });
+    Trap([&] { Execute(database, AddAccountStatement(userCode, database.Dialect())); });
 }
 
 } // namespace vndesk

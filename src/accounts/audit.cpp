@@ -22,7 +22,7 @@ template <class Ask> std::wstring NameFromWindows(Ask ask) {
 }
 
 void Write(const Database& database, const Actor& actor, const AuditEntry& entry) {
-    Execute(database, AuditStatement(actor, entry, ClockOf(database)));
+    Execute(database, AuditStatement(actor, entry, ClockOf(database), database.Dialect()));
 }
 
 // The name of the operation's user as it is now; empty without one.
@@ -31,7 +31,7 @@ std::wstring UserName(const Operation& operation) {
         return {};
     Recordset user;
     user.Create(operation.database);
-    user.Open(UserCodedStatement(operation.userCode));
+    user.Open(UserCodedStatement(operation.userCode, operation.database.Dialect()));
     return user.Eof() ? std::wstring() : NullToText(user.Value(L"Name"));
 }
 

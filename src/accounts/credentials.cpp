@@ -100,8 +100,8 @@ LogonAnswer Accept(const Database& database, const Account& account, const std::
         Aside([&] { UpgradePassword(database, account, password); });
     if (settings.KeepsAccounts())
         Aside([&] {
-            Execute(database,
-                    LoggedOnStatement(account.userCode, ClockOf(database), ComputerName()));
+            Execute(database, LoggedOnStatement(account.userCode, ClockOf(database), ComputerName(),
+                                                database.Dialect()));
         });
     Aside([&] { RecordOf(database, account.userCode, account.name, {L"logon", account.name}); });
     return {.verdict = LogonAnswer::Accepted,
@@ -168,7 +168,9 @@ LogonAnswer CheckPresentPassword(const Database& database, long userCode,
         const std::vector<Account> accounts = {RequireAccount(database, userCode)};
         return Judge(database, accounts, password, [&](const Account& account) {
             if (database.settings.LockAfter > 0)
-                Aside([&] { Execute(database, UnlockStatement(account.userCode)); });
+                Aside([&] {
+                    Execute(database, UnlockStatement(account.userCode, database.Dialect()));
+                });
             return LogonAnswer{.verdict = LogonAnswer::Accepted, .userCode = account.userCode};
         });
     });

@@ -25,17 +25,19 @@ Gate Lock::Enter() {
 Gate Lock::Count(Gate gate) {
     const long code = account_.userCode;
     if (gate.clockWentBack)
-        Execute(database_, gate.closedUntil ? PullLockStatement(code, *gate.closedUntil)
-                                            : PullWindowStatement(code, now_));
+        Execute(database_, gate.closedUntil
+                               ? PullLockStatement(code, *gate.closedUntil, database_.Dialect())
+                               : PullWindowStatement(code, now_, database_.Dialect()));
     if (gate.closedUntil)
         return gate;
     if (gate.startsAnew) {
-        Execute(database_, StartAnewStatement(code, now_, rules_));
+        Execute(database_, StartAnewStatement(code, now_, rules_, database_.Dialect()));
         account_.tries.failed = 0;
     }
     const Engine engine = EngineOf(database_);
     const long failed = account_.tries.failed + 1;
-    if (Execute(database_, CountTryStatement(code, failed, now_, rules_, engine)) == 1)
+    if (Execute(database_,
+                CountTryStatement(code, failed, now_, rules_, engine, database_.Dialect())) == 1)
         return gate;
     ReadKept(database_, account_);
     // No row could be added.

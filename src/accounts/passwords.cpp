@@ -35,11 +35,13 @@ void WritePassword(const Database& database, long userCode, const std::wstring& 
                    bool mustChange) {
     if (database.settings.Scheme == PasswordScheme::Code) {
         // As the logon reads it.
-        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(TrimBlanks(password))));
+        Execute(database, SetNumberStatement(userCode, PasswordCodeOf(TrimBlanks(password)),
+                                             database.Dialect()));
         return;
     }
-    Execute(database, SetHashStatement(userCode, HashPassword(password), mustChange));
-    Execute(database, SetNumberStatement(userCode, kNoNumber));
+    Execute(database,
+            SetHashStatement(userCode, HashPassword(password), mustChange, database.Dialect()));
+    Execute(database, SetNumberStatement(userCode, kNoNumber, database.Dialect()));
 }
 
 } // namespace
@@ -68,9 +70,11 @@ void UpgradePassword(const Database& database, const Account& account,
     if (!account.kept)
         KeepAccount(database, account.userCode);
     Transaction transaction(database);
-    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number.value())) != 1)
+    if (Execute(database, GiveUpNumberStatement(account.userCode, account.number.value(),
+                                                database.Dialect())) != 1)
         return;
-    Execute(database, SetHashStatement(account.userCode, record, account.mustChange));
+    Execute(database,
+            SetHashStatement(account.userCode, record, account.mustChange, database.Dialect()));
     transaction.Commit();
 }
 
@@ -86,7 +90,7 @@ void SetPassword(const Operation& operation, long userCode, const std::wstring& 
     Transaction transaction(database);
     WritePassword(database, userCode, password, mustChange);
     if (keeps)
-        Execute(database, UnlockStatement(userCode));
+        Execute(database, UnlockStatement(userCode, database.Dialect()));
     Record(operation, {L"user-password", account.name});
     transaction.Commit();
 }
@@ -94,7 +98,7 @@ void SetPassword(const Operation& operation, long userCode, const std::wstring& 
 void UnlockUser(const Operation& operation, long userCode) {
     const Account account = RequireAccount(operation.database, userCode);
     Transaction transaction(operation.database);
-    Execute(operation.database, UnlockStatement(userCode));
+    Execute(operation.database, UnlockStatement(userCode, operation.database.Dialect()));
     Record(operation, {L"user-unlock", account.name});
     transaction.Commit();
 }
@@ -103,7 +107,7 @@ std::vector<LockedUser> LockedUsers(const Database& database) {
     std::vector<LockedUser> locked;
     Recordset rows;
     rows.Create(database);
-    rows.Open(std::wstring(kLockedUsersStatement));
+    rows.Open(LockedUsersStatement(database.Dialect()));
     // The time is asked for where somebody has been locked.
     if (rows.Eof())
         return locked;

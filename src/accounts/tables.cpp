@@ -25,7 +25,7 @@ ErrorState TryToRead(const Database& database, std::span<const Table> tables) {
     return Trap([&] {
         Recordset rows;
         rows.Create(database);
-        rows.Open(L"Select * From " + list + L" Where 1=0");
+        rows.Open(OwnStatement(L"Select * From " + list + L" Where 1=0", database.Style()));
     });
 }
 

@@ -13,7 +13,7 @@ FieldInfo ReadFieldInfo(const Database& database, const Statement& statement,
     FieldInfo fields;
     Trap([&] {
         Recordset rows;
-        OpenRecordset(database, rows, Ordered(statement, orderColumn));
+        OpenRecordset(database, rows, Ordered(statement, orderColumn, database.Style()));
         const auto count = static_cast<size_t>(CountRecords(rows));
         fields.FieldRelation.resize(count + 1);
         fields.FieldType.resize(count + 1);

@@ -29,7 +29,7 @@ void FillCombo(const Database& database, Combo& combo, const Statement& statemen
                const std::wstring& orderColumn) {
     Trap([&] {
         Recordset rows;
-        if (OpenRecordset(database, rows, Ordered(statement, orderColumn)) != 0)
+        if (OpenRecordset(database, rows, Ordered(statement, orderColumn, database.Style())) != 0)
             return;
         const long selected = combo.ListIndex();
         combo.Clear();

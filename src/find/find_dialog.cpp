@@ -284,8 +284,8 @@ private:
     void Confirm() {
         Reporting([this] {
             const ConditionLines lines = Lines();
-            condition = {GetRes(lines, database_.kind),
-                         GetParameterized(lines, EngineOf(database_))};
+            condition = {GetRes(lines, database_.Style()),
+                         GetParameterized(lines, EngineOf(database_), database_.Dialect())};
             Unload();
         });
     }

@@ -173,6 +173,9 @@ private:
         // What a driver reads that takes statements in the ANSI code page.
         const std::wstring inCodePage = WithAnsiApostrophes(name);
         const ValueStyle style = database_.Style();
+        // Only apostrophes are doubled in the literals of an engine, nothing that becomes one.
+        if (!style.bound && style.dialect && inCodePage != name)
+            return false;
         if (!MayMeanMore(style, {name}) && !MayMeanMore(style, {inCodePage}))
             OpenRecordset(database_, users, LogonStatement(name, code, style));
         return !EndsLiteral(style, inCodePage) && CountRecords(users) > 0;

@@ -75,7 +75,7 @@ protected:
         // Frames are not among the controls whose captions preparation converts.
         for (const Name frame : {Name(L"FrDetail"), Name(L"Frame1")})
             Get(frame).SetCaption(ToUncText(Get(frame).Caption(), kToUnicode));
-        Trap([&] { ReadInfo(tableName_); });
+        Trap([&] { ReadInfo(AllGroups()); });
         ViewInit();
         CheckWrite();
     }
@@ -94,7 +94,7 @@ private:
         return name + L"-" + description;
     }
 
-    void ReadInfo(const std::wstring& source) {
+    void ReadInfo(const Statement& source) {
         const Hourglass waiting;
         Recordset rows;
         if (OpenRecordset(database_, rows, source) != 0 || CountRecords(rows) == 0)
@@ -105,6 +105,10 @@ private:
             AddListItem(*groups_,
                         ItemText(NullToText(rows.Value(L"Name")), NullToText(rows.Value(L"Des"))),
                         NullToInteger(rows.Value(0L)));
+    }
+
+    Statement AllGroups() const {
+        return StatementWriter(database_.Style()) << WholeTable{tableName_};
     }
 
     void ViewInit() {
@@ -226,7 +230,7 @@ private:
     // the code then comes when the form opens again. The group has been added, so the error is not
     // shown.
     long NewCode() {
-        const std::wstring table = database_.Style().bound ? L"Groups" : tableName_;
+        const std::wstring table = database_.Style().KeepsTexts() ? L"Groups" : tableName_;
         return LastValue(database_, table, L"Code", Failure::Ignored);
     }
 
@@ -258,7 +262,7 @@ private:
     // Where every change has its record, one that was undone is told.
     void TellNothingDeleted(const ErrorState& error) {
         PlainMessage(error.description);
-        Trap([&] { ReadInfo(tableName_); });
+        Trap([&] { ReadInfo(AllGroups()); });
         ViewInit();
     }
 

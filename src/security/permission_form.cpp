@@ -59,7 +59,7 @@ protected:
     }
 
     void OnPrepared() override {
-        ReadInf(L"Menu",
+        ReadInf(StatementWriter(database_.Style()) << WholeTable{L"Menu"},
                 [this](const std::wstring& text, long id) { AddListItem(*bars_, text, id); });
         if (bars_->ListCount() == 0)
             return;
@@ -172,7 +172,8 @@ private:
 
     void Confirm() {
         Recordset groups;
-        if (OpenRecordset(database_, groups, L"Groups") != 0)
+        if (OpenRecordset(database_, groups,
+                          StatementWriter(database_.Style()) << WholeTable{L"Groups"}) != 0)
             return;
         try {
             if (!MayOverwrite())

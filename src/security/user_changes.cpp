@@ -72,7 +72,7 @@ std::wstring HashOf(const Settings& settings, const std::wstring& password) {
 
 void WriteHash(const Database& database, long userCode, const std::wstring& hash, bool mustChange) {
     if (!hash.empty())
-        Execute(database, SetHashStatement(userCode, hash, mustChange));
+        Execute(database, SetHashStatement(userCode, hash, mustChange, database.Dialect()));
 }
 
 } // namespace
@@ -87,9 +87,9 @@ void AddUser(const Operation& operation, const UserFields& user, const NewPasswo
         if (database.settings.KeepsAccounts()) {
             const long code = NewestCode(database, user.name);
             // Of a user who had the code before, whom a host of 1.0 has deleted.
-            Execute(database, DeleteAccountStatement(code));
+            Execute(database, DeleteAccountStatement(code, database.Dialect()));
             if (!hash.empty())
-                Execute(database, AddAccountStatement(code));
+                Execute(database, AddAccountStatement(code, database.Dialect()));
             WriteHash(database, code, hash, password.mustChange);
         }
         Record(database, actor, {L"user-add", user.name, {}, DescribedUser(user)});
@@ -116,7 +116,8 @@ void EditUser(const Operation& operation, const std::wstring& oldName, const Use
                 WriteHash(database, stored.code, hash, password->mustChange);
                 Record(database, actor, {L"user-password", user.name});
             } else if (mustChange) {
-                Execute(database, SetMustChangeStatement(stored.code, *mustChange));
+                Execute(database,
+                        SetMustChangeStatement(stored.code, *mustChange, database.Dialect()));
                 Record(database, actor,
                        {L"user-edit", user.name, DescribedChange(!*mustChange),
                         DescribedChange(*mustChange)});
@@ -135,7 +136,7 @@ void DeleteUser(const Operation& operation, const std::wstring& name) {
         Execute(database, DeleteUserStatement(name, database.Style()));
         for (const Stored& stored : before) {
             if (database.settings.KeepsAccounts())
-                Execute(database, DeleteAccountStatement(stored.code));
+                Execute(database, DeleteAccountStatement(stored.code, database.Dialect()));
             Record(database, actor,
                    {L"user-delete", stored.fields.name, DescribedUser(stored.fields)});
         }

@@ -101,7 +101,7 @@ protected:
         for (const Name field : {Name(L"TxtIdGroup"), Name(L"TxtUser"), Name(L"TxtDes")})
             Get(field).SetEnabled(options_.AllowChange);
         Get(L"CmdOk").SetEnabled(false);
-        ReadDict(L"[Groups]");
+        ReadDict(StatementWriter(database_.Style()) << WholeTable{L"[Groups]"});
         if (options_.EditMode)
             Trap([&] { LoadUser(); });
         passChanged_ = false;
@@ -128,7 +128,7 @@ private:
         return nullptr;
     }
 
-    void ReadDict(const wchar_t* source) {
+    void ReadDict(const Statement& source) {
         Recordset rows;
         if (OpenRecordset(database_, rows, source) != 0)
             return;

@@ -171,7 +171,7 @@ private:
 
     void ReadInfo() {
         const Hourglass waiting;
-        Append(kUserListStatement);
+        Append(OwnStatement(kUserListStatement, database_.Style()));
     }
 
     // A copy: while a question or the editor is open, the rows may change.

@@ -10,6 +10,16 @@ enum class PasswordScheme : long {
     Pbkdf2 = 1 // a salted hash in VnUser
 };
 
+// The engine whose language statements are written in.
+enum class DialectChoice : long {
+    Auto = 0, // as 1.0, for Jet or SQL Server by the connection string
+    Jet = 1,
+    SqlServer = 2,
+    PostgreSql = 3,
+    Sqlite = 4,
+    MySql = 5
+};
+
 struct Settings {
     // Values go to the engine as parameters, not inside the text of statements.
     bool BindParameters = false;
@@ -27,6 +37,8 @@ struct Settings {
 
     // Logons and changes of users, groups and rights are recorded in VnAudit.
     bool Audit = false;
+
+    DialectChoice Dialect = DialectChoice::Auto;
 
     // Whether the operation needs VnUser.
     bool KeepsAccounts() const { return Scheme == PasswordScheme::Pbkdf2 || LockAfter > 0; }

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "ado/text/connection_string.h"
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 #include "data/text/literals.h"
 #include "data/text/number_text.h"
 #include "find/text/condition.h"
@@ -35,8 +35,8 @@ std::ptrdiff_t Count(std::wstring_view text, wchar_t ch) {
 
 // No quote is open at the end, read as engines read.
 bool IsWhole(const std::wstring& statement) {
-    for (const auto& [kind, text] : ado::ReadTokens(statement))
-        if (kind == ado::TokenKind::Unclosed)
+    for (const auto& [kind, text] : ReadTokens(statement))
+        if (kind == TokenKind::Unclosed)
             return false;
     return true;
 }
@@ -47,7 +47,7 @@ TEST(Properties, ALiteralIsOneTokenWithTheTextInIt) {
         const std::wstring text = random.Text();
         const DatabaseKind kind = random.Of(kKinds);
         const std::wstring literal = Literal(text, L"S", kind);
-        ASSERT_EQ(1u, ado::ReadTokens(literal).size()) << i;
+        ASSERT_EQ(1u, ReadTokens(literal).size()) << i;
         ASSERT_EQ(2 * Count(text, L'\'') + 2, Count(literal, L'\'')) << i;
         // Without what was doubled and put around, the text is left.
         std::wstring read;

@@ -27,8 +27,9 @@ std::wstring Unmistakable(const std::wstring& value) {
 
 } // namespace
 
-Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now) {
-    StatementWriter statement({DatabaseKind::SqlServer, true});
+Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now,
+                         const Dialect* dialect) {
+    StatementWriter statement({DatabaseKind::SqlServer, true, dialect});
     statement << L"Insert Into [VnAudit]([At],[UserCode],[UserName],[PC],[WinUser],[Action],"
                  L"[Subject],[Before],[After]) Values(";
     statement << now << L"," << Bind{actor.code} << L"," << Quoted{Cut(actor.name, kMaxUserName)}

@@ -24,7 +24,8 @@ struct AuditEntry {
     std::wstring after = {};
 };
 
-Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now);
+Statement AuditStatement(const Actor& actor, const AuditEntry& entry, const Clock& now,
+                         const Dialect* dialect = nullptr);
 
 // How a user or group stands in Before and After: "Name=An; Dec=Thu kho; IdGroup=5". A value that
 // could be taken for more stands in quotes, with those in it doubled.

@@ -106,11 +106,11 @@ AdoConnection Search::ConnectionFor(const VARIANT& given) {
     switch (V_VT(&connection)) {
     case VT_ERROR: // left out
         if (!ConnectionIsOpen())
-            Open(Connection(), ConnectionText());
+            Open(Connection(), ConnectionText(), CurrentSettings());
         return connection_;
     case VT_BSTR:
         found = NewConnection();
-        Open(*found.Get(), FromBstr(V_BSTR(&connection)));
+        Open(*found.Get(), FromBstr(V_BSTR(&connection)), CurrentSettings());
         return found;
     case VT_DISPATCH:
     case VT_UNKNOWN:

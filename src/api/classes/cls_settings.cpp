@@ -18,6 +18,13 @@ constexpr long kRecommendedLength = 8;
 static_assert(long{vnPasswordCode} == static_cast<long>(PasswordScheme::Code) &&
               long{vnPasswordPbkdf2} == static_cast<long>(PasswordScheme::Pbkdf2));
 
+static_assert(long{vnDialectAuto} == static_cast<long>(DialectChoice::Auto) &&
+              long{vnDialectJet} == static_cast<long>(DialectChoice::Jet) &&
+              long{vnDialectSqlServer} == static_cast<long>(DialectChoice::SqlServer) &&
+              long{vnDialectPostgreSql} == static_cast<long>(DialectChoice::PostgreSql) &&
+              long{vnDialectSqlite} == static_cast<long>(DialectChoice::Sqlite) &&
+              long{vnDialectMySql} == static_cast<long>(DialectChoice::MySql));
+
 } // namespace
 
 HRESULT SettingsObject::GetFlag(bool Settings::*flag, VARIANT_BOOL* value) {
@@ -99,6 +106,17 @@ STDMETHODIMP SettingsObject::get_Audit(VARIANT_BOOL* value) {
 }
 STDMETHODIMP SettingsObject::put_Audit(VARIANT_BOOL value) {
     return PutFlag(&Settings::Audit, value);
+}
+
+STDMETHODIMP SettingsObject::get_Dialect(Dialects* value) {
+    return Get(value, [&] { return static_cast<Dialects>(values_.Dialect); });
+}
+STDMETHODIMP SettingsObject::put_Dialect(Dialects value) {
+    return Guard([&] {
+        if (value < vnDialectAuto || value > vnDialectMySql)
+            throw ComError(E_INVALIDARG, L"There is no such dialect.");
+        values_.Dialect = static_cast<DialectChoice>(value);
+    });
 }
 
 STDMETHODIMP SettingsObject::UseRecommended() {

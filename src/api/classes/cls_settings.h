@@ -32,6 +32,8 @@ public:
     STDMETHODIMP get_Audit(VARIANT_BOOL* value) override;
     STDMETHODIMP put_Audit(VARIANT_BOOL value) override;
     STDMETHODIMP UseRecommended() override;
+    STDMETHODIMP get_Dialect(Dialects* value) override;
+    STDMETHODIMP put_Dialect(Dialects value) override;
 
 private:
     HRESULT GetFlag(bool Settings::*flag, VARIANT_BOOL* value);

@@ -18,8 +18,9 @@ constexpr wchar_t kJetProvider[] = L"Microsoft.Jet.OLEDB.4.0;";
 Database Unopened(std::wstring_view connectionString, const Settings& settings) {
     Database database;
     database.connectionString = connectionString;
-    database.kind = KindOf(connectionString);
     database.settings = settings;
+    const Dialect* dialect = database.Dialect();
+    database.kind = dialect ? KindOf(dialect->engine) : KindOf(connectionString);
     return database;
 }
 
@@ -29,11 +30,11 @@ struct Opening {
     ErrorState opened;
 };
 
-Opening TryOpen(_Connection& connection, std::wstring_view connectionString) {
+Opening TryOpen(_Connection& connection, std::wstring_view connectionString, bool namesProvider) {
     Opening result;
     // put_Provider fails where the provider is missing; the one that the string names may still
     // open it.
-    if (KindOf(connectionString) == DatabaseKind::Jet)
+    if (namesProvider && KindOf(connectionString) == DatabaseKind::Jet)
         result.named = Trap([&] { CheckHr(connection.put_Provider(_bstr_t(kJetProvider))); });
     result.opened = Trap([&] {
         CheckCall(connection.Open(_bstr_t(std::wstring(connectionString).c_str()), _bstr_t(L""),
@@ -46,7 +47,9 @@ Opening TryOpen(_Connection& connection, std::wstring_view connectionString) {
 Opening TryOpen(Database& database) {
     Opening result;
     result.opened = Trap([&] { database.connection = NewConnection(); });
-    return result.opened ? result : TryOpen(*database.connection.Get(), database.connectionString);
+    return result.opened ? result
+                         : TryOpen(*database.connection.Get(), database.connectionString,
+                                   database.Dialect() == nullptr);
 }
 
 } // namespace
@@ -59,8 +62,9 @@ AdoConnection NewConnection() {
     return connection;
 }
 
-void Open(_Connection& connection, std::wstring_view connectionString) {
-    if (const ErrorState error = TryOpen(connection, connectionString).opened)
+void Open(_Connection& connection, std::wstring_view connectionString, const Settings& settings) {
+    const bool namesProvider = settings.Dialect == DialectChoice::Auto;
+    if (const ErrorState error = TryOpen(connection, connectionString, namesProvider).opened)
         throw ComError(error.code, error.description);
 }
 
@@ -80,7 +84,7 @@ Database OpenConnection(std::wstring_view connectionString, const Settings& sett
 OpenedDatabase::OpenedDatabase(std::wstring_view connectionString, const Settings& settings)
     : database_(Unopened(connectionString, settings)) {
     database_.connection = NewConnection();
-    Open(*database_.connection.Get(), connectionString);
+    Open(*database_.connection.Get(), connectionString, settings);
 }
 
 OpenedDatabase::~OpenedDatabase() {

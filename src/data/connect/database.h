@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "data/connect/ado.h"
-#include "data/text/statement.h"
+#include "data/text/dialect.h"
 #include "settings/settings.h"
 
 namespace vndesk {
@@ -18,7 +18,9 @@ struct Database {
     std::wstring connectionString;
     Settings settings = {};
 
-    ValueStyle Style() const { return {kind, settings.Binds()}; }
+    // The language that the host has named; none where statements are those of 1.0.
+    const vndesk::Dialect* Dialect() const { return DialectOf(settings.Dialect); }
+    ValueStyle Style() const { return {kind, settings.Binds(), Dialect()}; }
 };
 
 // Jet when the connection string names its provider, in any case of letters; else SQL Server.
@@ -27,8 +29,9 @@ DatabaseKind KindOf(std::wstring_view connectionString);
 // An unopened connection object.
 AdoConnection NewConnection();
 
-// Opens it; a string without a provider is opened by that of its kind. Throws the provider's error.
-void Open(_Connection& connection, std::wstring_view connectionString);
+// Opens it; a string without a provider is opened by that of its kind, unless a dialect is set,
+// with which the string says all. Throws the provider's error.
+void Open(_Connection& connection, std::wstring_view connectionString, const Settings& settings);
 
 // Never fails: what cannot be opened is shown once, and the unopened connection is returned, on
 // which the first statement will fail.

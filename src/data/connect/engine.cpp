@@ -18,6 +18,8 @@ constexpr double kSecondsOfADay = 86400;
 } // namespace
 
 Engine EngineOf(const Database& database) {
+    if (const Dialect* dialect = database.Dialect())
+        return dialect->engine;
     std::wstring name;
     Trap([&] {
         if (!database.connection)
@@ -48,7 +50,8 @@ Moment ServerTime(const Database& database) {
         return MachineTime();
     Recordset rows;
     rows.Create(database);
-    rows.Open(L"Select " + std::wstring(now) + L" As [ServerNow]");
+    rows.Open(StatementWriter(database.Style())
+              << L"Select " << AsGiven{now} << L" As [ServerNow]");
     const std::optional<Moment> moment = NullToMoment(rows.Value(0L));
     if (!moment)
         throw ComError(DISP_E_TYPEMISMATCH, L"The server does not tell its time.");

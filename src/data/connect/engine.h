@@ -7,8 +7,8 @@
 
 namespace vndesk {
 
-// Asks the provider for its property "DBMS Name". Never fails: where the provider does not tell,
-// the kind decides.
+// What the host has named, else the provider's property "DBMS Name". Never fails: where the
+// provider does not tell, the kind decides.
 Engine EngineOf(const Database& database);
 
 // The server's time in UTC, in whole seconds; this machine's for a file without a server.

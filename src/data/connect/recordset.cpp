@@ -154,7 +154,8 @@ long LastValue(const Database& database, std::wstring_view table, std::wstring_v
     Recordset recordset;
     long value = 0;
     Trap([&] {
-        const std::wstring statement = LastValueStatement(table, column);
+        const Statement statement =
+            OwnStatement(LastValueStatement(table, column), database.Style());
         if (failure == Failure::Shown) {
             OpenRecordset(database, recordset, statement);
         } else {

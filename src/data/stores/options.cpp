@@ -15,7 +15,7 @@ namespace {
 // A failed look-up counts as found: the update after it reports what is wrong with the table.
 bool IsThere(const Database& database, OptionName name) {
     Recordset rows;
-    return OpenRecordset(database, rows, FindOptionStatement(name, database.kind)) != 0 ||
+    return OpenRecordset(database, rows, FindOptionStatement(name, database.Style())) != 0 ||
            CountRecords(rows) > 0;
 }
 
@@ -25,7 +25,7 @@ std::wstring GetOption(const Database& database, OptionName name, std::wstring_v
     std::wstring value;
     Trap([&] {
         Recordset rows;
-        if (OpenRecordset(database, rows, ReadOptionStatement(name, database.kind)) == 0 &&
+        if (OpenRecordset(database, rows, ReadOptionStatement(name, database.Style())) == 0 &&
             !rows.Eof())
             value = NullToText(rows.Value(L"KeyValue"));
     });
@@ -37,7 +37,7 @@ long SetOption(const Database& database, OptionName name, std::wstring_view valu
     const bool found = !insertOnly && IsThere(database, name);
     const auto statement = found ? UpdateOptionStatement : InsertOptionStatement;
     const ErrorState error =
-        Trap([&] { Execute(database, statement(name, value, description, database.kind)); });
+        Trap([&] { Execute(database, statement(name, value, description, database.Style())); });
     if (error)
         PlainMessage(ToUncText(texts::kOptionsNotSaved, kToUnicode) + std::wstring(name.section) +
                          L"-" + std::wstring(name.key) +

@@ -40,6 +40,10 @@ Engine EngineNamed(std::wstring_view name, DatabaseKind kind) {
     return kind == DatabaseKind::Jet ? Engine::Jet : Engine::SqlServer;
 }
 
+DatabaseKind KindOf(Engine engine) {
+    return engine == Engine::Jet ? DatabaseKind::Jet : DatabaseKind::SqlServer;
+}
+
 std::wstring_view ScriptName(Engine engine) {
     return RowOf(engine).script;
 }

@@ -14,6 +14,9 @@ enum class Engine { Jet, SqlServer, PostgreSql, Sqlite, MySql };
 // kind says.
 Engine EngineNamed(std::wstring_view name, DatabaseKind kind);
 
+// What 1.0 knows of it.
+DatabaseKind KindOf(Engine engine);
+
 // The name in the scripts of schema/upgrade.
 std::wstring_view ScriptName(Engine engine);
 

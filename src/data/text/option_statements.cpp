@@ -9,40 +9,67 @@ namespace {
 
 constexpr wchar_t kDescription[] = L"Description";
 
-std::wstring Text(std::wstring_view value, DatabaseKind dbKind) {
-    return Literal(value, L"S", dbKind);
+Statement WithName(StatementWriter& statement, OptionName name) {
+    return statement << L" Where [Section]=" << Escaped{name.section} << L" And KeyName="
+                     << Escaped{name.key};
 }
 
-std::wstring Where(OptionName name, DatabaseKind dbKind) {
-    return L" Where [Section]=" + Text(name.section, dbKind) + L" And KeyName=" +
-           Text(name.key, dbKind);
+Statement Named(std::wstring_view select, OptionName name, ValueStyle style) {
+    StatementWriter statement(style);
+    return WithName(statement << select, name);
+}
+
+Statement Insert(OptionName name, std::wstring_view value, ValueStyle style) {
+    return StatementWriter(style) << L"Insert Into Options([Section],KeyName,KeyValue) Values("
+                                  << Escaped{name.section} << L"," << Escaped{name.key} << L","
+                                  << Escaped{value} << L")";
+}
+
+Statement InsertDescribed(OptionName name, std::wstring_view value, std::wstring_view description,
+                          ValueStyle style) {
+    if (!style.KeepsTexts())
+        return AddInsertColumn(Insert(name, value, style).text, kDescription, description,
+                               style.kind);
+    return StatementWriter(style)
+           << L"Insert Into Options([Section],KeyName,KeyValue,Description) Values("
+           << Escaped{name.section} << L"," << Escaped{name.key} << L"," << Escaped{value} << L","
+           << Trailed{description} << L")";
+}
+
+Statement UpdateDescribed(OptionName name, std::wstring_view value, std::wstring_view description,
+                          ValueStyle style) {
+    if (!style.KeepsTexts())
+        return AddUpdateAssignment(UpdateOptionStatement(name, value, L"", style).text,
+                                   kDescription, description, style.kind);
+    StatementWriter statement(style);
+    statement << L"Update Options Set Description=" << Trailed{description} << L",KeyValue="
+              << Escaped{value} << L" ";
+    return WithName(statement, name);
 }
 
 } // namespace
 
-std::wstring ReadOptionStatement(OptionName name, DatabaseKind dbKind) {
-    return L"Select * From [Options]" + Where(name, dbKind);
+Statement ReadOptionStatement(OptionName name, ValueStyle style) {
+    return Named(L"Select * From [Options]", name, style);
 }
 
-std::wstring FindOptionStatement(OptionName name, DatabaseKind dbKind) {
-    return L"Select * From Options" + Where(name, dbKind);
+Statement FindOptionStatement(OptionName name, ValueStyle style) {
+    return Named(L"Select * From Options", name, style);
 }
 
-std::wstring InsertOptionStatement(OptionName name, std::wstring_view value,
-                                   std::wstring_view description, DatabaseKind dbKind) {
-    const std::wstring statement = L"Insert Into Options([Section],KeyName,KeyValue) Values(" +
-                                   Text(name.section, dbKind) + L"," + Text(name.key, dbKind) +
-                                   L"," + Text(value, dbKind) + L")";
-    return description.empty() ? statement
-                               : AddInsertColumn(statement, kDescription, description, dbKind);
+Statement InsertOptionStatement(OptionName name, std::wstring_view value,
+                                std::wstring_view description, ValueStyle style) {
+    return description.empty() ? Insert(name, value, style)
+                               : InsertDescribed(name, value, description, style);
 }
 
-std::wstring UpdateOptionStatement(OptionName name, std::wstring_view value,
-                                   std::wstring_view description, DatabaseKind dbKind) {
-    const std::wstring statement =
-        L"Update Options Set KeyValue=" + Text(value, dbKind) + L" " + Where(name, dbKind);
-    return description.empty() ? statement
-                               : AddUpdateAssignment(statement, kDescription, description, dbKind);
+Statement UpdateOptionStatement(OptionName name, std::wstring_view value,
+                                std::wstring_view description, ValueStyle style) {
+    if (!description.empty())
+        return UpdateDescribed(name, value, description, style);
+    StatementWriter statement(style);
+    statement << L"Update Options Set KeyValue=" << Escaped{value} << L" ";
+    return WithName(statement, name);
 }
 
 } // namespace vndesk

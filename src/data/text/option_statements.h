@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
@@ -14,13 +14,13 @@ struct OptionName {
     std::wstring_view key;
 };
 
-std::wstring ReadOptionStatement(OptionName name, DatabaseKind dbKind);
-std::wstring FindOptionStatement(OptionName name, DatabaseKind dbKind);
+Statement ReadOptionStatement(OptionName name, ValueStyle style);
+Statement FindOptionStatement(OptionName name, ValueStyle style);
 
 // An empty description is left out; any other is stored with one trailing blank.
-std::wstring InsertOptionStatement(OptionName name, std::wstring_view value,
-                                   std::wstring_view description, DatabaseKind dbKind);
-std::wstring UpdateOptionStatement(OptionName name, std::wstring_view value,
-                                   std::wstring_view description, DatabaseKind dbKind);
+Statement InsertOptionStatement(OptionName name, std::wstring_view value,
+                                std::wstring_view description, ValueStyle style);
+Statement UpdateOptionStatement(OptionName name, std::wstring_view value,
+                                std::wstring_view description, ValueStyle style);
 
 } // namespace vndesk

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "data/text/dialect.h"
+#include "data/text/dialect_names.h"
 #include "data/text/number_text.h"
-#include "text/ascii_text.h"
+#include "text/sql_name.h"
 
 namespace vndesk {
 
@@ -18,36 +20,72 @@ StatementWriter& StatementWriter::Write(std::wstring literal, BoundValue value) 
     return *this;
 }
 
+StatementWriter& StatementWriter::WriteText(std::wstring_view text, std::wstring literal) {
+    if (style_.dialect)
+        literal = TextLiteral(text, *style_.dialect);
+    return Write(std::move(literal), std::wstring(text));
+}
+
 StatementWriter& StatementWriter::operator<<(std::wstring_view text) {
-    statement_.text += text;
+    return *this << AsGiven{style_.dialect ? OwnText(text, *style_.dialect) : text};
+}
+
+StatementWriter& StatementWriter::operator<<(const AsGiven& text) {
+    statement_.text += text.text;
     return *this;
 }
 
+StatementWriter& StatementWriter::operator<<(const Catalogued& given) {
+    return *this << AsGiven{style_.dialect ? CatalogueName(given.name, *style_.dialect)
+                                           : given.name};
+}
+
+StatementWriter& StatementWriter::operator<<(const Reported& column) {
+    if (style_.dialect)
+        return *this << AsGiven{ReportedName(column.name, *style_.dialect)};
+    return *this << AsGiven{style_.bound ? Bracketed(column.name) : std::wstring(column.name)};
+}
+
+StatementWriter& StatementWriter::operator<<(const WholeTable& table) {
+    if (style_.dialect)
+        *this << L"Select * From ";
+    return *this << table.name;
+}
+
 StatementWriter& StatementWriter::operator<<(const Quoted& value) {
-    return Write(SqlQuote(value.text, style_.kind), std::wstring(value.text));
+    return WriteText(value.text, SqlQuote(value.text, style_.kind));
 }
 
 StatementWriter& StatementWriter::operator<<(const QuotedBare& value) {
-    return Write(SqlQuote(value.text, DatabaseKind::Jet), std::wstring(value.text));
+    return WriteText(value.text, SqlQuote(value.text, DatabaseKind::Jet));
 }
 
 StatementWriter& StatementWriter::operator<<(const Escaped& value) {
-    return Write(Literal(value.text, L"S", style_.kind), std::wstring(value.text));
+    return WriteText(value.text, Literal(value.text, L"S", style_.kind));
+}
+
+// Bound, a text is stored as it was typed.
+StatementWriter& StatementWriter::operator<<(const Trailed& value) {
+    if (style_.dialect && !style_.bound)
+        return *this << AsGiven{TextLiteral(std::wstring(value.text) + L" ", *style_.dialect)};
+    return Write(FieldValue(value.text, kFieldText, style_.kind), std::wstring(value.text));
 }
 
 StatementWriter& StatementWriter::operator<<(const Beginning& value) {
-    return Write(Literal(value.text, L"LR", style_.kind), std::wstring(value.text) + L"%");
+    return Write(style_.dialect ? PatternLiteral(value.text, *style_.dialect)
+                                : Literal(value.text, L"LR", style_.kind),
+                 std::wstring(value.text) + L"%");
 }
 
 StatementWriter& StatementWriter::operator<<(const Numbers& values) {
     if (!style_.bound)
-        return *this << values.list;
+        return *this << AsGiven{values.list};
     for (std::wstring_view rest = values.list; !rest.empty();) {
         const std::size_t comma = std::min(rest.find(L','), rest.size());
         *this << static_cast<long>(ParseNumber(rest.substr(0, comma)).value_or(0));
         rest.remove_prefix(comma);
         if (!rest.empty()) {
-            *this << L",";
+            *this << AsGiven{L","};
             rest.remove_prefix(1);
         }
     }
@@ -74,17 +112,21 @@ StatementWriter& StatementWriter::operator<<(const std::optional<Moment>& value)
     return *this << Bind{value};
 }
 
+Statement OwnStatement(std::wstring_view text, ValueStyle style) {
+    return StatementWriter(style) << text;
+}
+
 std::wstring Bracketed(std::wstring_view name) {
-    return L"[" + ReplaceEach(name, L']', L"]]") + L"]";
+    return QuotedName(name);
 }
 
 bool MayMeanMore(ValueStyle style, std::initializer_list<std::wstring_view> asTyped,
                  std::wstring_view doubled) {
-    return !style.bound && MayMeanMore(asTyped, doubled);
+    return !style.KeepsTexts() && MayMeanMore(asTyped, doubled);
 }
 
 bool EndsLiteral(ValueStyle style, std::wstring_view text) {
-    return !style.bound && EndsLiteral(text);
+    return !style.KeepsTexts() && EndsLiteral(text);
 }
 
 } // namespace vndesk

@@ -51,18 +51,30 @@ inline Statement operator+(Statement statement, std::wstring_view text) {
     return statement;
 }
 
-// How values get into statements: as literals for a kind of engine, or bound.
+struct Dialect;
+
+// How statements are written: values as literals for a kind of engine, or bound; everything in the
+// language of an engine, where the host has named one.
 struct ValueStyle {
     // A kind alone means its literals.
-    constexpr ValueStyle(DatabaseKind dbKind = DatabaseKind::SqlServer, bool bindValues = false)
-        : kind(dbKind), bound(bindValues) {}
+    constexpr ValueStyle(DatabaseKind dbKind = DatabaseKind::SqlServer, bool bindValues = false,
+                         const Dialect* named = nullptr)
+        : kind(dbKind), bound(bindValues), dialect(named) {}
+    // Of an engine, whatever its kind.
+    constexpr ValueStyle(const Dialect& named, bool bindValues = false)
+        : ValueStyle(DatabaseKind::SqlServer, bindValues, &named) {}
+
+    // Whether a text in a statement cannot become more than a text.
+    constexpr bool KeepsTexts() const { return bound || dialect; }
 
     DatabaseKind kind;
     bool bound;
+    const Dialect* dialect;
 };
 
 // Values to write. As literals they are: between apostrophes as it stands, with the Unicode prefix
-// or without; with quotes doubled; a pattern for texts beginning so.
+// or without; with quotes doubled; so, with a blank behind it, as older rows are; a pattern for
+// texts beginning so. In the language of an engine every text means itself.
 struct Quoted {
     std::wstring_view text;
 };
@@ -70,6 +82,9 @@ struct QuotedBare {
     std::wstring_view text;
 };
 struct Escaped {
+    std::wstring_view text;
+};
+struct Trailed {
     std::wstring_view text;
 };
 struct Beginning {
@@ -84,14 +99,36 @@ struct Numbers {
     std::wstring_view list;
 };
 
+// Text that is nobody's but the host's or the engine's: it is never rewritten.
+struct AsGiven {
+    std::wstring_view text;
+};
+// Names of the host's catalogue, and those in the engine's own spelling.
+struct Catalogued {
+    std::wstring_view name;
+};
+struct Reported {
+    std::wstring_view name;
+};
+// All of a table.
+struct WholeTable {
+    std::wstring_view name;
+};
+
 class StatementWriter {
 public:
     explicit StatementWriter(ValueStyle style) : style_(style) {}
 
+    // The library's own text: the names in it are those of its tables.
     StatementWriter& operator<<(std::wstring_view text);
+    StatementWriter& operator<<(const AsGiven& text);
+    StatementWriter& operator<<(const Catalogued& given);
+    StatementWriter& operator<<(const Reported& column);
+    StatementWriter& operator<<(const WholeTable& table);
     StatementWriter& operator<<(const Quoted& value);
     StatementWriter& operator<<(const QuotedBare& value);
     StatementWriter& operator<<(const Escaped& value);
+    StatementWriter& operator<<(const Trailed& value);
     StatementWriter& operator<<(const Beginning& value);
     StatementWriter& operator<<(const Numbers& values);
     StatementWriter& operator<<(long value);
@@ -104,10 +141,14 @@ public:
 
 private:
     StatementWriter& Write(std::wstring literal, BoundValue value);
+    StatementWriter& WriteText(std::wstring_view text, std::wstring literal);
 
     const ValueStyle style_;
     Statement statement_;
 };
+
+// A statement without values.
+Statement OwnStatement(std::wstring_view text, ValueStyle style);
 
 // A name in brackets, whatever it holds.
 std::wstring Bracketed(std::wstring_view name);

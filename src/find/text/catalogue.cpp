@@ -30,10 +30,12 @@ Statement OperatorListStatement(long fieldType, ValueStyle style) {
 
 Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style) {
     const bool select = FindIgnoringCase(relation, L"SELECT") != std::wstring_view::npos;
-    const std::wstring source(relation);
-    return StatementWriter(style) << (select ? source
-                                             : L"Select * From " + source + L" Where Name ")
-                                  << L"  Like " << Beginning{value};
+    StatementWriter statement(style);
+    if (select)
+        statement << AsGiven{relation};
+    else
+        statement << L"Select * From " << Catalogued{relation} << L" Where Name ";
+    return statement << L"  Like " << Beginning{value};
 }
 
 } // namespace vndesk

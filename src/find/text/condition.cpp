@@ -3,8 +3,10 @@
 #include "find/text/condition.h"
 
 #include "data/text/date_text.h"
+#include "data/text/dialect_names.h"
 #include "data/text/number_text.h"
 #include "find/text/captions.h"
+#include "find/text/dialect_value.h"
 #include "find/text/format_value.h"
 #include "find/text/joined.h"
 #include "text/ascii_text.h"
@@ -34,10 +36,14 @@ bool CheckSql(const ConditionLine& line) {
     return !NeedsDate(line.fieldType) || IsDate(line.value);
 }
 
-std::wstring GetSql(const ConditionLine& line, DatabaseKind dbKind) {
+std::wstring GetSql(const ConditionLine& line, ValueStyle style) {
     const std::wstring op = InCapitals(line.operatorName);
-    return GetBrackets(L"(" + line.fieldName + L"  " + op + L"  " +
-                       FormatValue(TrimBlanks(line.value), line.fieldType, op, dbKind) + L")");
+    const std::wstring_view value = TrimBlanks(line.value);
+    const Dialect* dialect = style.dialect;
+    const std::wstring name = dialect ? CatalogueName(line.fieldName, *dialect) : line.fieldName;
+    const std::wstring literal = dialect ? WriteValue(value, line.fieldType, op, *dialect)
+                                         : FormatValue(value, line.fieldType, op, style.kind);
+    return GetBrackets(L"(" + name + L"  " + op + L"  " + literal + L")");
 }
 
 std::wstring GetDisplay(const ConditionLine& line) {
@@ -53,9 +59,9 @@ std::wstring GetBrackets(std::wstring_view text) {
     return balanced;
 }
 
-std::wstring GetRes(const ConditionLines& lines, DatabaseKind dbKind) {
+std::wstring GetRes(const ConditionLines& lines, ValueStyle style) {
     return Joined(lines, &ConditionLine::joinName, L"And",
-                  [dbKind](const ConditionLine& line) { return GetSql(line, dbKind); });
+                  [style](const ConditionLine& line) { return GetSql(line, style); });
 }
 
 std::wstring GetDis(const ConditionLines& lines) {

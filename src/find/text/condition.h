@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/text/literals.h"
+#include "data/text/statement.h"
 
 namespace vndesk {
 
@@ -32,7 +32,7 @@ using ConditionLines = std::array<ConditionLine, kConditionLines>;
 // Whether a line is complete and its value fits the field.
 bool CheckSql(const ConditionLine& line);
 
-std::wstring GetSql(const ConditionLine& line, DatabaseKind dbKind);
+std::wstring GetSql(const ConditionLine& line, ValueStyle style);
 std::wstring GetDisplay(const ConditionLine& line);
 
 // Makes the counts of "(" and ")" equal; what is missing goes to the end, of either kind.
@@ -40,7 +40,7 @@ std::wstring GetBrackets(std::wstring_view text);
 
 // The whole condition: the first line, then each valid one. A join word has no blanks around it:
 // the lines' own brackets part it from them.
-std::wstring GetRes(const ConditionLines& lines, DatabaseKind dbKind);
+std::wstring GetRes(const ConditionLines& lines, ValueStyle style);
 std::wstring GetDis(const ConditionLines& lines);
 
 } // namespace vndesk

@@ -8,8 +8,11 @@
 
 namespace vndesk {
 
-inline Statement Ordered(const Statement& statement, const std::wstring& orderColumn) {
-    return orderColumn.empty() ? statement : statement + (L" Order By " + orderColumn);
+inline Statement Ordered(const Statement& statement, const std::wstring& orderColumn,
+                         ValueStyle style = {}) {
+    if (orderColumn.empty())
+        return statement;
+    return statement + OwnStatement(L" Order By " + orderColumn, style).text;
 }
 
 } // namespace vndesk

@@ -86,10 +86,10 @@ void WriteValue(StatementWriter& line, std::wstring_view value, long type, std::
     }
 }
 
-Statement LineOf(const ConditionLine& line, Engine engine) {
+Statement LineOf(const ConditionLine& line, Engine engine, const Dialect* dialect) {
     const std::wstring op = InCapitals(line.operatorName);
-    StatementWriter written{ValueStyle()};
-    written << L"(" << line.fieldName << L"  " << op << L"  ";
+    StatementWriter written({DatabaseKind::SqlServer, true, dialect});
+    written << L"(" << Catalogued{line.fieldName} << L"  " << AsGiven{op} << L"  ";
     WriteValue(written, TrimBlanks(line.value), line.fieldType, op, engine);
     written << L")";
     return written;
@@ -97,11 +97,11 @@ Statement LineOf(const ConditionLine& line, Engine engine) {
 
 } // namespace
 
-Statement GetParameterized(const ConditionLines& lines, Engine engine) {
+Statement GetParameterized(const ConditionLines& lines, Engine engine, const Dialect* dialect) {
     Statement condition;
     condition.text =
         Joined(lines, &ConditionLine::joinName, L"And", [&](const ConditionLine& line) {
-            Statement written = LineOf(line, engine);
+            Statement written = LineOf(line, engine, dialect);
             std::move(written.values.begin(), written.values.end(),
                       std::back_inserter(condition.values));
             return GetBrackets(written.text);

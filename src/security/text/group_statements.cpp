@@ -15,10 +15,9 @@ Statement GroupStatement(std::wstring_view table, long code, ValueStyle style) {
 
 Statement InsertGroupStatement(std::wstring_view table, std::wstring_view name,
                                std::wstring_view description, ValueStyle style) {
-    if (style.bound)
-        return StatementWriter(style)
-               << L"Insert Into " << table << L"([Name],[Des]) Values(" << QuotedBare{name} << L","
-               << QuotedBare{description} << L")";
+    if (style.KeepsTexts())
+        return StatementWriter(style) << L"Insert Into " << table << L"([Name],[Des]) Values("
+                                      << QuotedBare{name} << L"," << Trailed{description} << L")";
     const std::wstring insert =
         L"Insert Into " + std::wstring(table) + L"([Name]) Values('" + std::wstring(name) + L"')";
     return AddInsertColumn(insert, L"[Des]", description, style.kind);
@@ -26,9 +25,9 @@ Statement InsertGroupStatement(std::wstring_view table, std::wstring_view name,
 
 Statement UpdateGroupStatement(std::wstring_view table, long code, std::wstring_view name,
                                std::wstring_view description, ValueStyle style) {
-    if (style.bound)
+    if (style.KeepsTexts())
         return StatementWriter(style)
-               << L"Update " << table << L" Set [Des]=" << QuotedBare{description} << L",[Name]="
+               << L"Update " << table << L" Set [Des]=" << Trailed{description} << L",[Name]="
                << QuotedBare{name} << L" Where [Code]=" << code;
     const std::wstring update = L"Update " + std::wstring(table) + L" Set [Name]='" +
                                 std::wstring(name) + L"' Where [Code]=" + std::to_wstring(code);

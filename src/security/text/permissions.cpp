@@ -49,7 +49,7 @@ Statement WriteRightsStatement(const std::vector<std::wstring>& columns,
     for (std::size_t i = 0; i < columns.size() && i < masks.size(); ++i) {
         if (i > 0)
             statement << L",";
-        statement << (style.bound ? Bracketed(columns[i]) : columns[i]) << L"=" << masks[i];
+        statement << Reported{columns[i]} << L"=" << masks[i];
     }
     return statement << L" Where Code=" << groupCode;
 }

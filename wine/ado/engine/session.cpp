@@ -31,6 +31,13 @@ void Session::Close() {
     connection_.reset();
 }
 
+std::wstring Session::ForEngine(std::wstring_view statement, CommandKind kind) const {
+    if (asWritten_)
+        return (kind == CommandKind::Table ? L"SELECT * FROM " : L"") + std::wstring(statement);
+    return kind == CommandKind::Table ? TableStatement(statement, dialect_)
+                                      : TranslateStatement(statement, dialect_);
+}
+
 Outcome Session::Execute(std::wstring_view statement, CommandKind kind,
                          const std::vector<ParameterValue>& values) {
     if (!IsOpen())
@@ -39,9 +46,7 @@ Outcome Session::Execute(std::wstring_view statement, CommandKind kind,
     return log_->Record(source_, [&] {
         std::vector<BoundValue> bound = BindableValues(values, connection_->Text());
         OdbcStatement running(*connection_); // reads what is bound
-        const std::wstring translated = kind == CommandKind::Table
-                                            ? TableStatement(statement, dialect_)
-                                            : TranslateStatement(statement, dialect_);
+        const std::wstring translated = ForEngine(statement, kind);
         if (bound.empty())
             running.Execute(translated);
         else if (connection_->Text() == OdbcText::Utf8)

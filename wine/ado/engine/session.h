@@ -11,6 +11,7 @@
 #include "ado/engine/error_log.h"
 #include "ado/engine/odbc.h"
 #include "ado/engine/parameter_value.h"
+#include "ado/engine/rewriting.h"
 #include "ado/engine/row_set.h"
 #include "ado/text/dialect.h"
 
@@ -50,6 +51,7 @@ public:
     void EndTransaction(bool commit);
 
 private:
+    std::wstring ForEngine(std::wstring_view statement, CommandKind kind) const;
     std::wstring SavePoint() const;
     void RunPlain(const std::wstring& statement);
 
@@ -57,6 +59,7 @@ private:
     std::optional<OdbcConnection> connection_;
     std::wstring source_ = L"ODBC";
     Dialect dialect_ = {};
+    const bool asWritten_ = LeavesStatements();
     long level_ = 0;
 };
 

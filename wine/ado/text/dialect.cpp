@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "ado/text/date_value.h"
-#include "ado/text/sql_lexer.h"
 #include "text/ascii_text.h"
+#include "text/sql_lexer.h"
+#include "text/sql_name.h"
 
 namespace vndesk::ado {
 
@@ -30,27 +31,10 @@ bool IsLoneStatement(std::wstring_view word) {
     return false;
 }
 
-wchar_t ToLowerAscii(wchar_t ch) {
-    return ch >= L'A' && ch <= L'Z' ? static_cast<wchar_t>(ch - L'A' + L'a') : ch;
-}
-
-std::wstring Bracket(std::wstring_view name) {
-    return L"[" + ReplaceEach(name, L']', L"]]") + L"]";
-}
-
-// The inside of a bracketed name, put between the engine's own quotes.
+// A bracketed name between the engine's own quotes.
 std::wstring TranslateName(std::wstring_view bracketed, const Dialect& dialect) {
-    const std::wstring_view inner = bracketed.substr(1, bracketed.size() - 2);
-    std::wstring name(1, dialect.openName);
-    for (std::size_t i = 0; i < inner.size(); ++i) {
-        if (inner[i] == L']')
-            ++i; // only doubled ones stand inside
-        const wchar_t ch = dialect.foldNames ? ToLowerAscii(inner[i]) : inner[i];
-        name += ch;
-        if (ch == dialect.closeName)
-            name += ch;
-    }
-    return name + dialect.closeName;
+    const NameQuotes quotes = {dialect.openName, dialect.closeName, dialect.foldNames};
+    return QuotedName(FoldedName(NameInside(bracketed), quotes), quotes);
 }
 
 std::optional<std::wstring> TranslateDate(std::wstring_view literal, DateStyle style) {
@@ -124,7 +108,7 @@ std::optional<std::wstring> LoneTable(const std::vector<Token>& tokens) {
             if (word && IsLoneStatement(text))
                 return std::nullopt;
             // Brackets let reserved words name a table.
-            table += word ? Bracket(text) : std::wstring(text);
+            table += word ? QuotedName(text) : std::wstring(text);
             expectsName = false;
         } else if (text == L".") {
             table += text;
@@ -167,7 +151,7 @@ std::wstring TranslateStatement(std::wstring_view statement, const Dialect& dial
 std::wstring TableStatement(std::wstring_view table, const Dialect& dialect) {
     const std::wstring_view name = TrimBlanks(table);
     const auto lone = LoneTable(ReadTokens(name));
-    return L"SELECT * FROM " + Join(ReadTokens(lone ? *lone : Bracket(name)), dialect);
+    return L"SELECT * FROM " + Join(ReadTokens(lone ? *lone : QuotedName(name)), dialect);
 }
 
 } // namespace vndesk::ado

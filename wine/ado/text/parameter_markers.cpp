@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 #include "text/ascii_text.h"
 
 namespace vndesk::ado {

@@ -6,11 +6,11 @@ namespace vndesk {
 
 Statement NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
                                   ValueStyle style) {
-    return StatementWriter(style) << sqlName << L"  Like " << Beginning{text};
+    return StatementWriter(style) << AsGiven{sqlName} << L"  Like " << Beginning{text};
 }
 
 Statement CodeStatement(std::wstring_view sqlID, std::wstring_view code, ValueStyle style) {
-    return StatementWriter(style) << sqlID << L" = " << Escaped{code};
+    return StatementWriter(style) << AsGiven{sqlID} << L" = " << Escaped{code};
 }
 
 } // namespace vndesk

@@ -4,11 +4,11 @@
 
 #include <string>
 
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 
 namespace {
 
-using namespace vndesk::ado;
+using namespace vndesk;
 
 // "W" word, "_" space, "T" text, "N" national text, "Q" quoted, "B" bracketed, "D" date, the
 // character itself for a symbol, "!" unclosed.

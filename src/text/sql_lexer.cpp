@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ado/text/sql_lexer.h"
+#include "text/sql_lexer.h"
 
 #include <cstddef>
 
-namespace vndesk::ado {
+namespace vndesk {
 
 namespace {
 
@@ -128,4 +128,4 @@ std::vector<Token> ReadTokens(std::wstring_view statement) {
     return Lexer(statement).Run();
 }
 
-} // namespace vndesk::ado
+} // namespace vndesk

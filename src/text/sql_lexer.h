@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace vndesk::ado {
+namespace vndesk {
 
 enum class TokenKind {
     Space,        // blanks, line ends and comments
@@ -30,4 +30,4 @@ bool IsWordPart(wchar_t ch);
 // The texts of all tokens joined give the statement again.
 std::vector<Token> ReadTokens(std::wstring_view statement);
 
-} // namespace vndesk::ado
+} // namespace vndesk
