@@ -76,6 +76,8 @@ public:
 
     SQLHDBC Handle() const { return connection_.Get(); }
     OdbcText Text() const { return text_; }
+    // How texts of rows and of parameters cross over.
+    OdbcText ValueText() const { return valueText_; }
     const std::wstring& EngineName() const { return engine_; }
     wchar_t NameQuote() const { return quote_; }
 
@@ -91,7 +93,7 @@ private:
 
     Environment environment_;
     OdbcHandle<SQL_HANDLE_DBC> connection_;
-    OdbcText text_;
+    OdbcText text_, valueText_;
     bool connected_ = false;
     std::wstring engine_;
     wchar_t quote_ = 0;
@@ -103,6 +105,7 @@ public:
 
     SQLHSTMT Handle() const { return statement_.Get(); }
     OdbcText Text() const { return text_; }
+    OdbcText ValueText() const { return valueText_; }
 
     void Execute(std::wstring_view statement);
     int ColumnCount() const;
@@ -115,7 +118,7 @@ public:
 
 private:
     OdbcHandle<SQL_HANDLE_STMT> statement_;
-    OdbcText text_;
+    OdbcText text_, valueText_;
 };
 
 } // namespace vndesk::ado
