@@ -99,12 +99,9 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
     const std::wstring quote = Info(SQL_IDENTIFIER_QUOTE_CHAR);
     quote_ = quote.empty() ? L'\0' : quote.front();
     // The driver of a data source is known only after connecting.
-    if (engine_.find(L"SQLite") != std::wstring::npos)
+    if (engine_.find(L"SQLite") != std::wstring::npos ||
+        Info(SQL_DRIVER_NAME).find(L"maodbc") != std::wstring::npos)
         text_ = OdbcText::Utf8;
-    // MariaDB's driver counts a character too few for each letter of wide text whose low byte is
-    // that of a surrogate, such as U+1ED9, and cuts the text there.
-    const bool cutsWideText = Info(SQL_DRIVER_NAME).find(L"maodbc") != std::wstring::npos;
-    valueText_ = cutsWideText ? OdbcText::Utf8 : text_;
 }
 
 OdbcConnection::~OdbcConnection() {
@@ -136,8 +133,7 @@ void OdbcConnection::EndTransaction(bool commit) {
 }
 
 OdbcStatement::OdbcStatement(const OdbcConnection& connection)
-    : statement_(connection.Handle()), text_(connection.Text()),
-      valueText_(connection.ValueText()) {
+    : statement_(connection.Handle()), text_(connection.Text()) {
     // What the driver grants is asked after execution.
     SQLSetStmtAttr(Handle(), SQL_ATTR_CURSOR_TYPE, Number(SQL_CURSOR_STATIC), 0);
 }

@@ -22,7 +22,9 @@ namespace vndesk::ado {
 
 // How a driver takes text. Drivers without Unicode entry points take UTF-8 and must be called by
 // the byte functions: converting for them, the driver manager follows the Unix locale and loses
-// letters where that is not UTF-8.
+// letters where that is not UTF-8. MariaDB's driver takes both, but counts letters of wide texts
+// wrong whose low byte is that of a surrogate, such as U+1ED9: it cuts such texts, or reads on
+// behind them.
 enum class OdbcText { Utf16, Utf8 };
 
 struct Diagnostic {
@@ -76,8 +78,6 @@ public:
 
     SQLHDBC Handle() const { return connection_.Get(); }
     OdbcText Text() const { return text_; }
-    // How texts of rows and of parameters cross over.
-    OdbcText ValueText() const { return valueText_; }
     const std::wstring& EngineName() const { return engine_; }
     wchar_t NameQuote() const { return quote_; }
 
@@ -93,7 +93,7 @@ private:
 
     Environment environment_;
     OdbcHandle<SQL_HANDLE_DBC> connection_;
-    OdbcText text_, valueText_;
+    OdbcText text_;
     bool connected_ = false;
     std::wstring engine_;
     wchar_t quote_ = 0;
@@ -105,7 +105,6 @@ public:
 
     SQLHSTMT Handle() const { return statement_.Get(); }
     OdbcText Text() const { return text_; }
-    OdbcText ValueText() const { return valueText_; }
 
     void Execute(std::wstring_view statement);
     int ColumnCount() const;
@@ -118,7 +117,7 @@ public:
 
 private:
     OdbcHandle<SQL_HANDLE_STMT> statement_;
-    OdbcText text_, valueText_;
+    OdbcText text_;
 };
 
 } // namespace vndesk::ado

@@ -20,9 +20,8 @@ namespace {
 class Fetcher {
 public:
     explicit Fetcher(OdbcStatement& statement)
-        : statement_(statement),
-          unit_(statement.ValueText() == OdbcText::Utf8 ? 1 : sizeof(wchar_t)),
-          textType_(statement.ValueText() == OdbcText::Utf8 ? SQL_C_CHAR : SQL_C_WCHAR) {}
+        : statement_(statement), unit_(statement.Text() == OdbcText::Utf8 ? 1 : sizeof(wchar_t)),
+          textType_(statement.Text() == OdbcText::Utf8 ? SQL_C_CHAR : SQL_C_WCHAR) {}
 
     std::shared_ptr<const RowSet> Run() {
         Describe();

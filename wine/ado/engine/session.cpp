@@ -44,7 +44,7 @@ Outcome Session::Execute(std::wstring_view statement, CommandKind kind,
         ThrowMisuse(AdoMisuse::InvalidConnection);
     TraceStatement(statement);
     return log_->Record(source_, [&] {
-        std::vector<BoundValue> bound = BindableValues(values, connection_->ValueText());
+        std::vector<BoundValue> bound = BindableValues(values, connection_->Text());
         OdbcStatement running(*connection_); // reads what is bound
         const std::wstring translated = ForEngine(statement, kind);
         if (bound.empty())
