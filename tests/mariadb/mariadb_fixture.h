@@ -54,6 +54,7 @@ inline const Lines& CraftedNames() {
                                 L"\\\\''\\''",
                                 L"`hai` \"ba\" [bốn] {ts} ?:a@b/*!*/",
                                 L"Đỗ Thị Hường ẰẴỶỲ ₫",
+                                L"Mới Út Ộộ Ớớ ÙÚ",
                                 L"100%_\\%\\_"};
     return names;
 }
