@@ -79,6 +79,7 @@ public:
     SQLHDBC Handle() const { return connection_.Get(); }
     OdbcText Text() const { return text_; }
     const std::wstring& EngineName() const { return engine_; }
+    bool IsSqlite() const { return engine_.find(L"SQLite") != std::wstring::npos; }
     wchar_t NameQuote() const { return quote_; }
 
     std::wstring Info(SQLUSMALLINT what) const;
