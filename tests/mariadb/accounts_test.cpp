@@ -136,6 +136,7 @@ TEST_P(MariaDbAccounts, WhoMustChangeDoesSoAtTheLogon) {
                   SetBox(form, L"TxtPass", L"tạm");
                   Press(form, L"CmdOk");
                   const HWND editor = walker_.Form(L"FrmInput");
+                  SetBox(editor, L"TxtCurrent", L"tạm");
                   SetBox(editor, L"TxtPass", L"Ngựa đúng pin");
                   SetBox(editor, L"txtConfirm", L"Ngựa đúng pin");
                   walker_.Leave(editor, L"CmdOk");
