@@ -45,8 +45,7 @@ protected:
     }
 };
 // Where accounts or records are kept, values are bound.
-INSTANTIATE_TEST_SUITE_P(Values, MariaDbAccounts, testing::Values(true),
-                         [](const auto&) { return std::string("Bound"); });
+INSTANTIATE_DIALECTS(MariaDbAccounts, "MariaDbBound");
 
 TEST_P(MariaDbAccounts, LogonTurnsTheNumberIntoAHash) {
     test_->settings->PasswordScheme = vnPasswordPbkdf2;

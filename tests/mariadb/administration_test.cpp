@@ -104,7 +104,7 @@ TEST_P(MariaDbAdministration, UserChangesTheOwnPassword) {
 }
 
 TEST_P(MariaDbAdministration, GroupsAreAddedChangedAndDeleted) {
-    const std::wstring trail = GetParam() ? L"" : L" ";
+    const std::wstring trail = BindsValues() ? L"" : L" ";
     AddGroup();
     EXPECT_EQ(Lines{L"9|Vận tải|Đội xe" + trail + L"|(null)|(null)|(null)"},
               Rows(L"select * from `Groups` where Code=9"));

@@ -16,7 +16,7 @@ class MariaDbLookUps : public MariaDbTest {
 protected:
     ComPtr<ISearch2> Search(const wchar_t* table) const {
         const auto search = NewObject<ISearch2>(L"VnDesk.clsSearch");
-        Govern(search.Get(), MakeSettings(*Test().settings));
+        GovernInDialect(search.Get());
         EXPECT_SUCCEEDED(search->put_ActiveConnection(_variant_t(Connection().c_str())));
         EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(table)));
         return search;
@@ -85,7 +85,6 @@ TEST_P(MariaDbLookUps, FieldsAreLookedUpInTablesAndStatements) {
 TEST_P(MariaDbLookUps, BoxesFindNamesAndCodes) {
     Execute(L"insert into TinhThanh values('O''B\\\\','O''Brien\\\\ ngược')");
     LookupHost host(Test().database);
-    Govern(host.item.Get(), MakeSettings(*Test().settings));
     EXPECT_SUCCEEDED(
         host.item->put_SqlName(_bstr_t(L"Select Code,Name From TinhThanh Where Name")));
     EXPECT_SUCCEEDED(host.item->put_SqlID(_bstr_t(L"Select Code,Name From TinhThanh Where Code")));
@@ -111,7 +110,7 @@ TEST_P(MariaDbLookUps, BoxesFindNamesAndCodes) {
 
 TEST_P(MariaDbLookUps, NamedSettingsAreReadAndWritten) {
     Settings settings;
-    settings.BindParameters = GetParam();
+    settings.BindParameters = BindsValues();
     settings.Dialect = DialectChoice::MySql;
     Database database = OpenConnection(Connection(), settings);
     EXPECT_EQ(L"C:\\SaoLuu", GetOption(database, {L"HeThong", L"ThuMucSaoLuu"}, L""));

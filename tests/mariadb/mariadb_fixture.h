@@ -9,7 +9,7 @@
 namespace vndesk::test {
 
 // Each case runs with values in the text of statements, and with parameters.
-class MariaDbTest : public testing::TestWithParam<bool>, public Administrator {
+class MariaDbTest : public testing::TestWithParam<const char*>, public Administrator {
 protected:
     const AdministrationTest& Test() const override { return *test_; }
 
@@ -17,10 +17,8 @@ protected:
         if (!SampleDatabase::MariaDbAvailable())
             GTEST_SKIP() << "no MariaDB server: VNDESK_MARIADB is not set";
         test_ = std::make_unique<AdministrationTest>(false, SampleDatabase::MariaDb());
-        test_->settings = SecuritySettings{.BindParameters = GetParam(), .Dialect = vnDialectMySql};
-        SetEnvironmentVariableW(L"VNDESK_ADO_AS_WRITTEN", L"1");
+        test_->settings = SecuritySettings();
     }
-    void TearDown() override { SetEnvironmentVariableW(L"VNDESK_ADO_AS_WRITTEN", nullptr); }
 
     const std::wstring& Connection() const { return Test().database.ConnectionString(); }
     long Execute(const std::wstring& statement) const { return Test().database.Execute(statement); }
@@ -37,13 +35,11 @@ protected:
     }
     std::wstring Read(const std::wstring& statement) const { return Test().Read(statement); }
 
+    const VariantInUse variant_{GetParam()};
     std::unique_ptr<AdministrationTest> test_;
 };
 
-#define ON_MARIADB(suite)                                                                          \
-    INSTANTIATE_TEST_SUITE_P(Values, suite, testing::Bool(), [](const auto& info) {                \
-        return std::string(info.param ? "Bound" : "Written");                                      \
-    })
+#define ON_MARIADB(suite) INSTANTIATE_DIALECTS(suite, "MariaDb", "MariaDbBound")
 
 // Texts that would end a literal, or whose backslashes would be read as escapes.
 inline const Lines& CraftedNames() {

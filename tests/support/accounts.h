@@ -11,6 +11,7 @@
 #include <string>
 
 #include "support/check_hr.h"
+#include "support/engine_variant.h"
 #include "support/sample_database.h"
 #include "support/security_settings.h"
 
@@ -19,7 +20,7 @@ namespace vndesk::test {
 // A record of the password that costs a thousandth of a second: the cost is read from the record.
 std::wstring CheapHash(std::wstring_view password);
 
-// Each case runs on the embedded database and on the server.
+// Each case runs on the embedded database and on the server, and in dialects of it.
 class Accounts : public testing::TestWithParam<const char*> {
 protected:
     static constexpr long kThu = 901;
@@ -28,7 +29,7 @@ protected:
 
     void SetUp() override;
 
-    bool OnServer() const { return std::string_view(GetParam()) == "Server"; }
+    bool OnServer() const { return CurrentVariant().server; }
     const std::wstring& Connect() const { return database_->ConnectionString(); }
 
     void AddUser(long code, const std::wstring& name, std::optional<double> number);
@@ -50,12 +51,14 @@ protected:
     long Verify(const SecuritySettings& settings, const wchar_t* name,
                 const wchar_t* password) const;
 
+    const VariantInUse variant_{GetParam()};
     SecuritySettings settings_;
     std::unique_ptr<SampleDatabase> database_;
 };
 
+// What hangs on accounts is always bound.
 #define INSTANTIATE_ACCOUNTS(suite)                                                                \
-    INSTANTIATE_TEST_SUITE_P(Databases, suite, testing::Values("Embedded", "Server"),              \
-                             [](const auto& info) { return std::string(info.param); })
+    INSTANTIATE_DATABASES(suite);                                                                  \
+    INSTANTIATE_DIALECTS(suite, "PostgreSqlBound", "SqlServerBound")
 
 } // namespace vndesk::test

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "support/engine_variant.h"
 #include "support/env.h"
 #include "support/text.h"
 
@@ -77,7 +78,12 @@ SampleDatabase SampleDatabase::Server() {
         OdbcSession(database.odbcString_).ExecuteScript(Script(L"postgresql.sql"));
         return database;
     }();
-    return OnPostgres(filled.database_);
+    SampleDatabase database = OnPostgres(filled.database_);
+    // What the time is called in the language that the hosts of the test speak.
+    if (CurrentVariant().dialect == vnDialectSqlServer)
+        database.Execute(L"create function getutcdate() returns timestamp language sql as "
+                         L"$$select current_timestamp at time zone 'UTC'$$");
+    return database;
 }
 
 SampleDatabase SampleDatabase::OnPostgres(const std::wstring& original) {

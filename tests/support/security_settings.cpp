@@ -3,6 +3,7 @@
 
 #include <comutil.h>
 
+#include "support/engine_variant.h"
 #include "support/env.h"
 #include "support/late_bound.h"
 #include "support/new_object.h"
@@ -26,7 +27,9 @@ VARIANT_BOOL ToBool(bool value) {
 
 ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     const auto settings = NewObject<ISettings>(L"VnDesk.clsSettings");
-    EXPECT_SUCCEEDED(settings->put_BindParameters(ToBool(values.BindParameters)));
+    EXPECT_SUCCEEDED(settings->put_BindParameters(
+        ToBool(InDialect() ? CurrentVariant().bound : values.BindParameters)));
+    EXPECT_SUCCEEDED(settings->put_Dialect(CurrentVariant().dialect));
     EXPECT_SUCCEEDED(settings->put_Audit(ToBool(values.Audit)));
     EXPECT_SUCCEEDED(settings->put_PasswordScheme(values.PasswordScheme));
     EXPECT_SUCCEEDED(settings->put_UpgradeOnLogon(ToBool(values.UpgradeOnLogon)));
@@ -34,7 +37,6 @@ ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     EXPECT_SUCCEEDED(settings->put_LockAfter(values.LockAfter));
     EXPECT_SUCCEEDED(settings->put_LockWindowMinutes(values.LockWindowMinutes));
     EXPECT_SUCCEEDED(settings->put_LockMinutes(values.LockMinutes));
-    EXPECT_SUCCEEDED(settings->put_Dialect(values.Dialect));
     return settings;
 }
 
@@ -49,6 +51,11 @@ void Govern(IUnknown* object, const ComPtr<ISettings>& settings) {
     ComPtr<IDispatch> late;
     ASSERT_SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&late)));
     LateBound(late.Get()).PutObject(L"Settings", _variant_t(settings.Get()));
+}
+
+void GovernInDialect(IUnknown* object) {
+    if (InDialect())
+        Govern(object, MakeSettings({}));
 }
 
 void Upgrade(const SampleDatabase& database, const wchar_t* script) {

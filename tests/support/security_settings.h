@@ -22,10 +22,9 @@ struct SecuritySettings {
     long LockAfter = 0;
     long LockWindowMinutes = 15;
     long LockMinutes = 15;
-    Dialects Dialect = vnDialectAuto;
 };
 
-// A clsSettings of the registered DLL.
+// A clsSettings of the registered DLL, with the dialect of the running test.
 Microsoft::WRL::ComPtr<ISettings> MakeSettings(const SecuritySettings& values);
 
 // A clsLogon with such settings, in whose name a user changes what there is.
@@ -33,6 +32,9 @@ Microsoft::WRL::ComPtr<ILogon2> LogonWith(const SecuritySettings& values, long u
 
 // Hands the settings to an object that has the property, whatever its class.
 void Govern(IUnknown* object, const Microsoft::WRL::ComPtr<ISettings>& settings);
+
+// Hands settings over where the hosts of the running test name a dialect.
+void GovernInDialect(IUnknown* object);
 
 // Runs schema/upgrade/<name>.<engine>.sql: L"accounts", L"audit".
 void Upgrade(const SampleDatabase& database, const wchar_t* script);

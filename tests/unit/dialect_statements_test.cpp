@@ -123,6 +123,11 @@ TEST(DialectConditions, TextsHaveThePrefixInListsToo) {
     EXPECT_EQ(L"(MaKH  LIKE  'a%')", Sql(Line(10, L"Like", L"a"), kPostgres));
 }
 
+TEST(DialectConditions, TypedBracketsAreLettersAndThoseOfTheCatalogueAreBalanced) {
+    EXPECT_EQ(L"(MaKH  =  'Kho (cu')", Sql(Line(10, L"=", L"Kho (cu"), kPostgres));
+    EXPECT_EQ(L"(upper((MaKH)  =  'a'))", Sql(Line(10, L"=", L"a", L"upper((MaKH)"), kPostgres));
+}
+
 TEST(DialectConditions, DatesAreThoseOfTheEngine) {
     EXPECT_EQ(L"(MaKH  >=  '20210305')", Sql(Line(8, L">=", L"5/3/2021"), kServer));
     EXPECT_EQ(L"(MaKH  >=  DATE '2021-03-05')", Sql(Line(8, L">=", L"5/3/2021"), kPostgres));

@@ -39,11 +39,14 @@ bool CheckSql(const ConditionLine& line) {
 std::wstring GetSql(const ConditionLine& line, ValueStyle style) {
     const std::wstring op = InCapitals(line.operatorName);
     const std::wstring_view value = TrimBlanks(line.value);
-    const Dialect* dialect = style.dialect;
-    const std::wstring name = dialect ? CatalogueName(line.fieldName, *dialect) : line.fieldName;
-    const std::wstring literal = dialect ? WriteValue(value, line.fieldType, op, *dialect)
-                                         : FormatValue(value, line.fieldType, op, style.kind);
-    return GetBrackets(L"(" + name + L"  " + op + L"  " + literal + L")");
+    if (!style.dialect)
+        return GetBrackets(L"(" + line.fieldName + L"  " + op + L"  " +
+                           FormatValue(value, line.fieldType, op, style.kind) + L")");
+    // Brackets that were typed are letters of a literal.
+    const std::wstring head =
+        L"(" + CatalogueName(line.fieldName, *style.dialect) + L"  " + op + L"  ";
+    const std::wstring tail = GetBrackets(head + L")").substr(head.size());
+    return head + WriteValue(value, line.fieldType, op, *style.dialect) + tail;
 }
 
 std::wstring GetDisplay(const ConditionLine& line) {

@@ -9,11 +9,15 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <vector>
 
+#include "support/engine_variant.h"
+#include "support/env.h"
 #include "support/keys.h"
 #include "support/sample_database.h"
 #include "support/security_settings.h"
@@ -29,7 +33,15 @@ using Lines = std::vector<std::wstring>;
 class StatementTrace {
 public:
     StatementTrace() { SetEnvironmentVariableW(L"VNDESK_ADO_TRACE", File().c_str()); }
-    ~StatementTrace() { SetEnvironmentVariableW(L"VNDESK_ADO_TRACE", nullptr); }
+    // A trace that was taken before goes on, with these.
+    ~StatementTrace() {
+        SetEnvironmentVariableW(L"VNDESK_ADO_TRACE", before_.empty() ? nullptr : before_.c_str());
+        if (before_.empty())
+            return;
+        std::ofstream trace(std::filesystem::path(before_), std::ios::binary | std::ios::app);
+        for (const std::wstring& line : All())
+            trace << ToUtf8(line) << '\n';
+    }
 
     void Forget() { DeleteFileW(File().c_str()); }
 
@@ -59,6 +71,7 @@ private:
 
     std::wstring File() const { return folder_.File(L"trace.txt"); }
 
+    const std::wstring before_ = EnvironmentText(L"VNDESK_ADO_TRACE");
     TempDir folder_;
 };
 
@@ -194,9 +207,9 @@ public:
 
     // The host's object.
     Microsoft::WRL::ComPtr<ILogon> Host() const {
-        if (!settings)
+        if (!settings && !InDialect())
             return CreateLogon();
-        return LogonWith(*settings, userCode);
+        return LogonWith(settings.value_or(SecuritySettings()), userCode);
     }
 
     // Opens a form while the script plays the user; the host's call must succeed.
@@ -217,7 +230,17 @@ public:
 
     // The text, with the prefix that the kind of database asks for.
     std::wstring Quoted(const std::wstring& text) const {
-        return (server ? L"N'" : L"'") + text + L"'";
+        return (PrefixesTexts() ? L"N'" : L"'") + text + L"'";
+    }
+    // A name of the library's tables as its statements of 1.1 write it.
+    std::wstring OwnName(const std::wstring& name) const {
+        if (!InDialect())
+            return name;
+        if (CurrentVariant().dialect == vnDialectSqlServer)
+            return L"[" + name + L"]";
+        std::wstring folded = name;
+        CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+        return L"\"" + folded + L"\"";
     }
     std::wstring Read(const std::wstring& statement) const {
         return database.ScalarText(statement);
@@ -270,7 +293,7 @@ private:
 class Administration : public testing::TestWithParam<const char*> {
 protected:
     void SetUp() override {
-        const bool server = std::string_view(GetParam()) == "Server";
+        const bool server = CurrentVariant().server;
         if (server && !SampleDatabase::ServerAvailable())
             GTEST_SKIP() << "no PostgreSQL server: VNDESK_PG is not set";
         test_ = std::make_unique<AdministrationTest>(server);
@@ -279,11 +302,10 @@ protected:
     const AdministrationTest& Test() const { return *test_; }
     std::wstring Q(const wchar_t* text) const { return test_->Quoted(text); }
 
+    const VariantInUse variant_{GetParam()};
     std::unique_ptr<AdministrationTest> test_;
 };
 
-#define INSTANTIATE_ADMINISTRATION(suite)                                                          \
-    INSTANTIATE_TEST_SUITE_P(Databases, suite, testing::Values("Embedded", "Server"),              \
-                             [](const auto& info) { return std::string(info.param); })
+#define INSTANTIATE_ADMINISTRATION(suite) INSTANTIATE_DATABASES(suite)
 
 } // namespace vndesk::test

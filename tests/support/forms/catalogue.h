@@ -72,7 +72,7 @@ private:
 class CatalogueTest : public testing::TestWithParam<const char*> {
 protected:
     void SetUp() override {
-        const bool server = std::string_view(GetParam()) == "Server";
+        const bool server = CurrentVariant().server;
         if (server && !SampleDatabase::ServerAvailable())
             GTEST_SKIP() << "no PostgreSQL server: VNDESK_PG is not set";
         catalogue_ = std::make_unique<Catalogue>(server);
@@ -81,6 +81,7 @@ protected:
     const Catalogue& Test() const { return *catalogue_; }
 
 private:
+    const VariantInUse variant_{GetParam()};
     std::unique_ptr<Catalogue> catalogue_;
 };
 

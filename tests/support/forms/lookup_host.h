@@ -49,7 +49,9 @@ public:
 };
 
 inline ComPtr<ISelItem> CreateSelItem() {
-    return NewObject<ISelItem>(L"VnDesk.cSelItem");
+    auto item = NewObject<ISelItem>(L"VnDesk.cSelItem");
+    GovernInDialect(item.Get());
+    return item;
 }
 
 inline long HandleOf(HWND window) {

@@ -13,7 +13,9 @@
 namespace vndesk::test {
 
 inline Microsoft::WRL::ComPtr<ISearch> CreateSearch() {
-    return NewObject<ISearch>(L"VnDesk.clsSearch");
+    auto search = NewObject<ISearch>(L"VnDesk.clsSearch");
+    GovernInDialect(search.Get());
+    return search;
 }
 
 inline _variant_t Missing() {

@@ -32,6 +32,7 @@ private:
 };
 
 INSTANTIATE_ADMINISTRATION(BoundBoxes);
+INSTANTIATE_DIALECTS(BoundBoxes, "PostgreSql", "PostgreSqlBound", "SqlServer");
 
 TEST_P(BoundBoxes, CodesAndNamesWithQuotesAreFound) {
     const StatementTrace trace;
@@ -52,8 +53,12 @@ TEST_P(BoundBoxes, CodesAndNamesWithQuotesAreFound) {
     EXPECT_EQ(L"B'1", Host().SelID());
     const Lines sent = trace.All();
     ASSERT_EQ(5u, sent.size());
-    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ma = ?", sent[0]);
-    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ten  Like ?", sent[3]);
+    const auto value = [&](const wchar_t* inside) {
+        return BindsValues() ? L"?"
+                             : (PrefixesTexts() ? L"N'" : L"'") + std::wstring(inside) + L"'";
+    };
+    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ma = " + value(L"B''1"), sent[0]);
+    EXPECT_EQ(L"Select Ma,Ten From DanhMuc Where Ten  Like " + value(L"O''B%"), sent[3]);
 }
 
 TEST_P(BoundBoxes, CodesThatAreStatementsAreFoundNowhere) {
@@ -111,6 +116,7 @@ TEST_P(BoundBoxes, LetterCaseCountsAsMuchAsInLiterals) {
 class BoundLookUps : public Administration {};
 
 INSTANTIATE_ADMINISTRATION(BoundLookUps);
+INSTANTIATE_DIALECTS(BoundLookUps, "PostgreSql", "PostgreSqlBound", "SqlServer");
 
 TEST_P(BoundLookUps, ChoicesOfAFieldAreThoseWhoseNameBeginsWithTheText) {
     Test().database.Execute(L"insert into tinhthanh(code,name) values('OB','O''Brien [x] \"y\"')");
@@ -142,9 +148,10 @@ TEST_P(BoundLookUps, ChoicesOfAFieldAreThoseWhoseNameBeginsWithTheText) {
                   PressCancel();
               }));
     const Lines sent = trace.All();
-    EXPECT_NE(sent.end(),
-              std::find(sent.begin(), sent.end(), L"Select * From TinhThanh Where Name   Like ?"));
-    for (const std::wstring& line : sent)
+    const std::wstring asked = L"Select * From TinhThanh Where " + Test().OwnName(L"Name") +
+                               L"   Like " + (BindsValues() ? L"?" : Q(L"H%"));
+    EXPECT_NE(sent.end(), std::find(sent.begin(), sent.end(), asked)) << ToUtf8(asked);
+    for (const std::wstring& line : BindsValues() ? sent : Lines())
         EXPECT_EQ(std::wstring::npos, line.find(L'\'')) << ToUtf8(line);
 }
 

@@ -21,7 +21,9 @@ enum { kCode, kName, kProvince, kAddress, kDate, kOrders, kDebt, kWholesale };
 enum { kEqual, kBeginsWith, kUnequal, kInList };
 
 ComPtr<ISearch2> CreateSearch2() {
-    return NewObject<ISearch2>(L"VnDesk.clsSearch");
+    auto search = NewObject<ISearch2>(L"VnDesk.clsSearch");
+    GovernInDialect(search.Get());
+    return search;
 }
 
 std::wstring Parameterized(ISearch2& search) {
@@ -132,6 +134,7 @@ protected:
     }
 };
 INSTANTIATE_ADMINISTRATION(ParameterizedSearch);
+INSTANTIATE_DIALECTS(ParameterizedSearch, "PostgreSql");
 
 TEST(ParameterizedSearchAlone, NothingIsThereBeforeShow) {
     ExpectNoCondition(*CreateSearch2().Get());
@@ -164,7 +167,8 @@ TEST_P(ParameterizedSearch, GivesTextValuesAndTypes) {
         PressOk(form);
     });
     EXPECT_EQ(L"(Name  <>  " + Q(L"O''Brien") +
-                  L")or(SoDonHang  IN  (1,2))and(CongNo  >  -1.5)and(NgayLap  >  #01/15/2004#)",
+                  L")or(SoDonHang  IN  (1,2))and(CongNo  >  -1.5)and(NgayLap  >  " +
+                  (InDialect() ? L"DATE '2004-01-15'" : L"#01/15/2004#") + L")",
               result);
     EXPECT_EQ(L"(Name  <>  ?)or(SoDonHang  IN  (?,?))and(CongNo  >  ?)and(NgayLap  >  ?)",
               Parameterized(*search.Get()));
@@ -302,6 +306,20 @@ TEST_P(ParameterizedSearch, CommandRefusesWhatIsNoConnection) {
     EXPECT_LT(0u, description.length());
 }
 
+// What a script does first where the hosts of the test name a dialect.
+std::wstring VbDialect() {
+    if (!InDialect())
+        return {};
+    return L"Set o = WScript.CreateObject(\"VnDesk.clsSettings\")\no.Dialect = " +
+           std::to_wstring(CurrentVariant().dialect) + L"\nSet s.Settings = o\n";
+}
+std::wstring JsDialect() {
+    if (!InDialect())
+        return {};
+    return L"var o = WScript.CreateObject('VnDesk.clsSettings'); o.Dialect = " +
+           std::to_wstring(CurrentVariant().dialect) + L"; s.Settings = o;\n";
+}
+
 // The scripts of both languages find the customer by a command on their own connection.
 TEST_P(ParameterizedSearch, ServesVbScript) {
     ScriptRunner script;
@@ -311,7 +329,8 @@ TEST_P(ParameterizedSearch, ServesVbScript) {
         PressOk(form);
     }));
     script.RunOk(L"Set s = WScript.CreateObject(\"VnDesk.clsSearch\")\n"
-                 L"s.ActiveConnection = WScript.Arguments(0)\ns.TableSearch = \"KhachHang\"\n"
+                 L"s.ActiveConnection = WScript.Arguments(0)\ns.TableSearch = \"KhachHang\"\n" +
+                 VbDialect() +
                  L"s.Show 1\np = s.Parameters\nt = s.ParameterTypes\n"
                  L"Echo s.ParameterizedResult, LBound(p), UBound(p), p(0), TypeName(p(0)), t(1)\n"
                  L"Set db = WScript.CreateObject(\"ADODB.Connection\")\n"
@@ -334,7 +353,8 @@ TEST_P(ParameterizedSearch, ServesJScript) {
         PressOk(form);
     }));
     script.RunOk(L"var s = WScript.CreateObject('VnDesk.clsSearch');\n"
-                 L"s.ActiveConnection = WScript.Arguments(0); s.TableSearch = 'KhachHang';\n"
+                 L"s.ActiveConnection = WScript.Arguments(0); s.TableSearch = 'KhachHang';\n" +
+                 JsDialect() +
                  L"s.Show(1);\n"
                  L"Echo(s.ParameterizedResult, new VBArray(s.Parameters).toArray().join('|'));\n"
                  L"var rows = s.CreateCommand('Select MaKH From KhachHang').Execute();\n"

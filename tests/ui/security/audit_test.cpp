@@ -40,6 +40,7 @@ protected:
 };
 
 INSTANTIATE_ADMINISTRATION(Audit);
+INSTANTIATE_DIALECTS(Audit, "PostgreSqlBound", "SqlServerBound");
 
 TEST_P(Audit, TellsWhoLogsOnAndWhoTries) {
     test_->userCode = 0;

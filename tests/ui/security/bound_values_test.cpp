@@ -52,6 +52,8 @@ protected:
 };
 
 INSTANTIATE_ADMINISTRATION(BoundValues);
+// In the language of an engine, what is typed is data in literals, too.
+INSTANTIATE_DIALECTS(BoundValues, "PostgreSql", "PostgreSqlBound", "SqlServer");
 
 void FillUser(HWND editor, const std::wstring& name) {
     SetBox(editor, L"TxtUser", name.c_str());
@@ -239,7 +241,9 @@ TEST_P(BoundValues, GroupsOfAnyNameAreAddedEditedAndDeletedAtOnce) {
             walker.Do(groups, L"CmdAdd");
             const std::wstring newest = L" from groups order by code desc limit 1";
             EXPECT_EQ(name, Test().Read(L"select name" + newest));
-            EXPECT_EQ(name, Test().Read(L"select des" + newest));
+            // As literals, descriptions have the blank of older rows behind them.
+            const std::wstring described = BindsValues() ? name : name + L" ";
+            EXPECT_EQ(described, Test().Read(L"select des" + newest));
 
             // The item has its code at once.
             const int item = static_cast<int>(ListTexts(list).size()) - 1;
@@ -247,7 +251,7 @@ TEST_P(BoundValues, GroupsOfAnyNameAreAddedEditedAndDeletedAtOnce) {
                       std::to_wstring(SendMessageW(list, LB_GETITEMDATA, item, 0)));
             ChooseGroup(groups, name);
             EXPECT_EQ(name, TextOf(groups, L"txtName"));
-            EXPECT_EQ(name, TextOf(groups, L"TxtDesc"));
+            EXPECT_EQ(described, TextOf(groups, L"TxtDesc"));
             SetBox(groups, L"txtName", (L"'" + name).c_str());
             walker.Do(groups, L"CmdWrite");
             EXPECT_EQ(L"'" + name, Test().Read(L"select name" + newest));
