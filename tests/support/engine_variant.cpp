@@ -19,6 +19,12 @@ constexpr EngineVariant kVariants[] = {
      .dialect = vnDialectPostgreSql,
      .bound = true,
      .asWritten = true},
+    {.name = "MariaDb", .server = false, .dialect = vnDialectMySql, .asWritten = true},
+    {.name = "MariaDbBound",
+     .server = false,
+     .dialect = vnDialectMySql,
+     .bound = true,
+     .asWritten = true},
     {.name = "SqlServer", .server = true, .dialect = vnDialectSqlServer},
     {.name = "SqlServerBound", .server = true, .dialect = vnDialectSqlServer, .bound = true},
 };

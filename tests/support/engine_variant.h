@@ -14,7 +14,7 @@ namespace vndesk::test {
 
 struct EngineVariant {
     std::string_view name;
-    bool server; // PostgreSQL, or else the embedded database
+    bool server; // PostgreSQL, or else the embedded database or MariaDB
     Dialects dialect = vnDialectAuto;
     // With a dialect: BindParameters of every host, whatever the test asks for.
     bool bound = false;

@@ -65,6 +65,10 @@ std::wstring PostgresConnection() {
     return EnvironmentText(L"VNDESK_PG");
 }
 
+std::wstring MariaDbConnection() {
+    return EnvironmentText(L"VNDESK_MARIADB");
+}
+
 bool RunningUnderWine() {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }

@@ -18,6 +18,8 @@ std::wstring OutDir();
 // ODBC connection string of a PostgreSQL server where databases may be created (VNDESK_PG);
 // empty when there is none: such tests say GTEST_SKIP().
 std::wstring PostgresConnection();
+// The same of a MariaDB server (VNDESK_MARIADB).
+std::wstring MariaDbConnection();
 
 bool RunningUnderWine();
 

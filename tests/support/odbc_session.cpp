@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/odbc_session.h"
 
+// Both spellings of the text functions are needed.
+#ifndef SQL_NOUNICODEMAP
+#define SQL_NOUNICODEMAP
+#endif
 #include <sql.h>
 #include <sqlext.h>
 
@@ -22,11 +26,14 @@ std::wstring Diagnostics(SQLSMALLINT kind, SQLHANDLE handle) {
 
 class Statement {
 public:
-    Statement(SQLHDBC connection, std::wstring_view text) {
+    Statement(SQLHDBC connection, std::wstring_view text, bool inBytes) {
         if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_)))
             Fail(Diagnostics(SQL_HANDLE_DBC, connection));
         std::wstring copy(text);
-        const SQLRETURN result = SQLExecDirectW(handle_, copy.data(), SQL_NTS);
+        std::string bytes = ToUtf8(text);
+        const SQLRETURN result =
+            inBytes ? SQLExecDirect(handle_, reinterpret_cast<SQLCHAR*>(bytes.data()), SQL_NTS)
+                    : SQLExecDirectW(handle_, copy.data(), SQL_NTS);
         if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
             const std::wstring error = Diagnostics(SQL_HANDLE_STMT, handle_);
             SQLFreeHandle(SQL_HANDLE_STMT, handle_);
@@ -39,13 +46,13 @@ public:
 
     SQLHSTMT Get() const { return handle_; }
 
-    std::optional<std::wstring> Column(SQLUSMALLINT column) const {
-        std::wstring value;
+    template <SQLSMALLINT kType, class Character>
+    std::optional<std::basic_string<Character>> Column(SQLUSMALLINT column) const {
+        std::basic_string<Character> value;
         for (;;) {
-            SQLWCHAR part[512];
+            Character part[512];
             SQLLEN length = 0;
-            const SQLRETURN result =
-                SQLGetData(handle_, column, SQL_C_WCHAR, part, sizeof part, &length);
+            const SQLRETURN result = SQLGetData(handle_, column, kType, part, sizeof part, &length);
             if (result == SQL_NO_DATA)
                 return value;
             if (!SQL_SUCCEEDED(result))
@@ -64,13 +71,19 @@ private:
 
 } // namespace
 
-OdbcSession::OdbcSession(const std::wstring& connectionString) {
+// MariaDB's driver cuts wide texts: its statements and values are UTF-8.
+OdbcSession::OdbcSession(const std::wstring& connectionString)
+    : inBytes_(connectionString.find(L"{MariaDB") != std::wstring::npos) {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
     SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<void*>(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
     std::wstring text = connectionString;
-    const SQLRETURN result = SQLDriverConnectW(connection_, nullptr, text.data(), SQL_NTS, nullptr,
-                                               0, nullptr, SQL_DRIVER_NOPROMPT);
+    std::string bytes = ToUtf8(text);
+    const SQLRETURN result =
+        inBytes_ ? SQLDriverConnect(connection_, nullptr, reinterpret_cast<SQLCHAR*>(bytes.data()),
+                                    SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)
+                 : SQLDriverConnectW(connection_, nullptr, text.data(), SQL_NTS, nullptr, 0,
+                                     nullptr, SQL_DRIVER_NOPROMPT);
     if (SQL_SUCCEEDED(result))
         return;
     const std::wstring error = Diagnostics(SQL_HANDLE_DBC, connection_);
@@ -86,7 +99,7 @@ OdbcSession::~OdbcSession() {
 }
 
 long OdbcSession::Execute(std::wstring_view statement) {
-    const Statement run(connection_, statement);
+    const Statement run(connection_, statement, inBytes_);
     SQLLEN rows = 0;
     SQLRowCount(run.Get(), &rows);
     return rows > 0 && rows < 1000000 ? static_cast<long>(rows) : 0; // drivers leave junk for DDL
@@ -123,14 +136,20 @@ void OdbcSession::ExecuteScript(std::wstring_view script) {
 }
 
 std::vector<OdbcSession::Row> OdbcSession::Query(std::wstring_view statement) {
-    const Statement run(connection_, statement);
+    const Statement run(connection_, statement, inBytes_);
     SQLSMALLINT columns = 0;
     SQLNumResultCols(run.Get(), &columns);
     std::vector<Row> rows;
     while (columns > 0 && SQL_SUCCEEDED(SQLFetch(run.Get()))) {
         Row& row = rows.emplace_back();
-        for (SQLSMALLINT i = 1; i <= columns; ++i)
-            row.push_back(run.Column(i));
+        for (SQLSMALLINT i = 1; i <= columns; ++i) {
+            if (inBytes_) {
+                const auto bytes = run.Column<SQL_C_CHAR, char>(i);
+                row.push_back(bytes ? std::optional(FromUtf8(*bytes)) : std::nullopt);
+            } else {
+                row.push_back(run.Column<SQL_C_WCHAR, wchar_t>(i));
+            }
+        }
     }
     return rows;
 }

@@ -37,6 +37,7 @@ private:
 
     SQLHENV environment_ = nullptr;
     SQLHDBC connection_ = nullptr;
+    const bool inBytes_;
 };
 
 // The path as the ODBC drivers of the machine around Wine know it; unchanged on Windows.

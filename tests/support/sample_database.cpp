@@ -55,7 +55,7 @@ std::wstring UniqueName() {
 } // namespace
 
 SampleDatabase SampleDatabase::Embedded() {
-    SampleDatabase database;
+    SampleDatabase database(L"sqlite");
     database.folder_ = std::make_unique<TempDir>();
     const std::wstring file = database.File();
     if (!CopyFileW(TemplateFile().c_str(), file.c_str(), TRUE))
@@ -74,11 +74,11 @@ bool SampleDatabase::ServerAvailable() {
 SampleDatabase SampleDatabase::Server() {
     static const SampleDatabase filled = [] {
         SampleDatabase database =
-            OnServer(L"template0 ENCODING 'UTF8' LC_COLLATE 'C.UTF-8' LC_CTYPE 'C.UTF-8'");
+            OnPostgres(L"template0 ENCODING 'UTF8' LC_COLLATE 'C.UTF-8' LC_CTYPE 'C.UTF-8'");
         OdbcSession(database.odbcString_).ExecuteScript(Script(L"postgresql.sql"));
         return database;
     }();
-    SampleDatabase database = OnServer(filled.serverName_);
+    SampleDatabase database = OnPostgres(filled.database_);
     // What the time is called in the language that the hosts of the test speak.
     if (CurrentVariant().dialect == vnDialectSqlServer)
         database.Execute(L"create function getutcdate() returns timestamp language sql as "
@@ -87,33 +87,52 @@ SampleDatabase SampleDatabase::Server() {
 }
 
 SampleDatabase SampleDatabase::Copy() const {
-    return OnServer(serverName_);
+    return OnPostgres(database_);
 }
 
-SampleDatabase SampleDatabase::OnServer(const std::wstring& original) {
-    SampleDatabase database;
+SampleDatabase SampleDatabase::OnPostgres(const std::wstring& original) {
+    return OnServer(L"postgresql", PostgresConnection(), L" TEMPLATE " + original,
+                    L" WITH (FORCE)");
+}
+
+bool SampleDatabase::MariaDbAvailable() {
+    return !MariaDbConnection().empty();
+}
+
+// The server knows no copies of a database.
+SampleDatabase SampleDatabase::MariaDb() {
+    SampleDatabase database = OnServer(L"mariadb", MariaDbConnection(), L"", L"");
+    OdbcSession(database.odbcString_).ExecuteScript(Script(L"mariadb.sql"));
+    return database;
+}
+
+SampleDatabase SampleDatabase::OnServer(const wchar_t* engine, const std::wstring& server,
+                                        const std::wstring& how, const wchar_t* howDropped) {
+    SampleDatabase database(engine);
     const std::wstring name = UniqueName();
-    OdbcSession(PostgresConnection())
-        .Execute(L"CREATE DATABASE " + name + L" TEMPLATE " + original);
-    database.serverName_ = name;
-    database.odbcString_ = WithDatabase(PostgresConnection(), name);
+    OdbcSession(server).Execute(L"CREATE DATABASE " + name + how);
+    database.database_ = name;
+    database.server_ = server;
+    database.drop_ = L"DROP DATABASE IF EXISTS " + name + howDropped;
+    database.odbcString_ = WithDatabase(server, name);
     database.connectionString_ = database.odbcString_;
     return database;
 }
 
-SampleDatabase::SampleDatabase(SampleDatabase&& other) noexcept {
+SampleDatabase::SampleDatabase(SampleDatabase&& other) noexcept : engine_(other.engine_) {
     folder_.swap(other.folder_);
-    serverName_.swap(other.serverName_);
+    database_.swap(other.database_);
+    server_.swap(other.server_);
+    drop_.swap(other.drop_);
     connectionString_.swap(other.connectionString_);
     odbcString_.swap(other.odbcString_);
 }
 
 SampleDatabase::~SampleDatabase() {
-    if (serverName_.empty())
+    if (drop_.empty())
         return;
     try {
-        OdbcSession(PostgresConnection())
-            .Execute(L"DROP DATABASE IF EXISTS " + serverName_ + L" WITH (FORCE)");
+        OdbcSession(server_).Execute(drop_);
     } catch (const std::exception&) {
         // The server is the runner's own and goes with it.
     }

@@ -17,6 +17,10 @@ public:
     // The server database: a PostgreSQL database. Ask ServerAvailable() first and skip the test.
     static SampleDatabase Server();
     static bool ServerAvailable();
+    // A MariaDB database, in a server where names of tables have a case. Ask MariaDbAvailable()
+    // first.
+    static SampleDatabase MariaDb();
+    static bool MariaDbAvailable();
 
     // Another database of the server with the same rows; no one may be connected to this one.
     SampleDatabase Copy() const;
@@ -30,6 +34,8 @@ public:
     const std::wstring& OdbcString() const { return odbcString_; }
     // The file behind the embedded database.
     std::wstring File() const;
+    // As the scripts in schema/ call it.
+    const wchar_t* Engine() const { return engine_; }
 
     // Each call connects anew, so no lock stays behind. Statements are in the engine's dialect.
     long Execute(std::wstring_view statement) const;
@@ -37,12 +43,17 @@ public:
     std::vector<OdbcSession::Row> Query(std::wstring_view statement) const;
 
 private:
-    SampleDatabase() = default;
+    explicit SampleDatabase(const wchar_t* engine) : engine_(engine) {}
+    // Made on a server; what stands behind its name when it is made and dropped.
+    static SampleDatabase OnServer(const wchar_t* engine, const std::wstring& server,
+                                   const std::wstring& how, const wchar_t* howDropped);
     // A copy of one that is there, which no one may be connected to.
-    static SampleDatabase OnServer(const std::wstring& original);
+    static SampleDatabase OnPostgres(const std::wstring& original);
 
     std::unique_ptr<TempDir> folder_; // embedded only
-    std::wstring serverName_;         // server only: name of the database to drop
+    const wchar_t* engine_;
+    // Servers only: the name, and where and by which statement the database is dropped.
+    std::wstring database_, server_, drop_;
     std::wstring connectionString_;
     std::wstring odbcString_;
 };

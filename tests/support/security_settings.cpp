@@ -15,8 +15,8 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-bool IsServer(const SampleDatabase& database) {
-    return database.File().empty();
+bool IsPostgres(const SampleDatabase& database) {
+    return database.Engine() == std::wstring_view(L"postgresql");
 }
 
 VARIANT_BOOL ToBool(bool value) {
@@ -60,9 +60,9 @@ void GovernInDialect(IUnknown* object) {
 }
 
 void Upgrade(const SampleDatabase& database, const wchar_t* script) {
-    const std::wstring engine = IsServer(database) ? L".postgresql.sql" : L".sqlite.sql";
     OdbcSession(database.OdbcString())
-        .ExecuteScript(ReadUtf8File(SourceDir() + L"\\schema\\upgrade\\" + script + engine));
+        .ExecuteScript(ReadUtf8File(SourceDir() + L"\\schema\\upgrade\\" + script + L"." +
+                                    database.Engine() + L".sql"));
 }
 
 std::vector<AuditRecord> AuditRecords(const SampleDatabase& database) {
@@ -86,7 +86,7 @@ std::vector<std::wstring> AuditLines(const SampleDatabase& database) {
 }
 
 void RefuseRecords(const SampleDatabase& database) {
-    if (!IsServer(database)) {
+    if (!IsPostgres(database)) {
         database.Execute(L"create trigger refusal before insert on vnaudit begin select "
                          L"raise(abort, '" +
                          std::wstring(kAuditRefuses) + L"'); end");

@@ -33,7 +33,9 @@ TEST(AdoCell, TruthValues) {
         EXPECT_EQ(true, ParseBoolean(text)) << text;
     for (const char* text : {"0", "f", "false", "0.0"})
         EXPECT_EQ(false, ParseBoolean(text)) << text;
-    for (const char* text : {"", "yes", "q"})
+    EXPECT_EQ(true, ParseBoolean("\x01"));
+    EXPECT_EQ(false, ParseBoolean(std::string_view("\0", 1)));
+    for (const char* text : {"", "yes", "q", "\x02", "\x01\x01"})
         EXPECT_FALSE(ParseBoolean(text).has_value()) << text;
 }
 

@@ -61,6 +61,8 @@ TEST(DialectTest, EveryCharacterOfATextMeansItself) {
 TEST(DialectTest, PatternsKeepTypedWildcardsAndMakeLettersOfBackslashes) {
     ExpectEach({L"'a%b\\%'", L"N'a%b\\%'", L"E'a%b\\\\\\\\%'", L"'a%b\\%'", L"'a%b\\\\\\\\%'"},
                [](const Dialect& dialect) { return PatternLiteral(L"a%b\\", dialect); });
+    ExpectEach({L"a%b\\%", L"a%b\\%", L"a%b\\\\%", L"a%b\\%", L"a%b\\\\%"},
+               [](const Dialect& dialect) { return PatternOf(L"a%b\\", dialect); });
 }
 
 TEST(DialectTest, DaysAreWrittenSoThatNoLocaleReadsThemOtherwise) {

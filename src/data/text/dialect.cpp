@@ -126,10 +126,14 @@ std::wstring TextLiteral(std::wstring_view text, const Dialect& dialect) {
     return std::wstring(prefix) + L"'" + inside + L"'";
 }
 
-std::wstring PatternLiteral(std::wstring_view beginning, const Dialect& dialect) {
+std::wstring PatternOf(std::wstring_view beginning, const Dialect& dialect) {
     const std::wstring letters =
         dialect.escapesPatterns ? ReplaceEach(beginning, L'\\', L"\\\\") : std::wstring(beginning);
-    return TextLiteral(letters + L"%", dialect);
+    return letters + L"%";
+}
+
+std::wstring PatternLiteral(std::wstring_view beginning, const Dialect& dialect) {
+    return TextLiteral(PatternOf(beginning, dialect), dialect);
 }
 
 std::wstring DateLiteral(Moment moment, const Dialect& dialect) {

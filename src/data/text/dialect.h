@@ -37,7 +37,8 @@ const Dialect* DialectOf(DialectChoice choice);
 
 // Between the engine's apostrophes. Every character means itself.
 std::wstring TextLiteral(std::wstring_view text, const Dialect& dialect);
-// For texts that begin so. Typed wildcards are wildcards, as in 1.0.
+// For texts that begin so, as a value. Typed wildcards are wildcards, as in 1.0.
+std::wstring PatternOf(std::wstring_view beginning, const Dialect& dialect);
 std::wstring PatternLiteral(std::wstring_view beginning, const Dialect& dialect);
 std::wstring DateLiteral(Moment moment, const Dialect& dialect);
 

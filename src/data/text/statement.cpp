@@ -72,9 +72,10 @@ StatementWriter& StatementWriter::operator<<(const Trailed& value) {
 }
 
 StatementWriter& StatementWriter::operator<<(const Beginning& value) {
-    return Write(style_.dialect ? PatternLiteral(value.text, *style_.dialect)
-                                : Literal(value.text, L"LR", style_.kind),
-                 std::wstring(value.text) + L"%");
+    if (style_.dialect)
+        return Write(PatternLiteral(value.text, *style_.dialect),
+                     PatternOf(value.text, *style_.dialect));
+    return Write(Literal(value.text, L"LR", style_.kind), std::wstring(value.text) + L"%");
 }
 
 StatementWriter& StatementWriter::operator<<(const Numbers& values) {

@@ -200,8 +200,10 @@ inline void ExpectKeyWalks(HWND form, WORD key, std::initializer_list<const wcha
 class AdministrationTest {
 public:
     explicit AdministrationTest(bool server)
-        : server(server), database(server ? SampleDatabase::Server() : SampleDatabase::Embedded()) {
-    }
+        : AdministrationTest(server,
+                             server ? SampleDatabase::Server() : SampleDatabase::Embedded()) {}
+    AdministrationTest(bool server, SampleDatabase database)
+        : server(server), database(std::move(database)) {}
 
     // The host's object.
     Microsoft::WRL::ComPtr<ILogon> Host() const {

@@ -99,7 +99,7 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
     const std::wstring quote = Info(SQL_IDENTIFIER_QUOTE_CHAR);
     quote_ = quote.empty() ? L'\0' : quote.front();
     // The driver of a data source is known only after connecting.
-    if (engine_.find(L"SQLite") != std::wstring::npos)
+    if (IsSqlite() || Info(SQL_DRIVER_NAME).find(L"maodbc") != std::wstring::npos)
         text_ = OdbcText::Utf8;
 }
 

@@ -22,7 +22,9 @@ namespace vndesk::ado {
 
 // How a driver takes text. Drivers without Unicode entry points take UTF-8 and must be called by
 // the byte functions: converting for them, the driver manager follows the Unix locale and loses
-// letters where that is not UTF-8.
+// letters where that is not UTF-8. MariaDB's driver takes both, but counts letters of wide texts
+// wrong whose low byte is that of a surrogate, such as U+1ED9: it cuts such texts, or reads on
+// behind them.
 enum class OdbcText { Utf16, Utf8 };
 
 struct Diagnostic {
@@ -77,6 +79,7 @@ public:
     SQLHDBC Handle() const { return connection_.Get(); }
     OdbcText Text() const { return text_; }
     const std::wstring& EngineName() const { return engine_; }
+    bool IsSqlite() const { return engine_.find(L"SQLite") != std::wstring::npos; }
     wchar_t NameQuote() const { return quote_; }
 
     std::wstring Info(SQLUSMALLINT what) const;

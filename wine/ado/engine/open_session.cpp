@@ -62,12 +62,15 @@ bool LooksLikeWindowsPath(std::wstring_view path) {
 }
 
 std::shared_ptr<Session> OpenOdbc(ConnectionString odbc, std::shared_ptr<ErrorLog> log) {
-    const bool sqlite =
-        FindIgnoringCase(odbc.Value(L"Driver"), L"sqlite") != std::wstring_view::npos;
+    const auto isDriverOf = [&](std::wstring_view engine) {
+        return FindIgnoringCase(odbc.Value(L"Driver"), engine) != std::wstring_view::npos;
+    };
+    const bool sqlite = isDriverOf(L"sqlite");
     const std::wstring database(odbc.Value(L"Database"));
     if (sqlite && LooksLikeWindowsPath(database))
         odbc.Set(L"Database", UnixPath(database));
-    return std::make_shared<Session>(FormatOdbc(odbc), sqlite ? OdbcText::Utf8 : OdbcText::Utf16,
+    const bool bytes = sqlite || isDriverOf(L"mariadb") || isDriverOf(L"maodbc");
+    return std::make_shared<Session>(FormatOdbc(odbc), bytes ? OdbcText::Utf8 : OdbcText::Utf16,
                                      std::move(log));
 }
 

@@ -49,7 +49,7 @@ Outcome Session::Execute(std::wstring_view statement, CommandKind kind,
         const std::wstring translated = ForEngine(statement, kind);
         if (bound.empty())
             running.Execute(translated);
-        else if (connection_->Text() == OdbcText::Utf8)
+        else if (connection_->IsSqlite())
             ExecuteBound(running, BareMarkers(translated), bound);
         else
             ExecuteBound(running, translated, bound);

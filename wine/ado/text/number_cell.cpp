@@ -42,6 +42,9 @@ std::optional<bool> ParseBoolean(std::string_view text) {
         return false;
     if (const auto number = ParseDouble(text))
         return *number != 0;
+    // MariaDB's bits are bytes.
+    if (text.size() == 1 && (text[0] == 0 || text[0] == 1))
+        return text[0] == 1;
     return std::nullopt;
 }
 
