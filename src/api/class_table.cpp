@@ -11,6 +11,7 @@
 #include "api/classes/cls_registry.h"
 #include "api/classes/cls_search.h"
 #include "api/classes/cls_settings.h"
+#include "api/classes/cls_text.h"
 #include "api/classes/cls_varnok.h"
 #include "api/classes/help_call_back.h"
 #include "comkit/base/module.h"
@@ -40,6 +41,8 @@ constexpr ClassEntry kClasses[] = {
     {&__uuidof(clsSearch), Search::kProgId, L"VnDesk search", CreateInstanceOf<Search>},
     {&__uuidof(clsSettings), SettingsObject::kProgId, L"VnDesk settings",
      CreateInstanceOf<SettingsObject>},
+    {&__uuidof(clsText), TextObject::kProgId, L"VnDesk Vietnamese text",
+     CreateInstanceOf<TextObject>},
     {&__uuidof(clsCoolMenu), CoolMenu::kProgId, L"VnDesk menus", CreateInstanceOf<CoolMenu>},
     {&__uuidof(::HelpCallBack), HelpCallBack::kProgId, L"VnDesk menu help",
      CreateInstanceOf<HelpCallBack>},

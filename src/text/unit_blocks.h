@@ -67,8 +67,7 @@ std::size_t ConvertBlocks(Direction& direction, Unit* out, const Unit* in, std::
 template <class Direction, class Unit>
 std::size_t ConvertBlocks(Direction& direction, Unit* out, const Unit* in, std::size_t length) {
     // One unit for each bit of a register.
-    const std::size_t done =
-        ConvertBlocks<8 * sizeof(std::size_t)>(direction, out, in, 0, length);
+    const std::size_t done = ConvertBlocks<8 * sizeof(std::size_t)>(direction, out, in, 0, length);
     return ConvertBlocks<16>(direction, out, in, done, length);
 }
 #endif

@@ -26,9 +26,9 @@ struct Difference {
 
 // Where it differs from Latin-1 from A0 on.
 inline constexpr Difference kDifferences[] = {
-    {0xC3, u'Ă'}, {0xCC, kGrave},    {0xD0, u'Đ'}, {0xD2, kHook},  {0xD5, u'Ơ'},
-    {0xDD, u'Ư'}, {0xDE, kTilde},    {0xE3, u'ă'}, {0xEC, kAcute}, {0xF0, u'đ'},
-    {0xF2, kDotBelow}, {0xF5, u'ơ'}, {0xFD, u'ư'}, {0xFE, 0x20AB},
+    {0xC3, u'Ă'},      {0xCC, kGrave}, {0xD0, u'Đ'}, {0xD2, kHook},  {0xD5, u'Ơ'},
+    {0xDD, u'Ư'},      {0xDE, kTilde}, {0xE3, u'ă'}, {0xEC, kAcute}, {0xF0, u'đ'},
+    {0xF2, kDotBelow}, {0xF5, u'ơ'},   {0xFD, u'ư'}, {0xFE, 0x20AB},
 };
 
 struct DecodeTables {

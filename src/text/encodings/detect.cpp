@@ -47,12 +47,14 @@ bool IsAscii(std::wstring_view word) {
 
 // TNHH, A: neither Vietnamese nor another language.
 bool IsInitials(std::wstring_view word) {
-    return word.size() <= kLongestInitials &&
-           std::all_of(word.begin(), word.end(), [](wchar_t ch) { return ch >= L'A' && ch <= L'Z'; });
+    return word.size() <= kLongestInitials && std::all_of(word.begin(), word.end(), [](wchar_t ch) {
+               return ch >= L'A' && ch <= L'Z';
+           });
 }
 
 bool HasDigit(std::wstring_view word) {
-    return std::any_of(word.begin(), word.end(), [](wchar_t ch) { return ch >= L'0' && ch <= L'9'; });
+    return std::any_of(word.begin(), word.end(),
+                       [](wchar_t ch) { return ch >= L'0' && ch <= L'9'; });
 }
 
 // Signs beyond ASCII part words only after decoding. At least one word, and all of them.
@@ -183,10 +185,10 @@ bool IsUnicodeAlready(std::wstring_view text, Encoding from) {
         return std::abs(before - after) < kClearLead;
     });
     // Where both readings are words, a letter that the encoding has no code for decides.
-    return before > 0 && (before > after || (before == after &&
-                                             std::any_of(text.begin(), text.end(), [from](wchar_t ch) {
-                                                 return IsForeignTo(ch, from);
-                                             })));
+    return before > 0 &&
+           (before > after ||
+            (before == after && std::any_of(text.begin(), text.end(),
+                                            [from](wchar_t ch) { return IsForeignTo(ch, from); })));
 }
 
 } // namespace vndesk

@@ -70,11 +70,34 @@ constexpr Onset Make(std::u16string_view letters, Before vowels = Before::Any) {
 }
 
 constexpr Onset kOnsets[] = {
-    Make(u""),   Make(u"b"),  Make(u"c", Before::Back),  Make(u"ch"), Make(u"d"), Make(u"đ"),
-    Make(u"g"),  Make(u"gh", Before::Front), Make(u"gi"), Make(u"h"), Make(u"k", Before::Front),
-    Make(u"kh"), Make(u"l"),  Make(u"m"),  Make(u"n"),  Make(u"ng", Before::Back),
-    Make(u"ngh", Before::Front), Make(u"nh"), Make(u"p"), Make(u"ph"), Make(u"qu"), Make(u"r"),
-    Make(u"s"),  Make(u"t"),  Make(u"th"), Make(u"tr"), Make(u"v"),  Make(u"x"),
+    Make(u""),
+    Make(u"b"),
+    Make(u"c", Before::Back),
+    Make(u"ch"),
+    Make(u"d"),
+    Make(u"đ"),
+    Make(u"g"),
+    Make(u"gh", Before::Front),
+    Make(u"gi"),
+    Make(u"h"),
+    Make(u"k", Before::Front),
+    Make(u"kh"),
+    Make(u"l"),
+    Make(u"m"),
+    Make(u"n"),
+    Make(u"ng", Before::Back),
+    Make(u"ngh", Before::Front),
+    Make(u"nh"),
+    Make(u"p"),
+    Make(u"ph"),
+    Make(u"qu"),
+    Make(u"r"),
+    Make(u"s"),
+    Make(u"t"),
+    Make(u"th"),
+    Make(u"tr"),
+    Make(u"v"),
+    Make(u"x"),
 };
 
 struct Word {
@@ -83,8 +106,8 @@ struct Word {
     Tone tone = Tone::Level;
 };
 
-constexpr char16_t kShaped[][2] = {{u'a', u'â'}, {u'e', u'ê'}, {u'o', u'ô'},
-                                   {u'a', u'ă'}, {u'o', u'ơ'}, {u'u', u'ư'}, {u'd', u'đ'}};
+constexpr char16_t kShaped[][2] = {{u'a', u'â'}, {u'e', u'ê'}, {u'o', u'ô'}, {u'a', u'ă'},
+                                   {u'o', u'ơ'}, {u'u', u'ư'}, {u'd', u'đ'}};
 
 // The letter of the alphabet, without its tone; 0 for none.
 constexpr Packed LetterNumber(LetterKey key) {

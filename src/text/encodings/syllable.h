@@ -6,7 +6,8 @@
 
 namespace vndesk {
 
-// Takes one word in NFC, in any letter case. Onset, rhyme and tone must fit: cá and cát do, càt not.
+// Takes one word in NFC, in any letter case. Onset, rhyme and tone must fit: cá and cát do, càt
+// not.
 bool IsSyllable(std::wstring_view word);
 
 } // namespace vndesk

@@ -39,10 +39,9 @@ struct Encoder {
         // All but ASCII: as an unsigned number, 80 and more.
         const __m128i ascii = _mm_set1_epi16(0x7F);
         const __m128i zero = _mm_setzero_si128();
-        return _mm_xor_si128(
-            _mm_packs_epi16(_mm_cmpeq_epi16(_mm_subs_epu16(low, ascii), zero),
-                            _mm_cmpeq_epi16(_mm_subs_epu16(high, ascii), zero)),
-            _mm_set1_epi8(-1));
+        return _mm_xor_si128(_mm_packs_epi16(_mm_cmpeq_epi16(_mm_subs_epu16(low, ascii), zero),
+                                             _mm_cmpeq_epi16(_mm_subs_epu16(high, ascii), zero)),
+                             _mm_set1_epi8(-1));
     }
 #endif
     template <class Unit> Unit Change(Unit unit) {

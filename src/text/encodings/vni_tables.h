@@ -28,12 +28,23 @@ struct Accent {
 };
 
 inline constexpr Accent kAccents[] = {
-    {u'ù', 0, kAcute},      {u'ø', 0, kGrave},          {u'û', 0, kHook},
-    {u'õ', 0, kTilde},      {u'ï', 0, kDotBelow},       {u'â', kCircumflex, 0},
-    {u'á', kCircumflex, kAcute}, {u'à', kCircumflex, kGrave}, {u'å', kCircumflex, kHook},
-    {u'ã', kCircumflex, kTilde}, {u'ä', kCircumflex, kDotBelow}, {u'ê', kBreve, 0},
-    {u'é', kBreve, kAcute}, {u'è', kBreve, kGrave},     {u'ú', kBreve, kHook},
-    {u'ü', kBreve, kTilde}, {u'ë', kBreve, kDotBelow},
+    {u'ù', 0, kAcute},
+    {u'ø', 0, kGrave},
+    {u'û', 0, kHook},
+    {u'õ', 0, kTilde},
+    {u'ï', 0, kDotBelow},
+    {u'â', kCircumflex, 0},
+    {u'á', kCircumflex, kAcute},
+    {u'à', kCircumflex, kGrave},
+    {u'å', kCircumflex, kHook},
+    {u'ã', kCircumflex, kTilde},
+    {u'ä', kCircumflex, kDotBelow},
+    {u'ê', kBreve, 0},
+    {u'é', kBreve, kAcute},
+    {u'è', kBreve, kGrave},
+    {u'ú', kBreve, kHook},
+    {u'ü', kBreve, kTilde},
+    {u'ë', kBreve, kDotBelow},
 };
 
 // The letter with shape and tone, or 0. Unicode puts the tone below the letter first.

@@ -57,8 +57,8 @@ std::wstring ToTitle(std::wstring_view text) {
         wchar_t& ch = result[i];
         const bool word = IsWordUnit(ch);
         ch = inside ? ToLowerLetter(ch) : ToUpperLetter(ch);
-        inside = word || (inside && IsApostrophe(ch) && i + 1 < result.size() &&
-                          IsWordUnit(result[i + 1]));
+        inside = word ||
+                 (inside && IsApostrophe(ch) && i + 1 < result.size() && IsWordUnit(result[i + 1]));
     }
     return result;
 }

@@ -13,10 +13,12 @@ namespace vndesk {
 
 // What ToCapital leaves out: rare Latin, Greek with accents, the rest of Cyrillic, Armenian.
 inline constexpr SmallLetters kFurtherSmallLetters[] = {
-    {0x01A3, 0x01A5, 2, 1}, {0x01CE, 0x01DC, 2, 1},   {0x01DF, 0x01EF, 2, 1}, {0x01F5, 0x01F5, 1, 1},
-    {0x01F9, 0x021F, 2, 1}, {0x0223, 0x0233, 2, 1},   {0x03AC, 0x03AC, 1, 38}, {0x03AD, 0x03AF, 1, 37},
-    {0x03CC, 0x03CC, 1, 64}, {0x03CD, 0x03CE, 1, 63}, {0x0461, 0x0481, 2, 1}, {0x048B, 0x04BF, 2, 1},
-    {0x04C2, 0x04CE, 2, 1}, {0x04D1, 0x052F, 2, 1},   {0x0561, 0x0586, 1, 48}, {0x1EFB, 0x1EFF, 2, 1},
+    {0x01A3, 0x01A5, 2, 1},  {0x01CE, 0x01DC, 2, 1},  {0x01DF, 0x01EF, 2, 1},
+    {0x01F5, 0x01F5, 1, 1},  {0x01F9, 0x021F, 2, 1},  {0x0223, 0x0233, 2, 1},
+    {0x03AC, 0x03AC, 1, 38}, {0x03AD, 0x03AF, 1, 37}, {0x03CC, 0x03CC, 1, 64},
+    {0x03CD, 0x03CE, 1, 63}, {0x0461, 0x0481, 2, 1},  {0x048B, 0x04BF, 2, 1},
+    {0x04C2, 0x04CE, 2, 1},  {0x04D1, 0x052F, 2, 1},  {0x0561, 0x0586, 1, 48},
+    {0x1EFB, 0x1EFF, 2, 1},
 };
 
 // All these letters stand in two stretches of the code.
@@ -27,7 +29,8 @@ using CaseTable = std::array<char16_t, kCaseEnd + (kCaseMoreEnd - kCaseMore)>;
 constexpr std::size_t CasePlace(std::size_t ch) {
     if (ch < kCaseEnd)
         return ch;
-    return ch - kCaseMore < kCaseMoreEnd - kCaseMore ? ch - kCaseMore + kCaseEnd : CaseTable().size();
+    return ch - kCaseMore < kCaseMoreEnd - kCaseMore ? ch - kCaseMore + kCaseEnd
+                                                     : CaseTable().size();
 }
 
 struct CaseTables {
@@ -67,12 +70,14 @@ inline constexpr CaseTables kCaseTables = MakeCaseTables();
 
 constexpr wchar_t ToUpperLetter(wchar_t letter) {
     const std::size_t place = CasePlace(static_cast<char32_t>(letter));
-    return place < kCaseTables.upper.size() ? static_cast<wchar_t>(kCaseTables.upper[place]) : letter;
+    return place < kCaseTables.upper.size() ? static_cast<wchar_t>(kCaseTables.upper[place])
+                                            : letter;
 }
 
 constexpr wchar_t ToLowerLetter(wchar_t letter) {
     const std::size_t place = CasePlace(static_cast<char32_t>(letter));
-    return place < kCaseTables.lower.size() ? static_cast<wchar_t>(kCaseTables.lower[place]) : letter;
+    return place < kCaseTables.lower.size() ? static_cast<wchar_t>(kCaseTables.lower[place])
+                                            : letter;
 }
 
 // Letters and digits of any script, and the marks on them: what words are made of.

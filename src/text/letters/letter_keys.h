@@ -100,8 +100,8 @@ inline constexpr std::size_t kKeyPlaces = 0x80 + kLatinPlaces;
 constexpr std::array<LetterKey, kKeyPlaces> MakeLetterKeys() {
     std::array<LetterKey, kKeyPlaces> table{};
     for (char32_t ch = 0; ch < 0x80; ++ch) {
-        const bool word = (ch >= u'0' && ch <= u'9') || (ch >= u'A' && ch <= u'Z') ||
-                          (ch >= u'a' && ch <= u'z');
+        const bool word =
+            (ch >= u'0' && ch <= u'9') || (ch >= u'A' && ch <= u'Z') || (ch >= u'a' && ch <= u'z');
         table[ch] = MakeLetterKey(ch) | (word ? kWordBit : 0);
     }
     for (char32_t ch = kFirstLatin; ch < kEndLatinMore; ++ch)

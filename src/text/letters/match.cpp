@@ -19,7 +19,8 @@ LetterKey MaskOf(LetterKey letter, Sensitivity sensitivity) {
 
 } // namespace
 
-SearchPattern::SearchPattern(std::wstring_view text, Sensitivity sensitivity) : letters_(Fold(text)) {
+SearchPattern::SearchPattern(std::wstring_view text, Sensitivity sensitivity)
+    : letters_(Fold(text)) {
     for (LetterKey& letter : letters_) {
         letter &= kAllBits;
         masks_.push_back(MaskOf(letter, sensitivity));
@@ -30,7 +31,7 @@ SearchPattern::SearchPattern(std::wstring_view text, Sensitivity sensitivity) : 
 // The letter at an edge of the pattern, where the pattern ends between the two vowels of a pair:
 // then it may have the tone that the text would have there in the other place.
 bool SearchPattern::EdgeFits(const LetterKey* text, std::size_t at, std::size_t length,
-                       const LetterKey* masks, std::size_t i) const {
+                             const LetterKey* masks, std::size_t i) const {
     const LetterKey letter = text[at + i];
     const auto fits = [&](Tone tone) {
         return ((WithTone(letter, tone) ^ letters_[i]) & masks[i]) == 0;
@@ -42,7 +43,7 @@ bool SearchPattern::EdgeFits(const LetterKey* text, std::size_t at, std::size_t 
 }
 
 bool SearchPattern::StandsAt(const LetterKey* text, std::size_t at, std::size_t length,
-                       const LetterKey* masks) const {
+                             const LetterKey* masks) const {
     for (std::size_t i = 0; i < letters_.size(); ++i)
         if (((text[at + i] ^ letters_[i]) & masks[i]) != 0 && !EdgeFits(text, at, length, masks, i))
             return false;

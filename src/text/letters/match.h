@@ -29,8 +29,8 @@ public:
 private:
     bool StandsAt(const LetterKey* text, std::size_t at, std::size_t length,
                   const LetterKey* masks) const;
-    bool EdgeFits(const LetterKey* text, std::size_t at, std::size_t length,
-                  const LetterKey* masks, std::size_t i) const;
+    bool EdgeFits(const LetterKey* text, std::size_t at, std::size_t length, const LetterKey* masks,
+                  std::size_t i) const;
 
     FoldedText letters_;
     FoldedText masks_; // which bits of each letter must agree

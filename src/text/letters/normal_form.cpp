@@ -74,11 +74,9 @@ Cluster ReadCluster(std::wstring_view text, std::size_t at) {
         AddMark(letter.marks, text[end]);
     letter.length = end - at;
     if (letter.marks.size() > own)
-        std::stable_sort(letter.marks.begin(), letter.marks.end(),
-                         [](wchar_t left, wchar_t right) {
-                             return MarkOrder(static_cast<char32_t>(left)) <
-                                    MarkOrder(static_cast<char32_t>(right));
-                         });
+        std::stable_sort(letter.marks.begin(), letter.marks.end(), [](wchar_t left, wchar_t right) {
+            return MarkOrder(static_cast<char32_t>(left)) < MarkOrder(static_cast<char32_t>(right));
+        });
     return letter;
 }
 
@@ -92,10 +90,9 @@ void AppendComposed(std::wstring& to, const Cluster& letter) {
     int lastOrder = 0; // of a mark that stays by itself: it keeps those of its place off the letter
     for (const wchar_t mark : letter.marks) {
         const int order = MarkOrder(static_cast<char32_t>(mark));
-        const char16_t both = order == lastOrder
-                                  ? char16_t{0}
-                                  : Composed(static_cast<char32_t>(to[base]),
-                                             static_cast<char32_t>(mark));
+        const char16_t both = order == lastOrder ? char16_t{0}
+                                                 : Composed(static_cast<char32_t>(to[base]),
+                                                            static_cast<char32_t>(mark));
         if (both != 0) {
             to[base] = static_cast<wchar_t>(both);
         } else {

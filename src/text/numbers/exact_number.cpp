@@ -20,7 +20,8 @@ void Tidy(ExactNumber& number) {
         number.negative = false;
 }
 
-// `point` is how many digits stand before it; negative or beyond their end where zeros are left out.
+// `point` is how many digits stand before it; negative or beyond their end where zeros are left
+// out.
 ExactNumber FromPlain(std::string digits, int point, bool negative) {
     if (point < 0)
         digits.insert(0, static_cast<std::size_t>(-point), '0');

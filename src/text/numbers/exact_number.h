@@ -31,7 +31,7 @@ ExactNumber FromInteger(std::int64_t value);
 // Whole numbers exactly, others with as many significant digits. Nothing for what is not finite or
 // beyond `largest`.
 std::optional<ExactNumber> FromDouble(double value, int significantDigits = 15,
-                                        double largest = kLargestExact);
+                                      double largest = kLargestExact);
 
 // A sign, digits with points between them, decimals behind a comma: 1.234,5. Nothing for any other
 // text and for more than kMostDigits.

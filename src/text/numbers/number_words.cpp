@@ -171,8 +171,7 @@ std::wstring NumberToWords(const ExactNumber& number, unsigned options) {
     return reader.Finish(number.fraction.empty());
 }
 
-std::wstring AmountToWords(const ExactNumber& amount, const Currency& currency,
-                           unsigned options) {
+std::wstring AmountToWords(const ExactNumber& amount, const Currency& currency, unsigned options) {
     const ExactNumber rounded = Rounded(amount, currency.decimals());
     Reader reader(options);
     reader.AddSign(rounded.negative);

@@ -26,8 +26,8 @@ TEST(CollationTest, LettersStandInTheVietnameseOrder) {
 }
 
 TEST(CollationTest, TonesDecideLast) {
-    ExpectAscending({L"ba", L"bà", L"bả", L"bã", L"bá", L"bạ", L"ban", L"bán", L"băn", L"bắn",
-                     L"bân", L"ca"});
+    ExpectAscending(
+        {L"ba", L"bà", L"bả", L"bã", L"bá", L"bạ", L"ban", L"bán", L"băn", L"bắn", L"bân", L"ca"});
     ExpectAscending({L"má a", L"ma b", L"má b"});
     ExpectAscending({L"Hà Đông", L"Hà Nam", L"Hà Nội", L"Hải Phòng", L"Huế"});
 }
@@ -45,15 +45,15 @@ TEST(CollationTest, BlanksSignsAndDigitsComeBeforeLetters) {
 }
 
 TEST(CollationTest, KeysOfVietnameseAreAsciiAndSortByTheirUnits) {
-    std::vector<std::wstring> names = {L"Đặng Ước", L"Dương Ýên", L"Ánh \"x\" ~", L"ăn", L"Ấm 09",
-                                       L"Zalo", L"Õng", L"ức", L"\x01\x1F\x7F"};
+    std::vector<std::wstring> names = {L"Đặng Ước", L"Dương Ýên", L"Ánh \"x\" ~",
+                                       L"ăn",       L"Ấm 09",     L"Zalo",
+                                       L"Õng",      L"ức",        L"\x01\x1F\x7F"};
     for (const std::wstring& name : names)
         for (const wchar_t unit : SortKey(name))
             EXPECT_TRUE(unit >= L' ' && (unit <= L'~' || name[0] == 1)) << static_cast<long>(unit);
     auto byKey = names;
-    std::sort(byKey.begin(), byKey.end(), [](const auto& left, const auto& right) {
-        return SortKey(left) < SortKey(right);
-    });
+    std::sort(byKey.begin(), byKey.end(),
+              [](const auto& left, const auto& right) { return SortKey(left) < SortKey(right); });
     std::sort(names.begin(), names.end(),
               [](const auto& left, const auto& right) { return Compare(left, right) < 0; });
     EXPECT_EQ(names, byKey);

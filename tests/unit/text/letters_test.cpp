@@ -12,8 +12,7 @@ using namespace vndesk;
 namespace {
 
 TEST(AccentsTest, BasesAreLeft) {
-    EXPECT_EQ(L"Dien bien phu, DUONG thuy",
-              RemoveAccents(L"Điện biên phủ, ĐƯỜNG thuỷ"));
+    EXPECT_EQ(L"Dien bien phu, DUONG thuy", RemoveAccents(L"Điện biên phủ, ĐƯỜNG thuỷ"));
     EXPECT_EQ(L"d D d D", RemoveAccents(L"đ Đ ð Ð"));
     EXPECT_EQ(L"Muller Espana", RemoveAccents(L"Müller España"));
     EXPECT_EQ(L"", RemoveAccents(L""));

@@ -179,7 +179,8 @@ TEST(NumberReaderTest, RandomDecimalsAreReadBack) {
         // Numbers of every length, with runs of zeros.
         const auto bits = random();
         const int length = static_cast<int>(bits % 97);
-        std::uint32_t high = length > 64 ? static_cast<std::uint32_t>(random()) >> (96 - length) : 0;
+        std::uint32_t high =
+            length > 64 ? static_cast<std::uint32_t>(random()) >> (96 - length) : 0;
         std::uint64_t low = length == 0 ? 0 : random() >> (length >= 64 ? 0 : 64 - length);
         if (bits & 1024)
             low -= low % 1'000'000'000;
