@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <limits>
+
 #include "com/registered_dll.h"
 #include "support/check_hr.h"
 #include "support/late_bound.h"
@@ -48,7 +50,7 @@ _variant_t Currency(LONGLONG tenThousandths) {
 
 _variant_t DecimalOf(const wchar_t* text) {
     _variant_t value;
-    EXPECT_SUCCEEDED(VarDecFromStr(text, LOCALE_INVARIANT, 0, &V_DECIMAL(&value)));
+    EXPECT_SUCCEEDED(VarDecFromStr(_bstr_t(text), LOCALE_INVARIANT, 0, &V_DECIMAL(&value)));
     V_VT(&value) = VT_DECIMAL;
     return value;
 }
@@ -222,7 +224,8 @@ TEST_F(TextTest, AmountsOfMoneyAreRead) {
 
 TEST_F(TextTest, WhatIsNoNumberIsRefused) {
     BSTR words = nullptr;
-    for (const double value : {9007199254740994.0, -1e300, HUGE_VAL, std::nan("")})
+    for (const double value : {9007199254740994.0, -1e300, std::numeric_limits<double>::infinity(),
+                               std::numeric_limits<double>::quiet_NaN()})
         EXPECT_HR(CTL_E_OVERFLOW, text->NumberToWords(_variant_t(value), 0, &words)) << value;
     EXPECT_HR(CTL_E_OVERFLOW, text->NumberToWords(_variant_t(16777218.0f), 0, &words));
     EXPECT_EQ(L"chín triệu không trăm lẻ bảy nghìn một trăm chín mươi chín tỷ hai trăm năm mươi tư "
