@@ -12,6 +12,7 @@
 #include "api/classes/cls_registry.h"
 #include "api/classes/cls_search.h"
 #include "api/classes/cls_settings.h"
+#include "api/classes/cls_text.h"
 #include "api/classes/cls_varnok.h"
 #include "api/classes/help_call_back.h"
 #include "comkit/base/module.h"
@@ -43,6 +44,8 @@ constexpr ClassEntry kClasses[] = {
      CreateInstanceOf<SettingsObject>},
     {&__uuidof(clsMessageBox), MessageBoxObject::kProgId, L"VnDesk message box",
      CreateInstanceOf<MessageBoxObject>},
+    {&__uuidof(clsText), TextObject::kProgId, L"VnDesk Vietnamese text",
+     CreateInstanceOf<TextObject>},
     {&__uuidof(clsCoolMenu), CoolMenu::kProgId, L"VnDesk menus", CreateInstanceOf<CoolMenu>},
     {&__uuidof(::HelpCallBack), HelpCallBack::kProgId, L"VnDesk menu help",
      CreateInstanceOf<HelpCallBack>},

@@ -9,6 +9,7 @@
 #include "api/classes/owner_window.h"
 #include "comkit/base/bstr.h"
 #include "comkit/base/variant.h"
+#include "comkit/base/variant_array.h"
 #include "data/connect/ado_value.h"
 #include "data/connect/command.h"
 #include "data/connect/database.h"
@@ -17,24 +18,6 @@
 namespace vndesk {
 
 namespace {
-
-// An array of Variants from 0, one for each bound value.
-template <class Member>
-void GiveArray(VARIANT* value, const std::vector<BoundValue>& bound, Member member) {
-    if (!value)
-        throw ComError(E_POINTER);
-    VariantInit(value);
-    _variant_t array;
-    V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(bound.size()));
-    if (!V_ARRAY(&array))
-        throw ComError(E_OUTOFMEMORY);
-    V_VT(&array) = VT_ARRAY | VT_VARIANT;
-    for (LONG i = 0; i < static_cast<LONG>(bound.size()); ++i) {
-        _variant_t element = member(ToAdoValue(bound[static_cast<size_t>(i)]));
-        CheckHr(SafeArrayPutElement(V_ARRAY(&array), &i, &element));
-    }
-    *value = array.Detach();
-}
 
 } // namespace
 
@@ -158,14 +141,14 @@ STDMETHODIMP Search::get_ParameterizedResult(BSTR* value) {
 STDMETHODIMP Search::get_Parameters(VARIANT* value) {
     return Guard([&] {
         GiveArray(value, condition_.parameterized.values,
-                  [](const AdoValue& parameter) { return parameter.value; });
+                  [](const BoundValue& bound) { return ToAdoValue(bound).value; });
     });
 }
 
 STDMETHODIMP Search::get_ParameterTypes(VARIANT* value) {
     return Guard([&] {
-        GiveArray(value, condition_.parameterized.values, [](const AdoValue& parameter) {
-            return _variant_t(static_cast<long>(parameter.type));
+        GiveArray(value, condition_.parameterized.values, [](const BoundValue& bound) {
+            return _variant_t(static_cast<long>(ToAdoValue(bound).type));
         });
     });
 }

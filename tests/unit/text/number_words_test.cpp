@@ -71,7 +71,7 @@ TEST(NumberWordsTest, TheLongestNumbersFit) {
     // A "bảy" is as long as a digit gets at its place.
     const std::wstring sevens(kMostDigits, L'7');
     const std::wstring whole = WordsOf(sevens.c_str(), kWordsAll);
-    EXPECT_EQ(0u, whole.find(L"BẢY TRĂM BẢY MƯƠI BẢY TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ"));
+    EXPECT_NE(std::wstring::npos, whole.find(L"BẢY TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ TỈ BẢY"));
     EXPECT_EQ(L"KHÔNG PHẨY", WordsOf((L"," + sevens).c_str(), kWordsUpper).substr(0, 10));
     const std::wstring sparse = L"1" + std::wstring(kMostDigits - 2, L'0') + L"1";
     EXPECT_NE(std::wstring::npos, WordsOf(sparse.c_str(), kWordsEmptyGroups).find(L"lẻ một"));
