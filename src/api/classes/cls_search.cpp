@@ -17,10 +17,6 @@
 
 namespace vndesk {
 
-namespace {
-
-} // namespace
-
 _Connection& Search::Connection() {
     if (!connection_)
         connection_ = NewConnection();
