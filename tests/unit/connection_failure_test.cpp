@@ -70,6 +70,7 @@ const Known kKnown[] = {
     {CertificateNotTrusted,
      {-2147467259, -2146893022, L"08001", L"SSL Provider: Tên chính không đúng."}},
     {FileNotFound, {-2147467259, -1811, L"3024", L"Could not find file 'C:\\kho.mdb'."}},
+    {FileNotFound, {-2147467259, 14, L"HY000", L"[SQLite]connect failed"}},
     {FileNotFound, {-2147467259, -1023, L"HY000", L"'C:\\x\\kho.mdb' is not a valid path."}},
     {DatabaseNotFound, {-2147467259, 101, L"08001", L"FATAL:  database \"kho\" does not exist"}},
     {DatabaseNotFound, {-2147467259, 1049, L"42000", L"Unknown database 'kho'"}},

@@ -73,6 +73,7 @@ constexpr Row kRows[] = {
     {FileNotFound, L"could not find file"},
     {FileNotFound, L"unable to open database"},
     {FileNotFound, L"is not a valid path"},
+    {FileNotFound, L"[SQLite]", {}, 0, 14}, // SQLITE_CANTOPEN
 
     {ServerNotReady, {}, L"57P"},
     {ServerNotReady, {}, L"53300"},
