@@ -6,6 +6,7 @@
 
 #include "comkit/base/com_error.h"
 #include "data/connect/engine.h"
+#include "data/connect/failure.h"
 #include "data/connect/recordset.h"
 
 namespace vndesk {
@@ -34,7 +35,8 @@ ErrorState TryToRead(const Database& database, std::span<const Table> tables) {
     std::wstring text = L"The table ";
     text.append(table.name).append(L" is missing: run schema/upgrade/").append(table.script);
     text.append(L".").append(ScriptName(EngineOf(database)));
-    throw ComError(kMissingTable, text + L".sql on the database. (" + error.description + L")");
+    throw ComError(kMissingTable, text + L".sql on the database. (" +
+                                      ShownText(database, error.description) + L")");
 }
 
 } // namespace

@@ -70,6 +70,7 @@ const Known kKnown[] = {
     {CertificateNotTrusted,
      {-2147467259, -2146893022, L"08001", L"SSL Provider: Tên chính không đúng."}},
     {FileNotFound, {-2147467259, -1811, L"3024", L"Could not find file 'C:\\kho.mdb'."}},
+    {FileNotFound, {-2147467259, 14, L"HY000", L"[SQLite]connect failed"}},
     {FileNotFound, {-2147467259, -1023, L"HY000", L"'C:\\x\\kho.mdb' is not a valid path."}},
     {DatabaseNotFound, {-2147467259, 101, L"08001", L"FATAL:  database \"kho\" does not exist"}},
     {DatabaseNotFound, {-2147467259, 1049, L"42000", L"Unknown database 'kho'"}},
@@ -80,6 +81,15 @@ const Known kKnown[] = {
     {ServerNotReady, {-2147467259, 101, L"08001", L"FATAL:  the database system is starting up"}},
     {ServerNotReady, {-2147467259, 1040, L"08004", L"Too many connections"}},
     {Unknown, {-2147467259, 101, L"08001", L"FATAL:  no pg_hba.conf entry for host \"10.0.0.7\""}},
+    // In the language of the server or the machine, the numbers tell what there is to tell.
+    {NameOrPassword, {-2147467259, 18456, L"42000", L"Đăng nhập thất bại."}},
+    {DatabaseNotFound, {-2147467259, 4060, L"42000", L"Không mở được."}},
+    {DatabaseNotFound, {-2147467259, 1049, L"42000", L"Không có."}},
+    {ServerNotFound, {-2147467259, 53, L"08001", L"Không có đường đến máy chủ."}},
+    {ServerNotFound, {-2147467259, 101, L"08001", L"server closed the connection unexpectedly"}},
+    {ServerNotFound,
+     {-2147467259, 101, L"08001", L"connection to server failed: No route to host"}},
+    {Unknown, {-2147467259, 101, L"08001", L"xác thực mật khẩu thất bại cho người dùng"}},
     {Unknown, {-2147467259, 0, L"", L"Unspecified error"}},
 };
 

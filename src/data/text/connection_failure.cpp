@@ -50,9 +50,12 @@ constexpr Row kRows[] = {
 
     // Where the login is right; SQL Server adds that it failed.
     {DatabaseNotFound, L"cannot open database"},
+    {DatabaseNotFound, {}, L"42000", 0, 4060}, // SQL Server, in any language
+    {DatabaseNotFound, {}, L"42000", 0, 1049}, // MySQL
 
     {NameOrPassword, {}, {}, kAuthenticationFailed},
     {NameOrPassword, {}, L"28"},
+    {NameOrPassword, {}, L"42000", 0, 18456}, // SQL Server
     {NameOrPassword, L"authentication failed"},
     {NameOrPassword, L"no password supplied"},
     {NameOrPassword, L"login failed"},
@@ -70,6 +73,7 @@ constexpr Row kRows[] = {
     {FileNotFound, L"could not find file"},
     {FileNotFound, L"unable to open database"},
     {FileNotFound, L"is not a valid path"},
+    {FileNotFound, L"[SQLite]", {}, 0, 14}, // SQLITE_CANTOPEN
 
     {ServerNotReady, {}, L"57P"},
     {ServerNotReady, {}, L"53300"},
@@ -90,7 +94,12 @@ constexpr Row kRows[] = {
     {ServerNotFound, L"network-related"},
     {ServerNotFound, L"timeout expired"},
     {ServerNotFound, L"timed out"},
+    {ServerNotFound, L"no route to host"},
+    {ServerNotFound, L"network is unreachable"},
+    {ServerNotFound, L"closed the connection unexpectedly"},
     {ServerNotFound, {}, L"HYT"},
+    // psqlODBC's for everything, a wrong password too: words in another language tell nothing.
+    {Unknown, {}, L"08001", 0, 101},
     {ServerNotFound, {}, L"08"},
 };
 
