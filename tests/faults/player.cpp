@@ -7,8 +7,6 @@ namespace vndesk::test {
 
 namespace {
 
-constexpr ULONGLONG kPatienceWithAUse = 30000;
-
 thread_local Player* player = nullptr;
 
 // A form or a message box that the user can work in.
@@ -36,8 +34,8 @@ std::wstring PlainText(HWND box) {
 
 } // namespace
 
-Player::Player(const std::vector<Step>& steps)
-    : steps_(steps), deadline_(GetTickCount64() + kPatienceWithAUse) {
+Player::Player(const std::vector<Step>& steps, ULONGLONG patience)
+    : steps_(steps), deadline_(GetTickCount64() + patience) {
     player = this;
     timer_ = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Tick);
 }
@@ -68,9 +66,9 @@ void Player::Act() {
         PostMessageW(front, WM_COMMAND, IDOK, 0);
         return;
     }
-    if (name == L"MessageBox") {
+    if (name == L"MessageBox" || name == L"DetailsBox") {
         messages_.push_back(TextOf(front, L"Message"));
-        Press(front, L"Cmd1");
+        Press(front, name == L"MessageBox" ? L"Cmd1" : L"CmdOk");
         return;
     }
     if (name == L"DetailsBox") {
