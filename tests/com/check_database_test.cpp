@@ -4,6 +4,7 @@
 #include <fstream>
 #include <optional>
 
+#include "com/check_program.h"
 #include "support/sample_database.h"
 #include "support/security_settings.h"
 

@@ -86,6 +86,14 @@ inline const std::vector<EachForm>& EveryForm() {
              long code = 0;
              return object.ShowLogon(&nowhere.GetBSTR(), &code);
          })},
+        {"ReasonOfAFailedConnection",
+         {L"DetailsBox"},
+         [](BSTR*) {
+             _bstr_t nowhere(L"Driver={none}");
+             long code = 0;
+             return LogonWith({.ConnectionErrors = vnErrorsShowReason})
+                 ->ShowLogon(&nowhere.GetBSTR(), &code);
+         }},
         {"Search",
          {L"FrmFind"},
          [](BSTR* connect) {

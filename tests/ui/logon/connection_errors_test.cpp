@@ -179,6 +179,34 @@ TEST(ConnectionErrors, AMissingDriverIsNamedWithTheBitness) {
     EXPECT_EQ(0, code);
 }
 
+// The message about a logon for which the table of users is missing.
+std::wstring MessageOfAFailedStatement(ConnectionErrorModes mode) {
+    const SampleDatabase database = SampleDatabase::Embedded();
+    database.Execute(L"drop table \"user\"");
+    std::wstring text;
+    PlayLogon(*LogonThat(mode).Get(),
+              database.ConnectionString() + L";Jet OLEDB:Database Password=User", [&] {
+                  const HWND form = WaitForForm(L"FrmLogon");
+                  WaitReady(form, L"TxtUser");
+                  SetBox(form, L"TxtUser", L"an");
+                  ClickWindow(Control(form, L"CmdOk"));
+                  text = ClosePlainMessage();
+                  const HWND refusal = WaitForForm(L"MessageBox");
+                  WaitReady(refusal, L"Cmd1");
+                  PressKey(VK_SPACE);
+                  WaitForClose(refusal);
+                  WaitReady(form, L"TxtUser");
+                  PressKey(VK_ESCAPE);
+              });
+    return text;
+}
+
+TEST(ConnectionErrors, WhatAProviderSaysOfAStatementHasNoSecretEither) {
+    EXPECT_TRUE(Contains(MessageOfAFailedStatement(vnErrorsShowString), L"no such table: User"));
+    for (const ConnectionErrorModes mode : {vnErrorsShowReason, vnErrorsRaise})
+        EXPECT_TRUE(Contains(MessageOfAFailedStatement(mode), L"no such table: ***"));
+}
+
 TEST(ConnectionErrors, AnOpenDatabaseShowsItsForm) {
     const SampleDatabase database = SampleDatabase::Embedded();
     for (const ConnectionErrorModes mode : {vnErrorsShowReason, vnErrorsRaise})
