@@ -66,9 +66,9 @@ void Player::Act() {
         PostMessageW(front, WM_COMMAND, IDOK, 0);
         return;
     }
-    if (name == L"MessageBox" || name == L"DetailsBox") {
+    if (name == L"MessageBox") {
         messages_.push_back(TextOf(front, L"Message"));
-        Press(front, name == L"MessageBox" ? L"Cmd1" : L"CmdOk");
+        Press(front, L"Cmd1");
         return;
     }
     if (name == L"DetailsBox") {
