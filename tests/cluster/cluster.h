@@ -14,6 +14,9 @@
 
 namespace vndesk::test {
 
+// How long a form may take where many threads have one, in milliseconds.
+inline constexpr ULONGLONG kManyForms = 120000;
+
 class Cluster : public testing::Test {
 protected:
     void SetUp() override {

@@ -33,7 +33,7 @@ protected:
         std::vector<Use> uses = ToldUses();
         std::erase_if(uses, [](const Use& use) {
             const std::set<std::string> quick = {"UserAddedRecorded", "GroupAddedRecorded",
-                                                 "GroupDeletedRecorded", "RightsWrittenRecorded"};
+                                                 "RightsWrittenRecorded"};
             return !FullRun() && !quick.contains(use.name);
         });
         uses.push_back({.name = "HostRecordedWithoutAWindow",

@@ -78,7 +78,7 @@ private:
     Told InForm(const std::wstring& mark) {
         bool confirmed = false;
         const std::vector<Step> steps = Steps(mark, confirmed);
-        const Player player(steps);
+        const Player player(steps, kManyForms);
         BSTR connection = connection_.GetBSTR();
         EXPECT_SUCCEEDED(kind_ == Kind::Group ? logon_->ShowGroup(&connection)
                                               : logon_->UserManager(&connection));

@@ -69,6 +69,25 @@ TEST_P(RecordsetTest, FailureIsShownWithTheProvidersDescriptionAndItsNumberRetur
     EXPECT_EQ(0, OpenRecordset(Db(), rows, L"Select * From [User]")) << "the next one works";
 }
 
+TEST_P(RecordsetTest, FailureAfterAWriteSaysThatItWasMade) {
+    const std::wstring written = L"Đã ghi, nhưng không đọc lại được. Hãy mở lại để xem.\r\n";
+    Recordset rows;
+    Database told = Db();
+    told.settings.OnConnectionError = ConnectionErrors::ShowReason;
+    const auto shown = [&](const Database& database, Failure failure) {
+        return WhileClosingBox([&] {
+                   EXPECT_NE(0, OpenRecordset(database, rows, L"Select * From KhongCo", nullptr,
+                                              failure));
+               })
+            .text;
+    };
+    EXPECT_TRUE(shown(told, Failure::ShownAfterWrite).starts_with(written));
+    const std::wstring plain = shown(Db(), Failure::Shown);
+    EXPECT_FALSE(plain.starts_with(written));
+    EXPECT_EQ(plain, shown(Db(), Failure::ShownAfterWrite)) << "as 1.0";
+    EXPECT_FALSE(shown(told, Failure::Shown).starts_with(written));
+}
+
 // --- CountRecords ---
 
 TEST_P(RecordsetTest, CountsRowsAndLeavesTheFirstOneCurrent) {

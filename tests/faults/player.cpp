@@ -7,8 +7,6 @@ namespace vndesk::test {
 
 namespace {
 
-constexpr ULONGLONG kPatienceWithAUse = 30000;
-
 thread_local Player* player = nullptr;
 
 // A form or a message box that the user can work in.
@@ -36,8 +34,8 @@ std::wstring PlainText(HWND box) {
 
 } // namespace
 
-Player::Player(const std::vector<Step>& steps)
-    : steps_(steps), deadline_(GetTickCount64() + kPatienceWithAUse) {
+Player::Player(const std::vector<Step>& steps, ULONGLONG patience)
+    : steps_(steps), deadline_(GetTickCount64() + patience) {
     player = this;
     timer_ = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Tick);
 }

@@ -23,14 +23,14 @@ struct Step {
 // without a step left is closed.
 class Player {
 public:
-    explicit Player(const std::vector<Step>& steps);
+    explicit Player(const std::vector<Step>& steps, ULONGLONG patience = 30000);
     ~Player();
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
     // The texts of the message boxes so far.
     const std::vector<std::wstring>& Messages() const { return messages_; }
-    // False when a form or box would not go within some seconds. What can be done then is to end
+    // False when a form or box would not go within the patience. What can be done then is to end
     // the waiting, so that the test fails and does not hang.
     bool EverythingClosed() const { return !stuck_; }
 
