@@ -32,8 +32,6 @@ protected:
 };
 
 INSTANTIATE_ACCOUNTS(Credentials);
-// Beside hosts of 1.0, whose statements the bridge rewrites.
-INSTANTIATE_DIALECTS(Credentials, "SqlServerBound");
 
 constexpr wchar_t kPassword[] = L" Mật khẩu ";
 
