@@ -90,6 +90,7 @@ protected:
 };
 
 INSTANTIATE_ACCOUNTS(OwnPassword);
+INSTANTIATE_DIALECTS(OwnPassword, "PostgreSqlBound");
 
 bool IsTicked(HWND editor) {
     return SendMessageW(Control(editor, L"chkMustChange"), BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -205,7 +206,7 @@ protected:
     }
 };
 
-INSTANTIATE_ACCOUNTS(MustChange);
+INSTANTIATE_ACCOUNTS_IN_DIALECTS(MustChange);
 
 TEST_P(MustChange, LogonLeadsToTheChangeAndThenSucceeds) {
     EXPECT_EQ(kThu, PlayLogon([](HWND dialog) {
