@@ -117,6 +117,9 @@ INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VAL
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (160, N'HangHoa', N'DonGia', N'Đơn giá', 13, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (180, N'HangHoa', N'ConBan', N'Còn bán (1 có, 0 không)', 1, NULL);
 INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (190, N'HangHoa', N'MoTa', N'Mô tả', 11, NULL);
+-- Dates, only for hosts that set Dialect to vnDialectSqlServer: SQL Server does not read those of other hosts.
+-- INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (50, N'KhachHang', N'NgayLap', N'Ngày lập thẻ', 8, NULL);
+-- INSERT INTO [LstFld] ([Code], [InTable], [Name], [Desc], [Type], [Relation]) VALUES (170, N'HangHoa', N'NgayNhap', N'Ngày nhập', 8, NULL);
 SET IDENTITY_INSERT [LstFld] OFF;
 
 -- Comparison operators offered per field type.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "data/connect/database.h"
 #include "faults/faulty_ado.h"
 #include "faults/uses.h"
 
@@ -25,6 +26,25 @@ TEST(RefusedProvider, StringsOwnProviderIsOpenedAfterTheMessage) {
     EXPECT_EQ(logon.answer, refused.answer);
     EXPECT_EQ(std::vector<std::wstring>{database.ConnectionString()}, refused.messages);
     EXPECT_EQ(0, ado.Objects());
+}
+
+// Where the host names a dialect the connection string says all: providers that refuse another
+// one's name are asked nothing.
+TEST(RefusedProvider, IsNotSetWhereTheHostNamesADialect) {
+    const SampleDatabase sample = SampleDatabase::Embedded();
+    const auto sets = [&](DialectChoice dialect) {
+        FaultyAdo ado;
+        ado.Begin();
+        Settings settings;
+        settings.Dialect = dialect;
+        Database database = OpenConnection(sample.ConnectionString(), settings);
+        EXPECT_TRUE(IsOpen(database));
+        CloseConnection(database);
+        return std::count(ado.Calls().begin(), ado.Calls().end(), "Connection.Provider");
+    };
+    EXPECT_EQ(1, sets(DialectChoice::Auto));
+    for (const DialectChoice dialect : {DialectChoice::Jet, DialectChoice::Sqlite})
+        EXPECT_EQ(0, sets(dialect));
 }
 
 } // namespace

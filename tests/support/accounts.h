@@ -56,9 +56,10 @@ protected:
     std::unique_ptr<SampleDatabase> database_;
 };
 
+#define INSTANTIATE_ACCOUNTS(suite) INSTANTIATE_DATABASES(suite)
 // What hangs on accounts is always bound.
-#define INSTANTIATE_ACCOUNTS(suite)                                                                \
-    INSTANTIATE_DATABASES(suite);                                                                  \
+#define INSTANTIATE_ACCOUNTS_IN_DIALECTS(suite)                                                    \
+    INSTANTIATE_ACCOUNTS(suite);                                                                   \
     INSTANTIATE_DIALECTS(suite, "PostgreSqlBound", "SqlServerBound")
 
 } // namespace vndesk::test

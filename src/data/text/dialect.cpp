@@ -12,61 +12,27 @@ namespace {
 
 constexpr Dialect kDialects[] = {
     {.engine = Engine::Jet,
-     .names = {L'[', L']', false},
-     .textPrefix = L"",
-     .escapes = Escapes::None,
-     .escapesPatterns = false,
      .days = DayOrder::MonthFirst,
-     .beforeDay = L"",
-     .beforeMoment = L"",
      .dateMark = L'#',
      .yes = L"True",
      .no = L"False"},
-    {.engine = Engine::SqlServer,
-     .names = {L'[', L']', false},
-     .textPrefix = L"N",
-     .escapes = Escapes::None,
-     .escapesPatterns = false,
-     .days = DayOrder::Digits,
-     .beforeDay = L"",
-     .beforeMoment = L"",
-     .dateMark = L'\'',
-     .yes = L"1",
-     .no = L"0"},
+    {.engine = Engine::SqlServer, .textPrefix = L"N", .days = DayOrder::Digits},
     {.engine = Engine::PostgreSql,
      .names = {L'"', L'"', true},
-     .textPrefix = L"",
      .escapes = Escapes::InMarkedTexts,
      .escapesPatterns = true,
-     .days = DayOrder::YearFirst,
      .beforeDay = L"DATE ",
      .beforeMoment = L"TIMESTAMP ",
-     .dateMark = L'\'',
      .yes = L"TRUE",
      .no = L"FALSE"},
-    // A name between double quotes that no column has would be a text to SQLite.
-    {.engine = Engine::Sqlite,
-     .names = {L'[', L']', false},
-     .textPrefix = L"",
-     .escapes = Escapes::None,
-     .escapesPatterns = false,
-     .days = DayOrder::YearFirst,
-     .beforeDay = L"",
-     .beforeMoment = L"",
-     .dateMark = L'\'',
-     .yes = L"1",
-     .no = L"0"},
+    // In brackets: a name between double quotes that no column has would be a text.
+    {.engine = Engine::Sqlite},
     {.engine = Engine::MySql,
-     .names = {L'`', L'`', false},
-     .textPrefix = L"",
+     .names = {L'`', L'`'},
      .escapes = Escapes::Always,
      .escapesPatterns = true,
-     .days = DayOrder::YearFirst,
      .beforeDay = L"DATE ",
-     .beforeMoment = L"TIMESTAMP ",
-     .dateMark = L'\'',
-     .yes = L"TRUE",
-     .no = L"FALSE"},
+     .beforeMoment = L"TIMESTAMP "},
 };
 
 std::wstring Digits(long number, std::size_t width) {
@@ -98,20 +64,18 @@ const Dialect& DialectOf(Engine engine) {
 }
 
 const Dialect* DialectOf(DialectChoice choice) {
-    switch (choice) {
-    case DialectChoice::Jet:
-        return &DialectOf(Engine::Jet);
-    case DialectChoice::SqlServer:
-        return &DialectOf(Engine::SqlServer);
-    case DialectChoice::PostgreSql:
-        return &DialectOf(Engine::PostgreSql);
-    case DialectChoice::Sqlite:
-        return &DialectOf(Engine::Sqlite);
-    case DialectChoice::MySql:
-        return &DialectOf(Engine::MySql);
-    case DialectChoice::Auto:
-        break;
-    }
+    struct Row {
+        DialectChoice choice;
+        Engine engine;
+    };
+    constexpr Row kRows[] = {{DialectChoice::Jet, Engine::Jet},
+                             {DialectChoice::SqlServer, Engine::SqlServer},
+                             {DialectChoice::PostgreSql, Engine::PostgreSql},
+                             {DialectChoice::Sqlite, Engine::Sqlite},
+                             {DialectChoice::MySql, Engine::MySql}};
+    for (const Row& row : kRows)
+        if (row.choice == choice)
+            return &DialectOf(row.engine);
     return nullptr;
 }
 

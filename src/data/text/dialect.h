@@ -20,15 +20,15 @@ enum class Escapes { None, Always, InMarkedTexts };
 
 struct Dialect {
     Engine engine;
-    NameQuotes names;
-    std::wstring_view textPrefix; // of Unicode
-    Escapes escapes;
+    NameQuotes names = {};
+    std::wstring_view textPrefix = L""; // of Unicode
+    Escapes escapes = Escapes::None;
     // A backslash in a pattern makes a letter of the wildcard behind it.
-    bool escapesPatterns;
-    DayOrder days;
-    std::wstring_view beforeDay, beforeMoment; // a day, a day with a time
-    wchar_t dateMark;                          // on both sides
-    std::wstring_view yes, no;                 // for flags
+    bool escapesPatterns = false;
+    DayOrder days = DayOrder::YearFirst;
+    std::wstring_view beforeDay = L"", beforeMoment = L""; // a day, a day with a time
+    wchar_t dateMark = L'\'';                              // on both sides
+    std::wstring_view yes = L"1", no = L"0";               // for flags
 };
 
 const Dialect& DialectOf(Engine engine);

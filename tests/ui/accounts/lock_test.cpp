@@ -35,7 +35,7 @@ protected:
     }
 };
 
-INSTANTIATE_ACCOUNTS(Lock);
+INSTANTIATE_ACCOUNTS_IN_DIALECTS(Lock);
 
 TEST_P(Lock, LastFailureThatIsAllowedLocks) {
     Fail(2);
@@ -152,11 +152,15 @@ TEST_P(Lock, DelayOfTheMainAdministratorGrowsToHalfAMinute) {
 TEST_P(Lock, EightProgramsThatFailAtOnceCountEight) {
     const TempDir folder;
     const std::wstring script = folder.File(L"fail.vbs");
-    WriteText(script, "Set settings = CreateObject(\"VnDesk.clsSettings\")\r\n"
-                      "settings.LockAfter = 9\r\n"
-                      "Set logon = CreateObject(\"VnDesk.clsLogon\")\r\n"
-                      "Set logon.Settings = settings\r\n"
-                      "WScript.Quit logon.VerifyPassword(WScript.Arguments(0), \"thu\", \"sai\")");
+    WriteText(script,
+              "Set settings = CreateObject(\"VnDesk.clsSettings\")\r\n"
+              "settings.LockAfter = 9\r\n"
+              "settings.Dialect = " +
+                  std::to_string(CurrentVariant().dialect) +
+                  "\r\n"
+                  "Set logon = CreateObject(\"VnDesk.clsLogon\")\r\n"
+                  "Set logon.Settings = settings\r\n"
+                  "WScript.Quit logon.VerifyPassword(WScript.Arguments(0), \"thu\", \"sai\")");
     std::vector<std::unique_ptr<HostProcess>> hosts;
     for (int i = 0; i < 8; ++i)
         hosts.push_back(std::make_unique<HostProcess>(

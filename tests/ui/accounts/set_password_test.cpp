@@ -47,7 +47,7 @@ protected:
     }
 };
 
-INSTANTIATE_ACCOUNTS(SetPassword);
+INSTANTIATE_ACCOUNTS_IN_DIALECTS(SetPassword);
 
 TEST_P(SetPassword, WritesHashAndUnlocks) {
     settings_.LockAfter = 3;
@@ -104,8 +104,12 @@ TEST_P(SetPassword, UnknownUserIsAnError) {
 
 TEST_P(SetPassword, MissingTableIsAnErrorThatNamesItsScript) {
     database_->Execute(L"drop table vnuser");
+    const bool named = CurrentVariant().dialect == vnDialectSqlServer;
     const std::wstring script = std::wstring(L"schema/upgrade/accounts.") +
-                                (OnServer() ? L"postgresql" : L"sqlite") + L".sql";
+                                (named        ? L"sqlserver"
+                                 : OnServer() ? L"postgresql"
+                                              : L"sqlite") +
+                                L".sql";
     const auto told = [&] {
         const std::wstring text = LastErrorText();
         return text.find(L"VnUser") != text.npos && text.find(script) != text.npos;
@@ -179,6 +183,10 @@ TEST_P(SetPassword, ScriptRefusesWithItsOwnReason) {
     ScriptRunner script;
     script.SetArguments({Connect()});
     script.RunOk(L"Set logon = CreateObject(\"VnDesk.clsLogon\")\r\n"
+                 L"Set logon.Settings = CreateObject(\"VnDesk.clsSettings\")\r\n"
+                 L"logon.Settings.Dialect = " +
+                 std::to_wstring(CurrentVariant().dialect) +
+                 L"\r\n"
                  L"Connect logon, \"L_\"\r\n"
                  L"Sub L_CheckPassword(Name, Password, Refuse, Reason)\r\n"
                  L"  Echo Name & \" \" & Password & \" \" & Refuse & \" [\" & Reason & \"]\"\r\n"

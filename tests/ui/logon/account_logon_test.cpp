@@ -74,7 +74,7 @@ protected:
     }
 };
 
-INSTANTIATE_ACCOUNTS(AccountLogon);
+INSTANTIATE_ACCOUNTS_IN_DIALECTS(AccountLogon);
 
 TEST_P(AccountLogon, RefusalsTellTheTriesThatAreLeftAndThenTheLock) {
     EXPECT_EQ(0, Play([](HWND dialog) {

@@ -88,6 +88,7 @@ protected:
 };
 
 INSTANTIATE_ACCOUNTS(OwnPassword);
+INSTANTIATE_DIALECTS(OwnPassword, "PostgreSqlBound");
 
 bool IsTicked(HWND editor) {
     return SendMessageW(Control(editor, L"chkMustChange"), BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -201,7 +202,7 @@ protected:
     }
 };
 
-INSTANTIATE_ACCOUNTS(MustChange);
+INSTANTIATE_ACCOUNTS_IN_DIALECTS(MustChange);
 
 TEST_P(MustChange, LogonLeadsToTheChangeAndThenSucceeds) {
     EXPECT_EQ(kThu, PlayLogon([](HWND dialog) {
