@@ -11,6 +11,9 @@ CREATE TABLE `User` (
     `IdGroup` INT,
     `Password` DOUBLE
 );
+-- Logons look for names, the group manager for the users of a group.
+CREATE INDEX `UserName` ON `User` (`Name`);
+CREATE INDEX `UserIdGroup` ON `User` (`IdGroup`);
 INSERT INTO `User` (`Code`, `Name`, `Dec`, `IdGroup`, `Password`) VALUES (1, 'Nguyễn Văn Hưng', 'Kế toán trưởng', 2, 1133116);
 INSERT INTO `User` (`Code`, `Name`, `Dec`, `IdGroup`, `Password`) VALUES (2, 'Trần Thị Mai', 'Nhân viên bán hàng', 3, 0);
 INSERT INTO `User` (`Code`, `Name`, `Dec`, `IdGroup`, `Password`) VALUES (3, 'Admin', 'Quản trị chính của chương trình', 1, 1401);

@@ -12,6 +12,12 @@ namespace {
 constexpr long kHung = 1, kAdmin = 3;
 constexpr wchar_t kHungName[] = L"Nguyễn Văn Hưng", kHungPassword[] = L"hung2005";
 
+// A connection string with another value for a key.
+std::wstring WithKey(std::wstring text, const std::wstring& key, const std::wstring& value) {
+    const size_t from = text.find(L";" + key + L"=") + 1;
+    return text.replace(from, text.find(L';', from) - from, key + L"=" + value);
+}
+
 class MariaDbAccounts : public MariaDbTest {
 protected:
     void SetUp() override {
@@ -100,6 +106,7 @@ TEST_P(MariaDbAccounts, MainAdministratorIsDelayed) {
     EXPECT_EQ(0, Verify(L"Admin", L"sai"));
     EXPECT_EQ(L"1",
               Kept(L"timestampdiff(second,utc_timestamp(),LockedUntil) between 0 and 2", kAdmin));
+    Execute(L"update VnUser set LockedUntil=utc_timestamp()");
     EXPECT_EQ(kAdmin, Verify(L"Admin", L"abc"));
     EXPECT_EQ(L"0|1", Kept(L"concat(Failed,'|',LockedUntil is null)", kAdmin));
 }
@@ -195,6 +202,60 @@ TEST_P(MariaDbAccounts, RefusedRecordTakesTheChangeBack) {
     EXPECT_FAILED(Logon()->SetPassword(Connect(), kHung, _bstr_t(L"Ngựa đúng pin"), VARIANT_FALSE));
     EXPECT_EQ(users, Rows(L"select * from `User` order by Code"));
     EXPECT_EQ(L"0", Read(L"select count(*) from VnUser where PasswordHash is not null"));
+}
+
+// --- Rights in the server ---
+
+// The statements that the guide has for MariaDB.
+std::wstring RolesOfTheGuide() {
+    const std::wstring page = ReadUtf8File(SourceDir() + L"\\docs\\security.md");
+    constexpr std::wstring_view kBegin = L"```sql\n", kEnd = L"```";
+    const size_t from = page.find(kBegin, page.find(L"\nMariaDB, in the database")) + kBegin.size();
+    return page.substr(from, page.find(kEnd, from) - from);
+}
+
+TEST_P(MariaDbAccounts, RolesOfTheGuideAreEnoughAndNoMore) {
+    for (const wchar_t* role : {L"vndesk_user", L"vndesk_admin"})
+        Execute(std::wstring(L"drop role if exists ") + role);
+    OdbcSession(Test().database.OdbcString()).ExecuteScript(RolesOfTheGuide());
+    const auto connectionOf = [&](const std::wstring& user, const wchar_t* role) {
+        Execute(L"create or replace user " + user + L" identified by 'x'");
+        Execute(std::wstring(L"grant ") + role + L" to " + user);
+        Execute(std::wstring(L"set default role ") + role + L" for " + user);
+        return WithKey(WithKey(Connection(), L"Uid", user), L"Pwd", L"x");
+    };
+    const auto refuses = [](OdbcSession& session, const wchar_t* statement) {
+        EXPECT_THROW(session.Execute(statement), std::runtime_error) << ToUtf8(statement);
+    };
+
+    const std::wstring cashier = connectionOf(L"thungan", L"vndesk_user");
+    test_->settings->PasswordScheme = vnPasswordPbkdf2;
+    long code = 0;
+    EXPECT_SUCCEEDED(Logon()->VerifyPassword(_bstr_t(cashier.c_str()), _bstr_t(kHungName),
+                                             _bstr_t(kHungPassword), &code));
+    EXPECT_EQ(kHung, code);
+    EXPECT_TRUE(HasHashOf(kHungPassword));
+    test_->settings->PasswordScheme = vnPasswordCode;
+    EXPECT_SUCCEEDED(
+        Logon()->SetPassword(_bstr_t(cashier.c_str()), 2, _bstr_t(L"xyz"), VARIANT_FALSE));
+    EXPECT_EQ(L"1884", Read(L"select Password from `User` where Code=2"));
+    EXPECT_EQ(2u, Records().size());
+    OdbcSession asCashier(cashier);
+    refuses(asCashier, L"update `User` set Name='x' where Code=2");
+    refuses(asCashier, L"insert into `User`(Name) values('x')");
+    refuses(asCashier, L"update `Groups` set P1=1");
+    refuses(asCashier, L"delete from VnAudit");
+    refuses(asCashier, L"delete from VnUser");
+
+    OdbcSession asAdministrator(connectionOf(L"quantri", L"vndesk_admin"));
+    for (const wchar_t* statement :
+         {L"insert into `User`(Name) values('x')", L"update `User` set Name='y' where Name='x'",
+          L"delete from `User` where Name='y'", L"insert into `Groups`(Name) values('x')",
+          L"update `Groups` set P1=1 where Name='x'", L"delete from `Groups` where Name='x'",
+          L"delete from VnUser where UserCode=1"})
+        EXPECT_EQ(1, asAdministrator.Execute(statement)) << ToUtf8(statement);
+    refuses(asAdministrator, L"delete from VnAudit");
+    refuses(asAdministrator, L"update VnAudit set Action='x'");
 }
 
 // --- Many programs at once ---

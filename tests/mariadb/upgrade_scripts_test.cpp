@@ -48,6 +48,16 @@ TEST_F(MariaDbScripts, NumbersGoOnBehindTheSamples) {
     EXPECT_EQ(L"9", Read(L"select Code from `Groups` where Name='moi'"));
 }
 
+TEST_F(MariaDbScripts, LogonsAndGroupsUseTheirIndexes) {
+    constexpr size_t kKey = 5;
+    EXPECT_EQ(L"UserName",
+              database_->Query(L"explain select * from `User` where Name='x' and Password=1")
+                  .at(0)
+                  .at(kKey));
+    EXPECT_EQ(L"UserIdGroup",
+              database_->Query(L"explain select * from `User` where IdGroup=7").at(0).at(kKey));
+}
+
 // With a row in each of the new tables before the second time: nothing is made anew.
 TEST_F(MariaDbScripts, UpgradesMakeTheirTablesOnce) {
     constexpr wchar_t kUsers[] = L"select * from `User` order by Code",
