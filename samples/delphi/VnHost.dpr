@@ -89,11 +89,12 @@ end;
 
 procedure FindCustomers(const Connect: WideString);
 var
-  Tools, Database, Rows: OleVariant;
+  Tools, Words, Database, Rows: OleVariant;
   Condition: WideString;
   Count: Integer;
 begin
   Tools := CreateOleObject('VnDesk.Varnok');
+  Words := CreateOleObject('VnDesk.clsText');
   Condition := Tools.FindShow(Connect, 'KhachHang');
   if Condition = '' then
   begin
@@ -112,6 +113,7 @@ begin
     Rows.MoveNext;
   end;
   WriteLn('   ', Count, ' rows');
+  WriteLn('   ', VarToWideStr(Words.NumberToWords(Count)));
 end;
 
 function Run(Connect: WideString): Integer;

@@ -137,4 +137,5 @@ Sub FindCustomers(connect)
     Loop
     search.ActiveConnection.Close
     WScript.Echo "   " & count & " rows"
+    WScript.Echo "   " & CreateObject("VnDesk.clsText").NumberToWords(count)
 End Sub
