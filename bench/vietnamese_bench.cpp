@@ -107,7 +107,7 @@ void MeasureNames(Report& report) {
                      }
                      Keep(found);
                  })),
-                 30});
+                 0});
     report.Compare({"100000 names folded", "copying them", Target::AtMost, 6, Each([&] {
                         const FoldedNames fresh(names);
                         Keep(fresh.letters[0]);

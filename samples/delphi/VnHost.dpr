@@ -93,8 +93,8 @@ var
   Condition: WideString;
   Count: Integer;
 begin
-  Tools := CreateOleObject('VnDesk.Varnok');
   Words := CreateOleObject('VnDesk.clsText');
+  Tools := CreateOleObject('VnDesk.Varnok');
   Condition := Tools.FindShow(Connect, 'KhachHang');
   if Condition = '' then
   begin
