@@ -2,10 +2,10 @@
 // Text conversion beside its physical limit (moving the characters without mapping them) and the C
 // library's own converter. Runs natively: 16-bit characters here are what hosts pass on Windows.
 #include "kit/benchmark.h"
+#include "kit/iconv.h"
 #include "text/tcvn3_units.h"
 
 #include <emmintrin.h>
-#include <iconv.h>
 
 #include <cstdio>
 #include <cstring>
@@ -62,28 +62,6 @@ void Narrow(unsigned char* out, const char16_t* in, std::size_t length) {
     for (; i < length; ++i)
         out[i] = static_cast<unsigned char>(in[i]);
 }
-
-class Iconv {
-public:
-    Iconv(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        if (handle_ == reinterpret_cast<iconv_t>(-1))
-            throw std::runtime_error("the C library has no TCVN5712-1");
-    }
-    Iconv(const Iconv&) = delete;
-    ~Iconv() { iconv_close(handle_); }
-    void Convert(const void* in, std::size_t inBytes, void* out, std::size_t outBytes) {
-        auto* from = const_cast<char*>(static_cast<const char*>(in));
-        auto* to = static_cast<char*>(out);
-        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(handle_, &from, &inBytes, &to, &outBytes) == static_cast<std::size_t>(-1))
-            throw std::runtime_error("the C library could not convert the text");
-        // It holds the last letter back for a combining mark.
-        iconv(handle_, nullptr, nullptr, &to, &outBytes);
-    }
-
-private:
-    iconv_t handle_;
-};
 
 struct Limits {
     double decode, decodeFaster, encode, encodeFaster;

@@ -72,6 +72,10 @@ void FindCustomers(const _bstr_t& connect) {
         Print(L"   " + TextOf(row[0]) + L" " + TextOf(row[1]) + L" " + Text(debt));
     }
     Print(L"   " + std::to_wstring(rows.size()) + L" rows");
+    _bstr_t words;
+    Check(Create<clsText, IText>()->NumberToWords(_variant_t(static_cast<long>(rows.size())), 0,
+                                                  words.GetAddress()));
+    Print(L"   " + Text(words));
 }
 
 int Run(const wchar_t* connectionString) {

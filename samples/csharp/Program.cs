@@ -133,6 +133,8 @@ static class Program
             foreach (var row in rows)
                 Console.WriteLine("   " + row[0] + " " + row[1] + " " + tools.Value.CvNStr(row[2]));
             Console.WriteLine("   " + rows.Count + " rows");
+            using (var text = new ComObject("VnDesk.clsText"))
+                Console.WriteLine("   " + text.Value.NumberToWords(rows.Count));
         }
     }
 

@@ -89,10 +89,11 @@ end;
 
 procedure FindCustomers(const Connect: WideString);
 var
-  Tools, Database, Rows: OleVariant;
+  Tools, Words, Database, Rows: OleVariant;
   Condition: WideString;
   Count: Integer;
 begin
+  Words := CreateOleObject('VnDesk.clsText');
   Tools := CreateOleObject('VnDesk.Varnok');
   Condition := Tools.FindShow(Connect, 'KhachHang');
   if Condition = '' then
@@ -112,6 +113,7 @@ begin
     Rows.MoveNext;
   end;
   WriteLn('   ', Count, ' rows');
+  WriteLn('   ', VarToWideStr(Words.NumberToWords(Count)));
 end;
 
 function Run(Connect: WideString): Integer;

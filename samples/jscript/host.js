@@ -115,5 +115,6 @@ function findCustomers(connect) {
             WScript.Echo("   " + rows.Fields("MaKH").Value + " " + rows.Fields("Name").Value + " " +
                          tools.CvNStr(rows.Fields("CongNo").Value));
         WScript.Echo("   " + count + " rows");
+        WScript.Echo("   " + new ActiveXObject("VnDesk.clsText").NumberToWords(count));
     });
 }

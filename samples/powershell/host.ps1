@@ -68,6 +68,7 @@ function Find-Customer {
             Write-Host "   $($row[0]) $($row[1]) $($tools.CvNStr($row[2]))"
         }
         Write-Host "   $($rows.Count) rows"
+        Write-Host "   $((New-Object -ComObject VnDesk.clsText).NumberToWords($rows.Count))"
     }
     finally {
         [void][Runtime.InteropServices.Marshal]::FinalReleaseComObject($tools)

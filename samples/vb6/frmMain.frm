@@ -169,6 +169,8 @@ Private Sub mnuCustomers_Click()
     Loop
     db.Close
     WriteLog "   " & count & " rows"
+    Dim words As New VnDesk.clsText
+    WriteLog "   " & words.NumberToWords(count)
     Exit Sub
 Failed:
     ShowError

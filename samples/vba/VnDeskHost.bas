@@ -161,4 +161,6 @@ Private Sub FindCustomers(ByVal connect As String)
     Loop
     db.Close
     Debug.Print "   " & count & " rows"
+    Dim words As New VnDesk.clsText
+    Debug.Print "   " & words.NumberToWords(count)
 End Sub

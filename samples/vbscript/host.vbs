@@ -138,4 +138,5 @@ Sub FindCustomers(connect)
     Loop
     search.ActiveConnection.Close
     WScript.Echo "   " & count & " rows"
+    WScript.Echo "   " & CreateObject("VnDesk.clsText").NumberToWords(count)
 End Sub

@@ -49,9 +49,9 @@ TEST(CheckProgramOutputTest, SaysTheSameInEachLanguage) {
     const Printed english = RunCheck({L"--en"}), vietnamese = RunCheck({L"--vi"});
     EXPECT_EQ(0u, english.code);
     EXPECT_EQ(0u, vietnamese.code);
-    EXPECT_NE(std::wstring::npos, english.text.find(L"[ok] All 9 classes can be created.\n"));
+    EXPECT_NE(std::wstring::npos, english.text.find(L"[ok] All 10 classes can be created.\n"));
     EXPECT_NE(std::wstring::npos, english.text.find(L"\nVnDesk works.\n"));
-    EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"[tốt] Tạo được cả 9 lớp.\n"));
+    EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"[tốt] Tạo được cả 10 lớp.\n"));
     EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"\nVnDesk dùng được.\n"));
     const Printed french = RunCheck({L"--fr"});
     EXPECT_EQ(0u, french.code);

@@ -40,7 +40,7 @@ TEST(RegisteredLibraryTest, NamesEveryPublicClass) {
         progIds.insert(entry.progId);
     for (const wchar_t* wanted :
          {L"VnDesk.clsLogon", L"VnDesk.Varnok", L"VnDesk.clsRegistry", L"VnDesk.DataCombo1",
-          L"VnDesk.clsSearch", L"VnDesk.clsSettings", L"VnDesk.clsMessageBox",
+          L"VnDesk.clsSearch", L"VnDesk.clsSettings", L"VnDesk.clsMessageBox", L"VnDesk.clsText",
           L"VnDesk.clsCoolMenu", L"VnDesk.HelpCallBack"})
         EXPECT_EQ(1u, progIds.count(wanted)) << ToUtf8(wanted);
     EXPECT_EQ(RegisteredClasses().size(), progIds.size()) << "every class has a name of its own";

@@ -212,13 +212,29 @@ TEST_P(EveryWay, GoThroughTheFiveSteps) {
     Leave(search, L"CmdOk");
     AnswerQuestion(L"Cmd1");
 
-    ExpectEnd(0,
-              {L"1. Logon", L"   user 4", L"2. Rights", L"   1 Đổi mật khẩu", L"   2 Người sử dụng",
-               L"   3 Nhóm người sử dụng", L"   11 Tồn kho", L"3. Administration",
-               L"   user list closed", L"   group manager closed", L"4. Search",
-               L"   (MaTinh  =  'HP')", L"   KH004 Siêu thị Thành Đạt 76.400.000,5",
-               L"   KH005 Trần Quang Vinh 450.000", L"   KH028 Cửa hàng Ước Mơ 8.340.000,25",
-               L"   3 rows", L"5. Message", L"   yes"});
+    Lines lines = {L"1. Logon",
+                   L"   user 4",
+                   L"2. Rights",
+                   L"   1 Đổi mật khẩu",
+                   L"   2 Người sử dụng",
+                   L"   3 Nhóm người sử dụng",
+                   L"   11 Tồn kho",
+                   L"3. Administration",
+                   L"   user list closed",
+                   L"   group manager closed",
+                   L"4. Search",
+                   L"   (MaTinh  =  'HP')",
+                   L"   KH004 Siêu thị Thành Đạt 76.400.000,5",
+                   L"   KH005 Trần Quang Vinh 450.000",
+                   L"   KH028 Cửa hàng Ước Mơ 8.340.000,25",
+                   L"   3 rows",
+                   L"   ba",
+                   L"5. Message",
+                   L"   yes"};
+    // The host that was built for version 1.0 knows no numbers in words.
+    if (!HasSettings())
+        std::erase(lines, L"   ba");
+    ExpectEnd(0, lines);
     EXPECT_EQ(L"1", database_.ScalarText(L"select idgroup from \"user\" where name='Lý Thị Đào'"));
     EXPECT_EQ(L"1", database_.ScalarText(L"select p2 from groups where code=5"));
 }
