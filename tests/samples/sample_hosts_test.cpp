@@ -77,7 +77,8 @@ protected:
         if (program == L"vndelphi.exe" && !FileExists(BuiltProgram(program)))
             GTEST_SKIP() << "there is no Free Pascal with its sources";
     }
-    void Start() {
+    void Start() { Start(database_.ConnectionString()); }
+    void Start(const std::wstring& connectionString) {
         const Sample& sample = GetParam();
         std::wstring program = sample.program;
         if (program.find(L'\\') != std::wstring::npos)
@@ -91,7 +92,7 @@ protected:
         }
         if (*sample.script)
             arguments.push_back(ScriptFolder() + sample.script);
-        arguments.push_back(database_.ConnectionString());
+        arguments.push_back(connectionString);
         process_ = std::make_unique<HostProcess>(program.c_str(), arguments, Output());
     }
 
@@ -255,6 +256,16 @@ TEST_P(SampleHosts, EndAfterARefusedLogon) {
     SetBox(logon, L"TxtPass", L"sai");
     Leave(Open(logon, L"CmdOk", L"MessageBox"), L"Cmd1");
     Leave(logon, L"CMDCAN");
+    ExpectEnd(1, {L"1. Logon", L"   nobody has logged on"});
+}
+
+TEST_P(SampleHosts, EndWhenTheUserHasReadWhyThereIsNoDatabase) {
+    if (!HasSettings())
+        GTEST_SKIP() << "version 1.0 shows the connection string";
+    Start(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\khong co\\host.db");
+    const HWND box = Form(L"DetailsBox");
+    EXPECT_TRUE(TextOf(box, L"Message").ends_with(L"Không tìm thấy tệp cơ sở dữ liệu."));
+    Leave(box, L"CmdOk");
     ExpectEnd(1, {L"1. Logon", L"   nobody has logged on"});
 }
 
