@@ -3,7 +3,6 @@
 
 #include "api/classes/number_value.h"
 #include "comkit/base/bstr.h"
-
 #include "comkit/base/variant.h"
 #include "comkit/base/variant_array.h"
 #include "text/encodings/bytes.h"
