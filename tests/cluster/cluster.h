@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Two servers, of which one writes and the other follows (scripts/with-standby): the one that
-// writes is killed, and the other takes over. Before each test there are two.
+// writes is killed, and the other takes over. Before each test that needs them there are two.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,9 +22,11 @@ protected:
     void SetUp() override {
         if (!ServerControl::HasStandby())
             GTEST_SKIP() << "no server with a standby: VNDESK_PG_STANDBY is not set";
-        if (alone_)
+        if (alone_ && NeedsStandby())
             Rejoin();
     }
+
+    virtual bool NeedsStandby() const { return true; }
 
     void FailOver() {
         alone_ = true;

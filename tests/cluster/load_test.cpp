@@ -47,6 +47,8 @@ private:
 
 class Load : public Cluster {
 protected:
+    bool NeedsStandby() const override { return false; }
+
     // Each host in a thread of its own, with objects of its own; every call has its own connection.
     void Run(int hosts,
              const std::function<void(int number, ILogon2& logon, BSTR connection)>& work) {
