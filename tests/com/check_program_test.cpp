@@ -49,13 +49,14 @@ TEST(CheckProgramOutputTest, SaysTheSameInEachLanguage) {
     const Printed english = RunCheck({L"--en"}), vietnamese = RunCheck({L"--vi"});
     EXPECT_EQ(0u, english.code);
     EXPECT_EQ(0u, vietnamese.code);
-    EXPECT_NE(std::wstring::npos, english.text.find(L"[ok] All 10 classes can be created.\n"));
+    EXPECT_NE(std::wstring::npos, english.text.find(L"[ok] All 11 classes can be created.\n"));
     EXPECT_NE(std::wstring::npos, english.text.find(L"\nVnDesk works.\n"));
-    EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"[tốt] Tạo được cả 10 lớp.\n"));
+    EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"[tốt] Tạo được cả 11 lớp.\n"));
     EXPECT_NE(std::wstring::npos, vietnamese.text.find(L"\nVnDesk dùng được.\n"));
     const Printed french = RunCheck({L"--fr"});
     EXPECT_EQ(0u, french.code);
-    EXPECT_NE(std::wstring::npos, french.text.find(L"[bien] Les 9 classes peuvent être créées.\n"));
+    EXPECT_NE(std::wstring::npos,
+              french.text.find(L"[bien] Les 11 classes peuvent être créées.\n"));
     EXPECT_NE(std::wstring::npos, french.text.find(L"\nVnDesk fonctionne.\n"));
 }
 

@@ -2,6 +2,8 @@
 // The pages of the reference, made from the IDL's text, against the type library that hosts read.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <string>
 
 #include "com/registered_dll.h"
@@ -17,9 +19,16 @@ std::string Page(const std::wstring& name) {
     return ToUtf8(ReadUtf8File(SourceDir() + L"\\docs\\reference\\" + name + L".md"));
 }
 
+// A type library spells a name everywhere as it met it first, whatever the case of its letters.
+std::size_t FindName(const std::string& text, const std::string& name) {
+    const auto same = [](char a, char b) { return tolower(a) == tolower(b); };
+    const auto found = std::search(text.begin(), text.end(), name.begin(), name.end(), same);
+    return found == text.end() ? std::string::npos : static_cast<std::size_t>(found - text.begin());
+}
+
 // What stands below the heading of a member, up to the next heading.
 std::string Section(const std::string& page, const std::string& name) {
-    const std::size_t begin = page.find("\n### " + name + "\n");
+    const std::size_t begin = FindName(page, "\n### " + name + "\n");
     if (begin == std::string::npos)
         return {};
     return page.substr(begin, page.find("\n##", begin + 4) - begin);
@@ -37,7 +46,7 @@ TEST(ReferencePagesTest, EveryMemberAndParameterOfTheTypeLibraryIsThere) {
             for (const Parameter& parameter : method.parameters)
                 if (!parameter.result && !method.IsProperty()) {
                     EXPECT_NE(std::string::npos,
-                              section.find("| `" + ToUtf8(parameter.name) + "` |"))
+                              FindName(section, "| `" + ToUtf8(parameter.name) + "` |"))
                         << ToUtf8(entry.name + L"." + method.name + L"." + parameter.name);
                 }
         }
