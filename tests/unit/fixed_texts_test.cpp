@@ -108,11 +108,6 @@ constexpr FixedText kAll[] = {
     {"FailureNotReady", texts::kFailureNotReady,
      L"M\u00B8y ch\u00F1 \u00AEang b\u00CBn ho\u00C6c ch\u00ADa s\u00BDn s\u00B5ng.",
      L"Máy chủ đang bận hoặc chưa sẵn sàng.", 36},
-    {"AnswerLost", texts::kAnswerLost,
-     L"M\u00CAt k\u00D5t n\u00E8i khi \u00AEang ghi: kh\u00ABng bi\u00D5t \u00AE\u00B7 ghi "
-     L"\u00AE\u00AD\u00EEc hay ch\u00ADa. "
-     L"H\u00B7y m\u00EB l\u00B9i \u00AE\u00D3 ki\u00D3m tra.",
-     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra.", 82},
     {"UserNoGroup", texts::kUserNoGroup, L"B\u00B9n ch\u00ADa ch\u00E4n b\u00E9 ph\u00CBn.",
      L"Bạn chưa chọn bộ phận.", 22},
     {"UserExists", texts::kUserExists,
