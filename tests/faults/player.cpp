@@ -66,14 +66,9 @@ void Player::Act() {
         PostMessageW(front, WM_COMMAND, IDOK, 0);
         return;
     }
-    if (name == L"MessageBox") {
+    if (name == L"MessageBox" || name == L"NoticeBox") {
         messages_.push_back(TextOf(front, L"Message"));
         Press(front, L"Cmd1");
-        return;
-    }
-    if (name == L"DetailsBox") {
-        messages_.push_back(TextOf(front, L"Message"));
-        Press(front, L"CmdOk");
         return;
     }
     size_t step = next_;

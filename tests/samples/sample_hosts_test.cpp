@@ -263,9 +263,9 @@ TEST_P(SampleHosts, EndWhenTheUserHasReadWhyThereIsNoDatabase) {
     if (!HasSettings())
         GTEST_SKIP() << "version 1.0 shows the connection string";
     Start(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\khong co\\host.db");
-    const HWND box = Form(L"DetailsBox");
+    const HWND box = Form(L"NoticeBox");
     EXPECT_TRUE(TextOf(box, L"Message").ends_with(L"Không tìm thấy tệp cơ sở dữ liệu."));
-    Leave(box, L"CmdOk");
+    Leave(box, L"Cmd1");
     ExpectEnd(1, {L"1. Logon", L"   nobody has logged on"});
 }
 

@@ -87,7 +87,7 @@ inline const std::vector<EachForm>& EveryForm() {
              return object.ShowLogon(&nowhere.GetBSTR(), &code);
          })},
         {"ReasonOfAFailedConnection",
-         {L"DetailsBox"},
+         {L"NoticeBox"},
          [](BSTR*) {
              _bstr_t nowhere(L"Driver={none}");
              long code = 0;
