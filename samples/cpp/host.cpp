@@ -123,11 +123,10 @@ int Run(const wchar_t* connectionString) {
         Print(L"   not allowed");
 
     Print(L"5. Message");
-    // TCVN3 with one character per byte.
-    _bstr_t text(L"B\u00B9n \u00AE\u00B7 xem xong ch\u00ADa?"), title(L"VnDesk"), pressed;
-    Check(logon->MgBox(&text.GetBSTR(), vbYesNo, &title.GetBSTR(), vbQuestion, VARIANT_FALSE,
-                       pressed.GetAddress()));
-    Print(Text(pressed) == L"6" ? L"   yes" : L"   no"); // the number of the button, as text
+    const _bstr_t text(L"B\u1EA1n \u0111\u00E3 xem xong ch\u01B0a?"), title(L"VnDesk");
+    long pressed = 0;
+    Check(logon->Ask(text, vbYesNo, vbQuestion, title, &pressed));
+    Print(pressed == vnAnswerYes ? L"   yes" : L"   no");
     return 0;
 }
 

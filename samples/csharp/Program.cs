@@ -11,8 +11,7 @@ static class Program
 {
     // Commands of this program, as the table SubMenu numbers them.
     const int Users = 2, Groups = 3, Customers = 5;
-    const int YesNo = 4, Question = 32;
-    const string Yes = "6"; // MgBox gives the number of the button as text
+    const int YesNo = 4, Question = 32, Yes = 6;
 
     [STAThread] // the dialogs need a single-threaded apartment
     static int Main(string[] args)
@@ -72,9 +71,7 @@ static class Program
                 Console.WriteLine("   not allowed");
 
             Console.WriteLine("5. Message");
-            // TCVN3 with one character per byte.
-            string text = "B\u00B9n \u00AE\u00B7 xem xong ch\u00ADa?", title = "VnDesk";
-            string pressed = logon.Value.MgBox(ref text, YesNo, ref title, Question, false);
+            int pressed = logon.Value.Ask("B\u1EA1n \u0111\u00E3 xem xong ch\u01B0a?", YesNo, Question, "VnDesk");
             Console.WriteLine(pressed == Yes ? "   yes" : "   no");
         }
         return 0;

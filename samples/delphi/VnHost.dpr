@@ -16,7 +16,7 @@ const
   kCustomers = 5;
   kYesNo = 4;
   kQuestion = 32;
-  kYes = '6'; // MgBox gives the number of the button as text
+  kYes = 6;
   kMaxCommands = 31;
 
 type
@@ -120,7 +120,8 @@ function Run(Connect: WideString): Integer;
 var
   Logon: OleVariant;
   Rights: TRights;
-  Text, Title, Pressed: WideString;
+  Text: WideString;
+  Pressed: Integer;
   User, I: Integer;
 begin
   WriteLn('1. Logon');
@@ -166,10 +167,8 @@ begin
     WriteLn('   not allowed');
 
   WriteLn('5. Message');
-  // TCVN3 with one character per byte.
-  Text := 'B'#$00B9'n '#$00AE#$00B7' xem xong ch'#$00AD'a?';
-  Title := 'VnDesk';
-  Pressed := Logon.MgBox(Text, kYesNo, Title, kQuestion, False);
+  Text := 'B'#$1EA1'n '#$0111#$00E3' xem xong ch'#$01B0'a?';
+  Pressed := Logon.Ask(Text, kYesNo, kQuestion, 'VnDesk');
   if Pressed = kYes then
     WriteLn('   yes')
   else

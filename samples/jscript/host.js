@@ -5,8 +5,7 @@
 
 // Commands of this program, as the table SubMenu numbers them.
 var kUsers = 2, kGroups = 3, kCustomers = 5;
-var kYesNo = 4, kQuestion = 32;
-var kYes = "6"; // MgBox gives the number of the button as text
+var kYesNo = 4, kQuestion = 32, kYes = 6;
 
 if (WScript.Arguments.length != 1) {
     WScript.Echo("usage: cscript //nologo host.js CONNECTION-STRING");
@@ -59,9 +58,8 @@ function run(connect) {
         WScript.Echo("   not allowed");
 
     WScript.Echo("5. Message");
-    // TCVN3 with one character per byte.
-    var text = "B\xB9n \xAE\xB7 xem xong ch\xADa?";
-    WScript.Echo(logon.MgBox(text, kYesNo, "VnDesk", kQuestion) == kYes ? "   yes" : "   no");
+    var text = "B\u1EA1n \u0111\xE3 xem xong ch\u01B0a?";
+    WScript.Echo(logon.Ask(text, kYesNo, kQuestion, "VnDesk") == kYes ? "   yes" : "   no");
     return 0;
 }
 

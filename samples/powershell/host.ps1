@@ -8,8 +8,7 @@ $ErrorActionPreference = 'Stop'
 
 # Commands of this program, as the table SubMenu numbers them.
 $Users = 2; $Groups = 3; $Customers = 5
-$YesNo = 4; $Question = 32
-$Yes = '6' # MgBox gives the number of the button as text
+$YesNo = 4; $Question = 32; $Yes = 6
 
 # All rows of a statement, each an array of its values.
 function Read-Row([string] $Statement) {
@@ -111,10 +110,8 @@ try {
     if ($rights.ContainsKey($Customers)) { Find-Customer } else { Write-Host '   not allowed' }
 
     Write-Host '5. Message'
-    # TCVN3 with one character per byte.
-    $text = "B$([char]0xB9)n $([char]0xAE)$([char]0xB7) xem xong ch$([char]0xAD)a?"
-    $title = 'VnDesk'
-    $pressed = $logon.MgBox([ref]$text, $YesNo, [ref]$title, $Question, $false)
+    $text = "B$([char]0x1EA1)n $([char]0x111)$([char]0xE3) xem xong ch$([char]0x1B0)a?"
+    $pressed = $logon.Ask($text, $YesNo, $Question, 'VnDesk')
     if ($pressed -eq $Yes) { Write-Host '   yes' } else { Write-Host '   no' }
     exit 0
 }

@@ -179,9 +179,8 @@ End Sub
 Private Sub mnuQuestion_Click()
     On Error GoTo Failed
     WriteLog "5. Message"
-    ' TCVN3 with one character per byte; the result is the number of the button as text.
-    If m_logon.MgBox("B" & ChrW(185) & "n " & ChrW(174) & ChrW(183) & " xem xong ch" & ChrW(173) & "a?", _
-                     VnDesk.vbYesNo, "VnDesk", VnDesk.vbQuestion) = "6" Then
+    If m_logon.Ask("B" & ChrW(&H1EA1) & "n " & ChrW(&H111) & ChrW(&HE3) & " xem xong ch" & ChrW(&H1B0) & "a?", _
+                   VnDesk.vbYesNo, VnDesk.vbQuestion, "VnDesk") = VnDesk.vnAnswerYes Then
         WriteLog "   yes"
     Else
         WriteLog "   no"

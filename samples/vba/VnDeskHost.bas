@@ -77,9 +77,8 @@ Public Sub RunHost(ByVal connect As String)
     End If
 
     Debug.Print "5. Message"
-    ' TCVN3 with one character per byte; the result is the number of the button as text.
-    If logon.MgBox("B" & ChrW(185) & "n " & ChrW(174) & ChrW(183) & " xem xong ch" & ChrW(173) & "a?", _
-                   VnDesk.vbYesNo, "VnDesk", VnDesk.vbQuestion) = "6" Then
+    If logon.Ask("B" & ChrW(&H1EA1) & "n " & ChrW(&H111) & ChrW(&HE3) & " xem xong ch" & ChrW(&H1B0) & "a?", _
+                 VnDesk.vbYesNo, VnDesk.vbQuestion, "VnDesk") = VnDesk.vnAnswerYes Then
         Debug.Print "   yes"
     Else
         Debug.Print "   no"

@@ -10,7 +10,9 @@ Const kGroups = 3
 Const kCustomers = 5
 Const kYesNo = 4
 Const kQuestion = 32
-Const kYes = "6" ' MgBox gives the number of the button as text
+Const kYes = 6
+Const kUnicode = 0
+Const kTcvn3 = 1
 
 Dim exitCode
 If WScript.Arguments.Count <> 1 Then
@@ -67,9 +69,11 @@ Function Run(ByVal connect)
     End If
 
     WScript.Echo "5. Message"
-    ' TCVN3 with one character per byte. On Windows write ChrW: Chr depends on the system's code page.
-    If logon.MgBox("B" & Chr(185) & "n " & Chr(174) & Chr(183) & " xem xong ch" & Chr(173) & "a?", _
-                   kYesNo, "VnDesk", kQuestion) = kYes Then
+    ' From TCVN3 with one character per byte. On Windows write ChrW and Unicode, which Wine does not know.
+    Dim question
+    question = CreateObject("VnDesk.clsText").Convert( _
+        "B" & Chr(185) & "n " & Chr(174) & Chr(183) & " xem xong ch" & Chr(173) & "a?", kTcvn3, kUnicode)
+    If logon.Ask(question, kYesNo, kQuestion, "VnDesk") = kYes Then
         WScript.Echo "   yes"
     Else
         WScript.Echo "   no"

@@ -119,7 +119,7 @@ protected:
         SetBox(editor, L"txtConfirm", password);
     }
     void AnswerQuestion(const wchar_t* button) const {
-        const HWND box = Form(L"MessageBox");
+        const HWND box = Form(HasSettings() ? L"NoticeBox" : L"MessageBox");
         EXPECT_EQ(L"Bạn đã xem xong chưa?", TextOf(box, L"Message"));
         Leave(box, button);
     }

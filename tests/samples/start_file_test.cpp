@@ -107,7 +107,7 @@ TEST(StartFile, RunsTheScriptOnTheUsersSampleDatabase) {
     const HWND logon = WaitForForm(L"FrmLogon", kProcessStart);
     SetBox(logon, L"TxtUser", L"Khách");
     Press(logon, L"CmdOk");
-    const HWND box = WaitForForm(L"MessageBox", kProcessLimit);
+    const HWND box = WaitForForm(L"NoticeBox", kProcessLimit);
     Press(box, L"Cmd1");
     WaitClosed(box);
     WatchProcess(0);
