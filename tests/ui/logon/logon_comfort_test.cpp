@@ -233,6 +233,7 @@ TEST_F(LogonComfort, HelpIsTheHostsFirst) {
         EXPECT_TRUE(WaitUntil([&] { return asked == 2; }));
         handles = false;
         ClickWindow(Control(dialog, L"CmdHelp"));
+        WaitForClass(L"#32770"); // of the same title as the dialog
         EXPECT_EQ(L"Không mở được tệp hướng dẫn:\nZ:\\không có\\trợ giúp.chm",
                   ClosePlainMessage(L"Login"));
         WaitReady(dialog);

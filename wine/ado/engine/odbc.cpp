@@ -11,6 +11,10 @@ namespace vndesk::ado {
 
 namespace {
 
+// As driver managers say it.
+constexpr wchar_t kNoDriverState[] = L"IM002";
+constexpr wchar_t kNoDriver[] = L"Data source name not found and no default driver specified";
+
 SQLPOINTER Number(SQLULEN value) {
     return reinterpret_cast<SQLPOINTER>(value);
 }
@@ -93,6 +97,9 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
                                    static_cast<SQLSMALLINT>(wide.size()), nullptr, 0, &length,
                                    SQL_DRIVER_NOPROMPT);
     }
+    // Drivers say why; newer Wine's own driver manager says nothing where there is no such driver.
+    if (!SQL_SUCCEEDED(result) && ReadDiagnostics(SQL_HANDLE_DBC, Handle(), text_).empty())
+        throw DriverError({{ErrorCodeOf(kNoDriverState, kNoDriver), kNoDriver, kNoDriverState, 0}});
     CheckOdbc(result, SQL_HANDLE_DBC, Handle(), text_);
     connected_ = true;
     engine_ = Info(SQL_DBMS_NAME);
