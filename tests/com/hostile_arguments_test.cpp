@@ -26,9 +26,14 @@ public:
 
 private:
     static void CALLBACK Close(HWND, UINT, UINT_PTR, DWORD) {
-        for (const HWND window : TopWindows())
-            if (IsWindowEnabled(window))
-                PostMessageW(window, WM_CLOSE, 0, 0);
+        for (const HWND window : TopWindows()) {
+            if (!IsWindowEnabled(window))
+                continue;
+            PostMessageW(window, WM_CLOSE, 0, 0);
+            // Yes or No: there is no way out but an answer.
+            if (WindowName(window) == L"NoticeBox")
+                PostMessageW(FindControl(window, L"Cmd1"), BM_CLICK, 0, 0);
+        }
     }
 
     UINT_PTR timer_;
@@ -49,7 +54,7 @@ bool TouchesTheMachine(const Method& method) {
 // Each call shows a window and often a message: a short run takes a part of the values.
 bool OpensForms(const Method& method) {
     constexpr const wchar_t* kNames[] = {L"ShowLogon", L"ShowUser", L"UserManager", L"ShowGroup",
-                                         L"MgBox",     L"FindShow", L"Show"};
+                                         L"MgBox",     L"FindShow", L"Show",        L"Ask"};
     return IsOneOf(method, kNames);
 }
 

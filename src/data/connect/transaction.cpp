@@ -69,6 +69,10 @@ void Transaction::Commit() {
         throw ComError(error.code, error.description);
     }
     open_ = false;
+    // A driver that has noticed that its connection is gone may have nothing to commit any more,
+    // and be content with that.
+    if (tellsLostAnswers_ && !Answers(connection_))
+        throw ComError(kAnswerLost, ToUncText(texts::kAnswerLost, kToUnicode));
 }
 
 } // namespace vndesk
