@@ -11,9 +11,10 @@ namespace vndesk::ado {
 
 namespace {
 
-// As driver managers say it.
-constexpr wchar_t kNoDriverState[] = L"IM002";
-constexpr wchar_t kNoDriver[] = L"Data source name not found and no default driver specified";
+// Drivers say why they do not connect; newer Wine's own driver manager says nothing where there is
+// no such driver. This is how others say it.
+constexpr Unsaid kNoDriver = {L"IM002",
+                              L"Data source name not found and no default driver specified"};
 
 SQLPOINTER Number(SQLULEN value) {
     return reinterpret_cast<SQLPOINTER>(value);
@@ -69,12 +70,14 @@ DriverError::DriverError(std::vector<Diagnostic> diagnostics)
     : ComError(diagnostics.front().code, diagnostics.front().description),
       diagnostics_(std::make_shared<const std::vector<Diagnostic>>(std::move(diagnostics))) {}
 
-void CheckOdbc(SQLRETURN result, SQLSMALLINT handleType, SQLHANDLE handle, OdbcText text) {
+void CheckOdbc(SQLRETURN result, SQLSMALLINT handleType, SQLHANDLE handle, OdbcText text,
+               const Unsaid& unsaid) {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
     std::vector<Diagnostic> diagnostics = ReadDiagnostics(handleType, handle, text);
     if (diagnostics.empty())
-        diagnostics.push_back({E_FAIL, L"The ODBC driver failed without saying why.", L"HY000", 0});
+        diagnostics.push_back({ErrorCodeOf(unsaid.sqlState, unsaid.description), unsaid.description,
+                               unsaid.sqlState, 0});
     throw DriverError(std::move(diagnostics));
 }
 
@@ -97,10 +100,7 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, OdbcText te
                                    static_cast<SQLSMALLINT>(wide.size()), nullptr, 0, &length,
                                    SQL_DRIVER_NOPROMPT);
     }
-    // Drivers say why; newer Wine's own driver manager says nothing where there is no such driver.
-    if (!SQL_SUCCEEDED(result) && ReadDiagnostics(SQL_HANDLE_DBC, Handle(), text_).empty())
-        throw DriverError({{ErrorCodeOf(kNoDriverState, kNoDriver), kNoDriver, kNoDriverState, 0}});
-    CheckOdbc(result, SQL_HANDLE_DBC, Handle(), text_);
+    CheckOdbc(result, SQL_HANDLE_DBC, Handle(), text_, kNoDriver);
     connected_ = true;
     engine_ = Info(SQL_DBMS_NAME);
     const std::wstring quote = Info(SQL_IDENTIFIER_QUOTE_CHAR);

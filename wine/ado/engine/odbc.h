@@ -44,8 +44,15 @@ private:
     std::shared_ptr<const std::vector<Diagnostic>> diagnostics_; // exceptions are copied
 };
 
+// What a failure without a diagnostic is taken for.
+struct Unsaid {
+    const wchar_t* sqlState = L"HY000";
+    const wchar_t* description = L"The ODBC driver failed without saying why.";
+};
+
 // Throws DriverError unless `result` is a success or "no data".
-void CheckOdbc(SQLRETURN result, SQLSMALLINT handleType, SQLHANDLE handle, OdbcText text);
+void CheckOdbc(SQLRETURN result, SQLSMALLINT handleType, SQLHANDLE handle, OdbcText text,
+               const Unsaid& unsaid = {});
 
 // One ODBC handle.
 template <SQLSMALLINT kType> class OdbcHandle {
