@@ -28,7 +28,7 @@ make_home() {
 }
 give_home() { [ ${#as_user[@]} -eq 0 ] || chown -R postgres: "$home"; }
 remove_home() {
-    umount -l "$home/small" 2>/dev/null
+    umount -l "$home/data" "$home/small" 2>/dev/null
     rm -rf "$home"
 }
 
