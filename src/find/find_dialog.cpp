@@ -27,21 +27,22 @@ namespace vndesk {
 namespace {
 
 // Each line reads as a sentence: how it joins the one above, the field, the operator, the value.
+// Enter goes along it, and from the value of a complete line to the next one.
 constexpr double kLineHeight = 435;
 constexpr double LineTop(int line) {
     return 420 + line * kLineHeight;
 }
 constexpr ControlSpec Join(const wchar_t* name, int line) {
-    return DataComboSpec(name, {180, LineTop(line), 1080, 330});
+    return DataComboSpec(name, {180, LineTop(line), 1080, 330}, kEnterGoesOn);
 }
 constexpr ControlSpec Field(const wchar_t* name, int line) {
-    return DataComboSpec(name, {1380, LineTop(line), 2760, 330});
+    return DataComboSpec(name, {1380, LineTop(line), 2760, 330}, kEnterGoesOn);
 }
 constexpr ControlSpec Predicate(const wchar_t* name, int line) {
-    return DataComboSpec(name, {4260, LineTop(line), 2040, 330});
+    return DataComboSpec(name, {4260, LineTop(line), 2040, 330}, kEnterGoesOn);
 }
 constexpr ControlSpec Value(const wchar_t* name, int line) {
-    return TextBox(name, {6420, LineTop(line), 2760, 330});
+    return TextBox(name, {6420, LineTop(line), 2760, 330}, kEnterGoesOn);
 }
 
 constexpr ControlSpec kControls[] = {
@@ -67,7 +68,7 @@ constexpr ControlSpec kControls[] = {
     Label(L"lblResult", texts::kFindResult, {180, 2235, 9000, 240}, kMnemonic),
     TextBox(L"TxtResult", {180, 2505, 9000, 1125}, kMultiLine | kReadOnly),
     Frame(L"FrCmd", L"", {4530, 3690, 4650, 690}),
-    Button(L"CmdOk", texts::kFindOk, {4680, 3855, 1350, 375}),
+    Button(L"CmdOk", texts::kFindOk, {4680, 3855, 1350, 375}, kConfirms),
     Button(L"CmdCancel", texts::kFindCancel, {6180, 3855, 1350, 375}, kCancel),
     Button(L"CmdHelp", texts::kFindHelp, {7680, 3855, 1350, 375}),
 };
@@ -123,7 +124,7 @@ protected:
             Get(L"CmdOk").SetEnabled(false);
     }
 
-    // Enter moves on like Tab; it never presses a button.
+    // Enter moves on like Tab where it does not confirm.
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
@@ -310,6 +311,7 @@ SearchCondition ShowFindDialog(const Database& database, const std::wstring& tab
     const DataComboClass comboClass;
     FindForm form(database, table);
     form.SetOwner(owner);
+    form.ConfirmByEnter(database.settings.EnterConfirms());
     form.ShowModal();
     return form.condition;
 }

@@ -34,7 +34,8 @@ constexpr auto kPlain = std::to_array<ControlSpec>({
     TextBox(L"TxtUser", {2580, 225, 2400, 330}),
     Label(L"Label2", texts::kLogonPassword, {1140, 720, 1380, 240}),
     TextBox(L"TxtPass", {2580, 675, 2400, 330}, kPassword),
-    Button(L"CmdOk", texts::kLogonOk, {1140, 1230, 1200, 375}, kDisabled, L"Click here to Logon!"),
+    Button(L"CmdOk", texts::kLogonOk, {1140, 1230, 1200, 375}, kDisabled | kConfirms,
+           L"Click here to Logon!"),
     Button(L"CMDCAN", texts::kLogonExit, {2460, 1230, 1200, 375}, kCancel),
     Button(L"CmdHelp", texts::kLogonHelp, {3780, 1230, 1200, 375}),
     Image(L"Image1", {210, 225, 720, 720}),
@@ -95,7 +96,7 @@ protected:
         return names_.Names().empty() ? nullptr : &Get(L"TxtPass");
     }
 
-    // Enter moves on like Tab; it never presses the button. In an open list it chooses.
+    // Enter moves on like Tab where it does not confirm. In an open list it chooses.
     bool OnKeyPress(wchar_t character) override { return !ListIsOpen() && EnterAsTab(character); }
 
     bool OnKeyDown(const Control&, WPARAM key) override {
@@ -327,6 +328,7 @@ private:
 LoggedOn ShowLogonDialog(const Database& database, const LogonOptions& options, HWND owner) {
     LogonForm form(database, options);
     form.SetOwner(owner);
+    form.ConfirmByEnter(database.settings.EnterConfirms());
     form.ShowModal();
     return form.result;
 }

@@ -28,7 +28,7 @@ namespace {
 
 constexpr ControlSpec kControls[] = {
     Frame(L"FrDetail", texts::kGroupManagerGroups, {150, 120, 3600, 5070}, kGrowDown),
-    ListBox(L"Lv1", {300, 420, 3300, 4140}, kMultiSelect | kGrowDown),
+    ListBox(L"Lv1", {300, 420, 3300, 4140}, kMultiSelect | kEnterGoesOn | kGrowDown),
     Button(L"CmdDelete", texts::kGroupManagerDelete, {300, 4665, 1560, 375}, kMoveDown),
     Button(L"CmdPms", texts::kGroupManagerRights, {2040, 4665, 1560, 375}, kMoveDown),
     Frame(L"Frame1", texts::kGroupManagerDetail, {3900, 120, 4650, 1890}, kGrowRight),
@@ -37,7 +37,7 @@ constexpr ControlSpec kControls[] = {
     Label(L"Label2", texts::kGroupManagerDescription, {4050, 885, 1110, 240}, kMnemonic),
     TextBox(L"TxtDesc", {5220, 840, 3180, 330}, kGrowRight),
     // The next tab stop after the last box, for users who go on with Enter.
-    Button(L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kMoveRight),
+    Button(L"CmdWrite", texts::kGroupManagerWrite, {5220, 1410, 1530, 375}, kConfirms | kMoveRight),
     Button(L"CmdAdd", texts::kGroupAdd, {6870, 1410, 1530, 375}, kMoveRight),
     Frame(L"Frame2", L"", {3900, 2100, 4650, 3090}, kGrow),
     Label(L"lblDsUs", texts::kGroupManagerUsers, {4050, 2340, 4350, 240}, kMnemonic | kGrowRight),
@@ -292,6 +292,7 @@ private:
 void ShowGroupManager(const Operation& operation, HWND owner) {
     GroupManager form(operation);
     form.SetOwner(owner);
+    form.ConfirmByEnter(operation.database.settings.EnterConfirms());
     form.ShowModal();
 }
 

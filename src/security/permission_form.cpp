@@ -30,7 +30,7 @@ constexpr ControlSpec kControls[] = {
     ListBox(L"LstMenuBar", {180, 780, 2400, 3300}, kGrowDown),
     Label(L"lblCommands", texts::kPermissionCommands, {2700, 510, 4380, 240}, kMnemonic),
     CheckListBox(L"LstSubMenu", {2700, 780, 4380, 3300}, kGrow),
-    Button(L"CmdOk", texts::kPermissionOk, {4380, 4230, 1290, 375}, kMove),
+    Button(L"CmdOk", texts::kPermissionOk, {4380, 4230, 1290, 375}, kConfirms | kMove),
     Button(L"Command1", texts::kPermissionCancel, {5790, 4230, 1290, 375}, kCancel | kMove),
 };
 
@@ -202,7 +202,9 @@ private:
 } // namespace
 
 void ShowPermissionForm(const Operation& operation, long groupCode) {
-    PermissionForm(operation, groupCode).ShowModal();
+    PermissionForm form(operation, groupCode);
+    form.ConfirmByEnter(operation.database.settings.EnterConfirms());
+    form.ShowModal();
 }
 
 } // namespace vndesk

@@ -37,10 +37,11 @@ constexpr auto kControls = std::to_array<ControlSpec>({
     Label(L"lblIdGroup", texts::kUserEditorGroup, {210, 1110, 1860, 240}, kMnemonic),
     DropDownList(L"TxtIdGroup", {2130, 1065, 3300, 3600}),
     Label(L"lblPass", texts::kUserEditorPassword, {210, 1530, 1860, 240}, kMnemonic),
-    TextBox(L"TxtPass", {2130, 1485, 3300, 330}, kPassword),
+    // The repetition has to be typed anew, whatever stands there.
+    TextBox(L"TxtPass", {2130, 1485, 3300, 330}, kPassword | kEnterGoesOn),
     Label(L"lblConfirm", texts::kUserEditorConfirm, {210, 1950, 1860, 240}, kMnemonic),
     TextBox(L"txtConfirm", {2130, 1905, 3300, 330}, kPassword),
-    Button(L"CmdOk", texts::kUserEditorOk, {2130, 2460, 1590, 375}),
+    Button(L"CmdOk", texts::kUserEditorOk, {2130, 2460, 1590, 375}, kConfirms),
     Button(L"CMDCAN", texts::kUserEditorCancel, {3840, 2460, 1590, 375}, kCancel),
     // Part of the form's set of controls, without behaviour, so it is not shown.
     Button(L"Command1", L"", {210, 2460, 1200, 375}, kHidden),
@@ -108,7 +109,8 @@ protected:
         passChanged_ = false;
     }
 
-    // Enter moves to the next control; if it leaves a button, the button is pressed.
+    // Where Enter does not confirm, it moves to the next control; if it leaves a button, the button
+    // is pressed.
     bool OnKeyPress(wchar_t character) override {
         Control* button = character == L'\r' ? FocusedButton() : nullptr;
         if (!button)
@@ -322,6 +324,7 @@ private:
 bool ShowUserEditor(const Operation& operation, const UserEditorOptions& options) {
     UserEditor editor(operation, options);
     editor.SetOwner(options.Owner);
+    editor.ConfirmByEnter(operation.database.settings.EnterConfirms());
     if (const ErrorState error = Trap([&] { editor.ShowModal(); }))
         PlainMessage(ShownText(operation.database, error.description));
     return editor.written;

@@ -30,7 +30,7 @@ namespace {
 constexpr auto kControls = std::to_array<ControlSpec>({
     ListView(L"Lv", {180, 180, 6600, 4200}, kGrow),
     Button(L"CmdAdd", texts::kUserListAdd, {6930, 180, 1290, 375}, kMoveRight),
-    Button(L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kMoveRight),
+    Button(L"CmdEdit", texts::kUserListEdit, {6930, 660, 1290, 375}, kConfirms | kMoveRight),
     Button(L"CmdDel", texts::kUserListDelete, {6930, 1140, 1290, 375}, kMoveRight),
     Button(L"CmdExit", texts::kUserListExit, {6930, 4005, 1290, 375}, kCancel | kMove),
 });
@@ -268,6 +268,7 @@ private:
 void ShowUserList(const Operation& operation, HWND owner) {
     UserList form(operation);
     form.SetOwner(owner);
+    form.ConfirmByEnter(operation.database.settings.EnterConfirms());
     form.ShowModal();
 }
 

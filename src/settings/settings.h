@@ -26,6 +26,11 @@ enum class DialectChoice : long {
     MySql = 5
 };
 
+enum class EnterMode : long {
+    MovesOn = 0, // like Tab, as 1.0
+    Confirms = 1 // it presses the default button when the next field is filled
+};
+
 struct Settings {
     // Values go to the engine as parameters, not inside the text of statements.
     bool BindParameters = false;
@@ -49,11 +54,14 @@ struct Settings {
     // What happens where the database cannot be opened.
     ConnectionErrors OnConnectionError = ConnectionErrors::ShowString;
 
+    EnterMode Enter = EnterMode::MovesOn;
+
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Every change is a transaction of its own: where its commit is not answered, the user is told
     // that nobody knows, and any other error means that nothing was written.
     bool TellsLostAnswers() const { return OnConnectionError != ConnectionErrors::ShowString; }
+    bool EnterConfirms() const { return Enter == EnterMode::Confirms; }
     // Whether the operation needs VnUser.
     bool KeepsAccounts() const { return Scheme == PasswordScheme::Pbkdf2 || LockAfter > 0; }
     // Users are found and changed by their names as they are, wherever more than 1.0 hangs on them.

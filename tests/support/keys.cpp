@@ -92,6 +92,22 @@ void PressKey(WORD virtualKey, unsigned modifiers) {
     Sleep(kPause);
 }
 
+void HoldKey(WORD virtualKey, int repeats) {
+    constexpr DWORD kRepeat = 30; // milliseconds, of a fast keyboard
+    for (int i = 0; i <= repeats; ++i) {
+        SendKey(virtualKey, 0, ExtendedFlag(virtualKey));
+        Sleep(kRepeat);
+    }
+    SendKey(virtualKey, 0, ExtendedFlag(virtualKey) | KEYEVENTF_KEYUP);
+    Sleep(kPause);
+}
+
+void PressPadEnter() {
+    SendKey(VK_RETURN, 0, KEYEVENTF_EXTENDEDKEY);
+    SendKey(VK_RETURN, 0, KEYEVENTF_EXTENDEDKEY | KEYEVENTF_KEYUP);
+    Sleep(kPause);
+}
+
 void TypeText(std::wstring_view text, DWORD pause) {
     for (const wchar_t c : text) {
         SendKey(0, c, KEYEVENTF_UNICODE);

@@ -11,6 +11,10 @@ enum Modifiers : unsigned { kNoModifier = 0, kShift = 1, kControl = 2, kAlt = 4 
 
 // One key by its virtual code, down and up, then a pause.
 void PressKey(WORD virtualKey, unsigned modifiers = kNoModifier);
+// One key that is held: down, down again so many times, as a keyboard repeats it, and up.
+void HoldKey(WORD virtualKey, int repeats = 15);
+// Enter of the numeric pad.
+void PressPadEnter();
 // Letters as Unicode input: Vietnamese text needs no keyboard layout. Where no letter moves the
 // focus, they may come faster than single keys.
 constexpr DWORD kKeyPause = 50;

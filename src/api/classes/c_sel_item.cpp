@@ -107,4 +107,24 @@ STDMETHODIMP SelItem::put_ActiveConnection(VARIANT connection) {
     });
 }
 
+STDMETHODIMP SelItem::get_LookUpKeys(VARIANT_BOOL* value) {
+    return Get(value, [&] { return boxes_->lookUpKeys ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+STDMETHODIMP SelItem::put_LookUpKeys(VARIANT_BOOL value) {
+    return Guard([&] { boxes_->lookUpKeys = value != VARIANT_FALSE; });
+}
+
+STDMETHODIMP SelItem::get_TabCommits(VARIANT_BOOL* value) {
+    return Get(value, [&] { return boxes_->tabCommits ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+STDMETHODIMP SelItem::put_TabCommits(VARIANT_BOOL value) {
+    return Guard([&] { boxes_->tabCommits = value != VARIANT_FALSE; });
+}
+
+STDMETHODIMP SelItem::ShowPicker(VARIANT_BOOL* chosen) {
+    return Get(chosen, [&] { return boxes_->ShowPicker() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
 } // namespace vndesk

@@ -33,6 +33,12 @@ public:
     STDMETHODIMP get_ActiveConnection(VARIANT* connection) override;
     STDMETHODIMP put_ActiveConnection(VARIANT connection) override;
 
+    STDMETHODIMP get_LookUpKeys(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_LookUpKeys(VARIANT_BOOL value) override;
+    STDMETHODIMP get_TabCommits(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_TabCommits(VARIANT_BOOL value) override;
+    STDMETHODIMP ShowPicker(VARIANT_BOOL* chosen) override;
+
 private:
     const std::shared_ptr<SelectionBoxes> boxes_;
 };

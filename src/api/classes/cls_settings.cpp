@@ -28,6 +28,9 @@ static_assert(long{vnDialectAuto} == static_cast<long>(DialectChoice::Auto) &&
               long{vnDialectSqlite} == static_cast<long>(DialectChoice::Sqlite) &&
               long{vnDialectMySql} == static_cast<long>(DialectChoice::MySql));
 
+static_assert(long{vnEnterMovesOn} == static_cast<long>(EnterMode::MovesOn) &&
+              long{vnEnterConfirms} == static_cast<long>(EnterMode::Confirms));
+
 } // namespace
 
 HRESULT SettingsObject::GetFlag(bool Settings::*flag, VARIANT_BOOL* value) {
@@ -127,6 +130,7 @@ STDMETHODIMP SettingsObject::UseRecommended() {
         values_.BindParameters = true;
         values_.MinPasswordLength = kRecommendedLength;
         values_.OnConnectionError = ConnectionErrors::ShowReason;
+        values_.Enter = EnterMode::Confirms;
     });
 }
 
@@ -138,6 +142,17 @@ STDMETHODIMP SettingsObject::put_ConnectionErrors(ConnectionErrorModes value) {
         if (value < vnErrorsShowString || value > vnErrorsRaise)
             throw ComError(E_INVALIDARG, L"There is no such way to tell of failed connections.");
         values_.OnConnectionError = static_cast<ConnectionErrors>(value);
+    });
+}
+
+STDMETHODIMP SettingsObject::get_EnterKey(EnterKey* value) {
+    return Get(value, [&] { return static_cast<EnterKey>(values_.Enter); });
+}
+STDMETHODIMP SettingsObject::put_EnterKey(EnterKey value) {
+    return Guard([&] {
+        if (value != vnEnterMovesOn && value != vnEnterConfirms)
+            throw ComError(E_INVALIDARG, L"Enter can do no such thing.");
+        values_.Enter = static_cast<EnterMode>(value);
     });
 }
 

@@ -12,6 +12,7 @@
 #include "data/text/number_text.h"
 #include "find/find_dialog.h"
 #include "find/text/number_display.h"
+#include "forms/keys/enter_moves_on.h"
 #include "forms/keys/keys.h"
 #include "logon/session.h"
 
@@ -128,6 +129,10 @@ STDMETHODIMP Varnok::FindShow(VARIANT connection, BSTR table, BSTR* condition) {
         const SessionConnection session(NullToText(connection));
         result = ToBstr(ShowFindDialog(*session, FromBstr(table), nullptr).text);
     });
+}
+
+STDMETHODIMP Varnok::EnterMovesOn(long window, VARIANT_BOOL on) {
+    return Guard([&] { SetEnterMovesOn(ToWindow(window), on != VARIANT_FALSE); });
 }
 
 } // namespace vndesk

@@ -7,7 +7,7 @@
 
 namespace vndesk {
 
-class Varnok final : public ClassObject<Varnok, ::Varnok, IVarnok> {
+class Varnok final : public ClassObject<Varnok, ::Varnok, IVarnok2> {
 public:
     static constexpr const wchar_t* kProgId = L"VnDesk.Varnok";
 
@@ -25,6 +25,16 @@ public:
     STDMETHODIMP CvTextToN(BSTR text, double* number) override;
     STDMETHODIMP Mid1(BSTR text, long position, BSTR* character) override;
     STDMETHODIMP FindShow(VARIANT connection, BSTR table, BSTR* condition) override;
+    STDMETHODIMP EnterMovesOn(long window, VARIANT_BOOL on) override;
+
+    // As hosts of 1.0 know it.
+    static REFIID ErrorInterface() { return __uuidof(IVarnok); }
+
+protected:
+    void* Find(REFIID iid) override {
+        void* found = DescribedObject::Find(iid);
+        return found ? found : FindInherited(iid, InterfaceList<IVarnok>());
+    }
 };
 
 } // namespace vndesk

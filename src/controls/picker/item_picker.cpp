@@ -23,7 +23,7 @@ constexpr ControlSpec kControls[] = {
     Label(L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic),
     TextBox(L"TxtSelH", {1230, 435, 4740, 330}, kGrowRight),
     // The next tab stop after the search box, for users who go on with Enter.
-    Button(L"CmdSel", texts::kPickerChoose, {3450, 5520, 1290, 375}, kDisabled | kMove),
+    Button(L"CmdSel", texts::kPickerChoose, {3450, 5520, 1290, 375}, kDisabled | kConfirms | kMove),
     Button(L"CmdQuit", texts::kPickerQuit, {4860, 5520, 1290, 375}, kCancel | kMove),
     ListBox(L"lv1IP", {330, 870, 5640, 4020}, kGrow),
     Label(L"lblCode", L"", {330, 5010, 5640, 240}, kEllipsis | kGrowRight | kMoveDown),
@@ -90,7 +90,7 @@ protected:
         return Form::OnMessage(message, wParam, lParam);
     }
 
-    // Enter moves on like Tab; it never presses a button.
+    // Enter moves on like Tab where it does not confirm.
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     // The list moves while the focus stays in the search box.
@@ -168,6 +168,7 @@ private:
 std::wstring PickItem(const Database& database, const Statement& sqlText,
                       const std::wstring& searchText) {
     ItemPicker picker(database);
+    picker.ConfirmByEnter(database.settings.EnterConfirms());
     picker.SqlText = sqlText;
     picker.searchText = searchText;
     picker.ShowModal();

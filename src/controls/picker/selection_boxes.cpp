@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/picker/selection_boxes.h"
 
+#include <utility>
+
 #include "comkit/base/com_error.h"
 #include "controls/picker/item_picker.h"
 #include "controls/picker/text/captions.h"
@@ -20,6 +22,12 @@ namespace {
 // moves.
 UINT ValidateMessage() {
     static const UINT message = RegisterWindowMessageW(L"VnDesk.ValidateCode");
+    return message;
+}
+
+// Posted to the name box when Tab has led out of it.
+UINT CommitMessage() {
+    static const UINT message = RegisterWindowMessageW(L"VnDesk.CommitName");
     return message;
 }
 
@@ -99,7 +107,10 @@ LRESULT CALLBACK SelectionBoxes::BoxProcedure(HWND window, UINT message, WPARAM 
         box.Release();
     std::optional<LRESULT> result;
     Trap([&] {
-        if (&box == &self->nameBox_)
+        if (self->IsLookUpKey(message, wParam)) {
+            self->PickFromAll({&box});
+            result = 0;
+        } else if (&box == &self->nameBox_)
             result = self->OnNameBox(message, wParam, lParam);
         else
             self->OnCodeBox(message, wParam);
@@ -131,10 +142,31 @@ std::optional<LRESULT> SelectionBoxes::OnNameBox(UINT message, WPARAM wParam, LP
         if (FormOf(reinterpret_cast<HWND>(wParam)) == FormOf(nameBox_.window) &&
             nameBox_.Text().empty())
             Forget();
+        if (IsLeftByTab(reinterpret_cast<HWND>(wParam)))
+            PostMessageW(nameBox_.window, CommitMessage(), 0, 0);
         return std::nullopt;
     default:
+        if (message == CommitMessage())
+            CommitName();
         return std::nullopt;
     }
+}
+
+bool SelectionBoxes::IsLookUpKey(UINT message, WPARAM wParam) const {
+    if (!lookUpKeys || GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0)
+        return false;
+    if (message == WM_SYSKEYDOWN)
+        return wParam == VK_DOWN;
+    return message == WM_KEYDOWN && (wParam == VK_F4 || wParam == VK_F2);
+}
+
+// Asked while the focus moves: the key that moves it is down in every host's loop.
+bool SelectionBoxes::IsLeftByTab(HWND next) const {
+    if (!tabCommits || FormOf(next) != FormOf(nameBox_.window) || GetKeyState(VK_TAB) >= 0 ||
+        GetKeyState(VK_SHIFT) < 0)
+        return false;
+    const std::wstring typed = nameBox_.Text();
+    return !typed.empty() && typed != selName_;
 }
 
 // The focus that goes to another form, a message or another program comes back: only a move within
@@ -195,40 +227,105 @@ void SelectionBoxes::FireChange() {
         change();
 }
 
-void SelectionBoxes::PickByName() {
+bool SelectionBoxes::Pick(const std::wstring& beginning, const std::wstring& search,
+                          const Return& afterwards) {
     if (busy_)
-        return;
+        return false;
     const Busy busy(busy_);
     previousID_ = selID_;
-    if (onDatabase_(connectionString, settings(),
-                    [this](const Database& database) { PickByName(database); }))
-        return;
-    GiveFocus(nameBox_.window);
+    bool chosen = false;
+    if (onDatabase_(connectionString, settings(), [&](const Database& database) {
+            chosen = Pick(database, beginning, search, afterwards);
+        }))
+        return chosen;
+    GiveFocus(afterwards.Window());
     nameBox_.Show(selName_);
+    return false;
 }
 
-void SelectionBoxes::PickByName(const Database& database) {
-    const std::wstring typed = nameBox_.Text();
+bool SelectionBoxes::Pick(const Database& database, const std::wstring& beginning,
+                          const std::wstring& search, const Return& afterwards) {
     const std::wstring code =
-        PickItem(database, NamesBeginningStatement(SqlName, typed, database.Style()),
-                 searchText.empty() ? typed : searchText);
+        PickItem(database, NamesBeginningStatement(SqlName, beginning, database.Style()),
+                 searchText.empty() ? search : searchText);
     // Messages may have come between, and not every form gives its focus back by itself.
-    GiveFocus(nameBox_.window);
-    if (code.empty()) {
-        nameBox_.Show(selName_);
-        return;
-    }
+    GiveFocus(afterwards.Window());
+    if (!code.empty())
+        return Take(database, code, afterwards);
+    nameBox_.Show(selName_);
+    return false;
+}
+
+bool SelectionBoxes::Take(const Database& database, const std::wstring& code,
+                          const Return& afterwards) {
     std::wstring error;
     const std::optional<Entry> entry = LookUp(database, code, error);
     if (!entry) {
         PlainMessage(ToUncText(texts::kSelectNotOpened, kToUnicode) + ShownText(database, error));
-        GiveFocus(nameBox_.window);
-        return;
+        GiveFocus(afterwards.Window());
+        return false;
     }
     Choose(*entry);
-    if (nameBox_.moveOn)
-        nameBox_.moveOn->SendAfterClosing();
+    if (afterwards.box && afterwards.box->moveOn)
+        afterwards.box->moveOn->SendAfterClosing();
     FireChange();
+    return true;
+}
+
+void SelectionBoxes::PickByName() {
+    const std::wstring typed = nameBox_.Text();
+    Pick(typed, typed, {&nameBox_});
+}
+
+// The entry's own name is no beginning that somebody looks for.
+bool SelectionBoxes::PickFromAll(const Return& afterwards) {
+    const std::wstring shown = nameBox_.window ? nameBox_.Text() : selName_;
+    return Pick(shown == selName_ ? L"" : shown, shown, afterwards);
+}
+
+bool SelectionBoxes::ShowPicker() {
+    return PickFromAll({nullptr, GetFocus()});
+}
+
+// After Tab: the keyboard is where that has led to, and stays there.
+void SelectionBoxes::CommitName() {
+    const HWND next = GetFocus();
+    const std::wstring typed = nameBox_.Text();
+    if (busy_ || typed.empty() || typed == selName_ || FormOf(next) != FormOf(nameBox_.window))
+        return;
+    std::vector<std::wstring> codes;
+    {
+        const Busy busy(busy_);
+        previousID_ = selID_;
+        if (!onDatabase_(connectionString, settings(), [&](const Database& database) {
+                codes = CodesBeginning(database, typed);
+                if (codes.size() == 1)
+                    Take(database, codes.front(), {nullptr, next});
+            })) {
+            GiveFocus(nameBox_.window);
+            nameBox_.Show(selName_);
+            return;
+        }
+    }
+    if (codes.size() > 1 && !Pick(typed, typed, {nullptr, next}))
+        GiveFocus(nameBox_.window);
+}
+
+// The codes of the entries with such names: none, the only one, or the first two.
+std::vector<std::wstring> SelectionBoxes::CodesBeginning(const Database& database,
+                                                         const std::wstring& typed) const {
+    std::vector<std::wstring> codes;
+    Trap([&] {
+        Recordset rows;
+        if (OpenRecordset(database, rows,
+                          NamesBeginningStatement(SqlName, typed, database.Style())) != 0)
+            return;
+        for (; !rows.Eof() && codes.size() < 2; rows.MoveNext())
+            if (std::wstring code = NullToText(rows.Value(0L)); !code.empty())
+                codes.push_back(std::move(code));
+        rows.Close();
+    });
+    return codes;
 }
 
 void SelectionBoxes::ValidateCode() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The name box and the code box of a host's form, tied to one entry of a catalogue. Enter in the
 // name box opens the picker with the names beginning so; leaving the code box looks the code up.
+// On demand the keys of a drop-down list open the picker, too, and Tab takes the only entry.
 #pragma once
 
 #include <windows.h>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "comkit/base/module.h"
 #include "data/connect/database.h"
@@ -38,6 +40,8 @@ public:
 
     // Forgets the entry and empties the name box.
     void Clear();
+    // Opens the picker, for a button of the host; true when an entry was chosen.
+    bool ShowPicker();
     const std::wstring& SelName() const { return selName_; }
     const std::wstring& SelID() const { return selID_; }
 
@@ -46,6 +50,10 @@ public:
     std::wstring SqlID;
     // What the picker's search box starts with; empty stands for what was typed in the name box.
     std::wstring searchText;
+    // F4, Alt+Down and F2 open the picker.
+    bool lookUpKeys = false;
+    // Tab out of the name box looks up what was typed.
+    bool tabCommits = false;
     // Names the database of each look-up.
     std::wstring connectionString;
     // What the next look-up is asked for.
@@ -76,9 +84,27 @@ private:
                                          UINT_PTR id, DWORD_PTR box);
     std::optional<LRESULT> OnNameBox(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCodeBox(UINT message, WPARAM wParam);
+    bool IsLookUpKey(UINT message, WPARAM wParam) const;
+    bool IsLeftByTab(HWND next) const;
 
+    // Where the keyboard goes after the picker: to a box, and on from it after a choice, or to a
+    // window where it stays.
+    struct Return {
+        Box* box = nullptr;
+        HWND window = nullptr;
+
+        HWND Window() const { return box ? box->window : window; }
+    };
+    // True when an entry was chosen.
+    bool Pick(const std::wstring& beginning, const std::wstring& search, const Return& afterwards);
+    bool Pick(const Database& database, const std::wstring& beginning, const std::wstring& search,
+              const Return& afterwards);
     void PickByName();
-    void PickByName(const Database& database);
+    bool PickFromAll(const Return& afterwards);
+    void CommitName();
+    std::vector<std::wstring> CodesBeginning(const Database& database,
+                                             const std::wstring& typed) const;
+    bool Take(const Database& database, const std::wstring& code, const Return& afterwards);
     void ValidateCode();
     void Refuse(const std::wstring& code);
     std::optional<Entry> LookUp(const Database& database, const std::wstring& code,

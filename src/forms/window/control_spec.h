@@ -48,6 +48,9 @@ enum ControlFlags : unsigned {
     kMultiLine = 16384, // a text box of several lines, with a scroll bar
     kReadOnly = 32768,
     kEditable = 65536, // a drop-down list that takes other texts, too
+    // Where Enter confirms (forms/keys/enter_rule.h).
+    kConfirms = 131072,    // the default button, after which no more fields come
+    kEnterGoesOn = 262144, // Enter goes on to the next field, also where that is filled
 };
 
 // One row of a form's layout table.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/keys/held_enter.h"
 #include "forms/look/theme_scope.h"
 #include "forms/window/form_window.h"
 #include "forms/window/modal_state.h"
@@ -79,6 +80,8 @@ void Form::Load() {
     for (size_t i = 0; i < controls_.size(); ++i)
         if (controls_[i]->isDefault)
             SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(kFirstControlId) + i, 0);
+    if (enterConfirms_)
+        MarkConfirmButton();
     OnLoad();
     PrepareForm(*this);
     OnPrepared();
@@ -106,8 +109,12 @@ void Form::CreateFormWindow() {
 
 void Form::ShowModal() {
     Load();
+    closedByEnter_ = false;
     {
         const ModalState others(window_);
+        std::optional<NoEnterRepeats> pressedOnce;
+        if (enterConfirms_)
+            pressedOnce.emplace();
         modal_ = true;
         ShowWindow(window_, SW_SHOW);
         SetForegroundWindow(window_);
@@ -120,6 +127,9 @@ void Form::ShowModal() {
         modal_ = false;
     }
     Destroy();
+    // The window behind would get the repetitions.
+    if (closedByEnter_)
+        WaitWhileEnterIsHeld();
     if (failure_)
         std::rethrow_exception(std::exchange(failure_, nullptr));
 }
@@ -157,6 +167,11 @@ bool Form::PreviewKey(const MSG& message) {
             Fire([&] { handled = OnKeyDown(*control, message.wParam); });
     if (handled || MoveFromButton(message))
         return true;
+    if (enterConfirms_ && IsEnterDown(message)) {
+        handled = true;
+        Fire([&] { handled = PressEnter(); });
+        return handled;
+    }
     // IsDialogMessage handles Enter and Escape before they become WM_CHAR.
     if (message.message == WM_KEYDOWN && (code == VK_RETURN || code == VK_ESCAPE))
         Fire([&] { handled = OnKeyPress(code == VK_RETURN ? kEnter : kEscape); });

@@ -28,6 +28,9 @@ public:
     // The window that the form stays in front of, before it is loaded; without one, or when it is
     // gone, that in which the user works.
     void SetOwner(HWND owner) { owner_ = owner; }
+    // Before it is loaded: whether Enter confirms, as forms/keys/enter_rule.h says, or is a
+    // character like others.
+    void ConfirmByEnter(bool confirms) { enterConfirms_ = confirms; }
     // Creates the window and its controls, runs OnLoad and prepares the form. Nothing when loaded
     // already.
     void Load();
@@ -88,6 +91,8 @@ private:
     void RunLoop();
     bool PreviewKey(const MSG& message);
     bool MoveFromButton(const MSG& message);
+    void MarkConfirmButton();
+    bool PressEnter();
     void OnCommand(int id, int notification);
     bool OnMouseDown(int button, POINT point);
     HBRUSH OnControlColor(HDC dc, HWND control);
@@ -114,6 +119,8 @@ private:
     SIZE least_ = {};
     bool modal_ = false;
     bool unloading_ = false;
+    bool enterConfirms_ = false;
+    bool closedByEnter_ = false;
     std::exception_ptr failure_;
 };
 
