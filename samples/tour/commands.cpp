@@ -12,6 +12,7 @@ constexpr wchar_t kSystem[] = L"&Hệ thống";
 constexpr wchar_t kCatalogues[] = L"&Danh mục";
 constexpr wchar_t kReports[] = L"&Báo cáo";
 constexpr wchar_t kSearch[] = L"Tìm &kiếm";
+constexpr wchar_t kVouchers[] = L"&Chứng từ";
 constexpr wchar_t kHelp[] = L"&Trợ giúp";
 
 constexpr Command kCommands[] = {
@@ -40,11 +41,13 @@ constexpr Command kCommands[] = {
     {304, kReports, L"&Công nợ phải thu", L"Khách hàng còn nợ", 0, 0, 14,
      &Tour::Show<kReceivables>},
     {305, kReports, L"Công nợ &phải trả", L"Nợ nhà cung cấp", 0, 0, 15, &Tour::NotInTheSample},
-    // Whoever may see a list may search it.
+    // Whoever may see a list may search it, and take what its customers pay.
     {501, kSearch, L"Tìm &khách hàng…\tCtrl+F", L"Tìm khách hàng theo điều kiện", FCONTROL, 'F', 5,
      &Tour::Find<kFindCustomers>},
     {502, kSearch, L"Tìm &hàng hoá…\tCtrl+H", L"Tìm hàng hoá theo điều kiện", FCONTROL, 'H', 7,
      &Tour::Find<kFindGoods>},
+    {601, kVouchers, L"Phiếu &thu…\tCtrl+T", L"Lập phiếu thu tiền của khách hàng", FCONTROL, 'T',
+     14, &Tour::WriteReceipt},
     {401, kHelp, L"&Giới thiệu\tF1", L"Về chương trình này", 0, VK_F1, 0, &Tour::About},
 };
 

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "create.h"
 #include "host_error.h"
 
 using Microsoft::WRL::ComPtr;
@@ -63,14 +64,6 @@ private:
     DrawnMenus::ShowHelp showHelp_;
     ULONG references_ = 1;
 };
-
-template <class Interface> ComPtr<Interface> Create(const wchar_t* progId) {
-    CLSID clsid;
-    ComPtr<Interface> object;
-    Check(CLSIDFromProgID(progId, &clsid));
-    Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)));
-    return object;
-}
 
 } // namespace
 

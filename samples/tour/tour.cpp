@@ -5,22 +5,26 @@
 
 #include "host_error.h"
 #include "output.h"
+#include "receipt.h"
 
 namespace {
 
-// Texts for the library's message box are TCVN3, one character per byte. \u00AD is the letter u
-// with horn, which an editor would not show.
-constexpr wchar_t kAboutTitle[] = L"Giíi thiÖu";
-constexpr wchar_t kAboutText[] = L"Ch\u00AD¬ng tr×nh mÉu cña VnDesk.\n\n"
-                                 L"§¨ng nhËp, qu¶n trÞ ng\u00ADêi sö dông, ph©n quyÒn,\n"
-                                 L"t×m kiÕm vµ hép th«ng b¸o b»ng tiÕng ViÖt\n"
-                                 L"cho ch\u00AD¬ng tr×nh Windows.";
-constexpr wchar_t kNotice[] = L"Th«ng b¸o";
-constexpr wchar_t kNotInTheSample[] = L"Ch\u00AD¬ng tr×nh mÉu kh«ng cã phÇn nµy.";
-constexpr wchar_t kNothingFound[] = L"Kh«ng t×m thÊy dßng nµo.";
-constexpr wchar_t kBackedUp[] = L"§· sao l\u00ADu d÷ liÖu.";
-constexpr wchar_t kNotBackedUp[] = L"Kh«ng sao l\u00ADu ®\u00ADîc d÷ liÖu.";
-constexpr wchar_t kNoFile[] = L"ChØ sao l\u00ADu ®\u00ADîc d÷ liÖu trong tÖp.";
+constexpr wchar_t kAboutTitle[] = L"Giới thiệu";
+constexpr wchar_t kAboutText[] = L"Chương trình mẫu của VnDesk.\n\n"
+                                 L"Đăng nhập, quản trị người sử dụng, phân quyền,\n"
+                                 L"tìm kiếm và hộp thông báo bằng tiếng Việt\n"
+                                 L"cho chương trình Windows.";
+constexpr wchar_t kNotInTheSample[] = L"Chương trình mẫu không có phần này.";
+constexpr wchar_t kNothingFound[] = L"Không tìm thấy dòng nào.";
+constexpr wchar_t kBackedUp[] = L"Đã sao lưu dữ liệu.";
+constexpr wchar_t kNotBackedUp[] = L"Không sao lưu được dữ liệu.";
+constexpr wchar_t kNoFile[] = L"Chỉ sao lưu được dữ liệu trong tệp.";
+constexpr wchar_t kLogonCaption[] = L"Đăng nhập";
+constexpr wchar_t kCompany[] =
+    L"SELECT KeyValue FROM Options WHERE Section='CongTy' AND KeyName='TenCongTy'";
+// Where the program keeps what the Windows user prefers.
+constexpr wchar_t kNamesKey[] = L"Software\\VnDesk\\Tour\\Names";
+constexpr wchar_t kBackUpKey[] = L"Software\\VnDesk\\Tour\\BackUp";
 
 void ShowError(HWND owner, const HostError& error) {
     wchar_t number[16];
@@ -40,8 +44,15 @@ template <class Steps> void Tour::Try(Steps steps) {
     }
 }
 
+void Tour::Attach(HWND window, const View& view) {
+    window_ = window;
+    view_ = view;
+    vndesk_.SetOwner(window);
+}
+
+// The title is the library's word for Notice.
 void Tour::Tell(const wchar_t* text, IconValue icon) {
-    vndesk_.MgBox(text, vbOKOnly, kNotice, icon);
+    vndesk_.Ask(text, vbOKOnly, icon, L"");
 }
 
 // The library returns the user's Code; what else the program wants to know, it reads from its own
@@ -70,14 +81,18 @@ void Tour::ReadUser() {
 void Tour::ReadSettings() {
     if (hasSettings_)
         return;
+    std::wstring company;
     try {
         HostDatabase database(options_.connect);
         for (const wchar_t* table : {L"VnUser", L"VnAudit"})
             database.Read(std::wstring(L"SELECT * FROM ") + table + L" WHERE 1=0");
+        for (const Row& row : database.Read(kCompany))
+            company = TextOf(row[0]);
     } catch (const HostError&) {
         return;
     }
     vndesk_.UseSettings();
+    vndesk_.SetLogon({kLogonCaption, company, kNamesKey});
     hasSettings_ = true;
     PrintLine(L"Settings=on");
 }
@@ -112,8 +127,17 @@ void Tour::ManageGroups() {
 void Tour::BackUp() {
     Try([&] {
         if (options_.file.empty())
-            Tell(kNoFile, vbInformation);
-        else if (CopyFileW(options_.file.c_str(), (options_.file + L".bak").c_str(), FALSE))
+            return Tell(kNoFile, vbInformation);
+        const std::wstring copy = options_.file + L".bak";
+        const Question question = {L"Sao lưu dữ liệu?",
+                                   L"Tệp dự phòng lần trước sẽ được thay bằng tệp mới.",
+                                   options_.file + L"\n→ " + copy,
+                                   L"&Sao lưu",
+                                   L"Không hỏi lại lần sau",
+                                   kBackUpKey};
+        if (!vndesk_.Confirm(question, window_))
+            return;
+        if (CopyFileW(options_.file.c_str(), copy.c_str(), FALSE))
             Tell(kBackedUp, vbInformation);
         else
             Tell(kNotBackedUp, vbCritical);
@@ -146,10 +170,20 @@ void Tour::FindRows(const Search& search) {
     });
 }
 
+// Printing is not in the sample.
+void Tour::WriteReceipt() {
+    Try([&] {
+        const Receipt receipt = AskForReceipt(window_, options_.connect, vndesk_.Settings());
+        if (!receipt.customer.empty())
+            PrintLine(L"Receipt=" + receipt.customer + L" " + receipt.amount + L" " +
+                      receipt.words);
+    });
+}
+
 void Tour::NotInTheSample() {
     Try([&] { Tell(kNotInTheSample, vbInformation); });
 }
 
 void Tour::About() {
-    Try([&] { vndesk_.MgBox(kAboutText, vbOKOnly, kAboutTitle, vbInformation); });
+    Try([&] { vndesk_.Ask(kAboutText, vbOKOnly, vbInformation, kAboutTitle); });
 }

@@ -25,10 +25,7 @@ class Tour {
 public:
     explicit Tour(const Options& options) : options_(options) {}
 
-    void Attach(HWND window, const View& view) {
-        window_ = window;
-        view_ = view;
-    }
+    void Attach(HWND window, const View& view);
 
     // The commands of commands.cpp. An error ends the command with a message, never the program.
     void LogOn();
@@ -39,6 +36,7 @@ public:
     void Quit();
     template <const List& list> void Show() { ShowRows(list); }
     template <const Search& search> void Find() { FindRows(search); }
+    void WriteReceipt();
     void NotInTheSample();
     void About();
 

@@ -3,31 +3,29 @@
 
 #include <comutil.h>
 
+#include "create.h"
 #include "host_error.h"
 
 namespace {
-
-template <class Interface> void Create(const wchar_t* progId, Interface** object) {
-    CLSID clsid;
-    Check(CLSIDFromProgID(progId, &clsid));
-    Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
-                           reinterpret_cast<void**>(object)));
-}
 
 std::wstring TextOf(const _bstr_t& text) {
     return text.length() ? static_cast<const wchar_t*>(text) : L"";
 }
 
+// Window handles fit into a long.
+_variant_t HandleOf(HWND window) {
+    return static_cast<long>(reinterpret_cast<LONG_PTR>(window));
+}
+
 } // namespace
 
 VnDeskClient::VnDeskClient() {
-    Create(L"VnDesk.clsLogon", logon_.GetAddressOf());
+    logon_ = Create<ILogon2>(L"VnDesk.clsLogon");
 }
 
 void VnDeskClient::UseSettings() {
     constexpr long kTries = 5;
-    Microsoft::WRL::ComPtr<ISettings> settings;
-    Create(L"VnDesk.clsSettings", settings.GetAddressOf());
+    const auto settings = Create<ISettings>(L"VnDesk.clsSettings");
     Check(settings->UseRecommended());
     Check(settings->put_PasswordScheme(vnPasswordPbkdf2));
     Check(settings->put_LockAfter(kTries));
@@ -61,23 +59,46 @@ void VnDeskClient::ShowGroup(const std::wstring& connect) {
 
 std::wstring VnDeskClient::Search(const std::wstring& connect, const std::wstring& table,
                                   HWND owner) {
-    Microsoft::WRL::ComPtr<ISearch2> search;
-    Create(L"VnDesk.clsSearch", search.GetAddressOf());
+    const auto search = Create<ISearch2>(L"VnDesk.clsSearch");
     Check(search->putref_Settings(settings_.Get()));
     Check(search->put_ActiveConnection(_variant_t(connect.c_str())));
     Check(search->put_TableSearch(_bstr_t(table.c_str())));
     long modal = 1;
-    // Window handles fit into a long.
-    Check(search->Show(&modal, _variant_t(static_cast<long>(reinterpret_cast<LONG_PTR>(owner)))));
+    Check(search->Show(&modal, HandleOf(owner)));
     _bstr_t condition;
     Check(search->get_Result(condition.GetAddress()));
     return TextOf(condition);
 }
 
-std::wstring VnDeskClient::MgBox(const std::wstring& message, Buttons buttons,
-                                 const std::wstring& title, IconValue icon) {
-    _bstr_t messageText(message.c_str()), titleText(title.c_str()), pressed;
-    Check(logon_->MgBox(&messageText.GetBSTR(), buttons, &titleText.GetBSTR(), icon, VARIANT_FALSE,
-                        pressed.GetAddress()));
-    return TextOf(pressed);
+void VnDeskClient::SetLogon(const LogonLook& look) {
+    Check(logon_->put_Caption(_bstr_t(look.caption.c_str())));
+    Check(logon_->put_Banner(_bstr_t(look.banner.c_str())));
+    Check(logon_->put_RememberKey(_bstr_t(look.rememberKey.c_str())));
+    Check(logon_->put_PickUser(VARIANT_TRUE));
+}
+
+void VnDeskClient::SetOwner(HWND window) {
+    Check(logon_->put_Owner(HandleOf(window)));
+}
+
+long VnDeskClient::Ask(const std::wstring& text, Buttons buttons, IconValue icon,
+                       const std::wstring& title) {
+    long answer = 0;
+    Check(logon_->Ask(_bstr_t(text.c_str()), buttons, icon, _bstr_t(title.c_str()), &answer));
+    return answer;
+}
+
+bool VnDeskClient::Confirm(const Question& question, HWND owner) {
+    const auto box = Create<IMessageBox>(L"VnDesk.clsMessageBox");
+    Check(box->put_Heading(_bstr_t(question.heading)));
+    Check(box->put_Text(_bstr_t(question.text)));
+    Check(box->put_Details(_bstr_t(question.details.c_str())));
+    Check(box->put_Buttons(vbOKCancel));
+    Check(box->put_Icon(vbQuestion));
+    Check(box->SetCaption(vnAnswerOK, _bstr_t(question.yes)));
+    Check(box->put_CheckText(_bstr_t(question.dontAsk)));
+    Check(box->put_DontShowKey(_bstr_t(question.dontAskKey)));
+    long answer = 0;
+    Check(box->Show(HandleOf(owner), &answer));
+    return answer == vnAnswerOK;
 }

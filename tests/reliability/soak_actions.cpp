@@ -16,6 +16,8 @@
 namespace vndesk::test {
 namespace {
 
+constexpr wchar_t kReceipt[] = L"Phiếu thu"; // the program's own form
+
 constexpr DWORD kTypingPause = 8;
 
 struct Action {
@@ -261,6 +263,7 @@ std::wstring ActOnMain(HWND window, Dice& dice) {
                        Key(12, L"Ctrl+U", 'U', kControl),
                        Key(12, L"Ctrl+G", 'G', kControl),
                        Key(12, L"Ctrl+F", 'F', kControl),
+                       Key(6, L"Ctrl+T", 'T', kControl),
                        Key(3, L"Alt+H", 'H', kAlt),
                        Key(2, L"Alt+D", 'D', kAlt),
                        Key(2, L"Alt+B", 'B', kAlt),
@@ -326,12 +329,12 @@ Scene LookAt(HWND mainWindow) {
         if (window == mainWindow)
             return {kMain, window};
         const std::wstring name = WindowName(window);
-        if (name == L"MessageBox")
+        if (name == L"MessageBox" || name == L"NoticeBox")
             return {kMessage, window};
         if (!name.empty())
             return {kForm, window};
         if (kind == L"#32770")
-            return {kPlainBox, window};
+            return {TextOf(window) == kReceipt ? kForm : kPlainBox, window};
     }
     return {};
 }

@@ -184,7 +184,7 @@ private:
     }
 
     std::wstring name_, password_;
-    Tour tour_;
+    Tour tour_{Tour::Enter::kMovesOn};
 };
 
 BOOL CALLBACK PrintChild(HWND child, LPARAM) {
@@ -208,7 +208,7 @@ int PlayProgram(const std::vector<std::wstring>& words, bool second) {
     WatchProcess(program.Id());
     try {
         if (second) {
-            Tour tour;
+            Tour tour(Tour::Enter::kConfirms);
             PlaySecondAct(tour, {words[0], words[1]}, {kAdministrator, kNewPassword});
         } else {
             Player(words[0], words[1]).Play();

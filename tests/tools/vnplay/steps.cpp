@@ -12,6 +12,8 @@ namespace vndesk::test {
 namespace {
 
 constexpr wchar_t kRefusal[] = L"Mật khẩu hoặc người sử dụng không hợp lệ ";
+// The message box of the logon, and that of the program, which speaks Unicode.
+constexpr wchar_t kLogonsBox[] = L"MessageBox", kOwnBox[] = L"NoticeBox";
 constexpr wchar_t kMainClass[] = L"VnTourWindow";
 constexpr wchar_t kMenuClass[] = L"#32768";
 
@@ -92,7 +94,14 @@ void CloseForm(HWND form) {
     WaitForClose(form, kLimit);
 }
 
-Tour::Tour() : window_(WaitForClass(kMainClass, kStart)) {}
+bool HasChild(HWND form, const std::wstring& text) {
+    for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (TextOf(child) == text)
+            return true;
+    return false;
+}
+
+Tour::Tour(Enter enter) : window_(WaitForClass(kMainClass, kStart)), enter_(enter) {}
 
 HWND Tour::LogonDialog() {
     // The first one opens by itself, and a refusal leaves it open.
@@ -105,6 +114,12 @@ HWND Tour::LogonDialog() {
 }
 
 void Tour::TypeName(HWND dialog, const std::wstring& name) {
+    WaitReady(dialog, {}, kLimit);
+    // The name of who was here last stands there already, and the password is waited for.
+    if (FocusName(dialog) == L"TxtPass" && TextOf(dialog, L"TxtUser") != name)
+        PressKey(VK_TAB, kShift);
+    else if (FocusName(dialog) == L"TxtPass")
+        return;
     WaitReady(dialog, L"TxtUser", kLimit);
     if (TextOf(dialog, L"TxtUser") != name) {
         if (TextOf(dialog, L"TxtUser").empty())
@@ -116,11 +131,16 @@ void Tour::TypeName(HWND dialog, const std::wstring& name) {
 }
 
 void Tour::TypePassword(HWND dialog, const std::wstring& password) {
-    EnterMovesTo(dialog, L"TxtPass");
+    if (enter_ == Enter::kMovesOn)
+        EnterMovesTo(dialog, L"TxtPass");
+    else if (FocusName(dialog) != L"TxtPass")
+        PressKey(VK_TAB);
     TypeInto(dialog, L"TxtPass", password);
 }
 
 void Tour::PressOk(HWND dialog) {
+    if (enter_ == Enter::kConfirms)
+        return PressKey(VK_RETURN);
     EnterMovesTo(dialog, L"CmdOk");
     PressKey(VK_SPACE);
 }
@@ -132,7 +152,7 @@ void Tour::BeRefused(const std::wstring& name, const std::wstring& password) {
     TypePassword(dialog, password);
     Picture(L"wrong password");
     PressOk(dialog);
-    const HWND box = Message();
+    const HWND box = Message(kLogonsBox);
     if (TextOf(box, L"Message") != kRefusal)
         Fail(L"the message is '" + TextOf(box, L"Message") + L"', not '" + kRefusal + L"'");
     CloseMessage(box, L"refused");
@@ -144,7 +164,7 @@ void Tour::BeTold(const std::wstring& name, const std::wstring& password, const 
     TypeName(dialog, name);
     TypePassword(dialog, password);
     PressOk(dialog);
-    const HWND box = Message();
+    const HWND box = Message(kLogonsBox);
     if (TextOf(box, L"Message").find(words) == std::wstring::npos)
         Fail(L"the message is '" + TextOf(box, L"Message") + L"', without '" + words + L"'");
     CloseMessage(box, picture);
@@ -170,6 +190,16 @@ HWND Tour::OpenByKey(WORD key, const wchar_t* form, const wchar_t* control) {
     return opened;
 }
 
+HWND Tour::OpenDialog(WORD key, const wchar_t* title) {
+    WaitInFront();
+    PressKey(key, kControl);
+    HWND opened = nullptr;
+    Require(WaitUntil([&] { return (opened = FindWindowW(L"#32770", title)) != nullptr; }, kLimit),
+            std::wstring(L"no window ") + title);
+    WaitReady(opened, {}, kLimit);
+    return opened;
+}
+
 // Both keys reach the program in this order: when the second one's box is there and the form is
 // not, then the first key has done nothing.
 bool Tour::MayOpen(WORD key, const wchar_t* form) {
@@ -180,7 +210,7 @@ bool Tour::MayOpen(WORD key, const wchar_t* form) {
     Require(WaitUntil(
                 [&] {
                     opened = OpenForm(form);
-                    box = OpenForm(L"MessageBox");
+                    box = OpenForm(kOwnBox);
                     return opened || box;
                 },
                 kLimit),
@@ -188,7 +218,7 @@ bool Tour::MayOpen(WORD key, const wchar_t* form) {
     if (opened)
         CloseForm(opened);
     else
-        CloseMessage(Message(), nullptr);
+        CloseMessage(Message(kOwnBox), nullptr);
     return opened != nullptr;
 }
 
@@ -222,7 +252,7 @@ void Tour::Choose(WORD menu, WORD command) {
 void Tour::About() {
     WaitInFront();
     PressKey(VK_F1);
-    CloseMessage(Message(), L"about");
+    CloseMessage(Message(kOwnBox), L"about");
 }
 
 void Tour::Quit() {
@@ -246,8 +276,8 @@ void Tour::WaitInFront() {
             L"the program's window does not come to the front");
 }
 
-HWND Tour::Message() {
-    const HWND box = WaitForForm(L"MessageBox", kLimit);
+HWND Tour::Message(const wchar_t* form) {
+    const HWND box = WaitForForm(form, kLimit);
     WaitReady(box, L"Cmd1", kLimit);
     return box;
 }

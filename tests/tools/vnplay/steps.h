@@ -28,11 +28,15 @@ void PressLetter(HWND form, WORD letter);
 // The same, where it opens a form.
 HWND OpenBy(HWND form, WORD letter, const wchar_t* opens, const wchar_t* control);
 void CloseForm(HWND form);
+// Whether a control of a form shows a text.
+bool HasChild(HWND form, const std::wstring& text);
 
 class Tour {
 public:
+    // What Enter does in the last box of a form.
+    enum class Enter { kMovesOn, kConfirms };
     // Waits for the program's window.
-    Tour();
+    explicit Tour(Enter enter);
 
     HWND Window() const { return window_; }
 
@@ -46,6 +50,8 @@ public:
 
     // The form behind a command's key, ready for keys on one of its controls.
     HWND OpenByKey(WORD key, const wchar_t* form, const wchar_t* control);
+    // The same for a form of the program's own, by its title.
+    HWND OpenDialog(WORD key, const wchar_t* title);
     // Whether the command opens its form; the form is closed again.
     bool MayOpen(WORD key, const wchar_t* form);
 
@@ -66,10 +72,11 @@ private:
     HWND OpenMenu(WORD letter);
     void WaitInFront();
     void PressOk(HWND dialog);
-    HWND Message();
+    HWND Message(const wchar_t* form);
     void CloseMessage(HWND box, const wchar_t* picture);
 
     HWND window_ = nullptr;
+    Enter enter_;
     bool started_ = false;
     int pictures_ = 0;
 };

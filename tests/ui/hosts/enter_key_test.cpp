@@ -120,8 +120,7 @@ TEST_P(EnterKeyForms, OwnPasswordIsTypedTwiceAndConfirmed) {
         TypePassword(editor, L"txtConfirm", L"hoa");
         PressKey(VK_RETURN);
     });
-    EXPECT_EQ(L"1",
-              Test().Read(L"select count(*) from \"user\" where code=3 and password=1428"));
+    EXPECT_EQ(L"1", Test().Read(L"select count(*) from \"user\" where code=3 and password=1428"));
 }
 
 TEST_P(EnterKeyForms, GroupIsWrittenAndItsRightsAreGiven) {
@@ -133,8 +132,8 @@ TEST_P(EnterKeyForms, GroupIsWrittenAndItsRightsAreGiven) {
         Type(groups, L"txtName", L"Tài vụ");
         const StatementTrace trace;
         HoldKey(VK_RETURN);
-        EXPECT_TRUE(WaitUntil([&] { return ListTexts(Control(groups, L"Lv1"))[1].starts_with(
-                                        L"Tài vụ-"); }));
+        EXPECT_TRUE(WaitUntil(
+            [&] { return ListTexts(Control(groups, L"Lv1"))[1].starts_with(L"Tài vụ-"); }));
         EXPECT_EQ(1u, trace.Writing().size());
         PressKey('Q', kAlt);
         HWND rights = WaitForForm(L"FrPms");
@@ -163,8 +162,8 @@ TEST_P(EnterKeyForms, GroupIsWrittenAndItsRightsAreGiven) {
 TEST_P(EnterKeyForms, SearchGoesFromLineToLineAndEndsInAnEmptyOne) {
     const auto search = CreateSearch();
     Govern(search.Get(), MakeSettings({.EnterKey = vnEnterConfirms}));
-    EXPECT_SUCCEEDED(search->put_ActiveConnection(
-        _variant_t(Test().database.ConnectionString().c_str())));
+    EXPECT_SUCCEEDED(
+        search->put_ActiveConnection(_variant_t(Test().database.ConnectionString().c_str())));
     EXPECT_SUCCEEDED(search->put_TableSearch(_bstr_t(L"KhachHang")));
     const auto enter = [](HWND form, const wchar_t* leadsTo) {
         PressKey(VK_RETURN);

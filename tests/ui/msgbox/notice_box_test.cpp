@@ -112,7 +112,7 @@ TEST(Ask, LetterAlonePressesItsButton) {
 }
 
 TEST(Ask, SumOfVisualBasicGivesIconAndDefaultButton) {
-    EXPECT_EQ(7, PlayAsk(vbYesNo + vbQuestion + 256, [](HWND box) {
+    EXPECT_EQ(7, PlayAsk(long{vbYesNo} + vbQuestion + 256, [](HWND box) {
                   WaitForFocus(box, L"Cmd2");
                   EXPECT_NE(0, SendMessageW(Control(box, L"Icon"), STM_GETICON, 0, 0));
                   PressKey(VK_RETURN);
