@@ -26,6 +26,9 @@ enum class DialectChoice : long {
     MySql = 5
 };
 
+// How far accents count where names are found by what users type of them (text/letters/match.h).
+enum class AccentRule : long { Sensitive = 0, Smart = 1, Insensitive = 2 };
+
 struct Settings {
     // Values go to the engine as parameters, not inside the text of statements.
     bool BindParameters = false;
@@ -49,6 +52,12 @@ struct Settings {
     // What happens where the database cannot be opened.
     ConnectionErrors OnConnectionError = ConnectionErrors::ShowString;
 
+    AccentRule Accents = AccentRule::Sensitive;
+    // Names are found by what stands inside them, too.
+    bool MatchAnywhere = false;
+
+    // Lists shrink to the names that are found, and 1.0's search for beginnings is left.
+    bool FindsNames() const { return Accents != AccentRule::Sensitive || MatchAnywhere; }
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Every change is a transaction of its own: where its commit is not answered, the user is told

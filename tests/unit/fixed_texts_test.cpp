@@ -224,7 +224,7 @@ constexpr FixedText kAll[] = {
     {"PickerDetail", texts::kPickerDetail, L"Danh m\u00F4c", L"Danh mục", 8},
     {"PickerSearch", texts::kPickerSearch, L"&T\u00D7m t\u00AAn", L"&Tìm tên", 8},
     {"PickerCode", texts::kPickerCode, L"M\u00B7 s\u00E8: ", L"Mã số: ", 7},
-    {"PickerEmpty", texts::kPickerEmpty, L"Kh\u00ABng c\u00E3 m\u00F4c n\u00B5o ph\u00EF h\u00EEp",
+    {"NothingFound", texts::kNothingFound, L"Kh\u00ABng c\u00E3 m\u00F4c n\u00B5o ph\u00EF h\u00EEp",
      L"Không có mục nào phù hợp", 24},
     {"PickerChoose", texts::kPickerChoose, L"&Ch\u00E4n", L"&Chọn", 5},
     {"PickerQuit", texts::kPickerQuit, L"B\u00E1 &qua", L"Bỏ &qua", 7},

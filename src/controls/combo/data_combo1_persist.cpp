@@ -29,6 +29,7 @@ DataComboState DataCombo1::State() {
         state.font = font_.Get();
     state.backStyle = backStyle_;
     state.borderStyle = borderStyle_;
+    state.accents = Core().Accents();
     return state;
 }
 
@@ -39,6 +40,7 @@ void DataCombo1::Apply(const DataComboState& state) {
     core.SetBackColor(state.backColor);
     core.SetForeColor(state.foreColor);
     core.SetEnabled(state.enabled);
+    core.SetAccents(state.accents);
     backStyle_ = state.backStyle;
     borderStyle_ = state.borderStyle;
     ApplyFont();

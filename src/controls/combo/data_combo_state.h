@@ -24,6 +24,7 @@ struct DataComboState {
     ComPtr<IFont> font;
     short backStyle = 0;
     short borderStyle = 0;
+    Sensitivity accents = Sensitivity::Sensitive;
 };
 
 // What stands in the lists when the properties are written.

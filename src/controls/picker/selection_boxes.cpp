@@ -6,6 +6,7 @@
 #include "controls/picker/text/captions.h"
 #include "controls/picker/text/select_statements.h"
 #include "data/connect/failure.h"
+#include "data/connect/name_search.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -209,9 +210,10 @@ void SelectionBoxes::PickByName() {
 
 void SelectionBoxes::PickByName(const Database& database) {
     const std::wstring typed = nameBox_.Text();
-    const std::wstring code =
-        PickItem(database, NamesBeginningStatement(SqlName, typed, database.Style()),
-                 searchText.empty() ? typed : searchText);
+    const std::wstring code = PickItem(
+        database,
+        NamesBeginningStatement(SqlName, typed, database.Style(), NamePattern(database, typed)),
+        searchText.empty() ? typed : searchText, typed);
     // Messages may have come between, and not every form gives its focus back by itself.
     GiveFocus(nameBox_.window);
     if (code.empty()) {

@@ -48,6 +48,7 @@ enum ControlFlags : unsigned {
     kMultiLine = 16384, // a text box of several lines, with a scroll bar
     kReadOnly = 32768,
     kEditable = 65536, // a drop-down list that takes other texts, too
+    kEdged = 131072,   // a label with the edge of a list
 };
 
 // One row of a form's layout table.
