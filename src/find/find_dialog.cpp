@@ -277,11 +277,10 @@ private:
             return;
         Control& box = ValueBox(line);
         const std::wstring typed = box.Text();
-        const std::wstring picked =
-            PickItem(database_,
-                     LookUpStatement(relation, typed, database_.Style(),
-                                     NamePattern(database_, typed)),
-                     typed, typed);
+        const std::wstring picked = PickItem(
+            database_,
+            LookUpStatement(relation, typed, database_.Style(), NamePattern(database_, typed)),
+            typed, typed);
         if (picked.empty())
             return;
         box.SetText(picked);

@@ -49,8 +49,8 @@ constexpr auto kControls = std::to_array<ControlSpec>({
     Button(L"CmdExit", texts::kGroupManagerExit, {7260, 5310, 1290, 375}, kCancel | kMove),
 });
 // Where the list shrinks to what the user types. The letter of the frame still leads to the list.
-constexpr auto kSearchControls = WithSearchLine(kControls, L"Lv1", L"FrDetail",
-                                                {texts::kListSearch, texts::kNothingFound});
+constexpr auto kSearchControls =
+    WithSearchLine(kControls, L"Lv1", L"FrDetail", {texts::kListSearch, texts::kNothingFound});
 
 constexpr FormSpec Design(std::span<const ControlSpec> controls) {
     return {.name = L"FmGrp",
@@ -168,8 +168,8 @@ private:
         Get(L"TxtDesc").SetText(L"");
     }
 
-    // The groups that are found by the line above them; the first one is shown unless it is already. The details
-    // stay where none is.
+    // The groups that are found by the line above them; the first one is shown unless it is
+    // already. The details stay where none is.
     void SearchChanged() {
         const std::wstring typed = Get(L"TxtFind").Text();
         groups_->Find(typed, *rules_);

@@ -143,8 +143,8 @@ private:
                 {L"cState", shown(texts::kUserListState), 0.28}};
     }
 
-    // Of a list that shrinks, the rows that are found by the line above it; names come before descriptions. All
-    // where the line is empty.
+    // Of a list that shrinks, the rows that are found by the line above it; names come before
+    // descriptions. All where the line is empty.
     void ShowRows() {
         if (rules_) {
             const std::wstring typed = Get(L"TxtFind").Text();

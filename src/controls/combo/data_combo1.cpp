@@ -18,7 +18,6 @@ namespace {
 constexpr DISPID kListIndex1 = 1;
 constexpr DISPID kValue = 2;
 constexpr DISPID kItemData = 3;
-constexpr DISPID kAccentSensitivity = 5;
 
 static_assert(long{vnAccentSensitive} == static_cast<long>(Sensitivity::Sensitive) &&
               long{vnAccentSmart} == static_cast<long>(Sensitivity::Smart) &&
@@ -276,7 +275,7 @@ STDMETHODIMP DataCombo1::get_AccentSensitivity(AccentSensitivity* value) {
 }
 
 STDMETHODIMP DataCombo1::put_AccentSensitivity(AccentSensitivity value) {
-    return Let(kAccentSensitivity, [&] {
+    return Guard([&] {
         if (value < vnAccentSensitive || value > vnAccentInsensitive)
             throw ComError(CTL_E_INVALIDPROPERTYVALUE, L"Invalid property value");
         Core().SetAccents(static_cast<Sensitivity>(value));

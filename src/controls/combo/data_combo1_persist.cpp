@@ -29,7 +29,6 @@ DataComboState DataCombo1::State() {
         state.font = font_.Get();
     state.backStyle = backStyle_;
     state.borderStyle = borderStyle_;
-    state.accents = Core().Accents();
     return state;
 }
 
@@ -40,7 +39,6 @@ void DataCombo1::Apply(const DataComboState& state) {
     core.SetBackColor(state.backColor);
     core.SetForeColor(state.foreColor);
     core.SetEnabled(state.enabled);
-    core.SetAccents(state.accents);
     backStyle_ = state.backStyle;
     borderStyle_ = state.borderStyle;
     ApplyFont();

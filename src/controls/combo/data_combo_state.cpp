@@ -42,13 +42,6 @@ short ReadShort(IPropertyBag* bag, IErrorLog* errors, const wchar_t* name) {
     return V_VT(&value) == VT_I2 ? V_I2(&value) : 0;
 }
 
-// What makes no sense counts as missing.
-Sensitivity ToAccents(long number) {
-    const bool known = number >= static_cast<long>(Sensitivity::Sensitive) &&
-                       number <= static_cast<long>(Sensitivity::Insensitive);
-    return known ? static_cast<Sensitivity>(number) : Sensitivity::Sensitive;
-}
-
 template <class Value>
 void WriteProperty(IPropertyBag* bag, const wchar_t* name, const Value& value, bool wanted) {
     if (!wanted)
@@ -59,9 +52,7 @@ void WriteProperty(IPropertyBag* bag, const wchar_t* name, const Value& value, b
 
 // --- streams ---
 
-constexpr DWORD kMark = 0x31434456; // "VDC1", as 1.0 knows it
-// "VDC2", with how far accents count at its end. Where they count as in 1.0, streams are those of 1.0.
-constexpr DWORD kMarkWithAccents = 0x32434456;
+constexpr DWORD kMark = 0x31434456; // "VDC1"
 constexpr WORD kLongestName = 255;
 
 struct Fixed {
@@ -149,7 +140,6 @@ DataComboState ReadState(IPropertyBag* bag, IErrorLog* errors) {
         V_DISPATCH(&font)->QueryInterface(IID_PPV_ARGS(&state.font));
     state.backStyle = ReadShort(bag, errors, L"BackStyle");
     state.borderStyle = ReadShort(bag, errors, L"BorderStyle");
-    state.accents = ToAccents(ReadShort(bag, errors, L"AccentSensitivity"));
     return state;
 }
 
@@ -169,9 +159,6 @@ void WriteState(IPropertyBag* bag, const DataComboState& state, IFont* font,
     WriteProperty(bag, L"BackStyle", state.backStyle, all || state.backStyle != usual.backStyle);
     WriteProperty(bag, L"BorderStyle", state.borderStyle,
                   all || state.borderStyle != usual.borderStyle);
-    // Only where it is set, so that a bag of a host of 1.0 holds what it always held.
-    WriteProperty(bag, L"AccentSensitivity", static_cast<short>(state.accents),
-                  state.accents != usual.accents);
     for (const auto& [name, text] :
          {std::pair{L"Text", &texts.shown}, std::pair{L"Value", &texts.hidden},
           std::pair{L"ItemData", &texts.hidden}})
@@ -181,9 +168,7 @@ void WriteState(IPropertyBag* bag, const DataComboState& state, IFont* font,
 DataComboState ReadState(IStream* stream) {
     Fixed fixed;
     ReadBytes(stream, &fixed, sizeof fixed);
-    const bool withAccents = fixed.mark == kMarkWithAccents;
-    if ((fixed.mark != kMark && !withAccents) || !IsColor(fixed.backColor) ||
-        !IsColor(fixed.foreColor))
+    if (fixed.mark != kMark || !IsColor(fixed.backColor) || !IsColor(fixed.foreColor))
         throw ComError(STG_E_DOCFILECORRUPT);
     DataComboState state;
     state.backColor = fixed.backColor;
@@ -193,29 +178,15 @@ DataComboState ReadState(IStream* stream) {
     state.borderStyle = fixed.borderStyle;
     if (fixed.hasFont)
         state.font = ReadFont(stream);
-    if (withAccents) {
-        long accents = 0;
-        ReadBytes(stream, &accents, sizeof accents);
-        state.accents = ToAccents(accents);
-    }
     return state;
 }
 
 void WriteState(IStream* stream, const DataComboState& state) {
-    const bool withAccents = state.accents != Sensitivity::Sensitive;
-    const Fixed fixed = {withAccents ? kMarkWithAccents : kMark,
-                         state.backColor,
-                         state.foreColor,
-                         state.enabled,
-                         state.backStyle,
-                         state.borderStyle,
-                         state.font != nullptr};
+    const Fixed fixed = {kMark,           state.backColor,   state.foreColor,      state.enabled,
+                         state.backStyle, state.borderStyle, state.font != nullptr};
     WriteBytes(stream, &fixed, sizeof fixed);
     if (state.font)
         WriteFont(stream, state.font.Get());
-    const auto accents = static_cast<long>(state.accents);
-    if (withAccents)
-        WriteBytes(stream, &accents, sizeof accents);
 }
 
 } // namespace vndesk

@@ -24,7 +24,6 @@ struct DataComboState {
     ComPtr<IFont> font;
     short backStyle = 0;
     short borderStyle = 0;
-    Sensitivity accents = Sensitivity::Sensitive;
 };
 
 // What stands in the lists when the properties are written.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The rows of a picker whose list shrinks to the names that are found while the user types. Filling a list box takes
-// longer than the search: the best names are there at once, the rest follows while no key waits.
+// The rows of a picker whose list shrinks to the names that are found while the user types. Filling
+// a list box takes longer than the search: the best names are there at once, the rest follows while
+// no key waits.
 #pragma once
 
 #include <cstdint>

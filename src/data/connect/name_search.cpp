@@ -5,7 +5,8 @@
 
 namespace vndesk {
 
-static_assert(static_cast<long>(AccentRule::Sensitive) == static_cast<long>(Sensitivity::Sensitive) &&
+static_assert(static_cast<long>(AccentRule::Sensitive) ==
+                  static_cast<long>(Sensitivity::Sensitive) &&
               static_cast<long>(AccentRule::Smart) == static_cast<long>(Sensitivity::Smart) &&
               static_cast<long>(AccentRule::Insensitive) ==
                   static_cast<long>(Sensitivity::Insensitive));

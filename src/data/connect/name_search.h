@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How names are found on an opened database, where its host asks for more than the beginning as it is typed.
+// How names are found on an opened database, where its host asks for more than the beginning as it
+// is typed.
 #pragma once
 
 #include <optional>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Messages about the `Options` table, about databases that cannot be opened or do not answer, and about lists
-// without rows.
+// Messages about the `Options` table, about databases that cannot be opened or do not answer, and
+// about lists without rows.
 #pragma once
 
 #include "text/tcvn3_literal.h"

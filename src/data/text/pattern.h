@@ -18,10 +18,11 @@ struct Pattern {
 // For texts that begin so. Wildcards of the engine are letters in it.
 Pattern BeginningWith(std::wstring_view typed, Engine engine);
 
-// For all texts in which a search finds what was typed, whatever accents, letter case, blanks and places of the
-// tone it lets pass, and for others: an engine knows less of letters than the search does. A typed letter that
-// Vietnamese writes with marks is any character, the others are themselves, so that an index on the first one still
-// serves. At the beginning of a text, or anywhere.
+// For all texts in which a search finds what was typed, whatever accents, letter case, blanks and
+// places of the tone it lets pass, and for others: an engine knows less of letters than the search
+// does. A typed letter that Vietnamese writes with marks is any character, the others are
+// themselves, so that an index on the first one still serves. At the beginning of a text, or
+// anywhere.
 Pattern FindingNames(std::wstring_view typed, Engine engine, bool anywhere);
 
 // Puts a condition on the column that ends the statement.

@@ -21,8 +21,9 @@ Statement FieldInfoStatement(std::wstring_view table, ValueStyle style = {});
 // Names and captions of the operators for a field type, in their order.
 Statement OperatorListStatement(long fieldType, ValueStyle style = {});
 
-// What the picker offers for a value typed so far: names that begin so, or that have the pattern where there is
-// one. `relation` is a table's name, or a SELECT that ends where a pattern can follow.
+// What the picker offers for a value typed so far: names that begin so, or that have the pattern
+// where there is one. `relation` is a table's name, or a SELECT that ends where a pattern can
+// follow.
 Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style,
                           const std::optional<Pattern>& pattern = std::nullopt);
 

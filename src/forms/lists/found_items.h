@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The items of a list box of which a search may leave some: an ItemList that keeps those that it does not show.
+// The items of a list box of which a search may leave some: an ItemList that keeps those that it
+// does not show.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +39,8 @@ public:
     bool IsEmpty() const { return all_.empty(); }
     // The first item with the data, shown or not.
     void Rename(long data, const std::wstring& text);
-    // Shows what is found, best first; all in their own order where nothing is typed. Nothing is selected.
+    // Shows what is found, best first; all in their own order where nothing is typed. Nothing is
+    // selected.
     void Find(std::wstring_view typed, SearchRules rules);
 
 private:

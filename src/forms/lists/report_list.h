@@ -33,7 +33,8 @@ public:
     ReportList(Control& control, std::vector<ReportColumn> columns);
 
     std::function<void()> onDoubleClick;
-    // How far accents count in what the user types into the list; letter case alone is free without it.
+    // How far accents count in what the user types into the list; letter case alone is free without
+    // it.
     std::optional<Sensitivity> accents;
 
     // Rows first, then Refresh: the view only counts them.
@@ -41,9 +42,7 @@ public:
     void Refresh();
     // Some of the rows, in this order, or all as they stand; then Refresh.
     void ShowOnly(std::optional<std::vector<std::uint32_t>> rows) { only_ = std::move(rows); }
-    long ShownCount() const {
-        return static_cast<long>(only_ ? only_->size() : rows_.size());
-    }
+    long ShownCount() const { return static_cast<long>(only_ ? only_->size() : rows_.size()); }
     // -1 when no row is selected.
     long SelectedIndex() const;
     // Nothing where the row is not shown.

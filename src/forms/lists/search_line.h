@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a list needs to shrink to what the user types: a line above it, and a text in its place where nothing is found.
+// What a list needs to shrink to what the user types: a line above it, and a text in its place
+// where nothing is found.
 #pragma once
 
 #include <array>
@@ -18,8 +19,8 @@ struct SearchLineTexts {
     const wchar_t* nothing;
 };
 
-// A table with a search line in the upper part of a list's place. Its rows stand in front of the named one: where Tab
-// comes from.
+// A table with a search line in the upper part of a list's place. Its rows stand in front of the
+// named one: where Tab comes from.
 template <size_t kCount>
 consteval std::array<ControlSpec, kCount + 3>
 WithSearchLine(std::array<ControlSpec, kCount> table, std::wstring_view listName,
@@ -45,7 +46,8 @@ WithSearchLine(std::array<ControlSpec, kCount> table, std::wstring_view listName
 // The list, or the text in its place.
 void ShowFound(Control& list, Control& nothing, bool any);
 
-// Whether the search line leaves the key to its list, which moves while the focus stays in the line.
+// Whether the search line leaves the key to its list, which moves while the focus stays in the
+// line.
 bool MovesTheList(WPARAM key, const Control& list);
 
 } // namespace vndesk

@@ -11,8 +11,8 @@ namespace vndesk {
 
 namespace {
 
-// The first units of a sort key as one number, of as many bits as ASCII has. A unit above ends it, because what
-// stands behind would be compared before it.
+// The first units of a sort key as one number, of as many bits as ASCII has. A unit above ends it,
+// because what stands behind would be compared before it.
 std::uint64_t BeginningOf(std::wstring_view key) {
     constexpr std::uint64_t kLast = 0x7F;
     std::uint64_t number = 0;

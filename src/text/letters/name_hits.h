@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The names of a list that a search finds, best first: folded and put in order once, so that each key takes
-// a pass over numbers.
+// The names of a list that a search finds, best first: folded and put in order once, so that each
+// key takes a pass over numbers.
 #pragma once
 
 #include <cstddef>
@@ -16,9 +16,7 @@ struct SearchRules {
     Sensitivity accents = Sensitivity::Sensitive;
     bool anywhere = false; // not at the beginning of a name alone
 
-    bool Take(Match match) const {
-        return match >= (anywhere ? Match::Anywhere : Match::AtStart);
-    }
+    bool Take(Match match) const { return match >= (anywhere ? Match::Anywhere : Match::AtStart); }
 };
 
 class NameHits {

@@ -94,8 +94,8 @@ public:
     // What the hidden list has selected.
     std::wstring HiddenText() const { return hidden_.Text(); }
 
-    // How far accents count in what the user types of an item. Sensitive is the list of Windows: the first letter
-    // alone leads to the next item.
+    // How far accents count in what the user types of an item. Sensitive is the list of Windows:
+    // the first letter alone leads to the next item.
     Sensitivity Accents() const { return typed_.accents; }
     void SetAccents(Sensitivity accents) { typed_.accents = accents; }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The item of a list that a user means who types its beginning, with as many accents as the user cares to type.
-// Windows' own lists know the first letter alone, and every accent of it.
+// The item of a list that a user means who types its beginning, with as many accents as the user
+// cares to type. Windows' own lists know the first letter alone, and every accent of it.
 #pragma once
 
 #include <windows.h>
