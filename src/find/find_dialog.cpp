@@ -9,6 +9,7 @@
 #include "controls/picker/item_picker.h"
 #include "data/connect/engine.h"
 #include "data/connect/failure.h"
+#include "data/connect/name_search.h"
 #include "data/connect/plain_message.h"
 #include "find/field_info.h"
 #include "find/fill_combo.h"
@@ -178,6 +179,8 @@ private:
     }
 
     void Listen(long line) {
+        for (DataCombo* combo : {&Fields(line), &Predicates(line)})
+            combo->SetAccents(static_cast<Sensitivity>(database_.settings.Accents));
         Fields(line).onClick = [this, line] { Reporting([&] { FieldChanged(line); }); };
         const auto changed = [this] { Reporting([this] { Refresh(); }); };
         Predicates(line).onClick = changed;
@@ -274,8 +277,11 @@ private:
         if (relation.empty())
             return;
         Control& box = ValueBox(line);
+        const std::wstring typed = box.Text();
         const std::wstring picked = PickItem(
-            database_, LookUpStatement(relation, box.Text(), database_.Style()), box.Text());
+            database_,
+            LookUpStatement(relation, typed, database_.Style(), NamePattern(database_, typed)),
+            typed, typed);
         if (picked.empty())
             return;
         box.SetText(picked);

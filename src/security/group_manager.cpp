@@ -2,9 +2,11 @@
 #include "security/group_manager.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "data/connect/failure.h"
+#include "data/connect/name_search.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/transaction.h"
@@ -12,7 +14,9 @@
 #include "data/lists/list_box.h"
 #include "data/text/captions.h"
 #include "forms/keys/keys.h"
+#include "forms/lists/found_items.h"
 #include "forms/lists/item_list.h"
+#include "forms/lists/search_line.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
@@ -26,7 +30,7 @@ namespace vndesk {
 
 namespace {
 
-constexpr ControlSpec kControls[] = {
+constexpr auto kControls = std::to_array<ControlSpec>({
     Frame(L"FrDetail", texts::kGroupManagerGroups, {150, 120, 3600, 5070}, kGrowDown),
     ListBox(L"Lv1", {300, 420, 3300, 4140}, kMultiSelect | kEnterGoesOn | kGrowDown),
     Button(L"CmdDelete", texts::kGroupManagerDelete, {300, 4665, 1560, 375}, kMoveDown),
@@ -43,23 +47,30 @@ constexpr ControlSpec kControls[] = {
     Label(L"lblDsUs", texts::kGroupManagerUsers, {4050, 2340, 4350, 240}, kMnemonic | kGrowRight),
     ListBox(L"lvUser", {4050, 2610, 4350, 2430}, kGrow),
     Button(L"CmdExit", texts::kGroupManagerExit, {7260, 5310, 1290, 375}, kCancel | kMove),
-};
+});
+// Where the list shrinks to what the user types. The letter of the frame still leads to the list.
+constexpr auto kSearchControls =
+    WithSearchLine(kControls, L"Lv1", L"FrDetail", {texts::kListSearch, texts::kNothingFound});
 
-constexpr FormSpec kForm = {
-    .name = L"FmGrp",
-    .caption = texts::kGroupManagerTitle,
-    .client = {8700, 5805},
-    .border = FormBorder::Sizable,
-    .controls = kControls,
-};
+constexpr FormSpec Design(std::span<const ControlSpec> controls) {
+    return {.name = L"FmGrp",
+            .caption = texts::kGroupManagerTitle,
+            .client = {8700, 5805},
+            .border = FormBorder::Sizable,
+            .controls = controls};
+}
+constexpr FormSpec kForm = Design(kControls);
+constexpr FormSpec kSearchForm = Design(kSearchControls);
 
 constexpr wchar_t kSaveErrorTitle[] = L"Save Error";
 constexpr wchar_t kDeleteTitle[] = L"Delete";
 
-class GroupManager final : public FormOf<kForm> {
+class GroupManager final : public FormOf<kSearchForm> {
 public:
     explicit GroupManager(const Operation& operation)
-        : operation_(operation), database_(operation.database) {}
+        : FormOf(operation.database.settings.FindsNames() ? kSearchForm : kForm),
+          operation_(operation), database_(operation.database),
+          rules_(NameRules(database_.settings)) {}
 
 protected:
     void OnLoad() override {
@@ -72,6 +83,8 @@ protected:
                                  {L"CmdPms", &GroupManager::ShowRights},
                                  {L"CmdExit", &GroupManager::Unload}});
         Get(L"txtName").onChange = [this] { CheckWrite(); };
+        if (rules_)
+            Get(L"TxtFind").onChange = [this] { SearchChanged(); };
     }
 
     void OnPrepared() override {
@@ -86,6 +99,8 @@ protected:
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (rules_ && &control == &Get(L"TxtFind"))
+            return MovesTheList(key, Get(L"Lv1"));
         if (&control != &Get(L"Lv1") || !IsDeleteAlone(key))
             return false;
         Delete();
@@ -102,7 +117,7 @@ private:
         Recordset rows;
         if (OpenRecordset(database_, rows, source) != 0 || CountRecords(rows) == 0)
             return;
-        const ItemList::Filling filling(*groups_);
+        const ItemList::Filling filling = groups_->Filling();
         groups_->Clear();
         for (; !rows.Eof(); rows.MoveNext())
             AddListItem(*groups_,
@@ -153,14 +168,35 @@ private:
         Get(L"TxtDesc").SetText(L"");
     }
 
+    // The groups that are found by the line above them; the first one is shown unless it is
+    // already. The details stay where none is.
+    void SearchChanged() {
+        const std::wstring typed = Get(L"TxtFind").Text();
+        groups_->Find(typed, *rules_);
+        const bool any = groups_->ListCount() > 0;
+        ShowFound(Get(L"Lv1"), Get(L"lblNone"), any || typed.empty());
+        if (!any)
+            return;
+        const long shown = FindItemByData(*groups_, curCode_);
+        groups_->SetListIndex(typed.empty() ? std::max(shown, 0L) : 0);
+        if (SelectedItemData(*groups_) != curCode_)
+            GroupClicked();
+    }
+
+    void ClearSearch() {
+        if (rules_)
+            Get(L"TxtFind").SetText(L"");
+    }
+
     void GroupClicked() {
-        if (groups_->ListCount() == 0) {
+        if (groups_->IsEmpty()) {
             curCode_ = 0;
             members_->Clear();
             AddRecord();
             return;
         }
-        curCode_ = SelectedItemData(*groups_).value_or(0);
+        // Where none is found, the one that is shown stays.
+        curCode_ = SelectedItemData(*groups_).value_or(curCode_);
         ViewInfo(curCode_);
         ViewUser(curCode_);
     }
@@ -202,11 +238,18 @@ private:
                     kOkOnly, kSaveErrorTitle);
         else if (!browseMode_)
             Added(name, description);
-        else if (groups_->ListCount() == 0)
+        else if (groups_->IsEmpty())
             AddedFirst(name, description);
         else
-            SetListText(*groups_, ItemText(name, description), ShownItem());
+            Renamed(ItemText(name, description));
         Get(L"txtName").Focus();
+    }
+
+    void Renamed(const std::wstring& text) {
+        if (const long item = ShownItem(); item >= 0)
+            SetListText(*groups_, text, item);
+        else
+            groups_->Rename(curCode_, text);
     }
 
     // The item of the group in the detail fields: Control and the arrows move the list's own
@@ -247,8 +290,11 @@ private:
         while (place < before && !groups_->Selected(place))
             ++place;
         const std::wstring codes = TakeSelectedItems(*groups_);
+        const long taken = before - groups_->ListCount();
+        // Nobody looks for what has been deleted.
+        if (groups_->ListCount() == 0)
+            ClearSearch();
         const long left = groups_->ListCount();
-        const long taken = before - left;
         // The next group moves into the place of the first one that went.
         if (taken > 0 && left > 0)
             groups_->SetListIndex(std::min(place, left - 1));
@@ -267,6 +313,7 @@ private:
     // Where every change has its record, or is told to be lost, one that was not made is told.
     void TellNotDeleted(const ErrorState& error) {
         PlainMessage(ShownText(operation_.database, error.description));
+        ClearSearch();
         Trap([&] { ReadInfo(AllGroups()); });
         ViewInit();
     }
@@ -283,7 +330,8 @@ private:
     const std::wstring tableName_ = L"[Groups]";
     long curCode_ = 0;
     bool browseMode_ = true;
-    std::optional<ItemList> groups_;
+    const std::optional<SearchRules> rules_;
+    std::optional<FoundItems> groups_;
     std::optional<ItemList> members_;
 };
 

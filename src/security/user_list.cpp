@@ -9,11 +9,14 @@
 #include "accounts/local_time.h"
 #include "accounts/passwords.h"
 #include "data/connect/failure.h"
+#include "data/connect/name_search.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
+#include "data/text/captions.h"
 #include "forms/keys/keys.h"
 #include "forms/lists/report_list.h"
+#include "forms/lists/search_line.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "msgbox/message_box.h"
@@ -49,6 +52,18 @@ constexpr FormSpec Design(std::span<const ControlSpec> controls) {
 }
 constexpr FormSpec kForm = Design(kControls);
 constexpr FormSpec kLockForm = Design(kLockControls);
+// Where the list shrinks to what the user types.
+constexpr SearchLineTexts kSearchTexts = {texts::kListSearch, texts::kNothingFound};
+constexpr auto kSearchControls = WithSearchLine(kControls, L"Lv", L"Lv", kSearchTexts);
+constexpr auto kLockSearchControls = WithSearchLine(kLockControls, L"Lv", L"Lv", kSearchTexts);
+constexpr FormSpec kSearchForm = Design(kSearchControls);
+constexpr FormSpec kLockSearchForm = Design(kLockSearchControls);
+
+const FormSpec& DesignFor(const Settings& settings) {
+    if (settings.FindsNames())
+        return settings.LockAfter > 0 ? kLockSearchForm : kSearchForm;
+    return settings.LockAfter > 0 ? kLockForm : kForm;
+}
 
 // The built-in account, which may be renamed but not deleted.
 constexpr double kProtectedUser = 3;
@@ -64,11 +79,11 @@ ReportRow RowOf(Recordset& user) {
     return {KeyOf(code), {NullToText(user.Value(L"Name")), NullToText(user.Value(L"Dec")), code}};
 }
 
-class UserList final : public FormOf<kLockForm> {
+class UserList final : public FormOf<kLockSearchForm> {
 public:
     explicit UserList(const Operation& operation)
-        : FormOf(operation.database.settings.LockAfter > 0 ? kLockForm : kForm),
-          operation_(operation), database_(operation.database) {}
+        : FormOf(DesignFor(operation.database.settings)), operation_(operation),
+          database_(operation.database), rules_(NameRules(database_.settings)) {}
 
 protected:
     void OnLoad() override {
@@ -78,11 +93,18 @@ protected:
                              {L"CmdExit", &UserList::Unload}});
         if (Locks())
             TieClicks<UserList>({{L"CmdUnlock", &UserList::Unlock}});
+        if (rules_)
+            Get(L"TxtFind").onChange = [this] {
+                ShowRows();
+                users_->SelectPlace(0);
+            };
     }
 
     void OnPrepared() override {
         users_.emplace(Get(L"Lv"), Columns());
         users_->onDoubleClick = [this] { Edit(); };
+        if (rules_)
+            users_->accents = rules_->accents;
         Trap([&] { ReadInfo(); });
         ReadLocks();
         users_->Refresh();
@@ -98,6 +120,8 @@ protected:
     bool OnKeyPress(wchar_t character) override { return EnterAsTab(character); }
 
     bool OnKeyDown(const Control& control, WPARAM key) override {
+        if (rules_ && &control == &Get(L"TxtFind"))
+            return MovesTheList(key, Get(L"Lv"));
         if (&control != &Get(L"Lv") || !IsDeleteAlone(key))
             return false;
         Delete();
@@ -117,6 +141,35 @@ private:
                 {L"cDes", shown(texts::kUserListDescription), 0.33},
                 {L"cCode", shown(texts::kUserListCode), 0.12},
                 {L"cState", shown(texts::kUserListState), 0.28}};
+    }
+
+    // Of a list that shrinks, the rows that are found by the line above it; names come before
+    // descriptions. All where the line is empty.
+    void ShowRows() {
+        if (rules_) {
+            const std::wstring typed = Get(L"TxtFind").Text();
+            if (!typed.empty() && !hits_) {
+                hits_.emplace(*rules_);
+                for (const ReportRow& row : users_->Rows())
+                    hits_->Add(row.cells[kName] + L" " + row.cells[kDescription]);
+            }
+            users_->ShowOnly(typed.empty() ? std::nullopt : std::optional(hits_->Find(typed)));
+            ShowFound(Get(L"Lv"), Get(L"lblNone"), typed.empty() || users_->ShownCount() > 0);
+        }
+        users_->Refresh();
+    }
+
+    // After a change of the rows.
+    void ShowChangedRows() {
+        hits_.reset();
+        ShowRows();
+    }
+
+    // Nobody looks for a user who has just been added or is the only one left.
+    void ShowAllRows() {
+        if (rules_)
+            Get(L"TxtFind").SetText(L"");
+        ShowChangedRows();
     }
 
     // Who is locked now, into the rows. Nobody is where it cannot be read.
@@ -194,7 +247,7 @@ private:
         if (after > before) {
             AppendNew(UsersAfterStatement(before, database_.Style()), failure);
             ReadLocks();
-            users_->Refresh();
+            ShowAllRows();
             users_->Select(static_cast<long>(users_->Rows().size()) - 1);
         }
         Get(L"Lv").Focus();
@@ -213,8 +266,17 @@ private:
             if (ReportRow* edited = FindRow(row->key))
                 *edited = RowOf(user);
         ReadLocks();
-        users_->Refresh();
+        ShowChangedRows();
+        if (rules_)
+            SelectAgain(row->key);
         Get(L"Lv").Focus();
+    }
+
+    // The row, which may have another place now, or the first one.
+    void SelectAgain(const std::wstring& key) {
+        users_->SelectPlace(0);
+        if (const ReportRow* row = FindRow(key))
+            users_->Select(static_cast<long>(row - users_->Rows().data()));
     }
 
     ReportRow* FindRow(const std::wstring& key) {
@@ -245,10 +307,12 @@ private:
             return;
         }
         auto& rows = users_->Rows();
-        const long index = users_->SelectedIndex();
+        const long place = users_->SelectedPlace();
         std::erase_if(rows, [&](const ReportRow& row) { return row.key == deleted.key; });
-        users_->Refresh();
-        users_->Select(std::min(index, static_cast<long>(rows.size()) - 1));
+        ShowChangedRows();
+        if (users_->ShownCount() == 0)
+            ShowAllRows();
+        users_->SelectPlace(std::min(place, users_->ShownCount() - 1));
     }
 
     void Delete(const std::wstring& name) {
@@ -260,7 +324,10 @@ private:
 
     const Operation& operation_;
     const Database& database_;
+    const std::optional<SearchRules> rules_;
     std::optional<ReportList> users_;
+    // Of the rows as they are; made when the user types.
+    std::optional<NameHits> hits_;
 };
 
 } // namespace

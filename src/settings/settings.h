@@ -26,6 +26,9 @@ enum class DialectChoice : long {
     MySql = 5
 };
 
+// How far accents count where names are found by what users type of them (text/letters/match.h).
+enum class AccentRule : long { Sensitive = 0, Smart = 1, Insensitive = 2 };
+
 enum class EnterMode : long {
     MovesOn = 0, // like Tab, as 1.0
     Confirms = 1 // it presses the default button when the next field is filled
@@ -56,6 +59,12 @@ struct Settings {
 
     EnterMode Enter = EnterMode::MovesOn;
 
+    AccentRule Accents = AccentRule::Sensitive;
+    // Names are found by what stands inside them, too.
+    bool MatchAnywhere = false;
+
+    // Lists shrink to the names that are found, and 1.0's search for beginnings is left.
+    bool FindsNames() const { return Accents != AccentRule::Sensitive || MatchAnywhere; }
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Every change is a transaction of its own: where its commit is not answered, the user is told

@@ -38,6 +38,8 @@ ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     EXPECT_SUCCEEDED(settings->put_LockWindowMinutes(values.LockWindowMinutes));
     EXPECT_SUCCEEDED(settings->put_LockMinutes(values.LockMinutes));
     EXPECT_SUCCEEDED(settings->put_ConnectionErrors(values.ConnectionErrors));
+    EXPECT_SUCCEEDED(settings->put_AccentSensitivity(values.Accents));
+    EXPECT_SUCCEEDED(settings->put_MatchAnywhere(ToBool(values.MatchAnywhere)));
     EXPECT_SUCCEEDED(settings->put_EnterKey(values.EnterKey));
     return settings;
 }

@@ -23,8 +23,13 @@ struct SecuritySettings {
     long LockWindowMinutes = 15;
     long LockMinutes = 15;
     ConnectionErrorModes ConnectionErrors = vnErrorsShowString;
+    AccentSensitivity Accents = vnAccentSensitive;
+    bool MatchAnywhere = false;
     ::EnterKey EnterKey = vnEnterMovesOn;
 };
+
+// Names as users type them: what a new program should have.
+inline constexpr SecuritySettings kFindNames = {.Accents = vnAccentSmart, .MatchAnywhere = true};
 
 // A clsSettings of the registered DLL, with the dialect of the running test.
 Microsoft::WRL::ComPtr<ISettings> MakeSettings(const SecuritySettings& values);

@@ -28,6 +28,9 @@ static_assert(long{vnDialectAuto} == static_cast<long>(DialectChoice::Auto) &&
               long{vnDialectSqlite} == static_cast<long>(DialectChoice::Sqlite) &&
               long{vnDialectMySql} == static_cast<long>(DialectChoice::MySql));
 
+static_assert(long{vnAccentSensitive} == static_cast<long>(AccentRule::Sensitive) &&
+              long{vnAccentSmart} == static_cast<long>(AccentRule::Smart) &&
+              long{vnAccentInsensitive} == static_cast<long>(AccentRule::Insensitive));
 static_assert(long{vnEnterMovesOn} == static_cast<long>(EnterMode::MovesOn) &&
               long{vnEnterConfirms} == static_cast<long>(EnterMode::Confirms));
 
@@ -130,6 +133,8 @@ STDMETHODIMP SettingsObject::UseRecommended() {
         values_.BindParameters = true;
         values_.MinPasswordLength = kRecommendedLength;
         values_.OnConnectionError = ConnectionErrors::ShowReason;
+        values_.Accents = AccentRule::Smart;
+        values_.MatchAnywhere = true;
         values_.Enter = EnterMode::Confirms;
     });
 }
@@ -143,6 +148,24 @@ STDMETHODIMP SettingsObject::put_ConnectionErrors(ConnectionErrorModes value) {
             throw ComError(E_INVALIDARG, L"There is no such way to tell of failed connections.");
         values_.OnConnectionError = static_cast<ConnectionErrors>(value);
     });
+}
+
+STDMETHODIMP SettingsObject::get_AccentSensitivity(AccentSensitivity* value) {
+    return Get(value, [&] { return static_cast<AccentSensitivity>(values_.Accents); });
+}
+STDMETHODIMP SettingsObject::put_AccentSensitivity(AccentSensitivity value) {
+    return Guard([&] {
+        if (value < vnAccentSensitive || value > vnAccentInsensitive)
+            throw ComError(E_INVALIDARG, L"There is no such AccentSensitivity.");
+        values_.Accents = static_cast<AccentRule>(value);
+    });
+}
+
+STDMETHODIMP SettingsObject::get_MatchAnywhere(VARIANT_BOOL* value) {
+    return GetFlag(&Settings::MatchAnywhere, value);
+}
+STDMETHODIMP SettingsObject::put_MatchAnywhere(VARIANT_BOOL value) {
+    return PutFlag(&Settings::MatchAnywhere, value);
 }
 
 STDMETHODIMP SettingsObject::get_EnterKey(EnterKey* value) {

@@ -36,6 +36,10 @@ public:
     STDMETHODIMP put_ConnectionErrors(ConnectionErrorModes value) override;
     STDMETHODIMP get_Dialect(Dialects* value) override;
     STDMETHODIMP put_Dialect(Dialects value) override;
+    STDMETHODIMP get_AccentSensitivity(AccentSensitivity* value) override;
+    STDMETHODIMP put_AccentSensitivity(AccentSensitivity value) override;
+    STDMETHODIMP get_MatchAnywhere(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_MatchAnywhere(VARIANT_BOOL value) override;
     STDMETHODIMP get_EnterKey(EnterKey* value) override;
     STDMETHODIMP put_EnterKey(EnterKey value) override;
 

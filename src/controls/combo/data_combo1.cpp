@@ -19,6 +19,10 @@ constexpr DISPID kListIndex1 = 1;
 constexpr DISPID kValue = 2;
 constexpr DISPID kItemData = 3;
 
+static_assert(long{vnAccentSensitive} == static_cast<long>(Sensitivity::Sensitive) &&
+              long{vnAccentSmart} == static_cast<long>(Sensitivity::Smart) &&
+              long{vnAccentInsensitive} == static_cast<long>(Sensitivity::Insensitive));
+
 // The index that AddItem is given, if any.
 std::optional<long> PlaceFrom(const VARIANT& index) {
     if (V_VT(&index) == VT_ERROR && V_ERROR(&index) == DISP_E_PARAMNOTFOUND)
@@ -48,6 +52,8 @@ DataCombo1::~DataCombo1() {
 
 void* DataCombo1::Find(REFIID iid) {
     // Interfaces that others inherit.
+    if (iid == __uuidof(IDataCombo1))
+        return static_cast<IDataCombo1*>(this);
     if (iid == __uuidof(IOleWindow))
         return static_cast<IOleWindow*>(static_cast<IOleInPlaceObject*>(this));
     if (iid == __uuidof(IViewObject))
@@ -262,6 +268,18 @@ STDMETHODIMP DataCombo1::get_List(short index, BSTR* value) {
 
 STDMETHODIMP DataCombo1::put_List(short index, BSTR value) {
     return Let(DISPID_LIST, [&] { Core().SetList(index, FromBstr(value)); });
+}
+
+STDMETHODIMP DataCombo1::get_AccentSensitivity(AccentSensitivity* value) {
+    return Get(value, [&] { return static_cast<AccentSensitivity>(Core().Accents()); });
+}
+
+STDMETHODIMP DataCombo1::put_AccentSensitivity(AccentSensitivity value) {
+    return Guard([&] {
+        if (value < vnAccentSensitive || value > vnAccentInsensitive)
+            throw ComError(CTL_E_INVALIDPROPERTYVALUE, L"Invalid property value");
+        Core().SetAccents(static_cast<Sensitivity>(value));
+    });
 }
 
 } // namespace vndesk

@@ -19,7 +19,7 @@
 namespace vndesk {
 
 class DataCombo1 final
-    : public EventObject<DataCombo1, ::DataCombo1, IDataCombo1, DDataCombo1Events, IOleObject,
+    : public EventObject<DataCombo1, ::DataCombo1, IDataCombo2, DDataCombo1Events, IOleObject,
                          IOleControl, IOleInPlaceObject, IOleInPlaceActiveObject, IViewObject2,
                          IPersistStreamInit, IPersistPropertyBag, IPersistStorage,
                          ISpecifyPropertyPages, SafeObject> {
@@ -32,6 +32,9 @@ public:
 
     DataCombo1() = default;
     ~DataCombo1() override;
+
+    // As hosts of 1.0 know it.
+    static REFIID ErrorInterface() { return __uuidof(IDataCombo1); }
 
     // IDataCombo1
     STDMETHODIMP get_BackColor(OLE_COLOR* value) override;
@@ -65,6 +68,10 @@ public:
     STDMETHODIMP RemoveItem(short index) override;
     STDMETHODIMP get_List(short index, BSTR* value) override;
     STDMETHODIMP put_List(short index, BSTR value) override;
+
+    // IDataCombo2
+    STDMETHODIMP get_AccentSensitivity(AccentSensitivity* value) override;
+    STDMETHODIMP put_AccentSensitivity(AccentSensitivity value) override;
 
     // IOleObject
     STDMETHODIMP SetClientSite(IOleClientSite* site) override;

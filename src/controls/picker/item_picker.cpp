@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "controls/picker/item_picker.h"
 
-#include <vector>
+#include <array>
+#include <optional>
+#include <utility>
 
 #include "controls/picker/cls_list_box.h"
+#include "controls/picker/found_names.h"
 #include "controls/picker/text/captions.h"
 #include "controls/picker/text/name_search.h"
+#include "data/connect/name_search.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
+#include "data/text/captions.h"
 #include "forms/keys/keys.h"
 #include "comkit/base/upper_case.h"
+#include "forms/lists/search_line.h"
 #include "forms/look/hourglass.h"
 #include "forms/window/form_of.h"
 #include "text/tcvn3.h"
@@ -18,36 +24,45 @@ namespace vndesk {
 
 namespace {
 
-constexpr ControlSpec kControls[] = {
+constexpr ControlSpec kList = ListBox(L"lv1IP", {330, 870, 5640, 4020}, kGrow);
+constexpr auto kControls = std::to_array<ControlSpec>({
     Frame(L"FrDetail", L"", {150, 120, 6000, 5280}, kGrow),
     Label(L"Label1", texts::kPickerSearch, {330, 480, 840, 240}, kMnemonic),
     TextBox(L"TxtSelH", {1230, 435, 4740, 330}, kGrowRight),
     // The next tab stop after the search box, for users who go on with Enter.
     Button(L"CmdSel", texts::kPickerChoose, {3450, 5520, 1290, 375}, kDisabled | kConfirms | kMove),
     Button(L"CmdQuit", texts::kPickerQuit, {4860, 5520, 1290, 375}, kCancel | kMove),
-    ListBox(L"lv1IP", {330, 870, 5640, 4020}, kGrow),
+    kList,
     Label(L"lblCode", L"", {330, 5010, 5640, 240}, kEllipsis | kGrowRight | kMoveDown),
     // Part of the form's set of controls, without behaviour, so it is not shown.
     ListView(L"Lv1", {330, 870, 5640, 4020}, kHidden),
-};
+});
+// Where the list may shrink to nothing.
+constexpr auto kShrinkingControls =
+    WithRow(kControls, L"lv1IP", 0,
+            std::to_array<ControlSpec>({NothingFound(texts::kNothingFound, kList)}));
 
-constexpr FormSpec kForm = {
-    .name = L"FmSelHang",
-    .caption = texts::kPickerTitle,
-    .client = {6300, 6015},
-    .border = FormBorder::Sizable,
-    .controls = kControls,
-};
-
-constexpr UINT_PTR kIndexTimer = 1;
-
-bool MovesTheList(WPARAM key) {
-    return key == VK_DOWN || key == VK_UP || key == VK_NEXT || key == VK_PRIOR;
+constexpr FormSpec Design(std::span<const ControlSpec> controls) {
+    return {.name = L"FmSelHang",
+            .caption = texts::kPickerTitle,
+            .client = {6300, 6015},
+            .border = FormBorder::Sizable,
+            .controls = controls};
 }
+constexpr FormSpec kForm = Design(kControls);
+constexpr FormSpec kShrinkingForm = Design(kShrinkingControls);
 
-class ItemPicker final : public FormOf<kForm> {
+// WM_TIMER comes when everything is painted and no key waits.
+constexpr UINT_PTR kIndexTimer = 1;
+constexpr UINT_PTR kFillTimer = 2;
+
+class ItemPicker final : public FormOf<kShrinkingForm> {
 public:
-    explicit ItemPicker(const Database& database) : database_(database) {}
+    ItemPicker(const Database& database, const std::wstring& asked)
+        : FormOf(database.settings.FindsNames() ? kShrinkingForm : kForm), database_(database) {
+        if (const auto rules = NameRules(database.settings))
+            found_.emplace(*rules, asked);
+    }
 
     Statement SqlText;
     std::wstring SelValue;
@@ -72,19 +87,26 @@ protected:
         // list was made for. This comes after the focus.
         PostMessageW(search.Window(), EM_SETSEL, searchText.size(),
                      static_cast<LPARAM>(searchText.size()));
-        if (items_.ListCount() > 0)
+        if (found_)
+            ShowFound();
+        else if (items_.ListCount() > 0)
             items_.SetListIndex(0);
         else
-            Get(L"lblCode").SetCaption(ToUncText(texts::kPickerEmpty, kToUnicode));
+            Get(L"lblCode").SetCaption(ToUncText(texts::kNothingFound, kToUnicode));
         Get(L"FrDetail").SetCaption(ToUncText(texts::kPickerDetail, kToUnicode));
-        // WM_TIMER comes when everything is painted and no key waits.
-        SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
+        if (!found_)
+            SetTimer(Window(), kIndexTimer, USER_TIMER_MINIMUM, nullptr);
     }
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_TIMER && wParam == kIndexTimer) {
             KillTimer(Window(), kIndexTimer);
             names_.Index();
+            return 0;
+        }
+        if (message == WM_TIMER && wParam == kFillTimer) {
+            if (!found_->ShowMore(items_))
+                KillTimer(Window(), kFillTimer);
             return 0;
         }
         return Form::OnMessage(message, wParam, lParam);
@@ -95,10 +117,7 @@ protected:
 
     // The list moves while the focus stays in the search box.
     bool OnKeyDown(const Control& control, WPARAM key) override {
-        if (&control != &Get(L"TxtSelH") || !MovesTheList(key))
-            return false;
-        PostMessageW(Get(L"lv1IP").Window(), WM_KEYDOWN, key, 0);
-        return true;
+        return &control == &Get(L"TxtSelH") && MovesTheList(key, Get(L"lv1IP"));
     }
 
     void OnUnload() override {
@@ -128,6 +147,10 @@ private:
         names_.Clear();
         for (; !rows.Eof(); rows.MoveNext()) {
             std::wstring name = NullToText(rows.Value(1L));
+            if (found_) {
+                found_->Add(std::move(name), NullToText(rows.Value(0L)));
+                continue;
+            }
             items_.AddItem(name);
             names_.Add(UpperCase(std::move(name)));
             items_.SetItemData(items_.NewIndex(), NullToText(rows.Value(0L)));
@@ -146,8 +169,27 @@ private:
         Get(L"CmdSel").SetEnabled(true);
     }
 
+    // The best names that are found by what stands in the search box, and what follows them.
+    void ShowFound() {
+        found_->Show(items_, Get(L"TxtSelH").Text());
+        const bool any = items_.ListCount() > 0;
+        vndesk::ShowFound(Get(L"lv1IP"), Get(L"lblNone"), any);
+        if (any) {
+            items_.SetListIndex(0);
+        } else {
+            SelValue.clear();
+            Get(L"lblCode").SetCaption(L"");
+            Get(L"CmdSel").SetEnabled(false);
+        }
+        SetTimer(Window(), kFillTimer, USER_TIMER_MINIMUM, nullptr);
+    }
+
     // A text that no name begins with leaves the selection where it was.
     void SearchChanged() {
+        if (found_) {
+            ShowFound();
+            return;
+        }
         if (const long index = FindString(Get(L"TxtSelH").Text()); index >= 0)
             items_.SetListIndex(index);
     }
@@ -160,14 +202,16 @@ private:
     const Database& database_;
     clsListBox items_;
     NameSearch names_;
+    // Where the list shrinks, instead.
+    std::optional<FoundNames> found_;
     bool chosen_ = false;
 };
 
 } // namespace
 
 std::wstring PickItem(const Database& database, const Statement& sqlText,
-                      const std::wstring& searchText) {
-    ItemPicker picker(database);
+                      const std::wstring& searchText, const std::wstring& asked) {
+    ItemPicker picker(database, asked);
     picker.ConfirmByEnter(database.settings.EnterConfirms());
     picker.SqlText = sqlText;
     picker.searchText = searchText;

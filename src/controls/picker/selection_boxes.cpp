@@ -8,6 +8,7 @@
 #include "controls/picker/text/captions.h"
 #include "controls/picker/text/select_statements.h"
 #include "data/connect/failure.h"
+#include "data/connect/name_search.h"
 #include "data/connect/plain_message.h"
 #include "data/connect/recordset.h"
 #include "data/connect/values.h"
@@ -245,9 +246,10 @@ bool SelectionBoxes::Pick(const std::wstring& beginning, const std::wstring& sea
 
 bool SelectionBoxes::Pick(const Database& database, const std::wstring& beginning,
                           const std::wstring& search, const Return& afterwards) {
-    const std::wstring code =
-        PickItem(database, NamesBeginningStatement(SqlName, beginning, database.Style()),
-                 searchText.empty() ? search : searchText);
+    const std::wstring code = PickItem(database,
+                                       NamesBeginningStatement(SqlName, beginning, database.Style(),
+                                                               NamePattern(database, beginning)),
+                                       searchText.empty() ? search : searchText, beginning);
     // Messages may have come between, and not every form gives its focus back by itself.
     GiveFocus(afterwards.Window());
     if (!code.empty())

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Messages about the `Options` table, and about databases that cannot be opened or do not answer.
+// Messages about the `Options` table, about databases that cannot be opened or do not answer, and
+// about lists without rows.
 #pragma once
 
 #include "text/tcvn3_literal.h"
@@ -14,6 +15,9 @@ inline constexpr auto kWrittenNotRead =
 // The connection broke before a commit was answered.
 inline constexpr auto kAnswerLost =
     L"Mất kết nối khi đang ghi: không biết đã ghi được hay chưa. Hãy mở lại để kiểm tra."_tcvn3;
+
+// In the place of a list of names.
+inline constexpr auto kNothingFound = L"Không có mục nào phù hợp"_tcvn3;
 
 inline constexpr auto kNotConnected = L"Không kết nối được cơ sở dữ liệu."_tcvn3;
 inline constexpr auto kFailureServer = L"Không tìm thấy máy chủ, hoặc máy chủ không trả lời."_tcvn3;

@@ -28,14 +28,19 @@ Statement OperatorListStatement(long fieldType, ValueStyle style) {
                                   << L"  Order By Code";
 }
 
-Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style) {
+Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, ValueStyle style,
+                          const std::optional<Pattern>& pattern) {
     const bool select = FindIgnoringCase(relation, L"SELECT") != std::wstring_view::npos;
     StatementWriter statement(style);
     if (select)
         statement << AsGiven{relation};
     else
         statement << L"Select * From " << Catalogued{relation} << L" Where Name ";
-    return statement << L"  Like " << Beginning{value};
+    if (pattern)
+        AppendLike(statement, *pattern);
+    else
+        statement << L"  Like " << Beginning{value};
+    return statement;
 }
 
 } // namespace vndesk

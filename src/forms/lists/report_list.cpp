@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/lists/report_list.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vndesk {
@@ -31,25 +32,40 @@ void ReportList::FitColumns() {
 }
 
 void ReportList::Refresh() {
-    SendMessageW(control_.Window(), LVM_SETITEMCOUNT, rows_.size(), LVSICF_NOSCROLL);
+    SendMessageW(control_.Window(), LVM_SETITEMCOUNT, ShownCount(), LVSICF_NOSCROLL);
     InvalidateRect(control_.Window(), nullptr, FALSE);
 }
 
-long ReportList::SelectedIndex() const {
+long ReportList::SelectedPlace() const {
     return ListView_GetNextItem(control_.Window(), -1, LVNI_SELECTED);
 }
 
-void ReportList::Select(long index) {
-    ListView_SetItemState(control_.Window(), index, LVIS_SELECTED | LVIS_FOCUSED,
+long ReportList::SelectedIndex() const {
+    const long place = SelectedPlace();
+    return place < 0 || !only_ ? place : static_cast<long>(RowAt(static_cast<size_t>(place)));
+}
+
+void ReportList::SelectPlace(long place) {
+    ListView_SetItemState(control_.Window(), place, LVIS_SELECTED | LVIS_FOCUSED,
                           LVIS_SELECTED | LVIS_FOCUSED);
-    ListView_EnsureVisible(control_.Window(), index, FALSE);
+    ListView_EnsureVisible(control_.Window(), place, FALSE);
+}
+
+void ReportList::Select(long index) {
+    if (!only_) {
+        SelectPlace(index);
+        return;
+    }
+    const auto found = std::find(only_->begin(), only_->end(), static_cast<std::uint32_t>(index));
+    if (found != only_->end())
+        SelectPlace(static_cast<long>(found - only_->begin()));
 }
 
 LRESULT ReportList::OnNotify(NMHDR& notification) {
     switch (notification.code) {
     case LVN_GETDISPINFOW: {
         LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notification).item;
-        const auto row = static_cast<size_t>(item.iItem);
+        const size_t row = RowAt(static_cast<size_t>(item.iItem));
         const auto column = static_cast<size_t>(item.iSubItem);
         if ((item.mask & LVIF_TEXT) && row < rows_.size() && column < rows_[row].cells.size())
             item.pszText = rows_[row].cells[column].data();
@@ -72,13 +88,21 @@ LRESULT ReportList::FindRow(const NMLVFINDITEMW& search) const {
         return -1;
     const std::wstring wanted = search.lvfi.psz;
     const auto length = static_cast<int>(wanted.size());
-    for (size_t i = 0; i < rows_.size(); ++i) {
-        const size_t row = (static_cast<size_t>(search.iStart) + i) % rows_.size();
-        const std::wstring& text = rows_[row].cells[0];
-        if (text.size() >= wanted.size() &&
-            CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, text.c_str(), length,
-                           wanted.c_str(), length) == CSTR_EQUAL)
-            return static_cast<LRESULT>(row);
+    std::optional<SearchPattern> pattern;
+    if (accents)
+        pattern.emplace(wanted, *accents);
+    const auto begins = [&](const std::wstring& text) {
+        if (pattern)
+            return pattern->In(Fold(text)) >= Match::AtStart;
+        return text.size() >= wanted.size() &&
+               CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, text.c_str(), length,
+                              wanted.c_str(), length) == CSTR_EQUAL;
+    };
+    const auto count = static_cast<size_t>(ShownCount());
+    for (size_t i = 0; i < count; ++i) {
+        const size_t place = (static_cast<size_t>(search.iStart) + i) % count;
+        if (begins(rows_[RowAt(place)].cells[0]))
+            return static_cast<LRESULT>(place);
     }
     return -1;
 }

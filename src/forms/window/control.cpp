@@ -124,10 +124,11 @@ void Control::Detach() {
 void Control::CreateControlWindow(HWND form, const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
     box_ = ToPixels(rect_, dpi_);
-    window_ = CreateWindowExW(row.extendedStyle, ClassFor(design), design.caption, StyleFor(design),
-                              box_.left, box_.top, box_.right - box_.left, box_.bottom - box_.top,
-                              form, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                              ModuleInstance(), nullptr);
+    const DWORD edge = design.flags & kEdged ? WS_EX_CLIENTEDGE : 0;
+    window_ = CreateWindowExW(
+        row.extendedStyle | edge, ClassFor(design), design.caption, StyleFor(design), box_.left,
+        box_.top, box_.right - box_.left, box_.bottom - box_.top, form,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ModuleInstance(), nullptr);
     if (!window_)
         throw ComError(HRESULT_FROM_WIN32(GetLastError()));
     SetWindowName(window_, name_);

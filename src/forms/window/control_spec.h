@@ -51,6 +51,7 @@ enum ControlFlags : unsigned {
     // Where Enter confirms (forms/keys/enter_rule.h).
     kConfirms = 131072,    // the default button, after which no more fields come
     kEnterGoesOn = 262144, // Enter goes on to the next field, also where that is filled
+    kEdged = 524288,       // a label with the edge of a list
 };
 
 // One row of a form's layout table.

@@ -58,6 +58,9 @@ inline constexpr auto kPermissionChanged =
     L"Quyền của nhóm này đã được sửa ở máy khác. Bạn có chắc chắn ghi đè không?"_tcvn3;
 inline constexpr auto kPermissionGroupIs = L"Tên nhóm là:"_tcvn3;
 
+// The line above the users or groups that shrink to what is typed.
+inline constexpr auto kListSearch = L"Tì&m"_tcvn3;
+
 // User list.
 inline constexpr auto kUserListTitle = L"Danh sách người sử dụng"_tcvn3;
 inline constexpr auto kUserListAdd = L"T&hêm..."_tcvn3;

@@ -51,29 +51,34 @@ wchar_t ShapedWeight(LetterKey key) {
 
 } // namespace
 
-std::wstring SortKey(std::wstring_view text) {
-    const FoldedText letters = Fold(text);
-    std::wstring key, tones;
-    key.reserve(letters.size() * 2 + 1);
+void AppendSortKey(std::wstring& to, std::span<const LetterKey> letters) {
+    std::wstring tones;
     for (const LetterKey letter : letters) {
         const LetterKey base = letter & kBaseBits;
         auto accent = static_cast<LetterKey>(ToneOf(letter));
         if (const wchar_t weight = ShapedWeight(letter); weight != 0) {
-            key.push_back(weight);
+            to.push_back(weight);
         } else {
             if (base >= 0x80)
-                key.push_back(static_cast<wchar_t>(base));
+                to.push_back(static_cast<wchar_t>(base));
             else if (kWeights.plain[base] != 0)
-                key.push_back(kWeights.plain[base]);
+                to.push_back(kWeights.plain[base]);
             else
-                key.append({kControl, static_cast<wchar_t>(base + kFirstWeight)});
+                to.append({kControl, static_cast<wchar_t>(base + kFirstWeight)});
             accent += static_cast<LetterKey>(ShapeOf(letter)) * 6;
         }
         tones.push_back(static_cast<wchar_t>(kFirstTone + accent));
     }
     tones.erase(tones.find_last_not_of(kFirstTone) + 1);
     if (!tones.empty())
-        key.append(1, kBeforeTones).append(tones);
+        to.append(1, kBeforeTones).append(tones);
+}
+
+std::wstring SortKey(std::wstring_view text) {
+    const FoldedText letters = Fold(text);
+    std::wstring key;
+    key.reserve(letters.size() * 2 + 1);
+    AppendSortKey(key, letters);
     return key;
 }
 

@@ -317,6 +317,57 @@ TEST_F(DataComboTest, ArrowsAndLettersSelect) {
     EXPECT_EQ(3, form_.clicks);
 }
 
+// Where accents are asked for, what is typed without a pause is the beginning of an item.
+TEST_F(DataComboTest, LettersAreTheBeginningOfAnItemWithTheAccentsThatAreTyped) {
+    Combo().Clear();
+    for (const wchar_t* text : {L"Đà Nẵng", L"Da giày", L"Dĩ An", L"Hà Nội", L"Đường Lâm", L"Hoà"})
+        Combo().AddItem(text);
+    const HWND list = FindControl(Combo().Window(), L"Cmb1");
+    const auto type = [&](std::wstring_view letters) {
+        for (const wchar_t letter : letters)
+            SendMessageW(list, WM_CHAR, letter, 0);
+        return Combo().Text();
+    };
+    const auto anew = [&] {
+        // What was typed is forgotten by a list that knows no beginnings.
+        Combo().SetAccents(Sensitivity::Sensitive);
+        SendMessageW(list, WM_CHAR, VK_ESCAPE, 0);
+        Combo().SetAccents(Sensitivity::Smart);
+        Combo().SetListIndex(-1);
+        form_.clicks = 0;
+    };
+    anew();
+    EXPECT_EQ(L"Đà Nẵng", type(L"d"));
+    EXPECT_EQ(L"Da giày", type(L"a")) << "equal accents come first";
+    EXPECT_EQ(2, form_.clicks);
+    EXPECT_EQ(L"Đà Nẵng", type(L" n"));
+    EXPECT_EQ(L"Đà Nẵng", type(L"x")) << "what no item begins with leaves the selection";
+    anew();
+    EXPECT_EQ(L"Đường Lâm", type(L"dương"));
+    anew();
+    EXPECT_EQ(L"Hoà", type(L"hòa")) << "the tone has two places";
+    anew();
+    EXPECT_EQ(L"Đà Nẵng", type(L"đ"));
+    EXPECT_EQ(L"Đường Lâm", type(L"đ")) << "one letter goes from item to item";
+    EXPECT_EQ(L"Đà Nẵng", type(L"đ"));
+    anew();
+    // As input methods type: the letter, then another one in its place.
+    EXPECT_EQ(L"Đường Lâm", type(L"d\bđu\bư"));
+    anew();
+    Combo().SetAccents(Sensitivity::Insensitive);
+    EXPECT_EQ(L"Hà Nội", type(L"hạ"));
+}
+
+TEST_F(DataComboTest, HandlersChangeOrKeepTheLettersOfAnItem) {
+    Combo().SetAccents(Sensitivity::Smart);
+    Combo().onKeyPress = [](short& character) { character = character == L'x' ? L'd' : 0; };
+    const HWND list = FindControl(Combo().Window(), L"Cmb1");
+    SendMessageW(list, WM_CHAR, L'n', 0);
+    EXPECT_EQ(L"", Combo().Text());
+    SendMessageW(list, WM_CHAR, L'x', 0);
+    EXPECT_EQ(L"Địa chỉ", Combo().Text());
+}
+
 TEST_F(DataComboTest, DeleteClearsTheSelectionAndIsTold) {
     std::vector<std::pair<short, short>> told;
     long indexWhenTold = 99;

@@ -218,6 +218,8 @@ LRESULT CALLBACK DataCombo::ListProcedure(HWND window, UINT message, WPARAM wPar
         bool pass = false;
         if (Trap([&] { pass = self.OnListKey(message, wParam); }) || !pass || !IsWindow(window))
             return 0;
+        if (message == WM_CHAR && self.SelectTyped(static_cast<wchar_t>(wParam)))
+            return 0;
         break;
     }
     case WM_SETFOCUS:
@@ -262,6 +264,17 @@ bool DataCombo::OnListKey(UINT message, WPARAM& wParam) {
     }
     wParam = static_cast<unsigned short>(key);
     return key != 0;
+}
+
+// True when the list has nothing left to do with the character. This object may be gone then.
+bool DataCombo::SelectTyped(wchar_t character) {
+    if (!typed_.Takes(character))
+        return false;
+    Trap([this] {
+        if (const long item = typed_.Item(shown_); item >= 0)
+            SetListIndex(item);
+    });
+    return true;
 }
 
 HBRUSH DataCombo::OnListColor(HDC dc) {

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "controls/combo/window/combo_box.h"
+#include "controls/combo/window/type_to_select.h"
 #include "comkit/base/handles.h"
 #include "forms/window/control.h"
 #include "forms/window/counted_class.h"
@@ -93,6 +94,11 @@ public:
     // What the hidden list has selected.
     std::wstring HiddenText() const { return hidden_.Text(); }
 
+    // How far accents count in what the user types of an item. Sensitive is the list of Windows:
+    // the first letter alone leads to the next item.
+    Sensitivity Accents() const { return typed_.accents; }
+    void SetAccents(Sensitivity accents) { typed_.accents = accents; }
+
     // The selection has changed, by the user or by one of the members above.
     std::function<void()> onClick;
     std::function<void()> onDoubleClick;
@@ -122,6 +128,7 @@ private:
     bool IsSecondClick() const;
     void FireDoubleClick();
     bool OnListKey(UINT message, WPARAM& wParam);
+    bool SelectTyped(wchar_t character);
     HBRUSH OnListColor(HDC dc);
     void ApplyColors();
     void CheckIndex(long index) const;
@@ -130,6 +137,7 @@ private:
     ComboBox shown_;
     ComboBox hidden_;
     long newIndex_ = -1;
+    TypeToSelect typed_;
     // The selection at the last Click event.
     long told_ = -1;
     bool layingOut_ = false;

@@ -11,7 +11,6 @@ inline constexpr auto kPickerTitle = L"Chọn từ danh mục"_tcvn3;
 inline constexpr auto kPickerDetail = L"Danh mục"_tcvn3;
 inline constexpr auto kPickerSearch = L"&Tìm tên"_tcvn3;
 inline constexpr auto kPickerCode = L"Mã số: "_tcvn3;
-inline constexpr auto kPickerEmpty = L"Không có mục nào phù hợp"_tcvn3;
 inline constexpr auto kPickerChoose = L"&Chọn"_tcvn3;
 inline constexpr auto kPickerQuit = L"Bỏ &qua"_tcvn3;
 

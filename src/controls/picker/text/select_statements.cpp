@@ -5,8 +5,14 @@
 namespace vndesk {
 
 Statement NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view text,
-                                  ValueStyle style) {
-    return StatementWriter(style) << AsGiven{sqlName} << L"  Like " << Beginning{text};
+                                  ValueStyle style, const std::optional<Pattern>& pattern) {
+    StatementWriter statement(style);
+    statement << AsGiven{sqlName};
+    if (pattern)
+        AppendLike(statement, *pattern);
+    else
+        statement << L"  Like " << Beginning{text};
+    return statement;
 }
 
 Statement CodeStatement(std::wstring_view sqlID, std::wstring_view code, ValueStyle style) {
