@@ -49,6 +49,10 @@ struct Settings {
     // What happens where the database cannot be opened.
     ConnectionErrors OnConnectionError = ConnectionErrors::ShowString;
 
+    // Password boxes warn of input methods and Caps Lock, and have a button that shows the
+    // password.
+    bool InputWarnings = false;
+
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Every change is a transaction of its own: where its commit is not answered, the user is told

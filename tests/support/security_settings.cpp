@@ -38,6 +38,7 @@ ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     EXPECT_SUCCEEDED(settings->put_LockWindowMinutes(values.LockWindowMinutes));
     EXPECT_SUCCEEDED(settings->put_LockMinutes(values.LockMinutes));
     EXPECT_SUCCEEDED(settings->put_ConnectionErrors(values.ConnectionErrors));
+    EXPECT_SUCCEEDED(settings->put_InputWarnings(ToBool(values.InputWarnings)));
     return settings;
 }
 

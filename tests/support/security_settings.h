@@ -23,6 +23,7 @@ struct SecuritySettings {
     long LockWindowMinutes = 15;
     long LockMinutes = 15;
     ConnectionErrorModes ConnectionErrors = vnErrorsShowString;
+    bool InputWarnings = false;
 };
 
 // A clsSettings of the registered DLL, with the dialect of the running test.

@@ -127,6 +127,7 @@ STDMETHODIMP SettingsObject::UseRecommended() {
         values_.BindParameters = true;
         values_.MinPasswordLength = kRecommendedLength;
         values_.OnConnectionError = ConnectionErrors::ShowReason;
+        values_.InputWarnings = true;
     });
 }
 
@@ -139,6 +140,13 @@ STDMETHODIMP SettingsObject::put_ConnectionErrors(ConnectionErrorModes value) {
             throw ComError(E_INVALIDARG, L"There is no such way to tell of failed connections.");
         values_.OnConnectionError = static_cast<ConnectionErrors>(value);
     });
+}
+
+STDMETHODIMP SettingsObject::get_InputWarnings(VARIANT_BOOL* value) {
+    return GetFlag(&Settings::InputWarnings, value);
+}
+STDMETHODIMP SettingsObject::put_InputWarnings(VARIANT_BOOL value) {
+    return PutFlag(&Settings::InputWarnings, value);
 }
 
 } // namespace vndesk

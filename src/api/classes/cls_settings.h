@@ -36,6 +36,8 @@ public:
     STDMETHODIMP put_ConnectionErrors(ConnectionErrorModes value) override;
     STDMETHODIMP get_Dialect(Dialects* value) override;
     STDMETHODIMP put_Dialect(Dialects value) override;
+    STDMETHODIMP get_InputWarnings(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_InputWarnings(VARIANT_BOOL value) override;
 
 private:
     HRESULT GetFlag(bool Settings::*flag, VARIANT_BOOL* value);
