@@ -12,6 +12,7 @@
 #include "forms/look/hourglass.h"
 #include "forms/look/images.h"
 #include "forms/look/picture_icon.h"
+#include "forms/password/password_boxes.h"
 #include "forms/window/form_of.h"
 #include "logon/help_file.h"
 #include "logon/name_box_menu.h"
@@ -90,6 +91,8 @@ protected:
             Get(L"Banner").SetCaption(options_.banner);
         if (names_.AreKept())
             OfferNames();
+        if (database_.settings.InputWarnings)
+            passwords_.Help(*this);
     }
 
     const Control* FirstControl() override {
@@ -317,6 +320,7 @@ private:
     const LogonOptions& options_;
     RememberedNames names_;
     NameBoxMenu menu_;
+    PasswordBoxes passwords_;
     UniqueIcon picture_;
     UnknownNames unknownNames_;
     long waitSeconds_ = 0;

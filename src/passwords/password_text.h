@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "passwords/text/password_rules.h"
-#include "passwords/wiped.h"
+#include "comkit/base/wiped.h"
 
 namespace vndesk {
 

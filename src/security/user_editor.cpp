@@ -15,6 +15,7 @@
 #include "comkit/base/upper_case.h"
 #include "forms/lists/item_list.h"
 #include "forms/look/hourglass.h"
+#include "forms/password/password_boxes.h"
 #include "forms/window/form_of.h"
 #include "logon/refusal_text.h"
 #include "passwords/password.h"
@@ -106,6 +107,8 @@ protected:
         ReadDict(StatementWriter(database_.Style()) << WholeTable{L"[Groups]"});
         if (options_.EditMode)
             Trap([&] { LoadUser(); });
+        if (database_.settings.InputWarnings)
+            passwords_.Help(*this);
         passChanged_ = false;
     }
 
@@ -313,6 +316,7 @@ private:
     const Operation& operation_;
     const Database& database_;
     UserEditorOptions options_;
+    PasswordBoxes passwords_;
     long userCode_ = 0;
     long groupCode_ = 0; // as it was loaded
     bool passChanged_ = false;

@@ -65,6 +65,11 @@ struct Settings {
 
     // Lists shrink to the names that are found, and 1.0's search for beginnings is left.
     bool FindsNames() const { return Accents != AccentRule::Sensitive || MatchAnywhere; }
+
+    // Password boxes warn of input methods and Caps Lock, and have a button that shows the
+    // password.
+    bool InputWarnings = false;
+
     // Connection strings and what providers say are shown without names and passwords.
     bool HidesSecrets() const { return OnConnectionError != ConnectionErrors::ShowString; }
     // Every change is a transaction of its own: where its commit is not answered, the user is told

@@ -41,6 +41,7 @@ ComPtr<ISettings> MakeSettings(const SecuritySettings& values) {
     EXPECT_SUCCEEDED(settings->put_AccentSensitivity(values.Accents));
     EXPECT_SUCCEEDED(settings->put_MatchAnywhere(ToBool(values.MatchAnywhere)));
     EXPECT_SUCCEEDED(settings->put_EnterKey(values.EnterKey));
+    EXPECT_SUCCEEDED(settings->put_InputWarnings(ToBool(values.InputWarnings)));
     return settings;
 }
 

@@ -26,6 +26,7 @@ struct SecuritySettings {
     AccentSensitivity Accents = vnAccentSensitive;
     bool MatchAnywhere = false;
     ::EnterKey EnterKey = vnEnterMovesOn;
+    bool InputWarnings = false;
 };
 
 // Names as users type them: what a new program should have.

@@ -4,6 +4,7 @@
 #include "controls/picker/text/captions.h"
 #include "data/text/captions.h"
 #include "find/text/captions.h"
+#include "forms/password/text/captions.h"
 #include "logon/text/captions.h"
 #include "msgbox/text/captions.h"
 #include "passwords/text/captions.h"
@@ -246,6 +247,13 @@ constexpr FixedText kAll[] = {
     {"FindCancel", texts::kFindCancel, L"B\u00E1 &qua", L"Bỏ &qua", 7},
     {"FindHelp", texts::kFindHelp, L"&H\u00AD\u00EDng d\u00C9n", L"&Hướng dẫn", 10},
     {"SelectNotice", texts::kSelectNotice, L"Th\u00ABng b\u00B8o", L"Thông báo", 9},
+    {"ShowPassword", texts::kShowPassword, L"Hi\u00D6n m\u00CBt kh\u00C8u", L"Hiện mật khẩu", 13},
+    {"InputMethodIsOn", texts::kInputMethodIsOn,
+     L"B\u00E9 g\u00E2 ti\u00D5ng Vi\u00D6t \u00AEang b\u00CBt. H\u00B7y t\u00BEt r\u00E5i "
+     L"g\u00E2 l\u00B9i m\u00CBt kh\u00C8u.",
+     L"Bộ gõ tiếng Việt đang bật. Hãy tắt rồi gõ lại mật khẩu.", 55},
+    {"CapsLockIsOn", texts::kCapsLockIsOn, L"Ph\u00DDm Caps Lock \u00AEang b\u00CBt",
+     L"Phím Caps Lock đang bật", 23},
     {"LogonLockedUntil", texts::kLogonLockedUntil,
      L"T\u00B5i kho\u00B6n b\u00DE kho\u00B8 \u00AE\u00D5n ", L"Tài khoản bị khoá đến ", 22},
     {"LogonLockedBecause", texts::kLogonLockedBecause,

@@ -136,6 +136,7 @@ STDMETHODIMP SettingsObject::UseRecommended() {
         values_.Accents = AccentRule::Smart;
         values_.MatchAnywhere = true;
         values_.Enter = EnterMode::Confirms;
+        values_.InputWarnings = true;
     });
 }
 
@@ -177,6 +178,13 @@ STDMETHODIMP SettingsObject::put_EnterKey(EnterKey value) {
             throw ComError(E_INVALIDARG, L"Enter can do no such thing.");
         values_.Enter = static_cast<EnterMode>(value);
     });
+}
+
+STDMETHODIMP SettingsObject::get_InputWarnings(VARIANT_BOOL* value) {
+    return GetFlag(&Settings::InputWarnings, value);
+}
+STDMETHODIMP SettingsObject::put_InputWarnings(VARIANT_BOOL value) {
+    return PutFlag(&Settings::InputWarnings, value);
 }
 
 } // namespace vndesk

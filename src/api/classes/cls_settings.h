@@ -42,6 +42,8 @@ public:
     STDMETHODIMP put_MatchAnywhere(VARIANT_BOOL value) override;
     STDMETHODIMP get_EnterKey(EnterKey* value) override;
     STDMETHODIMP put_EnterKey(EnterKey value) override;
+    STDMETHODIMP get_InputWarnings(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_InputWarnings(VARIANT_BOOL value) override;
 
 private:
     HRESULT GetFlag(bool Settings::*flag, VARIANT_BOOL* value);

@@ -25,12 +25,14 @@ inline const std::vector<EachForm>& EveryForm() {
     static const auto logon = [](auto call) {
         return [call](BSTR* connect) { return call(*CreateLogon().Get(), connect); };
     };
-    // A host that asks for hashes and locks, on a database with the tables that they need.
+    // A host that asks for hashes, locks and warnings, on a database with the tables that they
+    // need.
     static const auto kept = [](auto call) {
         return [call](BSTR* connect) {
             SecuritySettings settings;
             settings.PasswordScheme = vnPasswordPbkdf2;
             settings.LockAfter = 3;
+            settings.InputWarnings = true;
             return call(*LogonWith(settings).Get(), connect);
         };
     };

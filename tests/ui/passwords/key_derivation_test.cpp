@@ -13,7 +13,7 @@
 
 #include "comkit/base/com_error.h"
 #include "passwords/base64.h"
-#include "passwords/wiped.h"
+#include "comkit/base/wiped.h"
 
 namespace vndesk::test {
 namespace {
