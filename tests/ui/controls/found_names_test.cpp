@@ -248,9 +248,11 @@ TEST_F(FoundNamesForm, Pictures) {
         PressKey(VK_RETURN);
         const HWND picker = WaitForPicker();
         EXPECT_LT(1u, Names(picker).size());
+        Sleep(300); // everything is painted
         EXPECT_NE(L"", SaveWindow(picker, L"item-picker-found"));
         TypeText(L"xyz");
         ExpectNone(picker);
+        Sleep(300);
         EXPECT_NE(L"", SaveWindow(picker, L"item-picker-none"));
         CancelPicker();
     });
