@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Filling and searching lists beside the controls' own messages, and virtual lists beside their
 // data.
+#include "controls/picker/cls_list_box.h"
+#include "controls/picker/found_names.h"
 #include "controls/picker/text/name_search.h"
 #include "forms/lists/item_list.h"
 #include "forms/lists/report_list.h"
@@ -10,7 +12,9 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -111,6 +115,72 @@ void MeasureSearch(Report& report, Lists& form, const std::vector<std::wstring>&
                  names.size() == 100000 ? 10.0 : 0});
 }
 
+// From a key to the list on the screen, where lists shrink to what is found.
+void MeasureShrinking(Report& report, Lists& form, const std::vector<std::wstring>& names) {
+    const double limit = names.size() == 100000 ? 30 : 0;
+    const std::string size = std::to_string(names.size()) + " rows";
+    constexpr SearchRules kRules = {Sensitivity::Smart, true};
+    const auto milliseconds = [](auto&& key) {
+        std::vector<double> times;
+        for (int i = 0; i < 15; ++i) {
+            const double begin = Now();
+            key();
+            times.push_back((Now() - begin) / 1e6);
+        }
+        std::nth_element(times.begin(), times.begin() + 7, times.end());
+        return times[7];
+    };
+    const auto note = [&](const char* what, const char* typed, std::size_t found, double taken) {
+        report.Note({std::string(what) + ", key of " + std::to_string(std::strlen(typed)) + " in " +
+                         size + ", " + std::to_string(found) + " found",
+                     "ms", taken, limit});
+    };
+
+    clsListBox list;
+    list.SetTListBox(form.Get(L"List"));
+    const HWND window = form.Get(L"List").Window();
+    FoundNames picker(kRules, L"");
+    for (const std::wstring& name : names)
+        picker.Add(name, L"1");
+    double begin = Now();
+    picker.Show(list, L"");
+    report.Note({"first list of a picker, " + size, "ms", (Now() - begin) / 1e6, 0});
+    NameHits hits(kRules);
+    for (const std::wstring& name : names)
+        hits.Add(name);
+    hits.Find(L"");
+
+    Control& control = form.Get(L"Report");
+    ReportList rows(control, {{L"a", L"Tên", 0.4}, {L"b", L"Diễn giải", 0.4}, {L"c", L"Mã", 0.2}});
+    for (std::size_t i = 0; i < names.size(); ++i)
+        rows.Rows().push_back({L"T" + std::to_wstring(i), {names[i], names[i], L"1"}});
+    for (const char* typed : {"n", "hoang", "tran van 7", "zzz"}) {
+        const std::wstring text(typed, typed + std::strlen(typed));
+        const std::size_t found = hits.Find(text).size();
+        // With all names in the list before, as a user leaves it who waits.
+        std::vector<double> times;
+        for (int i = 0; i < 9; ++i) {
+            picker.Show(list, L"");
+            while (picker.ShowMore(list)) {
+            }
+            begin = Now();
+            picker.Show(list, text);
+            UpdateWindow(window);
+            times.push_back((Now() - begin) / 1e6);
+        }
+        std::nth_element(times.begin(), times.begin() + 4, times.end());
+        note("picker", typed, found, times[4]);
+        note("report list", typed, found, milliseconds([&] {
+                 rows.ShowOnly(hits.Find(text));
+                 rows.Refresh();
+                 UpdateWindow(control.Window());
+             }));
+    }
+    list.Clear();
+    control.onNotify = nullptr;
+    form.Get(L"List").onGotFocus = form.Get(L"List").onLostFocus = nullptr;
+}
+
 void MeasureReport(Report& report, Lists& form, const std::vector<std::wstring>& names) {
     const HWND window = form.Get(L"Report").Window();
     ReportList list(form.Get(L"Report"),
@@ -205,6 +275,7 @@ int main(int argc, char** argv) {
             MeasureFilling(report, form, L"List", LB_ADDSTRING, LB_RESETCONTENT, names);
             MeasureSearch(report, form, names);
             MeasureReport(report, form, names);
+            MeasureShrinking(report, form, names);
         }
         code = report.Finish();
     } catch (const std::exception& error) {

@@ -593,6 +593,7 @@ TEST(DataComboTest, DesignersFindItsPropertiesByTheirStandardNumbers) {
         {L"ListCount", DISPID_LISTCOUNT, false},
         {L"RemoveItem", DISPID_REMOVEITEM, false},
         {L"List", DISPID_LIST, false},
+        {L"AccentSensitivity", 5, false},
     };
     // The vtable side: the dispatch side begins with the members of IDispatch.
     std::vector<std::wstring> order;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "faults/uses.h"
 
+#include <optional>
+
 #include "comkit/base/com_error.h"
 #include "data/stores/options.h"
 #include "support/new_object.h"
@@ -43,6 +45,11 @@ const Call kUserManager = OnLogon([](ILogon& logon, BSTR* connect) {
     EXPECT_SUCCEEDED(logon.UserManager(connect));
     return std::wstring();
 });
+const Call kUsersThatAreFound = [](const SampleDatabase&, const std::wstring& connection) {
+    _bstr_t connect(connection.c_str());
+    EXPECT_SUCCEEDED(LogonWith(kFindNames)->UserManager(&connect.GetBSTR()));
+    return std::wstring();
+};
 const Call kShowUser = OnLogon([](ILogon& logon, BSTR* connect) {
     _bstr_t name(L"Admin");
     EXPECT_SUCCEEDED(logon.ShowUser(connect, &name.GetBSTR()));
@@ -96,9 +103,12 @@ void ServeMessages() {
 }
 
 // The boxes of a host's form, one of which the user fills and leaves; what is then chosen.
-template <class Fill> Call InBoxes(Fill fill) {
-    return [fill](const SampleDatabase& database, const std::wstring& connection) {
+template <class Fill>
+Call InBoxes(Fill fill, const std::optional<SecuritySettings>& settings = std::nullopt) {
+    return [=](const SampleDatabase& database, const std::wstring& connection) {
         LookupHost host(database);
+        if (settings)
+            Govern(host.item.Get(), MakeSettings(*settings));
         EXPECT_SUCCEEDED(host.item->put_ActiveConnection(_variant_t(connection.c_str())));
         EXPECT_SUCCEEDED(
             host.item->put_SqlName(_bstr_t(L"Select Code,Name From TinhThanh Where Name")));
@@ -111,12 +121,14 @@ template <class Fill> Call InBoxes(Fill fill) {
     };
 }
 
-const Call kPickByName = InBoxes([](LookupForm& form) {
+void EnterName(LookupForm& form) {
     const HWND box = form.Box(L"TxtSel");
     SetFocus(box);
     SetWindowTextW(box, L"H");
     SendMessageW(box, WM_KEYDOWN, VK_RETURN, 0);
-});
+}
+const Call kPickByName = InBoxes(EnterName);
+const Call kFindByName = InBoxes(EnterName, kFindNames);
 const Call kEnterCode = InBoxes([](LookupForm& form) {
     SetFocus(form.Box(L"txtSelID"));
     SetWindowTextW(form.Box(L"txtSelID"), L"HP");
@@ -259,6 +271,17 @@ std::vector<Use> MakeUses() {
          .call = kUserManager,
          .probe = L"select \"dec\" from \"user\" where code=1",
          .probed = L"khac"},
+        {.name = "UserFoundAndEdited",
+         .steps = {{L"FrmMenu", [](HWND list) { SetBox(list, L"TxtFind", L"min"); }},
+                   {L"FrmMenu", OnFirstUser(L"CmdEdit")},
+                   {L"FrmInput",
+                    [](HWND editor) {
+                        SetBox(editor, L"TxtDes", L"khac");
+                        Press(editor, L"CmdOk");
+                    }}},
+         .call = kUsersThatAreFound,
+         .probe = L"select \"dec\" from \"user\" where code=3",
+         .probed = L"khac"},
         {.name = "UserDeleted",
          .steps = {{L"FrmMenu", OnFirstUser(L"CmdDel")}},
          .call = kUserManager,
@@ -326,6 +349,11 @@ std::vector<Use> MakeUses() {
         {.name = "ItemPicked",
          .steps = {{L"FmSelHang", ChooseFirstItem}},
          .call = kPickByName,
+         .answer = L"HN Hà Nội",
+         .neutral = L" "},
+        {.name = "ItemFound",
+         .steps = {{L"FmSelHang", ChooseFirstItem}},
+         .call = kFindByName,
          .answer = L"HN Hà Nội",
          .neutral = L" "},
         {.name = "CodeEntered", .call = kEnterCode, .answer = L"HP Hải Phòng", .neutral = L" "},

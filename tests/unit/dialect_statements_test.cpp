@@ -87,6 +87,10 @@ TEST(DialectStatements, TheCatalogueIsReadAndItsTablesAreQuotedWhereTheyMustBe) 
               Ordered(FieldListStatement(L"v", kPostgres), kCatalogueOrder, kPostgres).text);
     EXPECT_EQ(L"Select * From \"order\" Where \"name\"   Like 'v%'",
               LookUpStatement(L"Order", L"v", kPostgres).text);
+    EXPECT_EQ(
+        Statement(L"Select * From \"order\" Where \"name\"   ILike ?",
+                  {std::optional<std::wstring>(L"%v_%")}),
+        LookUpStatement(L"Order", L"va", kPostgres, FindingNames(L"va", Engine::PostgreSql, true)));
     EXPECT_EQ(L"Select [Ma] From Hang Where Ten  Like N'v%'",
               LookUpStatement(L"Select [Ma] From Hang Where Ten", L"v", kServer).text);
 }

@@ -124,7 +124,7 @@ void Control::Detach() {
 void Control::CreateControlWindow(HWND form, const ControlSpec& design, int id) {
     const KindRow& row = Row(kind_);
     box_ = ToPixels(rect_, dpi_);
-    const DWORD edge = design.flags & kEdged ? WS_EX_CLIENTEDGE : 0;
+    const DWORD edge = design.flags & kEdged ? WS_EX_STATICEDGE : 0;
     window_ = CreateWindowExW(
         row.extendedStyle | edge, ClassFor(design), design.caption, StyleFor(design), box_.left,
         box_.top, box_.right - box_.left, box_.bottom - box_.top, form,

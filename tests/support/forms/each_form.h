@@ -74,6 +74,12 @@ inline const std::vector<EachForm>& EveryForm() {
         {"UserListWithLocks", {L"FrmMenu"}, kept([](ILogon2& object, BSTR* connect) {
              return object.UserManager(connect);
          })},
+        {"UserListThatShrinks",
+         {L"FrmMenu"},
+         [](BSTR* connect) { return LogonWith(kFindNames)->UserManager(connect); }},
+        {"GroupManagerThatShrinks",
+         {L"FmGrp"},
+         [](BSTR* connect) { return LogonWith(kFindNames)->ShowGroup(connect); }},
         {"EditorWithHashes",
          {L"FrmMenu", L"CmdEdit", L"FrmInput"},
          kept([](ILogon2& object, BSTR* connect) { return object.UserManager(connect); })},

@@ -184,7 +184,13 @@ TEST_P(SearchLine, GroupThatIsFoundIsDeletedAndTheOthersComeBack) {
     EXPECT_EQ(L"0", Test().Read(L"select count(*) from groups where code=4"));
 }
 
-class SearchLinePictures : public testing::Test {};
+class SearchLinePictures : public testing::Test {
+protected:
+    static void Picture(HWND form, const wchar_t* name) {
+        Sleep(300); // everything is painted
+        EXPECT_NE(L"", SaveWindow(form, name));
+    }
+};
 
 TEST_F(SearchLinePictures, UsersAndGroups) {
     AdministrationTest test(false);
@@ -193,17 +199,17 @@ TEST_F(SearchLinePictures, UsersAndGroups) {
         WaitReady(list, L"TxtFind");
         TypeText(L"ke toan");
         EXPECT_TRUE(WaitUntil([&] { return RowCount(list, L"Lv") < 7; }));
-        EXPECT_NE(L"", SaveWindow(list, L"user-list-found"));
+        Picture(list, L"user-list-found");
         TypeText(L"x");
         EXPECT_TRUE(WaitUntil([&] { return IsShown(list, L"lblNone"); }));
-        EXPECT_NE(L"", SaveWindow(list, L"user-list-none"));
+        Picture(list, L"user-list-none");
         PressKey(VK_ESCAPE);
     });
     test.PlayGroups([](HWND groups) {
         WaitReady(groups, L"TxtFind");
         TypeText(L"phong");
         EXPECT_TRUE(WaitUntil([&] { return Groups(groups).size() < 5; }));
-        EXPECT_NE(L"", SaveWindow(groups, L"group-manager-found"));
+        Picture(groups, L"group-manager-found");
         PressKey(VK_ESCAPE);
     });
 }
