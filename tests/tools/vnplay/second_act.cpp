@@ -30,6 +30,7 @@ void Unlock(Tour& tour) {
 } // namespace
 
 void PlaySecondAct(Tour& tour, const Person& user, const Person& administrator) {
+    tour.EnterConfirms();
     LockOut(tour, user);
     tour.LogOn(administrator.name, administrator.password);
     Unlock(tour);

@@ -116,11 +116,20 @@ void Tour::TypeName(HWND dialog, const std::wstring& name) {
 }
 
 void Tour::TypePassword(HWND dialog, const std::wstring& password) {
-    EnterMovesTo(dialog, L"TxtPass");
+    if (enterConfirms_) {
+        PressKey(VK_TAB);
+        WaitForFocus(dialog, L"TxtPass", kLimit);
+    } else {
+        EnterMovesTo(dialog, L"TxtPass");
+    }
     TypeInto(dialog, L"TxtPass", password);
 }
 
 void Tour::PressOk(HWND dialog) {
+    if (enterConfirms_) {
+        PressKey(VK_RETURN);
+        return;
+    }
     EnterMovesTo(dialog, L"CmdOk");
     PressKey(VK_SPACE);
 }

@@ -35,6 +35,8 @@ public:
     Tour();
 
     HWND Window() const { return window_; }
+    // The program's settings let Enter log on, and go to the password box only while that is empty.
+    void EnterConfirms() { enterConfirms_ = true; }
 
     // The logon dialog, which opens by itself first and by its key later.
     void LogOn(const std::wstring& name, const std::wstring& password);
@@ -71,6 +73,7 @@ private:
 
     HWND window_ = nullptr;
     bool started_ = false;
+    bool enterConfirms_ = false;
     int pictures_ = 0;
 };
 
