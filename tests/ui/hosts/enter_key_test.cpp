@@ -56,6 +56,38 @@ TEST_P(EnterKeyForms, LogonGoesToTheEmptyPasswordAndLogsOnThere) {
               }));
 }
 
+TEST_P(EnterKeyForms, LogonChoosesInTheOpenListOfNames) {
+    constexpr wchar_t kKey[] = L"Software\\VnDeskTest\\EnterKey";
+    const wchar_t names[] = L"Admin\0Lê Quốc Việt\0";
+    EXPECT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"LogonNames", REG_MULTI_SZ,
+                                             names, sizeof names));
+    ComPtr<ILogon2> logon;
+    EXPECT_SUCCEEDED(Test().Host().As(&logon));
+    EXPECT_SUCCEEDED(logon->put_RememberKey(_bstr_t(kKey)));
+    EXPECT_SUCCEEDED(logon->put_PickUser(VARIANT_TRUE));
+    EXPECT_EQ(4, PlayLogon(*logon.Get(), Test().database.ConnectionString(), [&] {
+                  const HWND dialog = WaitForForm(L"FrmLogon");
+                  WaitReady(dialog, L"TxtPass");
+                  PressKey(VK_TAB, kShift);
+                  WaitReady(dialog, L"TxtUser");
+                  const HWND user = Control(dialog, L"TxtUser");
+                  PressKey(VK_F4);
+                  const auto isOpen = [=] {
+                      return SendMessageW(user, CB_GETDROPPEDSTATE, 0, 0) != 0;
+                  };
+                  EXPECT_TRUE(WaitUntil(isOpen));
+                  for (int i = 0; i < 3 && TextOf(user) != L"Lê Quốc Việt"; ++i)
+                      PressKey(VK_DOWN);
+                  PressKey(VK_RETURN);
+                  EXPECT_TRUE(WaitUntil([=] { return !isOpen(); }));
+                  EXPECT_EQ(L"TxtUser", FocusName(dialog));
+                  PressKey(VK_RETURN);
+                  TypePassword(dialog, L"TxtPass", L"KhoHang1");
+                  PressKey(VK_RETURN);
+              }));
+    RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
+}
+
 TEST_P(EnterKeyForms, LogonTriesOnceWhileTheKeyIsHeld) {
     EXPECT_EQ(0, LogOn([](HWND dialog) {
                   Type(dialog, L"TxtUser", L"Admin");

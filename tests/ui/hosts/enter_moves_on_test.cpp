@@ -262,6 +262,26 @@ TEST_P(EnterMovesOn, TakesUpBoxesThatAreMadeLaterAndEndsWithThem) {
     });
 }
 
+TEST(EnterMovesOnLife, LibraryStaysWhileAFormIsServedAndNotLonger) {
+    using Question = HRESULT(STDAPICALLTYPE*)();
+    auto tools = Tools();
+    const auto canUnload = reinterpret_cast<Question>(
+        GetProcAddress(GetModuleHandleW(L"vndesk.dll"), "DllCanUnloadNow"));
+    ASSERT_TRUE(canUnload);
+    for (const bool byHost : {true, false}) {
+        HostForm form(HostForm::kDialog);
+        form.Add(L"TxtFirst", L"EDIT");
+        EXPECT_SUCCEEDED(tools->EnterMovesOn(form.Handle(), VARIANT_TRUE));
+        if (byHost) {
+            EXPECT_SUCCEEDED(tools->EnterMovesOn(form.Handle(), VARIANT_FALSE));
+        } else {
+            tools.Reset();
+            EXPECT_EQ(S_FALSE, canUnload());
+        }
+    }
+    EXPECT_EQ(S_OK, canUnload());
+}
+
 // Its own Enter opens the picker first.
 TEST(EnterMovesOnAndSelItem, NameBoxPicksAndThenMovesOn) {
     const Catalogue catalogue(false);
