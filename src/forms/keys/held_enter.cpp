@@ -9,23 +9,23 @@ namespace {
 
 // Keys begin to repeat after a second at the latest. One whose release another program has got
 // seems to be held, and does not repeat.
-constexpr ULONGLONG kLongestPause = 1100;
+constexpr DWORD kLongestPause = 1100; // milliseconds
 
 // There is one keyboard: the key may be released in another window, of another thread.
 std::atomic<int> hooks{0};
 std::atomic<bool> held{false};
-std::atomic<ULONGLONG> lastDown{0};
+std::atomic<DWORD> lastDown{0};
 // The thread whose key is being looked at: forms above each other have a hook each, and the first
 // one that is called decides.
 std::atomic<DWORD> decided{0};
 
 void PressedNow() {
     held = true;
-    lastDown = GetTickCount64();
+    lastDown = GetTickCount();
 }
 
 bool MayRepeat() {
-    return held && GetTickCount64() - lastDown < kLongestPause;
+    return held && GetTickCount() - lastDown < kLongestPause;
 }
 
 // What Windows calls a repetition, and what comes without a release between: some systems forget
@@ -42,9 +42,9 @@ LRESULT CALLBACK DropRepeats(int code, WPARAM removed, LPARAM taken) {
         decided == GetCurrentThreadId())
         return CallNextHookEx(nullptr, code, removed, taken);
     const bool repeats = Repeats(message);
-    if (removed == PM_REMOVE && message.message == WM_KEYUP)
+    if ((removed & PM_REMOVE) && message.message == WM_KEYUP)
         held = false;
-    else if (removed == PM_REMOVE && GetKeyState(VK_RETURN) < 0)
+    else if ((removed & PM_REMOVE) && GetKeyState(VK_RETURN) < 0)
         PressedNow();
     if (repeats)
         message.message = WM_NULL;

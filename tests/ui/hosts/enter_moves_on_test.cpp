@@ -87,26 +87,7 @@ public:
     void Run(std::function<void()> script) {
         SetForegroundWindow(window_);
         SetFocus(boxes_.front());
-        std::atomic<bool> over{false};
-        DialogDriver user([&] {
-            const struct Ending {
-                std::atomic<bool>& over;
-                HWND window;
-                ~Ending() {
-                    over = true;
-                    PostMessageW(window, WM_NULL, 0, 0);
-                }
-            } ending{over, window_};
-            WaitReady(window_);
-            script();
-        });
-        MSG message;
-        while (!over && GetMessageW(&message, nullptr, 0, 0) > 0)
-            if (!IsDialogMessageW(window_, &message)) {
-                TranslateMessage(&message);
-                DispatchMessageW(&message);
-            }
-        user.Finish();
+        ServeForm(window_, std::move(script));
     }
     void Focus(const wchar_t* name) const {
         SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(FindControl(window_, name)),
