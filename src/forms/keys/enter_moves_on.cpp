@@ -16,6 +16,7 @@ namespace {
 // What a window has while its procedure is ours. The module stays loaded that long.
 struct Watch {
     HWND form = nullptr;
+    bool asked = false;   // the box is being asked what it would take without us
     bool* left = nullptr; // becomes true when the keyboard leaves the box
     ModuleLock lock = {};
 };
@@ -83,7 +84,7 @@ BOOL CALLBACK DetachBox(HWND window, LPARAM form) {
 // Whether the box takes an Enter for itself, as text boxes of several lines do, or one that looks
 // up what was typed. Windows' own text box of several lines says so although it leaves the key to
 // the form; others with its class name in theirs do take it.
-bool TakesEnter(HWND box) {
+bool TakesEnter(HWND box, Watch& watch) {
     const LONG_PTR style = GetWindowLongPtrW(box, GWL_STYLE);
     if (KindOfBox(box) == EntryBox::Edit && (style & ES_MULTILINE)) {
         wchar_t name[8] = L"";
@@ -94,14 +95,16 @@ bool TakesEnter(HWND box) {
     enter.hwnd = box;
     enter.message = WM_KEYDOWN;
     enter.wParam = VK_RETURN;
-    const LRESULT answer = Controls6().DefSubclassProc(box, WM_GETDLGCODE, VK_RETURN,
-                                                       reinterpret_cast<LPARAM>(&enter));
+    watch.asked = true;
+    const LRESULT answer =
+        SendMessageW(box, WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&enter));
+    watch.asked = false;
     return (answer & DLGC_WANTMESSAGE) != 0;
 }
 
-bool MovesOnEnter(HWND box) {
-    return GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 && !HasOpenList(box) &&
-           !TakesEnter(box);
+bool MovesOnEnter(HWND box, Watch& watch) {
+    return !watch.asked && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 &&
+           !HasOpenList(box) && !TakesEnter(box, watch);
 }
 
 // As IsDialogMessage does it for Tab. Dialogs and the forms of some languages do it themselves.
@@ -131,27 +134,28 @@ void MoveOn(HWND form, HWND box) {
 
 LRESULT CALLBACK BoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                               DWORD_PTR data) {
+    auto& watch = *reinterpret_cast<Watch*>(data);
     switch (message) {
     case WM_GETDLGCODE: // otherwise IsDialogMessage would press the default button
         if (const auto* key = reinterpret_cast<const MSG*>(lParam);
-            key && IsEnterDown(*key) && MovesOnEnter(box))
+            key && IsEnterDown(*key) && MovesOnEnter(box, watch))
             return Controls6().DefSubclassProc(box, message, wParam, lParam) | DLGC_WANTMESSAGE;
         break;
     case WM_KEYDOWN:
-        if (wParam != VK_RETURN || !MovesOnEnter(box))
+        if (wParam != VK_RETURN || !MovesOnEnter(box, watch))
             break;
         if (!(HIWORD(lParam) & KF_REPEAT)) {
-            const HWND form = reinterpret_cast<const Watch*>(data)->form;
+            const HWND form = watch.form;
             Trap([&] { MoveOn(form, box); });
         }
         return 0;
     case WM_CHAR: // an edit control of one line would beep
-        if (wParam == VK_RETURN && MovesOnEnter(box))
+        if (wParam == VK_RETURN && MovesOnEnter(box, watch))
             return 0;
         break;
     case WM_KILLFOCUS:
-        if (bool* left = reinterpret_cast<const Watch*>(data)->left)
-            *left = true;
+        if (watch.left)
+            *watch.left = true;
         break;
     case WM_NCDESTROY:
         kBox.Detach(box);

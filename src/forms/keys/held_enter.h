@@ -19,11 +19,14 @@ public:
     NoEnterRepeats(const NoEnterRepeats&) = delete;
     NoEnterRepeats& operator=(const NoEnterRepeats&) = delete;
 
+    // For a form that Enter has closed: waits until the key is released, or repeats no more. Not
+    // in a form behind which another one gets no repetitions either.
+    void WaitForRelease();
+
 private:
+    void Unhook();
+
     HHOOK hook_;
 };
-
-// Waits until Enter is released, or repeats no more: for a form that it has closed.
-void WaitWhileEnterIsHeld();
 
 } // namespace vndesk

@@ -110,11 +110,11 @@ void Form::CreateFormWindow() {
 void Form::ShowModal() {
     Load();
     closedByEnter_ = false;
+    std::optional<NoEnterRepeats> pressedOnce;
+    if (enterConfirms_)
+        pressedOnce.emplace();
     {
         const ModalState others(window_);
-        std::optional<NoEnterRepeats> pressedOnce;
-        if (enterConfirms_)
-            pressedOnce.emplace();
         modal_ = true;
         ShowWindow(window_, SW_SHOW);
         SetForegroundWindow(window_);
@@ -128,8 +128,8 @@ void Form::ShowModal() {
     }
     Destroy();
     // The window behind would get the repetitions.
-    if (closedByEnter_)
-        WaitWhileEnterIsHeld();
+    if (closedByEnter_ && pressedOnce)
+        pressedOnce->WaitForRelease();
     if (failure_)
         std::rethrow_exception(std::exchange(failure_, nullptr));
 }

@@ -65,6 +65,30 @@ inline std::wstring Read(const ComPtr<ISelItem>& item,
     return {text.length() ? static_cast<const wchar_t*>(text) : L"", text.length()};
 }
 
+// Serves a form of the host while the script plays the user.
+inline void ServeForm(HWND window, std::function<void()> script) {
+    std::atomic<bool> over{false};
+    DialogDriver user([&] {
+        const struct Ending {
+            std::atomic<bool>& over;
+            HWND window;
+            ~Ending() {
+                over = true;
+                PostMessageW(window, WM_NULL, 0, 0);
+            }
+        } ending{over, window};
+        WaitReady(window);
+        script();
+    });
+    MSG message;
+    while (!over && GetMessageW(&message, nullptr, 0, 0) > 0)
+        if (!IsDialogMessageW(window, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    user.Finish();
+}
+
 // The form: TxtSel, txtSelID, TxtOther, TxtLast, in the order of Tab. Enter presses its default
 // button.
 class LookupForm {
@@ -107,28 +131,7 @@ public:
     int DefaultPresses() const { return defaultPresses_; }
 
     // Serves the form while the script plays the user.
-    void Run(std::function<void()> script) {
-        std::atomic<bool> over{false};
-        DialogDriver user([&] {
-            const struct Ending {
-                std::atomic<bool>& over;
-                HWND window;
-                ~Ending() {
-                    over = true;
-                    PostMessageW(window, WM_NULL, 0, 0);
-                }
-            } ending{over, window_};
-            WaitReady(window_);
-            script();
-        });
-        MSG message;
-        while (!over && GetMessageW(&message, nullptr, 0, 0) > 0)
-            if (!IsDialogMessageW(window_, &message)) {
-                TranslateMessage(&message);
-                DispatchMessageW(&message);
-            }
-        user.Finish();
-    }
+    void Run(std::function<void()> script) { ServeForm(window_, std::move(script)); }
 
     // --- For the script ---
 

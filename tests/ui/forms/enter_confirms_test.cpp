@@ -293,7 +293,7 @@ TEST(EnterConfirms, HeldKeyThatClosesTheFormDoesNotReachTheWindowBehind) {
 TEST(EnterConfirms, FormsThatAreNotAskedForItGetEnterAsACharacter) {
     EnterForm form(false);
     form.Play([&](HWND window) {
-        EXPECT_EQ(0, HIWORD(SendMessageW(window, DM_GETDEFID, 0, 0))) << "no default button";
+        EXPECT_EQ(BS_PUSHBUTTON, GetWindowLongPtrW(Control(window, L"cmdOk"), GWL_STYLE) & 0xF);
         FocusOn(window, L"txtAgain");
         PressKey(VK_RETURN);
         EXPECT_TRUE(WaitUntil([&] { return form.characters == L"\r"; }));
