@@ -206,6 +206,16 @@ TEST_F(InputWarnings, SelectionComesBackWithTheText) {
     });
 }
 
+TEST_F(InputWarnings, LettersSentByTheClipboardAreNoticedToo) {
+    InLogon([](HWND dialog) {
+        TypeKeys(L"ab");
+        ExpectText(dialog, L"TxtPass", L"ab");
+        TypeKeys(L"\b\x16");
+        ExpectWarning(dialog, kMethod);
+        ExpectText(dialog, L"TxtPass", L"ab");
+    });
+}
+
 TEST_F(InputWarnings, InputMethodsOfWindowsAreOffInPasswordBoxesOnly) {
     InLogon([](HWND dialog) {
         HANDLE(WINAPI * contextOf)(HWND) = nullptr;
