@@ -23,6 +23,12 @@ public:
             Add(0, static_cast<WORD>(stroke.character), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
             return;
         }
+        if (stroke.character < L' ' && stroke.kind == Stroke::Key) { // Ctrl and a letter
+            Key(VK_CONTROL, true);
+            Press(static_cast<WORD>(stroke.character + L'@'));
+            Key(VK_CONTROL, false);
+            return;
+        }
         const SHORT key = VkKeyScanW(stroke.character);
         const bool shift = HIBYTE(key) & 1;
         if (shift)
@@ -91,7 +97,7 @@ void PlaySlowly(const TypingStream& stream, HWND window) {
 void TypeKeys(std::wstring_view keys) {
     Inputs inputs;
     for (const wchar_t key : keys)
-        inputs.Add(Stroke{Stroke::Key, key});
+        inputs.Add(Stroke{key == L'\b' ? Stroke::Backspace : Stroke::Key, key});
     inputs.Send();
 }
 

@@ -17,7 +17,7 @@ void PlayStroke(const Stroke& stroke, SentBy way, HWND window);
 void PlayTyping(const TypingStream& stream, SentBy way, HWND window);
 // The same by hand: each stroke when the one before it has been served.
 void PlaySlowly(const TypingStream& stream, HWND window);
-// Real keys, one by one, without a pause; capitals with Shift.
+// Real keys, one by one, without a pause; capitals with Shift, commands (\x16) with Ctrl.
 void TypeKeys(std::wstring_view keys);
 // A key that goes down, or up.
 void SendKeyEvent(WORD key, bool down);

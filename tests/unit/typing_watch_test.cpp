@@ -45,7 +45,7 @@ public:
             text.pop_back();
         return typed;
     }
-    bool FollowsBackspace() const { return watch_.FollowsBackspace(now_); }
+    bool PasteFollows() const { return watch_.PasteFollowsBackspace(now_); }
 
 private:
     TypingWatch watch_;
@@ -141,12 +141,19 @@ TEST(TypingWatch, TimeIsThatOfTheKey) {
 
 TEST(TypingWatch, WhatIsPastedAtOnceIsAnInputMethodsToo) {
     Box box;
-    EXPECT_FALSE(box.FollowsBackspace());
+    EXPECT_FALSE(box.PasteFollows());
     box.Key(L'\b');
-    box.Key(L'\x16'); // Ctrl+V
-    EXPECT_TRUE(box.FollowsBackspace());
+    EXPECT_TRUE(box.PasteFollows()); // by Shift+Insert
     box.Wait(31);
-    EXPECT_FALSE(box.FollowsBackspace());
+    EXPECT_FALSE(box.PasteFollows());
+    box.Key(L'\x16'); // Ctrl+V
+    EXPECT_FALSE(box.PasteFollows());
+    box.Key(L'\b');
+    box.Key(L'\x16');
+    box.Wait(500); // until the form has come to it
+    EXPECT_TRUE(box.PasteFollows());
+    box.Key(L'a');
+    EXPECT_FALSE(box.PasteFollows());
 }
 
 } // namespace

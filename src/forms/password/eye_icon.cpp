@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "forms/password/eye_icon.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace vndesk {
 
@@ -47,15 +47,27 @@ UniqueIcon MakeEyeIcon(int pixels, COLORREF color) {
     void* bits = nullptr;
     const UniqueBitmap colors(
         CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const UniqueBitmap mask(CreateBitmap(pixels, pixels, 1, 1, nullptr));
-    if (!colors || !mask)
+    if (!colors)
         return nullptr;
-    const std::uint32_t ink = static_cast<std::uint32_t>(GetRValue(color)) << 16 |
-                              static_cast<std::uint32_t>(GetGValue(color)) << 8 | GetBValue(color);
+    const std::uint32_t full = static_cast<std::uint32_t>(GetRValue(color)) << 16 |
+                               static_cast<std::uint32_t>(GetGValue(color)) << 8 | GetBValue(color);
+    // The mask is all that is drawn of a grey one: a bit for each pixel that is left out, rows of
+    // whole words.
+    const auto rowBytes = static_cast<std::size_t>((pixels + 15) / 16 * 2);
+    std::vector<std::uint8_t> left(rowBytes * static_cast<std::size_t>(pixels));
     auto* pixel = static_cast<std::uint32_t*>(bits);
     for (int row = 0; row < pixels; ++row)
-        for (int column = 0; column < pixels; ++column)
-            *pixel++ = InkAt(column, row, pixels) << 24 | ink;
+        for (int column = 0; column < pixels; ++column) {
+            const std::uint32_t ink = InkAt(column, row, pixels);
+            *pixel++ = ink << 24 | full;
+            if (ink < 128)
+                left[static_cast<std::size_t>(row) * rowBytes +
+                     static_cast<std::size_t>(column / 8)] |=
+                    static_cast<std::uint8_t>(0x80 >> column % 8);
+        }
+    const UniqueBitmap mask(CreateBitmap(pixels, pixels, 1, 1, left.data()));
+    if (!mask)
+        return nullptr;
     ICONINFO icon = {};
     icon.fIcon = TRUE;
     icon.hbmMask = mask.get();

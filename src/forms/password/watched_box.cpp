@@ -15,8 +15,9 @@ namespace vndesk {
 
 namespace {
 
+// What another program sends has no time of its own.
 TypingWatch::Time MessageTime() {
-    return static_cast<TypingWatch::Time>(GetMessageTime());
+    return InSendMessage() ? GetTickCount() : static_cast<TypingWatch::Time>(GetMessageTime());
 }
 
 // Input methods that ask Windows which boxes they may work in.
@@ -92,12 +93,13 @@ std::optional<LRESULT> WatchedBox::BeforeBox(UINT message, WPARAM wParam) {
             watch_.KeyDown(wParam == VK_PACKET, MessageTime());
         break;
     case WM_CHAR:
+    case WM_IME_CHAR:
         if (!Takes(static_cast<wchar_t>(wParam)))
             return 0;
         break;
     case WM_PASTE:
         // Some input methods send their letters by the clipboard.
-        if (watch_.FollowsBackspace(MessageTime())) {
+        if (watch_.PasteFollowsBackspace(MessageTime())) {
             PutBack();
             Warn();
             return 0;

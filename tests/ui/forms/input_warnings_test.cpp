@@ -70,6 +70,14 @@ void PressMouse(HWND window, bool down) {
     SendInput(1, &input, sizeof input);
 }
 
+// For the documentation, and to be looked at.
+void Picture(HWND form, const wchar_t* name) {
+    if (!(SendMessageW(Control(form, L"TxtPassEye"), BM_GETSTATE, 0, 0) & BST_PUSHED))
+        MoveMouseTo({0, 0}); // no tool tip
+    Sleep(300);
+    EXPECT_NE(L"", SaveWindow(form, name));
+}
+
 void Enter(HWND form, const wchar_t* control) {
     SendMessageW(form, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(form, control)), TRUE);
     WaitReady(form, control);
@@ -198,6 +206,16 @@ TEST_F(InputWarnings, SelectionComesBackWithTheText) {
     });
 }
 
+TEST_F(InputWarnings, LettersSentByTheClipboardAreNoticedToo) {
+    InLogon([](HWND dialog) {
+        TypeKeys(L"ab");
+        ExpectText(dialog, L"TxtPass", L"ab");
+        TypeKeys(L"\b\x16");
+        ExpectWarning(dialog, kMethod);
+        ExpectText(dialog, L"TxtPass", L"ab");
+    });
+}
+
 TEST_F(InputWarnings, InputMethodsOfWindowsAreOffInPasswordBoxesOnly) {
     InLogon([](HWND dialog) {
         HANDLE(WINAPI * contextOf)(HWND) = nullptr;
@@ -280,7 +298,7 @@ TEST_F(InputWarnings, EyeShowsThePasswordWhileItIsHeld) {
               }));
 }
 
-TEST_F(InputWarnings, EyeShowsNothingThatTheFormHasFilledIn) {
+TEST_F(InputWarnings, EyeShowsNothingThatTheFormHasFilledInAsInThePicture) {
     const auto logon = LogonWith(settings_);
     _bstr_t connect(database_.ConnectionString().c_str()), name(L"Admin");
     DialogDriver user([] {
@@ -298,19 +316,11 @@ TEST_F(InputWarnings, EyeShowsNothingThatTheFormHasFilledIn) {
         TypeText(L"ê", 0);
         ExpectWarning(editor, kMethod);
         ExpectText(editor, L"TxtPass", L"ab");
+        Picture(editor, L"user-editor-input-method");
         PressKey(VK_ESCAPE);
     });
     EXPECT_SUCCEEDED(logon->ShowUser(&connect.GetBSTR(), &name.GetBSTR()));
     user.Finish();
-}
-
-// --- Pictures, for the documentation and to be looked at ---
-
-void Picture(HWND form, const wchar_t* name) {
-    if (!SendMessageW(Control(form, L"TxtPassEye"), BM_GETSTATE, 0, 0))
-        MoveMouseTo({0, 0}); // no tool tip
-    Sleep(300);
-    EXPECT_NE(L"", SaveWindow(form, name));
 }
 
 TEST_F(InputWarnings, PicturesOfTheLogonDialog) {

@@ -55,6 +55,9 @@ public:
         }
     }
 
+    // That the form has sent itself: a round of them leads back to where it began.
+    static int TakeTabs() { return tabs_.exchange(0); }
+
 private:
     static UINT Mark() {
         static const UINT message = RegisterWindowMessageW(L"VnDeskTest.Served");
@@ -65,12 +68,14 @@ private:
         if (code == HC_ACTION && remove == PM_REMOVE) {
             seen_ += got.message == Mark();
             keys_ += got.message == WM_KEYUP && got.wParam == VK_SHIFT;
+            tabs_ += got.message == WM_KEYDOWN && got.wParam == VK_TAB;
         }
         return CallNextHookEx(nullptr, code, remove, message);
     }
 
     static inline std::atomic<int> seen_{0};
     static inline std::atomic<int> keys_{0};
+    static inline std::atomic<int> tabs_{0};
     HWND form_;
     HHOOK hook_;
 };
@@ -161,6 +166,7 @@ TEST_P(Typing, InputMethodsWriteWhatTheySendAndPressNothing) {
             PlayBareKeys(FocusWindow(form));
             served.Wait();
             EXPECT_EQ(before, StateOf(form));
+            EXPECT_EQ(0, Served::TakeTabs());
         }
         const std::vector<HWND> boxes = TextBoxes(form);
         for (const HWND box : boxes)
@@ -194,6 +200,7 @@ TEST(TypingInBoundBoxes, InputMethodsWriteWhatTheySendAndOpenNothing) {
             PlayBareKeys(host.form.Box(name));
             served.Wait();
             EXPECT_EQ(before, StateOf(form));
+            EXPECT_EQ(0, Served::TakeTabs());
             SetBox(form, name, L"");
         }
     });

@@ -2,10 +2,12 @@
 // A host that runs for weeks: dialogs opened and closed, and classes created, again and again in
 // one process give back what they took.
 #include "support/forms/host.h"
+#include "support/leak_probe.h"
 #include "support/leaks.h"
 
 #include "support/reliability.h"
 #include "support/sample_database.h"
+#include "support/security_settings.h"
 #include "support/text.h"
 #include "support/ui_windows.h"
 
@@ -58,6 +60,36 @@ TEST(Leaks, LogonDialogsGiveEverythingBack) {
         long code = -1;
         ASSERT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
     });
+}
+
+// Their password boxes warn before they go.
+TEST(Leaks, LogonDialogsWithWarningsGiveEverythingBack) {
+    const SampleDatabase database = SampleDatabase::Embedded();
+    const auto logon = LogonWith({.InputWarnings = true});
+    const UINT_PTR timer =
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) {
+            for (const HWND window : TopWindows())
+                if (WindowName(window) == L"FrmLogon") {
+                    SendMessageW(FindControl(window, L"TxtPass"), WM_CHAR, L'ệ', 1);
+                    EXPECT_TRUE(IsShown(window, L"InputWarning"));
+                    PostMessageW(window, WM_CLOSE, 0, 0);
+                }
+        });
+    const auto round = [&] {
+        _bstr_t connect(database.ConnectionString().c_str());
+        long code = -1;
+        ASSERT_SUCCEEDED(logon->ShowLogon(&connect.GetBSTR(), &code));
+    };
+    if (FullRun()) {
+        ExpectFlat("logon dialogs with warnings", kWarmUp, 1000, round);
+    } else {
+        round();
+        const long before = GdiObjectsBesideContexts();
+        for (int i = 0; i < 5; ++i)
+            round();
+        EXPECT_EQ(before, GdiObjectsBesideContexts());
+    }
+    KillTimer(nullptr, timer);
 }
 
 class ClassLeaks : public testing::TestWithParam<const wchar_t*> {};

@@ -21,7 +21,7 @@ void TypingWatch::KeyDown(bool isPacket, Time time) noexcept {
 }
 
 // Clocks of posted and of typed messages may differ a little, in either direction.
-bool TypingWatch::FollowsBackspace(Time time) const noexcept {
+bool TypingWatch::IsAtOnce(Time time) const noexcept {
     return deleting_ && std::abs(static_cast<std::int32_t>(time - deleted_)) <= kAtOnce;
 }
 
@@ -29,13 +29,14 @@ Typed TypingWatch::Character(wchar_t character, Time time) noexcept {
     const Source source = std::exchange(source_, Source::Nothing);
     // A busy program takes characters late; the key knows when it was pressed.
     const Time when = source == Source::Nothing ? time : keyTime_;
-    const bool atOnce = FollowsBackspace(when);
+    const bool atOnce = IsAtOnce(when);
+    command_ = atOnce && character < kFirstPrinted && character != kBackspace;
     if (character == kBackspace) {
         deleting_ = true;
         deleted_ = when;
         return atOnce ? Typed::Taken : Typed::FirstBackspace;
     }
-    if (character < kFirstPrinted) // a command, such as Ctrl+V
+    if (character < kFirstPrinted)
         return Typed::Taken;
     if (atOnce && source != Source::Key) {
         deleted_ = when; // the next of the same correction

@@ -27,16 +27,19 @@ public:
     // A key that brings a character. VK_PACKET does, too, but no key sends it.
     void KeyDown(bool isPacket, Time time) noexcept;
     Typed Character(wchar_t character, Time time) noexcept;
-    // Whether what comes now follows a Backspace faster than a hand can.
-    bool FollowsBackspace(Time time) const noexcept;
+    // Whether what is pasted follows a Backspace faster than a hand can.
+    bool PasteFollowsBackspace(Time time) const noexcept { return command_ || IsAtOnce(time); }
 
 private:
     enum class Source { Nothing, Packet, Key };
 
+    bool IsAtOnce(Time time) const noexcept;
+
     Source source_ = Source::Nothing; // of the next character
     Time keyTime_ = 0;
     bool deleting_ = false;
-    Time deleted_ = 0; // the last Backspace, or what came at once after it
+    Time deleted_ = 0;     // the last Backspace, or what came at once after it
+    bool command_ = false; // such as Ctrl+V, and at once
 };
 
 } // namespace vndesk
