@@ -5,17 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-
 #include "support/forms/font_in_use.h"
 #include "support/sample_database.h"
 #include "support/server_control.h"
 #include "support/ui_windows.h"
 
 namespace vndesk::test {
-
-// How long a form may take where many threads have one, in milliseconds.
-inline constexpr ULONGLONG kManyForms = 120000;
 
 class Cluster : public testing::Test {
 protected:
@@ -45,25 +40,6 @@ private:
     const FontInUse font_{{kHouseFont, 9}};
     ServerControl servers_;
     static inline bool alone_ = false;
-};
-
-// Where threads wait for each other: the last one to come does what is to be done, then all go on.
-class Meeting {
-public:
-    explicit Meeting(int expected) : missing_(expected) {}
-
-    template <class Act> void Arrive(Act act) {
-        if (--missing_ == 0) {
-            act();
-            over_ = true;
-        } else if (!WaitUntil([this] { return over_.load(); }, 60000)) {
-            ADD_FAILURE() << missing_ << " have not come";
-        }
-    }
-
-private:
-    std::atomic<int> missing_;
-    std::atomic<bool> over_{false};
 };
 
 } // namespace vndesk::test

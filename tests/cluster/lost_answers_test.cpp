@@ -10,6 +10,7 @@
 #include "faults/uses.h"
 #include "support/forms/host.h"
 #include "support/in_threads.h"
+#include "support/meeting.h"
 #include "support/reliability.h"
 #include "support/security_settings.h"
 

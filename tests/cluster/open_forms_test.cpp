@@ -8,6 +8,7 @@
 #include "faults/uses.h"
 #include "support/forms/search.h"
 #include "support/in_threads.h"
+#include "support/meeting.h"
 #include "support/reliability.h"
 
 namespace vndesk::test {

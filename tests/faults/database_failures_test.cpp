@@ -211,7 +211,8 @@ class ServerFailures : public testing::TestWithParam<Use> {
 protected:
     void SetUp() override {
         if (!SampleDatabase::ServerAvailable() || !ServerControl::Available())
-            GTEST_SKIP() << "no PostgreSQL server that may be killed: VNDESK_PG_CONTROL is not set";
+            GTEST_SKIP()
+                << "no PostgreSQL server that may be killed: VNDESK_SERVER_CONTROL is not set";
     }
 };
 

@@ -18,6 +18,9 @@ struct Step {
     std::function<void(HWND form)> act;
 };
 
+// How long a form may take where many threads have one, in milliseconds.
+inline constexpr ULONGLONG kManyForms = 120000;
+
 // While it lives, message boxes are read and answered by their first button; the form in front gets
 // the next step that is for it, the steps of forms that did not come up are left out, and a form
 // without a step left is closed.

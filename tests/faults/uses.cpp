@@ -25,7 +25,9 @@ using Call = std::function<std::wstring(const SampleDatabase&, const std::wstrin
 template <class Operation> Call OnLogon(Operation operation) {
     return [operation](const SampleDatabase&, const std::wstring& connection) {
         _bstr_t connect(connection.c_str());
-        return operation(*CreateLogon().Get(), &connect.GetBSTR());
+        const auto logon = CreateLogon();
+        GovernInDialect(logon.Get());
+        return operation(*logon.Get(), &connect.GetBSTR());
     };
 }
 

@@ -69,6 +69,10 @@ std::wstring MariaDbConnection() {
     return EnvironmentText(L"VNDESK_MARIADB");
 }
 
+std::wstring GaleraConnection() {
+    return EnvironmentText(L"VNDESK_GALERA");
+}
+
 bool RunningUnderWine() {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }

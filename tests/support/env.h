@@ -20,6 +20,7 @@ std::wstring OutDir();
 std::wstring PostgresConnection();
 // The same of a MariaDB server (VNDESK_MARIADB).
 std::wstring MariaDbConnection();
+std::wstring GaleraConnection();
 
 bool RunningUnderWine();
 

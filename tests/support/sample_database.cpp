@@ -106,6 +106,17 @@ SampleDatabase SampleDatabase::MariaDb() {
     return database;
 }
 
+bool SampleDatabase::GaleraAvailable() {
+    return !GaleraConnection().empty();
+}
+
+SampleDatabase SampleDatabase::Galera() {
+    SampleDatabase database = OnServer(L"mariadb", GaleraConnection(), L"", L"");
+    OdbcSession(database.odbcString_).ExecuteScript(Script(L"mariadb.sql"));
+    database.odbcString_ += L"InitStmt=SET SESSION sql_mode='ANSI'";
+    return database;
+}
+
 SampleDatabase SampleDatabase::OnServer(const wchar_t* engine, const std::wstring& server,
                                         const std::wstring& how, const wchar_t* howDropped) {
     SampleDatabase database(engine);

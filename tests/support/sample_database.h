@@ -21,6 +21,9 @@ public:
     // first.
     static SampleDatabase MariaDb();
     static bool MariaDbAvailable();
+    // The same in a cluster, where names of tables have no case; looks into it speak standard SQL.
+    static SampleDatabase Galera();
+    static bool GaleraAvailable();
 
     // Another database of the server with the same rows; no one may be connected to this one.
     SampleDatabase Copy() const;

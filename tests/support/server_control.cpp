@@ -15,7 +15,7 @@ namespace {
 constexpr DWORD kPatienceWithServers = 60000;
 
 std::wstring Pipe() {
-    return L"Z:" + EnvironmentText(L"VNDESK_PG_CONTROL");
+    return L"Z:" + EnvironmentText(L"VNDESK_SERVER_CONTROL");
 }
 
 // How many orders have been carried out.
@@ -29,7 +29,7 @@ std::ptrdiff_t Done() {
 } // namespace
 
 bool ServerControl::Available() {
-    return !EnvironmentText(L"VNDESK_PG_CONTROL").empty();
+    return !EnvironmentText(L"VNDESK_SERVER_CONTROL").empty();
 }
 
 bool ServerControl::HasStandby() {
