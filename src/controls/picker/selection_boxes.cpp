@@ -313,17 +313,23 @@ void SelectionBoxes::CommitName() {
         GiveFocus(nameBox_.window);
 }
 
-// The codes of the entries with such names: none, the only one, or the first two.
+// The codes of the entries whose names begin so: none, the only one, or the first two.
 std::vector<std::wstring> SelectionBoxes::CodesBeginning(const Database& database,
                                                          const std::wstring& typed) const {
     std::vector<std::wstring> codes;
+    // The engine gives more than the rules take.
+    const auto isMeant = [&, rules = NameRules(database.settings)](Recordset& rows) {
+        return !rules ||
+               Matches(NullToText(rows.Value(1L)), typed, rules->accents) >= Match::AtStart;
+    };
     Trap([&] {
         Recordset rows;
         if (OpenRecordset(database, rows,
-                          NamesBeginningStatement(SqlName, typed, database.Style())) != 0)
+                          NamesBeginningStatement(SqlName, typed, database.Style(),
+                                                  NamePattern(database, typed))) != 0)
             return;
         for (; !rows.Eof() && codes.size() < 2; rows.MoveNext())
-            if (std::wstring code = NullToText(rows.Value(0L)); !code.empty())
+            if (std::wstring code = NullToText(rows.Value(0L)); !code.empty() && isMeant(rows))
                 codes.push_back(std::move(code));
         rows.Close();
     });

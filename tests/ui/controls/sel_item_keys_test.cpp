@@ -133,6 +133,22 @@ TEST_P(SelItemKeys, TabTakesTheOnlyEntryThatBeginsSo) {
     });
 }
 
+TEST_P(SelItemKeys, TabTakesTheOnlyEntryThatBeginsSoWithItsAccentsLeftOut) {
+    EXPECT_SUCCEEDED(Item().put_TabCommits(VARIANT_TRUE));
+    Govern(&Item(), MakeSettings(kFindNames));
+    Host().form.Run([&] {
+        LeaveName(L"den b");
+        EXPECT_TRUE(WaitUntil([&] { return Form().Text(L"txtSelID") == L"Đ1"; }));
+        ExpectEntry(L"Đ1", L"Đèn bàn");
+        // What stands inside a name is for the picker.
+        LeaveName(L"viet");
+        WaitReady(Form().Window(), L"txtSelID");
+        Form().Settle();
+        EXPECT_EQ(L"viet", Form().Text(L"TxtSel"));
+        EXPECT_EQ(L"Đ1", Host().SelID());
+    });
+}
+
 TEST_P(SelItemKeys, TabOpensThePickerWhereSeveralBeginSo) {
     EXPECT_SUCCEEDED(Item().put_TabCommits(VARIANT_TRUE));
     Host().form.Run([&] {
