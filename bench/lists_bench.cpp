@@ -151,6 +151,9 @@ void MeasureShrinking(Report& report, Lists& form, const std::vector<std::wstrin
     hits.Find(L"");
 
     Control& control = form.Get(L"Report");
+    // Those of the lists that were measured before.
+    while (SendMessageW(control.Window(), LVM_DELETECOLUMN, 0, 0)) {
+    }
     ReportList rows(control, {{L"a", L"Tên", 0.4}, {L"b", L"Diễn giải", 0.4}, {L"c", L"Mã", 0.2}});
     for (std::size_t i = 0; i < names.size(); ++i)
         rows.Rows().push_back({L"T" + std::to_wstring(i), {names[i], names[i], L"1"}});
