@@ -145,6 +145,7 @@ void WatchedBox::AfterBox(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETTEXT: {
         const auto* text = reinterpret_cast<const wchar_t*>(lParam);
         filled_ = text && *text;
+        before_.reset();
         break;
     }
     case WM_ENABLE:
@@ -196,7 +197,8 @@ bool WatchedBox::IsNewBeginning() const {
 }
 
 void WatchedBox::Remember() {
-    Content content = {Wiped<wchar_t>(static_cast<size_t>(GetWindowTextLengthW(box_)) + 1), 0, 0};
+    Content content = {Wiped<wchar_t>(static_cast<size_t>(GetWindowTextLengthW(box_)) + 1), 0, 0,
+                       filled_};
     GetWindowTextW(box_, content.text.Data(), static_cast<int>(content.text.Size()));
     SendMessageW(box_, EM_GETSEL, reinterpret_cast<WPARAM>(&content.start),
                  reinterpret_cast<LPARAM>(&content.end));
@@ -210,6 +212,8 @@ void WatchedBox::PutBack() {
     SendMessageW(box_, EM_SETSEL, 0, -1);
     SendMessageW(box_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(before_->text.Data()));
     SendMessageW(box_, EM_SETSEL, before_->start, static_cast<LPARAM>(before_->end));
+    filled_ = before_->filled;
+    CheckEye();
 }
 
 void WatchedBox::Warn() {

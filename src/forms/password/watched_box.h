@@ -30,11 +30,11 @@ public:
     HWND Eye() const { return eye_.Window(); }
 
 private:
-    // The text and the selection.
     struct Content {
         Wiped<wchar_t> text;
-        DWORD start;
+        DWORD start; // of the selection
         DWORD end;
+        bool filled;
     };
 
     static LRESULT CALLBACK Procedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam,

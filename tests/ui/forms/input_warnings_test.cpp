@@ -44,7 +44,7 @@ std::wstring Warning(HWND form) {
     return IsShown(form, L"InputWarning") ? TextOf(form, L"InputWarning") : L"";
 }
 void ExpectWarning(HWND form, const std::wstring& text) {
-    EXPECT_TRUE(WaitUntil([&] { return Warning(form) == text; }, 3000))
+    EXPECT_TRUE(WaitUntil([&] { return Warning(form) == text; }))
         << ToUtf8(Warning(form)) << " instead of " << ToUtf8(text);
 }
 
@@ -58,7 +58,7 @@ LRESULT Mask(HWND form, const wchar_t* box) {
     return SendMessageW(Control(form, box), EM_GETPASSWORDCHAR, 0, 0);
 }
 void ExpectMask(HWND form, const wchar_t* box, LRESULT mask) {
-    EXPECT_TRUE(WaitUntil([=] { return Mask(form, box) == mask; }, 3000)) << Mask(form, box);
+    EXPECT_TRUE(WaitUntil([=] { return Mask(form, box) == mask; })) << Mask(form, box);
 }
 
 void PressMouse(HWND window, bool down) {
@@ -84,7 +84,7 @@ void Enter(HWND form, const wchar_t* control) {
 }
 
 void ExpectText(HWND form, const wchar_t* box, const std::wstring& text) {
-    EXPECT_TRUE(WaitUntil([&] { return TextOf(form, box) == text; }, 3000))
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(form, box) == text; }))
         << ToUtf8(TextOf(form, box)) << " instead of " << ToUtf8(text);
 }
 
@@ -307,10 +307,17 @@ TEST_F(InputWarnings, EyeShowsNothingThatTheFormHasFilledInAsInThePicture) {
         EXPECT_NE(L"", TextOf(editor, L"TxtPass")) << "the number that the table has";
         EXPECT_FALSE(IsEnabled(editor, L"TxtPassEye"));
         EXPECT_FALSE(IsEnabled(editor, L"txtConfirmEye"));
-        SendMessageW(Control(editor, L"TxtPass"), EM_SETSEL, 0, -1);
+        const HWND box = Control(editor, L"TxtPass");
+        const std::wstring number = TextOf(box);
+        SendMessageW(box, EM_SETSEL, 0, -1);
+        PlayTyping({"Word", L"<{ê}"}, SentBy::Input, box);
+        ExpectWarning(editor, kMethod);
+        ExpectText(editor, L"TxtPass", number);
+        EXPECT_FALSE(IsEnabled(editor, L"TxtPassEye")) << "emptied by the input method only";
+        SendMessageW(box, EM_SETSEL, 0, -1);
         PressKey(VK_DELETE);
         EXPECT_TRUE(WaitUntil([=] { return IsEnabled(editor, L"TxtPassEye"); }));
-        EXPECT_FALSE(SendMessageW(Control(editor, L"TxtPass"), EM_CANUNDO, 0, 0));
+        EXPECT_FALSE(SendMessageW(box, EM_CANUNDO, 0, 0));
         EXPECT_FALSE(IsEnabled(editor, L"txtConfirmEye"));
         TypeKeys(L"ab");
         TypeText(L"ê", 0);

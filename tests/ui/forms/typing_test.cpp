@@ -139,7 +139,7 @@ void ExpectStreams(HWND form, HWND box) {
         for (const SentBy way : {SentBy::Input, SentBy::Posts}) {
             Enter(form, box);
             PlayTyping(stream, way, box);
-            EXPECT_TRUE(WaitUntil([=] { return TextOf(box) == kTypedName; }, 3000))
+            EXPECT_TRUE(WaitUntil([=] { return TextOf(box) == kTypedName; }))
                 << stream.name << " in " << ToUtf8(DescribeWindow(box));
             EXPECT_EQ(box, FocusWindow(form));
         }
@@ -192,7 +192,7 @@ TEST(TypingInBoundBoxes, InputMethodsWriteWhatTheySendAndOpenNothing) {
                 for (const SentBy way : {SentBy::Input, SentBy::Posts}) {
                     SetBox(form, name, L"");
                     PlayTyping(stream, way, host.form.Box(name));
-                    EXPECT_TRUE(WaitUntil([&] { return host.form.Text(name) == kTypedName; }, 3000))
+                    EXPECT_TRUE(WaitUntil([&] { return host.form.Text(name) == kTypedName; }))
                         << stream.name << " in " << ToUtf8(name);
                 }
             // The name is to be looked up: Enter would open the picker.
