@@ -252,6 +252,8 @@ const Row kRows[] = {
     {"SQLPrepare", Own(Prepare)},
     {"SQLPrepareW", Own(PrepareW)},
     {"SQLExecute", Own(ExecutePrepared)},
+    {"SQLPrimaryKeys", Ordinary<&SQLPrimaryKeys>()},
+    {"SQLPrimaryKeysW", Ordinary<&SQLPrimaryKeysW>()},
     {"SQLGetStmtAttr", Own(GetStmtAttr)},
     {"SQLDisconnect", Own(Disconnect)},
     {"SQLGetDiagRec", Own(GetDiagRec)},

@@ -63,6 +63,7 @@ TEST_F(InstallTest, EntriesOfTheStartMenuLeadToWhatIsThere) {
         for (const auto& [bits, arch] : {std::pair(L"32", L"x86"), std::pair(L"64", L"x64")}) {
             const std::wstring check = folder + L"\\" + arch + L"\\vndesk-check.exe";
             EXPECT_TRUE(FileExists(check));
+            EXPECT_TRUE(FileExists(folder + L"\\" + arch + L"\\vndesk-convert.exe"));
             EXPECT_TRUE(MenuEntry(menu, L"check (" + std::wstring(bits) + L"-bit)")
                             .ends_with(L"\\cmd.exe /k \"\"" + check + L"\"\""));
         }

@@ -7,57 +7,14 @@
 #include "check/probes.h"
 #include "check/report.h"
 #include "comkit/base/com_error.h"
+#include "console/console.h"
 #include "vndesk_version.h"
 
 namespace {
 
 using namespace vndesk::check;
-
-// A console gets Unicode, a file or pipe UTF-8.
-void Print(DWORD stream, const std::wstring& text) {
-    const HANDLE output = GetStdHandle(stream);
-    DWORD mode = 0, written = 0;
-    if (GetConsoleMode(output, &mode) &&
-        WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
-        return;
-    const int length = static_cast<int>(text.size());
-    std::string bytes(
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
-                        static_cast<int>(bytes.size()), nullptr, nullptr);
-    WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
-Language UserLanguage() {
-    switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
-    case LANG_VIETNAMESE:
-        return Language::Vietnamese;
-    case LANG_FRENCH:
-        return Language::French;
-    default:
-        return Language::English;
-    }
-}
-
-// The first line of the standard input, in UTF-8, so that no other user of the machine reads it in
-// the list of processes.
-std::wstring ConnectionStringOf(const std::wstring& word) {
-    if (word != L"-")
-        return word;
-    std::string bytes;
-    char byte = 0;
-    DWORD read = 0;
-    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &byte, 1, &read, nullptr) && read == 1 &&
-           byte != '\n' && byte != '\r')
-        bytes += byte;
-    const int length = static_cast<int>(bytes.size());
-    std::wstring text(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0)),
-        L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(),
-                        static_cast<int>(text.size()));
-    return text;
-}
+using vndesk::console::ConnectionStringOf;
+using vndesk::console::Print;
 
 Findings Check(const Options& options) {
     Findings findings;
@@ -88,7 +45,7 @@ int Run(const Options& options, Language language) {
 
 int wmain(int argc, wchar_t** argv) {
     const Options options = ParseOptions({argv + 1, argv + argc});
-    const Language language = options.language.value_or(UserLanguage());
+    const Language language = options.language.value_or(vndesk::console::UserLanguage());
     const std::wstring usage = FrameOf(language).usage;
     if (!options.wrong.empty()) {
         Print(STD_ERROR_HANDLE, L"vndesk-check: " + options.wrong + L"?\n\n" + usage);

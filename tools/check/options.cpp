@@ -3,32 +3,14 @@
 
 namespace vndesk::check {
 
-namespace {
-
-// Where a connection string was not put into quotes, its pieces come as words: none is repeated.
-std::wstring Named(std::wstring_view word) {
-    const std::size_t equals = word.find(L'=');
-    if (word.empty())
-        return L"\"\"";
-    if (equals == std::wstring_view::npos)
-        return std::wstring(word);
-    return std::wstring(word.substr(0, equals + 1)) + L"...";
-}
-
-} // namespace
-
 Options ParseOptions(const std::vector<std::wstring_view>& words) {
     Options options;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::wstring_view word = words[i];
         if (word == L"--json")
             options.json = true;
-        else if (word == L"--en")
-            options.language = Language::English;
-        else if (word == L"--vi")
-            options.language = Language::Vietnamese;
-        else if (word == L"--fr")
-            options.language = Language::French;
+        else if (const auto language = console::LanguageOption(word))
+            options.language = language;
         else if (word == L"--connect" && i + 1 < words.size())
             options.connectionString = words[++i];
         else if (word == L"--help")
@@ -38,7 +20,7 @@ Options ParseOptions(const std::vector<std::wstring_view>& words) {
         else if (options.wrong.empty())
             options.wrong = options.connectionString && word.substr(0, 2) != L"--"
                                 ? L"--connect \"...\""
-                                : Named(word);
+                                : console::ShownWord(word);
     }
     return options;
 }

@@ -2,16 +2,14 @@
 // The words of vndesk-check in its languages.
 #pragma once
 
-#include <string_view>
-
 #include "check/findings.h"
+#include "console/language.h"
 
 namespace vndesk::check {
 
-enum class Language { English, Vietnamese, French };
-
-// "en", "vi", "fr".
-const wchar_t* NameOf(Language language);
+using console::Fill;
+using console::Language;
+using console::NameOf;
 
 // What was found, what it means, what to do; the last two are empty where all is well.
 struct Words {
@@ -31,8 +29,5 @@ struct Frame {
 
 const Words& WordsOf(Id id, Language language);
 const Frame& FrameOf(Language language);
-
-// The text with {0}, {1}... replaced by the values; a missing value leaves its place empty.
-std::wstring Fill(std::wstring_view text, const std::vector<std::wstring>& values);
 
 } // namespace vndesk::check

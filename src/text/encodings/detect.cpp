@@ -110,10 +110,12 @@ Score Scored(std::wstring_view text, Encoding encoding) {
 
 // The best of the trials; `best` where none is better.
 Detection Judge(std::wstring_view text, Score best) {
+    constexpr int kAll = 100; // nothing is better
     if (!IsAscii(text))
         for (const Encoding encoding : kTrials)
-            if (const Score score = Scored(text, encoding); score.Percent() > best.Percent())
-                best = score;
+            if (best.Percent() < kAll)
+                if (const Score score = Scored(text, encoding); score.Percent() > best.Percent())
+                    best = score;
     Detection result{best.Of(), best.Percent()};
     if (result.confidence < kLeastConfidence)
         result.encoding.reset();

@@ -4,6 +4,7 @@
 #include "text/letters/marks.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace vndesk {
@@ -33,9 +34,25 @@ bool IsApostrophe(wchar_t ch) {
     return ch == L'\'' || ch == 0x2019;
 }
 
+// Most of what is asked for.
+constexpr std::array<bool, 0x100> MakeWordBytes() {
+    std::array<bool, 0x100> table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] =
+            std::none_of(std::begin(kNoLetters), std::end(kNoLetters), [i](const Stretch& at) {
+                return static_cast<std::size_t>(at.first) <= i &&
+                       i <= static_cast<std::size_t>(at.last);
+            });
+    return table;
+}
+
+constexpr auto kWordBytes = MakeWordBytes();
+
 } // namespace
 
 bool IsWordUnit(wchar_t ch) {
+    if (const auto unit = static_cast<char32_t>(ch); unit < kWordBytes.size())
+        return kWordBytes[unit];
     const Stretch* at =
         std::partition_point(std::begin(kNoLetters), std::end(kNoLetters),
                              [ch](const Stretch& stretch) { return stretch.last < ch; });

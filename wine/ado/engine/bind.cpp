@@ -109,10 +109,12 @@ private:
         if (utf8_) {
             const std::string bytes = ToUtf8(text);
             bound.cType = SQL_C_CHAR;
+            bound.bytes.reserve(bytes.size() + sizeof(wchar_t));
             bound.bytes.assign(bytes.begin(), bytes.end());
         } else {
             const auto* first = reinterpret_cast<const BYTE*>(text.data());
             bound.cType = SQL_C_WCHAR;
+            bound.bytes.reserve((text.size() + 1) * sizeof(wchar_t));
             bound.bytes.assign(first, first + text.size() * sizeof(wchar_t));
         }
         bound.length = static_cast<SQLLEN>(bound.bytes.size());
@@ -134,6 +136,17 @@ private:
     const bool utf8_;
 };
 
+} // namespace
+
+std::vector<BoundValue> BindableValues(const std::vector<ParameterValue>& values, OdbcText text) {
+    const Binder binder(text);
+    std::vector<BoundValue> bound;
+    bound.reserve(values.size());
+    for (const ParameterValue& value : values)
+        bound.push_back(binder.Bind(value));
+    return bound;
+}
+
 void Prepare(OdbcStatement& running, std::wstring_view statement) {
     if (running.Text() == OdbcText::Utf8) {
         std::string bytes = ToUtf8(statement);
@@ -146,20 +159,7 @@ void Prepare(OdbcStatement& running, std::wstring_view statement) {
     }
 }
 
-} // namespace
-
-std::vector<BoundValue> BindableValues(const std::vector<ParameterValue>& values, OdbcText text) {
-    const Binder binder(text);
-    std::vector<BoundValue> bound;
-    bound.reserve(values.size());
-    for (const ParameterValue& value : values)
-        bound.push_back(binder.Bind(value));
-    return bound;
-}
-
-void ExecuteBound(OdbcStatement& running, std::wstring_view statement,
-                  std::vector<BoundValue>& values) {
-    Prepare(running, statement);
+void ExecuteBound(OdbcStatement& running, std::vector<BoundValue>& values) {
     SQLSMALLINT markers = 0;
     running.Check(SQLNumParams(running.Handle(), &markers));
     if (values.size() > static_cast<std::size_t>(markers))

@@ -22,9 +22,10 @@ struct BoundValue {
 
 std::vector<BoundValue> BindableValues(const std::vector<ParameterValue>& values, OdbcText text);
 
-// One value for each question mark. Throws the driver's error, or one like it when there are more
-// values: drivers do not care.
-void ExecuteBound(OdbcStatement& running, std::wstring_view statement,
-                  std::vector<BoundValue>& values);
+void Prepare(OdbcStatement& running, std::wstring_view statement);
+
+// Runs what was prepared, with one value for each question mark; the driver reads them where they
+// lie. Throws the driver's error, or one like it when there are more values: drivers do not care.
+void ExecuteBound(OdbcStatement& running, std::vector<BoundValue>& values);
 
 } // namespace vndesk::ado

@@ -154,6 +154,25 @@ void OdbcStatement::Execute(std::wstring_view statement) {
     }
 }
 
+void OdbcStatement::ReadPrimaryKeys(const std::optional<std::wstring>& catalog,
+                                    const std::optional<std::wstring>& schema,
+                                    const std::wstring& table) {
+    const auto read = [&](auto function, auto convert, auto pointer) {
+        const auto one = [&](const std::optional<std::wstring>& name) {
+            return name ? convert(*name) : decltype(convert(table))();
+        };
+        auto first = one(catalog), second = one(schema), third = one(table);
+        Check(function(Handle(), catalog ? pointer(first.data()) : nullptr, SQL_NTS,
+                       schema ? pointer(second.data()) : nullptr, SQL_NTS, pointer(third.data()),
+                       SQL_NTS));
+    };
+    if (text_ == OdbcText::Utf8)
+        read(SQLPrimaryKeys, ToUtf8, Bytes);
+    else
+        read(
+            SQLPrimaryKeysW, [](const std::wstring& name) { return name; }, Wide);
+}
+
 int OdbcStatement::ColumnCount() const {
     SQLSMALLINT count = 0;
     Check(SQLNumResultCols(Handle(), &count));

@@ -12,6 +12,7 @@
 #include <sqlext.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -115,6 +116,9 @@ public:
     OdbcText Text() const { return text_; }
 
     void Execute(std::wstring_view statement);
+    // Gives the rows of the catalogue instead of a statement's.
+    void ReadPrimaryKeys(const std::optional<std::wstring>& catalog,
+                         const std::optional<std::wstring>& schema, const std::wstring& table);
     int ColumnCount() const;
     OdbcColumn Column(int number) const; // counted from 1
     SQLLEN RowCount() const;             // -1 when the driver does not know

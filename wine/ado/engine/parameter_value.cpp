@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string_view>
 
 #include "ado/engine/ado_error.h"
 #include "ado/text/decimal_text.h"
@@ -106,10 +107,22 @@ std::vector<BYTE> BytesOf(const VARIANT& value) {
     return {first, first + array.rgsabound[0].cElements};
 }
 
+bool HasSurrogate(std::wstring_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](wchar_t ch) { return ch >= 0xD800 && ch < 0xE000; });
+}
+
 // Without half characters, which drivers join with what comes after them.
 std::wstring TextOf(const VARIANT& plain) {
-    const _variant_t value = Converted(plain, VT_BSTR);
-    std::wstring text = FromUtf8(ToUtf8(FromBstr(V_BSTR(&value))));
+    std::wstring text;
+    if (V_VT(&plain) == VT_BSTR) {
+        text = FromBstr(V_BSTR(&plain));
+    } else {
+        const _variant_t value = Converted(plain, VT_BSTR);
+        text = FromBstr(V_BSTR(&value));
+    }
+    if (HasSurrogate(text))
+        text = FromUtf8(ToUtf8(text));
     if (text.find(L'\0') != std::wstring::npos) // drivers end there
         ThrowMisuse(AdoMisuse::DataConversion);
     return text;
@@ -155,6 +168,8 @@ std::string DecimalOf(const VARIANT& plain, VARTYPE type) {
 }
 
 std::int64_t IntegerOf(const VARIANT& plain, VARTYPE type) {
+    if (V_VT(&plain) == VT_I4 && type == VT_I4)
+        return V_I4(&plain);
     const _variant_t number = Converted(Converted(plain, type), VT_I8);
     return V_I8(&number);
 }

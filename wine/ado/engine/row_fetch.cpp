@@ -19,8 +19,9 @@ namespace {
 // that does not fit its column's declared type survives as text instead of becoming 0.
 class Fetcher {
 public:
-    explicit Fetcher(OdbcStatement& statement)
-        : statement_(statement), unit_(statement.Text() == OdbcText::Utf8 ? 1 : sizeof(wchar_t)),
+    Fetcher(OdbcStatement& statement, std::vector<std::wstring> names)
+        : statement_(statement), names_(std::move(names)),
+          unit_(statement.Text() == OdbcText::Utf8 ? 1 : sizeof(wchar_t)),
           textType_(statement.Text() == OdbcText::Utf8 ? SQL_C_CHAR : SQL_C_WCHAR) {}
 
     std::shared_ptr<const RowSet> Run() {
@@ -51,6 +52,8 @@ private:
         for (int i = 1; i <= count; ++i) {
             const OdbcColumn column = statement_.Column(i);
             columns.push_back(DescribeColumn(column));
+            if (const auto place = static_cast<std::size_t>(i - 1); place < names_.size())
+                columns.back().name = names_[place];
             hasBinary_ = hasBinary_ || columns.back().kind == ColumnKind::Binary;
             const bool text = columns.back().kind == ColumnKind::Text;
             const SQLULEN size = std::clamp<SQLULEN>(column.size, 32, kMaxBoundText);
@@ -272,6 +275,7 @@ private:
     }
 
     OdbcStatement& statement_;
+    const std::vector<std::wstring> names_;
     const std::size_t unit_; // bytes of a character in the driver's text
     const SQLSMALLINT textType_;
     std::shared_ptr<RowSet> rows_;
@@ -282,8 +286,8 @@ private:
 
 } // namespace
 
-std::shared_ptr<const RowSet> FetchRows(OdbcStatement& statement) {
-    return Fetcher(statement).Run();
+std::shared_ptr<const RowSet> FetchRows(OdbcStatement& statement, std::vector<std::wstring> names) {
+    return Fetcher(statement, std::move(names)).Run();
 }
 
 } // namespace vndesk::ado

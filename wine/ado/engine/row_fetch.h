@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Brings all rows of an executed statement into memory.
+// Brings all rows of an executed statement into memory. Names, where there are any, are those of
+// the columns instead of the driver's.
 #pragma once
 
 #include <memory>
@@ -9,6 +10,7 @@
 
 namespace vndesk::ado {
 
-std::shared_ptr<const RowSet> FetchRows(OdbcStatement& statement);
+std::shared_ptr<const RowSet> FetchRows(OdbcStatement& statement,
+                                        std::vector<std::wstring> names = {});
 
 } // namespace vndesk::ado

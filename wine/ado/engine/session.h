@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "ado/engine/bind.h"
 #include "ado/engine/error_log.h"
 #include "ado/engine/odbc.h"
 #include "ado/engine/parameter_value.h"
@@ -18,6 +19,9 @@
 namespace vndesk::ado {
 
 enum class CommandKind { Statement, Table };
+
+// Whether the driver is to keep what it has prepared, for the same statement with other values.
+enum class Preparation { Once, Kept };
 
 struct Outcome {
     std::shared_ptr<const RowSet> rows; // null when the statement returns none
@@ -40,7 +44,12 @@ public:
 
     // `values` stand for the statement's question marks.
     Outcome Execute(std::wstring_view statement, CommandKind kind,
-                    const std::vector<ParameterValue>& values = {});
+                    const std::vector<ParameterValue>& values = {},
+                    Preparation preparation = Preparation::Once);
+
+    // The columns of a table's primary key, under ADO's names.
+    Outcome PrimaryKeys(const std::optional<std::wstring>& catalog,
+                        const std::optional<std::wstring>& schema, const std::wstring& table);
 
     // What the driver says of its engine.
     const std::wstring& EngineName() const { return connection_->EngineName(); }
@@ -51,12 +60,23 @@ public:
     void EndTransaction(bool commit);
 
 private:
+    struct KeptStatement {
+        KeptStatement(const OdbcConnection& connection, std::wstring_view statement)
+            : text(statement), running(connection) {}
+        const std::wstring text; // as the host has given it
+        OdbcStatement running;
+        std::vector<BoundValue> values;
+    };
+
     std::wstring ForEngine(std::wstring_view statement, CommandKind kind) const;
+    std::wstring ForDriver(std::wstring_view statement, CommandKind kind) const;
+    Outcome ExecuteKept(std::wstring_view statement, std::vector<BoundValue> values);
     std::wstring SavePoint() const;
     void RunPlain(const std::wstring& statement);
 
     std::shared_ptr<ErrorLog> log_;
     std::optional<OdbcConnection> connection_;
+    std::unique_ptr<KeptStatement> kept_; // the last one; goes before the connection
     std::wstring source_ = L"ODBC";
     Dialect dialect_ = {};
     const bool asWritten_ = LeavesStatements();

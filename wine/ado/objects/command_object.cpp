@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "ado/objects/command_object.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "ado/engine/ado_error.h"
 #include "ado/objects/active_connection.h"
 #include "ado/objects/affected_variable.h"
 #include "ado/objects/command_options.h"
+#include "ado/objects/given_values.h"
 #include "ado/objects/late_create_parameter.h"
 #include "ado/objects/parameter_object.h"
 #include "ado/objects/parameters_object.h"
 #include "ado/objects/recordset_object.h"
-#include "comkit/base/variant.h"
 
 namespace vndesk::ado {
 
@@ -21,25 +22,6 @@ constexpr DISPID kExecute = 0x60030009;
 constexpr DISPID kCreateParameter = 0x6003000a;
 constexpr long kKindBits =
     adCmdText | adCmdTable | adCmdStoredProc | adCmdUnknown | adCmdFile | adCmdTableDirect;
-
-// The values given with Execute: an array of them, or a single one.
-std::vector<_variant_t> GivenValues(const VARIANT* given) {
-    if (!given)
-        return {};
-    const Argument argument(*given);
-    if (argument.IsMissing())
-        return {};
-    if (V_VT(&argument.Value()) != (VT_ARRAY | VT_VARIANT))
-        return {argument.Value()};
-    std::vector<_variant_t> values;
-    SAFEARRAY* array = V_ARRAY(&argument.Value());
-    if (SafeArrayGetDim(array) != 1)
-        ThrowMisuse(AdoMisuse::InvalidArgument);
-    const auto* elements = static_cast<const VARIANT*>(array->pvData);
-    for (ULONG i = 0; i < array->rgsabound[0].cElements; ++i)
-        values.push_back(Resolved(elements[i]));
-    return values;
-}
 
 bool IsLeftOut(const VARIANT& value) {
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
@@ -82,6 +64,7 @@ std::vector<ParameterValue> CommandObject::Values(const VARIANT* given) const {
     }
     const std::vector<ParameterList::Entry>& own = parameters_->entries;
     std::vector<ParameterValue> values;
+    values.reserve(std::max(own.size(), overriding.size()));
     for (std::size_t i = 0; i < own.size() || i < overriding.size(); ++i) {
         const bool isOwn = i >= overriding.size() || (kept[i] && i < own.size());
         if (i >= own.size()) {
@@ -107,7 +90,8 @@ CommandRun CommandObject::Run(const VARIANT* values, long options) {
     const std::vector<ParameterValue> typed = Values(values);
     CommandRun run = {text_, connection_, session, {}};
     run.outcome =
-        session->Execute(run.text, KindOfCommand(says ? options : static_cast<long>(type_)), typed);
+        session->Execute(run.text, KindOfCommand(says ? options : static_cast<long>(type_)), typed,
+                         prepared_ ? Preparation::Kept : Preparation::Once);
     return run;
 }
 

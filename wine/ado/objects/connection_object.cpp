@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ado/objects/connection_object.h"
 
+#include <iterator>
+#include <optional>
+
 #include "ado/engine/ado_error.h"
 #include "ado/objects/command_options.h"
 #include "ado/objects/error_objects.h"
+#include "ado/objects/given_values.h"
 #include "ado/objects/property_objects.h"
 #include "ado/objects/recordset_object.h"
 #include "ado/text/connection_string.h"
@@ -134,6 +138,27 @@ STDMETHODIMP ConnectionObject::CommitTrans() {
 
 STDMETHODIMP ConnectionObject::RollbackTrans() {
     return Guard([&] { RequireSession().EndTransaction(false); });
+}
+
+// Of the many schemas the one by which a program finds the rows that it changes.
+STDMETHODIMP ConnectionObject::OpenSchema(SchemaEnum schema, VARIANT restrictions, VARIANT,
+                                          _Recordset** recordset) {
+    if (schema != adSchemaPrimaryKeys)
+        return Refuse(L"OpenSchema");
+    return Get(recordset, [&](_Recordset*& out) {
+        // Catalogue, schema, table.
+        std::optional<std::wstring> names[3];
+        const std::vector<_variant_t> given = GivenValues(&restrictions);
+        for (std::size_t i = 0; i < given.size() && i < std::size(names); ++i)
+            if (const Argument name(given[i]); name.IsText())
+                names[i] = name.Text();
+        if (!names[2] || given.size() > std::size(names))
+            ThrowMisuse(AdoMisuse::InvalidArgument);
+        Outcome keys = RequireSession().PrimaryKeys(names[0], names[1], *names[2]);
+        out = MakeCom<RecordsetObject>(ComPtr<IDispatch>(this), session_, std::wstring(),
+                                       std::move(keys))
+                  .Detach();
+    });
 }
 
 } // namespace vndesk::ado

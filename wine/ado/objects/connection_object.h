@@ -37,6 +37,8 @@ public:
     STDMETHODIMP BeginTrans(LONG* level) override;
     STDMETHODIMP CommitTrans() override;
     STDMETHODIMP RollbackTrans() override;
+    STDMETHODIMP OpenSchema(SchemaEnum schema, VARIANT restrictions, VARIANT id,
+                            _Recordset** recordset) override;
 
 private:
     Session& RequireSession() const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The members of a connection that this ADO does not have: time-outs, modes, schemas.
+// The members of a connection that this ADO does not have: time-outs, modes.
 #pragma once
 
 #include "ado/objects/ado_object.h"
@@ -26,7 +26,6 @@ public:
     ADO_REFUSED(put_CursorLocation, CursorLocationEnum)
     ADO_REFUSED(get_Mode, ConnectModeEnum*)
     ADO_REFUSED(put_Mode, ConnectModeEnum)
-    ADO_REFUSED(OpenSchema, SchemaEnum, VARIANT, VARIANT, _Recordset**)
     ADO_REFUSED(Cancel)
 };
 

@@ -81,7 +81,7 @@ std::wstring FromUtf8(std::string_view text) {
 
 std::string ToUtf8(std::wstring_view text) {
     std::string bytes;
-    bytes.reserve(text.size());
+    bytes.reserve(text.size() + text.size() / 2); // as much as Vietnamese takes
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t code = static_cast<char32_t>(text[i]);
         if (sizeof(wchar_t) == 2)
