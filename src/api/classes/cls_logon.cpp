@@ -161,39 +161,48 @@ STDMETHODIMP Logon::put_UserCode(long value) {
     return Guard([&] { userCode_ = value; });
 }
 
+// What a provider says of a statement is told as a form would show it.
+template <class Work> void Logon::WithoutWindow(BSTR connection, Tables needed, Work work) {
+    const OpenedDatabase opened(FromBstr(connection), CurrentSettings());
+    RequireTables(*opened, needed);
+    if (const ErrorState error = Trap([&] { work(*opened); }))
+        throw ComError(error.code, ShownText(*opened, error.description));
+}
+
 STDMETHODIMP Logon::VerifyPassword(BSTR connection, BSTR name, BSTR password, long* code) {
     return Guard([&] {
         long& result = ClearedOut(code);
-        const OpenedDatabase opened(FromBstr(connection), CurrentSettings());
-        RequireTables(*opened);
-        result = VerifiedUser(*opened, FromBstr(name), FromBstr(password));
+        WithoutWindow(connection, Tables::AsSettings, [&](const Database& database) {
+            result = VerifiedUser(database, FromBstr(name), FromBstr(password));
+        });
     });
 }
 
 STDMETHODIMP Logon::SetPassword(BSTR connection, long userCode, BSTR password,
                                 VARIANT_BOOL mustChange) {
     return Guard([&] {
-        const OpenedDatabase opened(FromBstr(connection), CurrentSettings());
-        RequireTables(*opened);
-        vndesk::SetPassword(On(*opened), userCode, FromBstr(password), mustChange != VARIANT_FALSE);
+        WithoutWindow(connection, Tables::AsSettings, [&](const Database& database) {
+            vndesk::SetPassword(On(database), userCode, FromBstr(password),
+                                mustChange != VARIANT_FALSE);
+        });
     });
 }
 
 STDMETHODIMP Logon::UnlockUser(BSTR connection, long userCode) {
     return Guard([&] {
-        const OpenedDatabase opened(FromBstr(connection), CurrentSettings());
-        RequireTables(*opened, Tables::Accounts);
-        vndesk::UnlockUser(On(*opened), userCode);
+        WithoutWindow(connection, Tables::Accounts, [&](const Database& database) {
+            vndesk::UnlockUser(On(database), userCode);
+        });
     });
 }
 
 STDMETHODIMP Logon::WriteAudit(BSTR connection, BSTR action, BSTR subject, BSTR before,
                                BSTR after) {
     return Guard([&] {
-        const OpenedDatabase opened(FromBstr(connection), CurrentSettings());
-        RequireTables(*opened, Tables::Audit);
-        WriteHostAudit(On(*opened), FromBstr(action), FromBstr(subject), FromBstr(before),
-                       FromBstr(after));
+        WithoutWindow(connection, Tables::Audit, [&](const Database& database) {
+            WriteHostAudit(On(database), FromBstr(action), FromBstr(subject), FromBstr(before),
+                           FromBstr(after));
+        });
     });
 }
 

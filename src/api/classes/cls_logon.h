@@ -8,6 +8,7 @@
 #include <comutil.h>
 
 #include "accounts/operation.h"
+#include "accounts/tables.h"
 #include "api/classes/governed.h"
 #include "comkit/object/connection_points.h"
 #include "logon/logon_dialog.h"
@@ -60,6 +61,7 @@ public:
 
 private:
     Operation On(const Database& database);
+    template <class Work> void WithoutWindow(BSTR connection, Tables needed, Work work);
     // The host's answer to a new password; the reason where it refuses.
     std::optional<std::wstring> AskHost(const std::wstring& name, const std::wstring& password);
 

@@ -208,6 +208,24 @@ TEST(ConnectionErrors, WhatAProviderSaysOfAStatementHasNoSecretEither) {
         EXPECT_TRUE(Contains(MessageOfAFailedStatement(mode), L"no such table: ***"));
 }
 
+// The error about a record that the table refuses, with words that are secrets of the connection.
+std::wstring ErrorOfAFailedStatement(ConnectionErrorModes mode) {
+    const SampleDatabase database = SampleDatabase::Embedded();
+    Upgrade(database, L"audit");
+    RefuseRecords(database);
+    const std::wstring connection =
+        database.ConnectionString() + L";Jet OLEDB:Database Password=duoc";
+    EXPECT_TRUE(FAILED(LogonThat(mode)->WriteAudit(_bstr_t(connection.c_str()), _bstr_t(L"import"),
+                                                   _bstr_t(), _bstr_t(), _bstr_t())));
+    return LastErrorText();
+}
+
+TEST(ConnectionErrors, WhatAProviderSaysToAMemberWithoutAWindowHasNoSecretEither) {
+    EXPECT_TRUE(Contains(ErrorOfAFailedStatement(vnErrorsShowString), L"khong ghi duoc"));
+    for (const ConnectionErrorModes mode : {vnErrorsShowReason, vnErrorsRaise})
+        EXPECT_TRUE(Contains(ErrorOfAFailedStatement(mode), L"khong ghi ***"));
+}
+
 TEST(ConnectionErrors, AnOpenDatabaseShowsItsForm) {
     const SampleDatabase database = SampleDatabase::Embedded();
     for (const ConnectionErrorModes mode : {vnErrorsShowReason, vnErrorsRaise})
