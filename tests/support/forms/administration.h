@@ -78,7 +78,10 @@ private:
 // --- What the scripts do ---
 
 inline void SetBox(HWND form, const wchar_t* control, const wchar_t* text) {
-    SendMessageW(Control(form, control), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    // A drop-down list hears only of what happens in its own box.
+    const HWND window = Control(form, control),
+               inner = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    SendMessageW(inner ? inner : window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
 }
 
 // Answers a message of the library by its first button; `answer` is another key.

@@ -10,19 +10,25 @@
 namespace vndesk::test {
 namespace {
 
+BOOL CALLBACK AddChild(HWND window, LPARAM all) {
+    reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+    return TRUE;
+}
+
+std::vector<HWND> ChildrenOf(HWND form) {
+    std::vector<HWND> all;
+    EnumChildWindows(form, AddChild, reinterpret_cast<LPARAM>(&all));
+    return all;
+}
+
 // Without those of passwords that are watched.
 std::vector<HWND> TextBoxes(HWND form) {
-    std::vector<HWND> boxes;
-    EnumChildWindows(
-        form,
-        [](HWND window, LPARAM found) -> BOOL {
-            if (ClassName(window) == L"Edit" && IsWindowVisible(window) &&
-                IsWindowEnabled(window) && !(GetWindowLongW(window, GWL_STYLE) & ES_READONLY))
-                if (!FindControl(GetParent(window), WindowName(window) + L"Eye"))
-                    reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&boxes));
+    std::vector<HWND> boxes = ChildrenOf(form);
+    std::erase_if(boxes, [](HWND window) {
+        return ClassName(window) != L"Edit" || !IsWindowVisible(window) ||
+               !IsWindowEnabled(window) || (GetWindowLongW(window, GWL_STYLE) & ES_READONLY) ||
+               FindControl(GetParent(window), WindowName(window) + L"Eye");
+    });
     return boxes;
 }
 
@@ -84,13 +90,8 @@ private:
 std::vector<std::wstring> StateOf(HWND form) {
     std::vector<std::wstring> state = {DescribeWindow(FocusWindow(form)),
                                        std::to_wstring(TopWindows().size())};
-    EnumChildWindows(
-        form,
-        [](HWND window, LPARAM texts) -> BOOL {
-            reinterpret_cast<std::vector<std::wstring>*>(texts)->push_back(TextOf(window));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&state));
+    for (const HWND window : ChildrenOf(form))
+        state.push_back(TextOf(window));
     return state;
 }
 

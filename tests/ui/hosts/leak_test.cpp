@@ -62,19 +62,20 @@ TEST(Leaks, LogonDialogsGiveEverythingBack) {
     });
 }
 
+void CALLBACK WarnAndClose(HWND, UINT, UINT_PTR, DWORD) {
+    for (const HWND window : TopWindows())
+        if (WindowName(window) == L"FrmLogon") {
+            SendMessageW(FindControl(window, L"TxtPass"), WM_CHAR, L'ệ', 1);
+            EXPECT_TRUE(IsShown(window, L"InputWarning"));
+            PostMessageW(window, WM_CLOSE, 0, 0);
+        }
+}
+
 // Their password boxes warn before they go.
 TEST(Leaks, LogonDialogsWithWarningsGiveEverythingBack) {
     const SampleDatabase database = SampleDatabase::Embedded();
     const auto logon = LogonWith({.InputWarnings = true});
-    const UINT_PTR timer =
-        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) {
-            for (const HWND window : TopWindows())
-                if (WindowName(window) == L"FrmLogon") {
-                    SendMessageW(FindControl(window, L"TxtPass"), WM_CHAR, L'ệ', 1);
-                    EXPECT_TRUE(IsShown(window, L"InputWarning"));
-                    PostMessageW(window, WM_CLOSE, 0, 0);
-                }
-        });
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, WarnAndClose);
     const auto round = [&] {
         _bstr_t connect(database.ConnectionString().c_str());
         long code = -1;

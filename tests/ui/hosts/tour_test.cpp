@@ -398,7 +398,7 @@ TEST(TourBackUp, CopiesTheFileBesideItAndAsksUntilToldNotTo) {
     WaitClosed(box);
     EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(copy.c_str()));
     box = tour.Open(kBackUp, L"NoticeBox");
-    Press(box, L"Check");
+    SendMessageW(Control(box, L"Check"), BM_SETCHECK, BST_CHECKED, 0);
     Press(box, L"Cmd1");
     WaitClosed(box);
     for (int i = 0; i < 2; ++i) {
