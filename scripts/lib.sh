@@ -34,6 +34,17 @@ with_dots() {
     return "$1"
 }
 
+# own_processors: the numbers of those that this process may run on, a line each.
+own_processors() {
+    awk '/^Cpus_allowed_list:/ {
+        ranges = split($2, range, ",")
+        for (i = 1; i <= ranges; i++) {
+            ends = split(range[i], end, "-")
+            for (number = end[1]; number <= end[ends]; number++) print number
+        }
+    }' /proc/self/status
+}
+
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 # Cleanups run once, last one first, however the script ends.
@@ -87,6 +98,9 @@ start_display() {
     # Without any X resources Xlib looks for the user's files again for each window of Wine's.
     printf 'vndesk.resources: none\n' >"$build/x-resources"
     export XENVIRONMENT=$build/x-resources
+    # Without a table of compositions it reads that of the machine, ten milliseconds for each thread with windows.
+    : >"$build/x-compose"
+    export XCOMPOSEFILE=$build/x-compose
 }
 stop_display() {
     kill "$display_pid" 2>/dev/null

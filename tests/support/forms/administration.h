@@ -78,10 +78,16 @@ private:
 // --- What the scripts do ---
 
 inline void SetBox(HWND form, const wchar_t* control, const wchar_t* text) {
-    // A drop-down list hears only of what happens in its own box.
-    const HWND window = Control(form, control),
-               inner = FindWindowExW(window, nullptr, L"Edit", nullptr);
-    SendMessageW(inner ? inner : window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    const HWND window = Control(form, control);
+    const HWND inner = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    const auto characters = reinterpret_cast<LPARAM>(text);
+    if (!inner) {
+        SendMessageW(window, WM_SETTEXT, 0, characters);
+        return;
+    }
+    // The box of a drop-down list tells of what is typed, and not of WM_SETTEXT.
+    SendMessageW(inner, EM_SETSEL, 0, -1);
+    SendMessageW(inner, EM_REPLACESEL, FALSE, characters);
 }
 
 // Answers a message of the library by its first button; `answer` is another key.

@@ -153,7 +153,7 @@ TEST_P(TourRights, TakeEffectWhenTheFormOfGroupsCloses) {
     Press(groups, L"CmdExit");
     tour.ExpectEnabled(L"Đăng nhập, Đổi mật khẩu, Thoát, Khách hàng, Tài khoản, Tỉnh thành, "
                        L"Tồn kho, Nhập xuất tồn, Doanh thu, Công nợ phải thu, Công nợ phải trả, "
-                       L"Tìm khách hàng, Giới thiệu");
+                       L"Tìm khách hàng, Phiếu thu, Giới thiệu");
     EXPECT_EQ(0u, tour.Quit());
 }
 
