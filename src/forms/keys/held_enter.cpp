@@ -90,7 +90,8 @@ void NoEnterRepeats::WaitForRelease() {
         return;
     Unhook();
     constexpr DWORD kLook = 10;
-    constexpr int kUpLooks = 5;
+    // Wine's GetAsyncKeyState tells for 50 ms what it has found before.
+    constexpr int kUpLooks = 12;
     for (int up = 0; MayRepeat() && up < kUpLooks;) {
         MSG message;
         while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_NOREMOVE)) {
