@@ -102,6 +102,26 @@ void HoldKey(WORD virtualKey, int repeats) {
     Sleep(kPause);
 }
 
+namespace {
+
+// In Wine 10, and not in 8, a window that comes to the front takes the keys of the X server for
+// those that are down, and that knows nothing of SendInput.
+bool KeysOutliveWindows() {
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    const auto version = reinterpret_cast<const char*(CDECL*)()>(
+        reinterpret_cast<void*>(GetProcAddress(system, "wine_get_version")));
+    return !version || strtol(version(), nullptr, 10) < 10;
+}
+
+} // namespace
+
+void HoldKeyBesideWindows(WORD virtualKey) {
+    if (KeysOutliveWindows())
+        HoldKey(virtualKey);
+    else
+        PressKey(virtualKey);
+}
+
 void PressPadEnter() {
     SendKey(VK_RETURN, 0, KEYEVENTF_EXTENDEDKEY);
     SendKey(VK_RETURN, 0, KEYEVENTF_EXTENDEDKEY | KEYEVENTF_KEYUP);

@@ -13,6 +13,9 @@ enum Modifiers : unsigned { kNoModifier = 0, kShift = 1, kControl = 2, kAlt = 4 
 void PressKey(WORD virtualKey, unsigned modifiers = kNoModifier);
 // One key that is held: down, down again so many times, as a keyboard repeats it, and up.
 void HoldKey(WORD virtualKey, int repeats = 15);
+// The same for a key that opens or closes windows. Pressed once where the platform lets go of it
+// then, because what is held would be pressed anew.
+void HoldKeyBesideWindows(WORD virtualKey);
 // Enter of the numeric pad.
 void PressPadEnter();
 // Letters as Unicode input: Vietnamese text needs no keyboard layout. Where no letter moves the

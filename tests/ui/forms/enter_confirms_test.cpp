@@ -221,22 +221,22 @@ TEST(EnterConfirms, HeldKeyPressesOnceWhateverThePressOpens) {
     };
     form.Play([&](HWND window) {
         FocusOn(window, L"txtAgain");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         const HWND box = WaitForForm(L"MessageBox");
         EXPECT_EQ(1, form.confirms);
         PressKey(VK_RETURN); // a new one
         WaitForClose(box);
         WaitReady(window, L"txtAgain");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         const HWND plain = WaitForTitle(L"VnDesk");
         EXPECT_EQ(2, form.confirms);
         PressKey(VK_RETURN);
         WaitForClose(plain);
         WaitReady(window, L"txtAgain");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         EXPECT_EQ(3, form.confirms);
         FocusOn(window, L"txtName");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         EXPECT_EQ(L"cmbGroup", FocusName(window)) << "one step";
     });
     EXPECT_EQ(3, form.confirms);

@@ -91,10 +91,10 @@ TEST_P(EnterKeyForms, LogonChoosesInTheOpenListOfNames) {
 TEST_P(EnterKeyForms, LogonTriesOnceWhileTheKeyIsHeld) {
     EXPECT_EQ(0, LogOn([](HWND dialog) {
                   Type(dialog, L"TxtUser", L"Admin");
-                  HoldKey(VK_RETURN); // no try with the empty password
+                  HoldKeyBesideWindows(VK_RETURN); // no try with the empty password
                   WaitReady(dialog, L"TxtPass");
                   TypePassword(dialog, L"TxtPass", L"sai");
-                  HoldKey(VK_RETURN);
+                  HoldKeyBesideWindows(VK_RETURN);
                   const HWND box = WaitForForm(L"MessageBox");
                   WaitReady(box, L"Cmd1");
                   EXPECT_TRUE(IsWindowVisible(box));
@@ -109,7 +109,7 @@ TEST_P(EnterKeyForms, UsersAreAddedAndEditedByEnterAlone) {
         WaitReady(list, L"Lv");
         PressKey(VK_TAB);
         WaitReady(list, L"CmdAdd");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         HWND editor = WaitForForm(L"FrmInput");
         Type(editor, L"TxtUser", L"Đỗ Thị Hường");
         PressKey(VK_RETURN);
@@ -121,7 +121,7 @@ TEST_P(EnterKeyForms, UsersAreAddedAndEditedByEnterAlone) {
         TypePassword(editor, L"TxtPass", L"abc");
         PressKey(VK_RETURN);
         TypePassword(editor, L"txtConfirm", L"abc");
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         WaitForClose(editor);
         WaitReady(list, L"Lv");
         EXPECT_EQ(8, RowCount(list, L"Lv"));
@@ -241,12 +241,12 @@ TEST(EnterKeyPicker, ChoosesTheSelectedRowFromTheSearchBox) {
     Govern(host.item.Get(), MakeSettings({.EnterKey = vnEnterConfirms}));
     host.form.Run([&] {
         host.form.Enter(L"TxtSel", L"ab");
-        HoldKey(VK_RETURN); // opens the picker and chooses nothing in it
+        HoldKeyBesideWindows(VK_RETURN); // opens the picker and chooses nothing in it
         const HWND picker = WaitForPicker();
         TypeText(L"c");
         EXPECT_TRUE(WaitUntil([=] { return TextOf(picker, L"lblCode") == L"Mã số: a3"; }));
         const int tabs = host.form.Tabs();
-        HoldKey(VK_RETURN);
+        HoldKeyBesideWindows(VK_RETURN);
         WaitForClose(picker);
         host.form.WaitMovedOn(tabs, L"txtSelID");
         EXPECT_EQ(L"a3", host.SelID());
