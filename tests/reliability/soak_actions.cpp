@@ -263,7 +263,6 @@ std::wstring ActOnMain(HWND window, Dice& dice) {
                        Key(12, L"Ctrl+U", 'U', kControl),
                        Key(12, L"Ctrl+G", 'G', kControl),
                        Key(12, L"Ctrl+F", 'F', kControl),
-                       Key(6, L"Ctrl+T", 'T', kControl),
                        Key(3, L"Alt+H", 'H', kAlt),
                        Key(2, L"Alt+D", 'D', kAlt),
                        Key(2, L"Alt+B", 'B', kAlt),

@@ -43,6 +43,8 @@ constexpr const wchar_t* kNamesOfControls[] = {L"CmbFld",    L"CmbPredicate", L"
 constexpr const wchar_t* kPartsOfErrors[] = {L"syntax error", L"unrecognized token",
                                              L"unterminated quoted string", L"invalid input syntax",
                                              L"no such column", L"column \"",
+                                             // A code in the receipt.
+                                             L" không tồn tại",
                                              // The system menu of Wine's windows tells about Wine
                                              // and its licence.
                                              L"Running on wine", L"Wine is free software"};
