@@ -64,7 +64,7 @@ TEST(NamePattern, TypedWildcardsAreLetters) {
 TEST(NamePattern, ConditionIsBound) {
     StatementWriter writer{DatabaseKind::SqlServer};
     writer << AsGiven{L"Select Ma,Ten From T Where Ten"};
-    AppendLike(writer, FindingNames(L"50%", Engine::Sqlite, true));
+    AppendLike(writer, FindingNames(L"50%", Engine::Sqlite, true), L"50%");
     const Statement statement = writer;
     EXPECT_EQ(L"Select Ma,Ten From T Where Ten  Like ? ESCAPE '!'", statement.text);
     EXPECT_EQ((std::vector<BoundValue>{std::optional<std::wstring>(L"%50!%%")}), statement.values);

@@ -85,7 +85,13 @@ Pattern FindingNames(std::wstring_view typed, Engine engine, bool anywhere) {
     return pattern;
 }
 
-void AppendLike(StatementWriter& statement, const Pattern& pattern) {
+void AppendLike(StatementWriter& statement, const std::optional<Pattern>& found,
+                std::wstring_view typed) {
+    if (!found) {
+        statement << L"  Like " << Beginning{typed};
+        return;
+    }
+    const Pattern& pattern = *found;
     statement << AsGiven{L"  "} << AsGiven{pattern.like} << AsGiven{L" "} << Bind{pattern.text}
               << AsGiven{pattern.clause};
 }

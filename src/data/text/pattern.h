@@ -2,6 +2,7 @@
 // Patterns of LIKE that are bound, so that what a user typed is found as it stands.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,9 @@ Pattern BeginningWith(std::wstring_view typed, Engine engine);
 // anywhere.
 Pattern FindingNames(std::wstring_view typed, Engine engine, bool anywhere);
 
-// Puts a condition on the column that ends the statement.
-void AppendLike(StatementWriter& statement, const Pattern& pattern);
+// Puts a condition on the column that ends the statement: the pattern, or the beginning where there
+// is none.
+void AppendLike(StatementWriter& statement, const std::optional<Pattern>& found,
+                std::wstring_view typed);
 
 } // namespace vndesk

@@ -36,10 +36,7 @@ Statement LookUpStatement(std::wstring_view relation, std::wstring_view value, V
         statement << AsGiven{relation};
     else
         statement << L"Select * From " << Catalogued{relation} << L" Where Name ";
-    if (pattern)
-        AppendLike(statement, *pattern);
-    else
-        statement << L"  Like " << Beginning{value};
+    AppendLike(statement, pattern, value);
     return statement;
 }
 

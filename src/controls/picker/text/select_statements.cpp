@@ -8,10 +8,7 @@ Statement NamesBeginningStatement(std::wstring_view sqlName, std::wstring_view t
                                   ValueStyle style, const std::optional<Pattern>& pattern) {
     StatementWriter statement(style);
     statement << AsGiven{sqlName};
-    if (pattern)
-        AppendLike(statement, *pattern);
-    else
-        statement << L"  Like " << Beginning{text};
+    AppendLike(statement, pattern, text);
     return statement;
 }
 
